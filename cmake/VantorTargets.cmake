@@ -1,0 +1,77 @@
+# SPDX-License-Identifier: MIT
+# How a target of this project is built: warnings, sanitizers, Qt's strictness. One function adds a
+# test, one a benchmark, one a fuzz target.
+
+# Warnings, sanitizers and Qt's strictness for one of our own targets.
+function(vantor_compile_options target)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2
+        $<$<BOOL:${VANTOR_WERROR}>:-Werror>)
+    target_compile_definitions(${target} PRIVATE
+        QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
+        QT_DEPRECATED_WARNINGS QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
+    if(VANTOR_SANITIZE)
+        target_compile_options(${target} PRIVATE
+            -fsanitize=${VANTOR_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=${VANTOR_SANITIZE})
+    endif()
+endfunction()
+
+# A shared library of the package: hidden symbols, an export header, a header set, SOVERSION.
+#   vantor_library(target EXPORT_HEADER Name.h EXPORT_MACRO NAME HEADERS a.h … SOURCES a.cpp …)
+function(vantor_library target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "EXPORT_HEADER;EXPORT_MACRO" "HEADERS;SOURCES")
+    add_library(${target} SHARED ${arg_SOURCES})
+    vantor_compile_options(${target})
+    generate_export_header(${target}
+        EXPORT_FILE_NAME ${CMAKE_CURRENT_BINARY_DIR}/generated/${arg_EXPORT_HEADER}
+        EXPORT_MACRO_NAME ${arg_EXPORT_MACRO})
+    target_sources(${target}
+        PUBLIC FILE_SET HEADERS
+        BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} ${CMAKE_CURRENT_BINARY_DIR}/generated
+        FILES ${arg_HEADERS} ${CMAKE_CURRENT_BINARY_DIR}/generated/${arg_EXPORT_HEADER})
+    set_target_properties(${target} PROPERTIES
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}
+        VERIFY_INTERFACE_HEADER_SETS ON)
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    install(TARGETS ${target} EXPORT VantorTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+        FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vantor)
+endfunction()
+
+# A test program from <name>.cpp, offscreen.
+#   vantor_add_test(name [LABELS threads …] [SOURCES more.cpp …] [LIBRARIES target …])
+function(vantor_add_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LABELS;SOURCES;LIBRARIES")
+    add_executable(${name} ${name}.cpp ${arg_SOURCES})
+    vantor_compile_options(${name})
+    target_link_libraries(${name} PRIVATE vantor_test_support ${arg_LIBRARIES})
+    add_test(NAME ${name} COMMAND ${name})
+    vantor_test_environment(${name} ${arg_LABELS})
+endfunction()
+
+# Environment every test runs in; further arguments become the test's labels.
+function(vantor_test_environment test)
+    set(suppressions ${PROJECT_SOURCE_DIR}/tests/support)
+    set_tests_properties(${test} PROPERTIES
+        TIMEOUT 300
+        LABELS "${ARGN}"
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions=${suppressions}/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1;TSAN_OPTIONS=ignore_noninstrumented_modules=1:second_deadlock_stack=1")
+endfunction()
+
+# A benchmark program from <name>.cpp.
+function(vantor_add_benchmark name)
+    add_executable(${name} ${name}.cpp)
+    vantor_compile_options(${name})
+    target_link_libraries(${name} PRIVATE Vantor::Vantor vantor_letter benchmark::benchmark ${ARGN})
+endfunction()
+
+# A libFuzzer target from <name>.cpp.
+function(vantor_add_fuzzer name)
+    add_executable(${name} ${name}.cpp)
+    vantor_compile_options(${name})
+    target_link_libraries(${name} PRIVATE Vantor::Vantor ${ARGN})
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+endfunction()

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <PlatformExport.h>
+
+#include <cstddef>
+#include <cstdio>
+
+/// \brief State of one CSV parser (RFC 4180, lenient), stored by value by the caller.
+/// csvparse_init() comes first.
+///
+/// Plain memory: the parser that works in it is none of the caller's business, nor is its header.
+struct csvparse_parser
+{
+    alignas(std::max_align_t) unsigned char storage[192];
+};
+
+extern "C" {
+
+/// Receives one complete field, quotes removed and doubled quotes undone.
+using csvparse_field_callback = void (*)(void *field, std::size_t length, void *user_data);
+/// Receives the end of a record: the character that ended it, -1 at the end of input.
+using csvparse_row_callback = void (*)(int terminator, void *user_data);
+
+/// \brief Set up \a parser with delimiter "," and quote "\"".
+/// \param options 0: not strict, so stray quotes are taken as text.
+/// \return 0 on success.
+VANTOR_PLATFORM_EXPORT int csvparse_init(csvparse_parser *parser, unsigned char options);
+
+/// \brief Use \a delimiter, an ASCII character, between fields from now on.
+VANTOR_PLATFORM_EXPORT void csvparse_set_delimiter(csvparse_parser *parser, char delimiter);
+
+/// \brief Parse \a length bytes; fields and records may go on in the next call.
+/// \return bytes consumed; less than \a length on an error, such as no memory for a long field.
+VANTOR_PLATFORM_EXPORT std::size_t csvparse_parse(csvparse_parser *parser, const void *bytes,
+                                                  std::size_t length, csvparse_field_callback field,
+                                                  csvparse_row_callback row, void *user_data);
+
+/// \brief Deliver a pending field and record and make the state ready for the next input. Callbacks
+/// may be null. \return 0 on success.
+VANTOR_PLATFORM_EXPORT int csvparse_fini(csvparse_parser *parser, csvparse_field_callback field,
+                                         csvparse_row_callback row, void *user_data);
+
+/// \brief Release the buffers of \a parser, which can still be used for parsing.
+VANTOR_PLATFORM_EXPORT void csvparse_free(csvparse_parser *parser);
+
+/// \brief Write \a bytes to \a stream as one quoted field, inner quotes doubled.
+/// \return 0 on success.
+VANTOR_PLATFORM_EXPORT int csvparse_fwrite(std::FILE *stream, const void *bytes,
+                                           std::size_t length);
+
+} // extern "C"

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <PlatformExport.h>
+
+namespace Nim::Base::Error {
+
+/// \brief Where a request failed and why: three words, all 0 when nothing failed.
+struct ErrorCode
+{
+    int module_code = 0;
+    int error_code = 0;
+    int sub_system = 0;
+};
+
+inline bool operator==(const ErrorCode &a, const ErrorCode &b)
+{
+    return a.module_code == b.module_code && a.error_code == b.error_code
+           && a.sub_system == b.sub_system;
+}
+
+inline bool operator!=(const ErrorCode &a, const ErrorCode &b)
+{
+    return !(a == b);
+}
+
+/// \brief Remember \a code as the last error of the calling thread.
+VANTOR_PLATFORM_EXPORT void SetLastError(const ErrorCode &code);
+
+/// \brief The calling thread's last error; all 0 before the first. Another thread's errors never
+/// show here.
+[[nodiscard]] VANTOR_PLATFORM_EXPORT ErrorCode GetLastError();
+
+} // namespace Nim::Base::Error

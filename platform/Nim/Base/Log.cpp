@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include "Nim/Base/Log.h"
+
+#include "Nim/Base/Replaceable.h"
+
+#include <QtCore/QLoggingCategory>
+#include <QtCore/QString>
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace Nim::Base::Log {
+namespace {
+
+// Categories live as long as the process: a thread may log while statics are destroyed.
+const QLoggingCategory &CategoryOf(const std::string &name)
+{
+    static auto *const mutex = new std::mutex;
+    static auto *const categories = new std::map<std::string, std::unique_ptr<QLoggingCategory>>;
+    const std::lock_guard<std::mutex> lock(*mutex);
+    const auto [entry, is_new] = categories->try_emplace(name);
+    if (is_new)
+        entry->second = std::make_unique<QLoggingCategory>(entry->first.c_str());
+    return *entry->second;
+}
+
+void WriteToQt(int level, const std::string &category, const std::string &message)
+{
+    const QLoggingCategory &target = CategoryOf(category);
+    const QMessageLogger logger(nullptr, 0, nullptr, target.categoryName());
+    if (level >= kError && target.isCriticalEnabled())
+        logger.critical("%s", message.c_str());
+    else if (level == kWarning && target.isWarningEnabled())
+        logger.warning("%s", message.c_str());
+    else if (level < kWarning && target.isInfoEnabled())
+        logger.info("%s", message.c_str());
+}
+
+using CSink = CReplaceable<void(int, const std::string &, const std::string &)>;
+
+CSink &CurrentSink()
+{
+    static auto *const sink = new CSink(WriteToQt);
+    return *sink;
+}
+
+std::string FormatText(const char *format, va_list arguments)
+{
+    va_list measured;
+    va_copy(measured, arguments);
+    const int length = std::vsnprintf(nullptr, 0, format, measured);
+    va_end(measured);
+    if (length <= 0)
+        return {};
+    std::string text(static_cast<size_t>(length) + 1, '\0');
+    std::vsnprintf(text.data(), text.size(), format, arguments);
+    text.pop_back();
+    return text;
+}
+
+std::string EscapeControlCharacters(const std::string &text)
+{
+    constexpr unsigned char kFirstPrintable = 0x20;
+    constexpr unsigned char kDelete = 0x7f;
+    std::string line;
+    line.reserve(text.size());
+    for (const char c : text) {
+        const auto code = static_cast<unsigned char>(c);
+        if (code >= kFirstPrintable && code != kDelete) {
+            line += c;
+        } else if (c == '\n') {
+            line += "\\n";
+        } else if (c == '\r') {
+            line += "\\r";
+        } else if (c == '\t') {
+            line += "\\t";
+        } else {
+            char escape[8];
+            std::snprintf(escape, sizeof escape, "\\x%02x", static_cast<unsigned>(code));
+            line += escape;
+        }
+    }
+    return line;
+}
+
+const char *BaseName(const char *path)
+{
+    const char *const slash = std::strrchr(path, '/');
+    const char *const name = slash ? slash + 1 : path;
+    const char *const backslash = std::strrchr(name, '\\');
+    return backslash ? backslash + 1 : name;
+}
+
+void Deliver(int level, const char *category, const std::string &text)
+{
+    (*CurrentSink().Get())(level, category, EscapeControlCharacters(text));
+}
+
+} // namespace
+
+void SetSink(Sink sink)
+{
+    CurrentSink().Set(std::move(sink));
+}
+
+void Write(int level, const char *category, const char *format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    try {
+        Deliver(level, category, FormatText(format, arguments));
+    } catch (...) { // no memory, or the sink threw: logging never harms what it reports on
+    }
+    va_end(arguments);
+}
+
+void WriteFramed(const char *function, const char *file, int line, int level, const char *category,
+                 const char *format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    try {
+        std::string text = "[";
+        text.append(function).append("]").append(FormatText(format, arguments));
+        text.append("[")
+            .append(BaseName(file))
+            .append("(")
+            .append(std::to_string(line))
+            .append(")]");
+        Deliver(level, category, text);
+    } catch (...) { // as above
+    }
+    va_end(arguments);
+}
+
+} // namespace Nim::Base::Log

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include "Nim/Base/MonitorDriveUtil.h"
+
+#include "Nim/Base/Replaceable.h"
+
+namespace Nim::Base::MonitorDriveUtil {
+namespace {
+
+using CBackend = CReplaceable<bool(bool, DeviceChangeCallBack, void *)>;
+
+CBackend &CurrentBackend()
+{
+    static auto *const backend =
+        new CBackend([](bool, DeviceChangeCallBack, void *) { return false; });
+    return *backend;
+}
+
+} // namespace
+
+void SetBackend(Backend backend)
+{
+    CurrentBackend().Set(std::move(backend));
+}
+
+bool SetDeviceChangeCallBack(bool enable, DeviceChangeCallBack callback, void *user_data)
+{
+    return (*CurrentBackend().Get())(enable, callback, user_data);
+}
+
+} // namespace Nim::Base::MonitorDriveUtil

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QCoreApplication>
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <type_traits>
+
+namespace Nim::Base {
+
+/// \brief Lets a singleton go when the library is unloaded.
+///
+/// Unloading comes after the application object is gone, and a QObject (a widget above all) must
+/// not be destroyed then: such an instance is left to the operating system. Everything else is
+/// deleted.
+struct ReleaseAtUnload
+{
+    template <class T> void operator()(T *instance) const
+    {
+        if (std::is_base_of<QObject, T>::value && !QCoreApplication::instance())
+            return;
+        delete instance;
+    }
+};
+
+/// \brief One instance of \a T in the process, made by the first Instance().
+///
+/// \a T derives from CSingleton<T>. So that host, plug-ins and library share one instance under
+/// hidden visibility, an exported \a T declares `extern template class EXPORT_MACRO
+/// Nim::Base::CSingleton<T>;` before its class, and one .cpp of its library holds the explicit
+/// instantiation. The constructor of \a T must not call Instance().
+template <class T> class CSingleton
+{
+public:
+    CSingleton(const CSingleton &) = delete;
+    CSingleton &operator=(const CSingleton &) = delete;
+
+    /// \brief The instance, made on the calling thread if there is none. It lives until the library
+    /// is unloaded.
+    ///
+    /// Safe to call from any thread; whether the instance may be *used* there is for \a T to say.
+    static T &Instance()
+    {
+        if (T *const ready = published_.load(std::memory_order_acquire))
+            return *ready;
+        const std::lock_guard<std::mutex> lock(mutex_);
+        if (!s_instance_) {
+            s_instance_.reset(new T);
+            published_.store(s_instance_.get(), std::memory_order_release);
+        }
+        return *s_instance_;
+    }
+
+protected:
+    CSingleton() = default;
+    ~CSingleton() = default;
+
+private:
+    static std::unique_ptr<T, ReleaseAtUnload> s_instance_;
+    static std::mutex mutex_;
+    // Written under mutex_ by the thread that makes the instance, read by every thread: a
+    // unique_ptr must not be read outside the lock.
+    static std::atomic<T *> published_;
+};
+
+template <class T> std::unique_ptr<T, ReleaseAtUnload> CSingleton<T>::s_instance_;
+template <class T> std::mutex CSingleton<T>::mutex_;
+template <class T> std::atomic<T *> CSingleton<T>::published_{nullptr};
+
+} // namespace Nim::Base

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <PlatformExport.h>
+
+#include <QtWidgets/QDialog>
+
+#include <memory>
+
+namespace Ravel {
+
+struct CChaseDialogPtr;
+
+/// \brief A small frameless dialog that spins while something else works; run it with exec().
+///
+/// It is modal to its window and centred on it. Object names for style sheets: "ChaseDialog", and
+/// inside it "ChaseMovie" and "ChaseText" (docs/styling.md). GUI thread only.
+class VANTOR_PLATFORM_EXPORT CChaseDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// \param parent      the window to wait in front of; may be null.
+    /// \param movie       path of an animated picture, such as a GIF; a missing one leaves the
+    /// dialog without. \param text        what is being waited for, under the picture; empty shows
+    /// the picture alone. \param cancellable whether Escape and closing end the dialog; otherwise
+    /// only its slots do.
+    CChaseDialog(QWidget *parent, const QString &movie, const QString &text, bool cancellable);
+    ~CChaseDialog() override;
+
+    void reject() override;
+
+public Q_SLOTS:
+    /// \brief The work is done: close with QDialog::Accepted.
+    ///
+    /// A stop that comes before exec() is kept, so a worker that is faster than the dialog cannot
+    /// leave it waiting.
+    void OnStopChaseByAccept();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    const std::unique_ptr<CChaseDialogPtr> d_ptr_;
+};
+
+} // namespace Ravel

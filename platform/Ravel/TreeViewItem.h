@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <PlatformExport.h>
+
+#include <QtCore/QStringList>
+#include <QtCore/QVariant>
+
+#include <memory>
+
+namespace Ravel {
+
+struct CTreeViewItemPtr;
+
+/// \brief One row of a CTreeViewModel: a text a column, data of other roles, and rows below it.
+///
+/// An item owns the rows below it; a model owns its top-level items. Changes of an item that is in
+/// a model go through the model, which tells the views.
+class VANTOR_PLATFORM_EXPORT CTreeViewItem
+{
+public:
+    /// \param texts the display texts, column by column.
+    explicit CTreeViewItem(const QStringList &texts = {});
+    ~CTreeViewItem();
+
+    CTreeViewItem(const CTreeViewItem &) = delete;
+    CTreeViewItem &operator=(const CTreeViewItem &) = delete;
+
+    /// \brief What stands under \a role in \a column; invalid when nothing does. Edit role and
+    /// display role are one.
+    [[nodiscard]] QVariant Data(int column, int role = Qt::DisplayRole) const;
+
+    /// \brief Store \a value under \a role in \a column; a column beyond the texts is made, a
+    /// negative one ignored.
+    void SetData(int column, int role, const QVariant &value);
+
+    /// \brief Put \a child, which the item then owns, below the last row. A null child is ignored.
+    /// Only while the item is in no model.
+    void AppendChild(std::unique_ptr<CTreeViewItem> child);
+
+    [[nodiscard]] int ChildCount() const;
+    /// \return the row below at \a row, or null outside 0 to ChildCount() - 1.
+    [[nodiscard]] CTreeViewItem *Child(int row) const;
+    /// \return the item above, or null for a top-level item and one that stands alone.
+    [[nodiscard]] CTreeViewItem *Parent() const;
+    /// \return the place among the rows of Parent() or of the model; 0 for an item that stands
+    /// alone.
+    [[nodiscard]] int Row() const;
+
+private:
+    friend class CTreeViewModel;
+    friend struct CTreeViewModelPtr;
+
+    const std::unique_ptr<CTreeViewItemPtr> d_ptr_;
+};
+
+} // namespace Ravel

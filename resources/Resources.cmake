@@ -1,0 +1,2 @@
+function(vantor_resources target)
+endfunction()

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Nim/Base/Log.h>
+
+// Categories of the client's log.
+#define VANTOR_LOG_FRAMEWORK "Clientframework"
+#define VANTOR_LOG_USER_OPERATE "UserOperate"
+#define VANTOR_LOG_CLIENT_USER_OPERATE "ClientUserOperate"
+#define VANTOR_LOG_WARNING "ClientWarningAndMore"
+
+/// Writes one log line "[function]message[file(line)]".
+///
+/// \param function the qualified name the line speaks for, as a literal: compilers spell their own
+/// differently, and a
+///                 lambda or helper speaks for the operation it is part of.
+/// \param level    3 information, 4 warning, 5 error.
+/// \param category one of the categories above.
+/// The rest is a printf format and its arguments; text from outside goes in through "%s" only.
+#define VANTOR_LOG(function, level, category, ...)                                                 \
+    ::Nim::Base::Log::WriteFramed(function, __FILE__, __LINE__, level, category, __VA_ARGS__)

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <utility>
+
+namespace Vantor {
+
+/// Assignment between records copies field by field into the record's own structure: nothing is
+/// shared.
+struct DeepAssignment
+{
+    template <class Structure>
+    static void Assign(std::shared_ptr<Structure> &to, const std::shared_ptr<Structure> &from)
+    {
+        if (to != from)
+            *to = *from;
+    }
+};
+
+/// Assignment between records makes both use one structure. Copy construction is deep all the same.
+struct SharedAssignment
+{
+    template <class Structure>
+    static void Assign(std::shared_ptr<Structure> &to, const std::shared_ptr<Structure> &from)
+    {
+        to = from;
+    }
+};
+
+/// \brief A plain structure behind a shared pointer: the base of every record class.
+///
+/// A record always has a structure of its own; copies are deep, so a SetVal_ on one copy never
+/// shows in another. Only GetDataPtr() shares, with the one record it was asked of. There is no
+/// move: a moved-from record would have no structure left. A record may be used on any thread, by
+/// one thread at a time.
+///
+/// \code
+/// class VANTOR_EXPORT CColumnInfo : public CRecord<ColumnInfo>
+/// {
+///     VANTOR_RECORD(CColumnInfo)
+///     VANTOR_RECORD_FIELD(column_name)
+/// };
+/// \endcode
+template <class Structure, class Assignment = DeepAssignment> class CRecord
+{
+public:
+    using StructureType = Structure;
+
+    CRecord() : data_ptr_(std::make_shared<Structure>()) {}
+    explicit CRecord(const Structure &structure) : data_ptr_(std::make_shared<Structure>(structure))
+    {}
+    /// Adopts \a structure and shares it with the caller; a null pointer becomes a fresh structure.
+    explicit CRecord(std::shared_ptr<Structure> structure)
+        : data_ptr_(structure ? std::move(structure) : std::make_shared<Structure>())
+    {}
+    CRecord(const CRecord &other) : data_ptr_(std::make_shared<Structure>(*other.data_ptr_)) {}
+    CRecord &operator=(const CRecord &other)
+    {
+        Assignment::Assign(data_ptr_, other.data_ptr_);
+        return *this;
+    }
+    ~CRecord() = default;
+
+    /// \brief The structure itself; never null. Whoever keeps it sees, and makes, the changes of
+    /// this record.
+    [[nodiscard]] std::shared_ptr<Structure> GetDataPtr() const { return data_ptr_; }
+
+protected:
+    std::shared_ptr<Structure> data_ptr_;
+};
+
+} // namespace Vantor
+
+/// The constructors of a record class; comes first in its body and leaves it public.
+#define VANTOR_RECORD(Class)                                                                       \
+public:                                                                                            \
+    using CRecord::CRecord;                                                                        \
+    Class() = default;                                                                             \
+    Class(const Class &other) = default;                                                           \
+    Class &operator=(const Class &other) = default;                                                \
+    ~Class() = default;
+
+/// The accessors of one field, named after it. The getter returns a copy, also of a nested record.
+#define VANTOR_RECORD_FIELD(field)                                                                 \
+    [[nodiscard]] decltype(StructureType::field) GetVal_##field() const                            \
+    {                                                                                              \
+        return data_ptr_->field;                                                                   \
+    }                                                                                              \
+    void SetVal_##field(const decltype(StructureType::field) &value)                               \
+    {                                                                                              \
+        data_ptr_->field = value;                                                                  \
+    }

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <VantorExport.h>
+
+#include <QtCore/QObject>
+#include <QtCore/QStringList>
+
+#include <memory>
+
+QT_BEGIN_NAMESPACE
+class QAbstractItemModel;
+class QWidget;
+QT_END_NAMESPACE
+
+namespace Vantor {
+
+struct CCSVParserDataPtr;
+
+/// \brief The list separator of the user's locale: what stands between the columns of a CSV file
+/// there.
+///
+/// "," when the system gives none. Asked of Nim::Base::OS::GetListSeparator() at each call. Any
+/// thread.
+[[nodiscard]] VANTOR_EXPORT QString GetLocalListSperator();
+
+/// \brief Writes result lists to CSV files (UTF-8, CR LF, every field quoted) and searches a line
+/// in one.
+///
+/// An export is: OpenFile() or OpenFileWithAppendMode(); PrepareSourceData() and any number of
+/// AppendLine(); then WriteCSVFile() or WriteCSVFileWithChase(); then CloseFile(), without which
+/// the last bytes may never reach the file. The object can then be opened for another file. Without
+/// an open file, lines are collected and nothing is written.
+///
+/// By default cells are written as hosts have always had them, which damages cells that hold the
+/// list separator or one line break and keeps some formulas; SetRfc4180() turns the safe way on
+/// (docs/known-behaviour.md).
+///
+/// All members belong to the thread of the object, the GUI thread for WriteCSVFileWithChase(). No
+/// member throws.
+class VANTOR_EXPORT CCSVParser : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// \param parent owns the parser and is the window the waiting dialog stands in front of; may
+    /// be null.
+    explicit CCSVParser(QWidget *parent);
+    /// Does not close the file. A write that is still running on the pool goes on to its end.
+    ~CCSVParser() override;
+
+    /// \brief Create or empty the file \a path and forget the collected lines.
+    ///
+    /// A file still open from an earlier call is not closed.
+    /// \return false when \a path is empty (nothing changes then), when a write is running, or when
+    /// the file cannot be opened (errno says why).
+    bool OpenFile(const QString &path);
+
+    /// \brief The same, but go on at the end of \a path: no byte-order mark and no header line is
+    /// written.
+    bool OpenFileWithAppendMode(const QString &path);
+
+    /// \brief Collect every row of \a model, the display role as text, after a header line.
+    ///
+    /// On a file that has no byte-order mark yet, the mark and a zero byte are written at once and
+    /// the horizontal headers become the first line. A cell becomes ="text", so that a spreadsheet
+    /// takes it neither for a number nor for a date; "text" when it holds a comma. In a cell with
+    /// two or more line breaks these become blanks and "=" is taken out. Then the rules of
+    /// AppendLine() apply. A null model does nothing.
+    void PrepareSourceData(QAbstractItemModel *model);
+
+    /// \brief Collect one line.
+    ///
+    /// A field that begins with "=" or "@" gets an apostrophe in front; one that holds the list
+    /// separator is enclosed in quotes.
+    void AppendLine(QStringList fields);
+
+    /// \brief The same without the apostrophe.
+    void AppendLineWithoutCheckSpecChar(QStringList fields);
+
+    /// \brief Write the collected lines on the calling thread, then forget them.
+    void WriteCSVFile();
+
+    /// \brief Write the collected lines on a pool thread behind a modal waiting dialog.
+    ///
+    /// Returns when the lines are written and the dialog has closed; the event loop runs meanwhile,
+    /// so the parser or its parent may be gone by then. A call while a write is running is refused.
+    /// The lines are *not* forgotten.
+    void WriteCSVFileWithChase();
+
+    /// \brief Read on from the current position until a line holds \a key (case-sensitive) and
+    /// store it in \a line.
+    ///
+    /// For a file opened by OpenFileWithAppendMode(), from its start. Lines are read in pieces of
+    /// at most 255 bytes in the local 8-bit encoding, each tested by itself; the line break is part
+    /// of \a line. At the end of the file \a line stays as it is.
+    void ReadOneline(QString &line, const QString &key);
+
+    /// \brief Close the file, if one is open, and emit SignalWriteOver() in any case. Waits for a
+    /// running write.
+    void CloseFile();
+
+    /// \brief Whether something could not be written since the file was opened: disk full, device
+    /// gone, out of memory.
+    ///
+    /// Complete only after CloseFile(), because closing writes the last bytes. One log line at
+    /// level 5 tells the cause.
+    [[nodiscard]] bool HasWriteError() const;
+
+    /// \brief Write cells as RFC 4180 wants them, so that every reader gets back what was put in.
+    ///
+    /// Each field is quoted once with its inner quotes doubled, line breaks and leading blanks are
+    /// kept, and there is no ="text" form. A field whose first character after leading blanks is
+    /// one of = + - @ tab CR gets an apostrophe in front, so that no spreadsheet runs it as a
+    /// formula. Fields are separated by the list separator and rows end with CR LF also when
+    /// appending and on a pipe; the mark is three bytes, and a file that OpenFileWithAppendMode()
+    /// finds empty gets mark and header. Off by default; set it before OpenFile().
+    void SetRfc4180(bool on);
+    [[nodiscard]] bool IsRfc4180() const;
+
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    /// The file is finished and closed. Emitted by every CloseFile().
+    void SignalWriteOver();
+
+private:
+    const std::shared_ptr<CCSVParserDataPtr> d_ptr_;
+};
+
+} // namespace Vantor

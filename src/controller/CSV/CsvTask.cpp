@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+#include "controller/CSV/CsvTask.h"
+
+#include "controller/CSV/CSVParser.h"
+
+#include <Ravel/TextCodec.h>
+
+#include <cerrno>
+#include <cstring>
+#include <string>
+
+namespace Vantor {
+namespace {
+
+constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
+constexpr size_t kBlockBytes = 256 * 1024;
+constexpr size_t kLongFieldBytes = 64 * 1024;
+
+// Lays rows out in memory, because stepping back over the separator in the stream costs two system
+// calls a row, and hands the stream whole rows in large blocks.
+class CRowWriter
+{
+public:
+    CRowWriter(std::FILE *stream, std::string separator, RowEnd row_end)
+        : stream_(stream), separator_(std::move(separator)), row_end_(row_end)
+    {
+        if (stream_)
+            block_.reserve(kBlockBytes + kLongFieldBytes);
+    }
+
+    [[nodiscard]] int Errno() const { return errno_; }
+    [[nodiscard]] bool HasFailed() const { return errno_ != 0; }
+
+    void AppendMark() { block_.append(kByteOrderMark); }
+
+    void AppendField(const char *bytes, size_t length)
+    {
+        if (!CanWrite())
+            return;
+        block_ += '"';
+        if (length > kLongFieldBytes)
+            PassThrough(bytes, length);
+        else
+            AppendDoubled(bytes, length);
+        block_ += '"';
+        block_ += separator_;
+    }
+
+    void EndRow()
+    {
+        if (!CanWrite())
+            return;
+        block_.resize(block_.size() - static_cast<size_t>(row_end_.dropped_bytes));
+        if (row_end_.has_line_end)
+            block_ += "\r\n";
+        if (block_.size() >= kBlockBytes)
+            Flush();
+    }
+
+    void Finish()
+    {
+        if (!CanWrite())
+            return;
+        Flush();
+        if (!HasFailed() && std::fflush(stream_) != 0)
+            Fail(errno);
+    }
+
+    void Fail(int error) { errno_ = error != 0 ? error : EIO; }
+
+private:
+    [[nodiscard]] bool CanWrite() const { return stream_ && !HasFailed(); }
+
+    void AppendDoubled(const char *bytes, size_t length)
+    {
+        const char *const end = bytes + length;
+        while (const auto *quote =
+                   static_cast<const char *>(std::memchr(bytes, '"', size_t(end - bytes)))) {
+            block_.append(bytes, quote + 1).push_back('"');
+            bytes = quote + 1;
+        }
+        block_.append(bytes, end);
+    }
+
+    // A long field goes to the stream piece by piece, so that the block stays small whatever a cell
+    // holds. What the row end may drop is appended afterwards and still lies in the block.
+    void PassThrough(const char *bytes, size_t length)
+    {
+        while (length > 0 && !HasFailed()) {
+            const size_t piece = std::min(length, kLongFieldBytes);
+            AppendDoubled(bytes, piece);
+            Flush();
+            bytes += piece;
+            length -= piece;
+        }
+    }
+
+    void Flush()
+    {
+        if (std::fwrite(block_.data(), 1, block_.size(), stream_) != block_.size())
+            Fail(errno);
+        block_.clear();
+    }
+
+    std::FILE *const stream_;
+    const std::string separator_;
+    const RowEnd row_end_;
+    std::string block_;
+    int errno_ = 0;
+};
+
+// The CSV library is C: no exception may pass through it.
+template <class Body> void CallWriter(void *user_data, Body body)
+{
+    auto *const writer = static_cast<CRowWriter *>(user_data);
+    try {
+        body(*writer);
+    } catch (...) {
+        writer->Fail(ENOMEM);
+    }
+}
+
+void OnField(void *field, size_t length, void *user_data)
+{
+    CallWriter(user_data, [field, length](CRowWriter &writer) {
+        writer.AppendField(static_cast<const char *>(field), length);
+    });
+}
+
+void OnRow(int, void *user_data)
+{
+    CallWriter(user_data, [](CRowWriter &writer) { writer.EndRow(); });
+}
+
+CRowWriter MakeWriter(const CsvJob &job)
+{
+    const QByteArray local = Ravel::ConvertFromUnicode(GetLocalListSperator());
+    // As fputs() writes it: up to the first zero byte.
+    std::string separator = local.constData();
+    if (!job.stream)
+        return CRowWriter(nullptr, std::move(separator), {});
+    // What was written or read so far must be settled before the stream is asked, or a full disk
+    // looks like a pipe.
+    const bool is_settled = std::fflush(job.stream) == 0;
+    const int error = errno;
+    const bool can_step_back = std::fseek(job.stream, 0, SEEK_CUR) == 0;
+    const RowEnd row_end = job.is_rfc4180 ? RowEnd{static_cast<int>(separator.size()), true}
+                                          : ClassicRowEnd(can_step_back, job.is_appending);
+    CRowWriter writer(job.stream, std::move(separator), row_end);
+    if (!is_settled)
+        writer.Fail(error);
+    return writer;
+}
+
+} // namespace
+
+RowEnd ClassicRowEnd(bool can_step_back, bool is_appending)
+{
+    if (!can_step_back)
+        return {0, false};
+    return is_appending ? RowEnd{0, true} : RowEnd{1, true};
+}
+
+CsvOutcome WriteCsvJob(csvparse_parser &parser, const CsvJob &job)
+{
+    CsvOutcome outcome;
+    CRowWriter writer = MakeWriter(job);
+    if (job.has_mark && job.stream)
+        writer.AppendMark();
+    for (const QString &line : job.lines) {
+        const QByteArray utf8 = line.toUtf8();
+        const auto length = static_cast<size_t>(utf8.size());
+        if (csvparse_parse(&parser, utf8.constData(), length, OnField, OnRow, &writer) != length) {
+            outcome.is_parsed = false;
+            break;
+        }
+        if (writer.HasFailed())
+            break;
+    }
+    csvparse_fini(&parser, OnField, OnRow, &writer);
+    csvparse_free(&parser);
+    writer.Finish();
+    outcome.write_errno = writer.Errno();
+    return outcome;
+}
+
+} // namespace Vantor
