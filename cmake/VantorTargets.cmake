@@ -33,6 +33,8 @@ function(vantor_library target)
     set_target_properties(${target} PROPERTIES
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}
+        # The libraries of the package find one another wherever it is installed.
+        INSTALL_RPATH $ORIGIN
         VERIFY_INTERFACE_HEADER_SETS ON)
     target_compile_features(${target} PUBLIC cxx_std_17)
     install(TARGETS ${target} EXPORT VantorTargets
