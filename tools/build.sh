@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+# shellcheck shell=bash disable=SC2154 # $root is the sourcing script's
 # Sourced by the scripts that build: configure_preset and build_preset, with little output.
 
 # Quiet unless it fails: configure_preset PRESET [cmake arguments]
