@@ -13,8 +13,8 @@ namespace Vantor {
 namespace {
 
 constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
-constexpr size_t kBlockBytes = 256 * 1024;
-constexpr size_t kLongFieldBytes = 64 * 1024;
+constexpr size_t kBlockBytes = size_t{256} * 1024;
+constexpr size_t kLongFieldBytes = size_t{64} * 1024;
 
 // Lays rows out in memory, because stepping back over the separator in the stream costs two system
 // calls a row, and hands the stream whole rows in large blocks.
