@@ -49,7 +49,7 @@ CSink &CurrentSink()
     return *sink;
 }
 
-std::string FormatText(const char *format, va_list arguments)
+NIM_PRINTF_FORMAT(1, 0) std::string FormatText(const char *format, va_list arguments)
 {
     va_list measured;
     va_copy(measured, arguments);
