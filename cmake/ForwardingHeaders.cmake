@@ -6,14 +6,21 @@ set(VANTOR_FORWARDING_HEADERS
     "CStyleManager common/StyleManager.h"
 )
 
-# Writes the forwarding headers below `folder`/Vantor and installs them with the package.
+# Writes the forwarding headers below `folder`/Vantor and installs them with the package. The target
+# vantor_verify_forwarding_headers compiles each on its own.
 function(vantor_forwarding_headers folder)
+    set(alone)
     foreach(line IN LISTS VANTOR_FORWARDING_HEADERS)
         string(REPLACE " " ";" pair ${line})
         list(GET pair 0 class)
         list(GET pair 1 header)
         file(CONFIGURE OUTPUT ${folder}/Vantor/${class} @ONLY
             CONTENT "// SPDX-License-Identifier: MIT\n#pragma once\n#include <${header}>\n")
+        file(CONFIGURE OUTPUT ${folder}/alone/${class}.cpp @ONLY CONTENT "#include <Vantor/${class}>\n")
+        list(APPEND alone ${folder}/alone/${class}.cpp)
     endforeach()
     install(DIRECTORY ${folder}/Vantor DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vantor)
+    add_library(vantor_verify_forwarding_headers OBJECT EXCLUDE_FROM_ALL ${alone})
+    set_target_properties(vantor_verify_forwarding_headers PROPERTIES AUTOMOC OFF)
+    target_link_libraries(vantor_verify_forwarding_headers PRIVATE Vantor::Vantor)
 endfunction()
