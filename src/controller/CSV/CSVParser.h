@@ -38,7 +38,7 @@ struct CCSVParserDataPtr;
 ///
 /// All members belong to the thread of the object, the GUI thread for WriteCSVFileWithChase(). No
 /// member throws.
-class VANTOR_EXPORT CCSVParser : public QObject
+class VANTOR_EXPORT CCSVParser : public QObject // clazy:exclude=ctor-missing-parent-argument
 {
     Q_OBJECT
 
