@@ -2,13 +2,16 @@
 # How a target of this project is built: warnings, sanitizers, Qt's strictness. One function adds a
 # test, one a benchmark, one a fuzz target.
 
-# Warnings, sanitizers and Qt's strictness for one of our own targets.
+# Warnings, sanitizers and Qt's strictness for one of our own targets. ALLOW_ASCII is for tests, whose data
+# would drown in QStringLiteral.
 function(vantor_compile_options target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "ALLOW_ASCII" "" "")
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2
         $<$<BOOL:${VANTOR_WERROR}>:-Werror>)
     target_compile_definitions(${target} PRIVATE
-        QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
+        QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_CAST_TO_ASCII
+        $<$<NOT:$<BOOL:${arg_ALLOW_ASCII}>>:QT_NO_CAST_FROM_ASCII>
         QT_DEPRECATED_WARNINGS QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
     if(VANTOR_SANITIZE)
         target_compile_options(${target} PRIVATE
@@ -48,7 +51,7 @@ endfunction()
 function(vantor_add_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LABELS;SOURCES;LIBRARIES")
     add_executable(${name} ${name}.cpp ${arg_SOURCES})
-    vantor_compile_options(${name})
+    vantor_compile_options(${name} ALLOW_ASCII)
     target_link_libraries(${name} PRIVATE vantor_test_support ${arg_LIBRARIES})
     add_test(NAME ${name} COMMAND ${name})
     vantor_test_environment(${name} ${arg_LABELS})
@@ -58,7 +61,7 @@ endfunction()
 function(vantor_test_environment test)
     set(suppressions ${PROJECT_SOURCE_DIR}/tests/support)
     set_tests_properties(${test} PROPERTIES
-        TIMEOUT 300
+        TIMEOUT 120
         LABELS "${ARGN}"
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions=${suppressions}/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1;TSAN_OPTIONS=ignore_noninstrumented_modules=1:second_deadlock_stack=1")
 endfunction()

@@ -7,7 +7,9 @@ namespace Ravel {
 
 QString ConvertToUnicode(const QByteArray &bytes, QTextCodec *codec)
 {
-    return codec ? codec->toUnicode(bytes) : QString::fromLocal8Bit(bytes);
+    // With its length: Qt 5 would stop at the first zero byte of a byte array.
+    return codec ? codec->toUnicode(bytes)
+                 : QString::fromLocal8Bit(bytes.constData(), bytes.size());
 }
 
 QByteArray ConvertFromUnicode(const QString &text, QTextCodec *codec)

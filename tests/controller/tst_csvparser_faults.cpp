@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: MIT
+#include "support/Files.h"
+#include "support/TestGuard.h"
+
+#include <CsvParse/CsvParse.h>
+#include <Vantor/CCSVParser>
+
+#include <dlfcn.h>
+#include <sys/resource.h>
+
+#include <QtCore/QAbstractTableModel>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+
+#include <csignal>
+#include <cstring>
+#include <stdexcept>
+
+using Vantor::CCSVParser;
+
+// A client's own CSV library in place of ours, for this program: it refuses a line that holds
+// "REFUSE" halfway.
+extern "C" std::size_t csvparse_parse(csvparse_parser *parser, const void *bytes,
+                                      std::size_t length, csvparse_field_callback field,
+                                      csvparse_row_callback row, void *user_data)
+{
+    using Parse = decltype(&csvparse_parse);
+    static const auto next = reinterpret_cast<Parse>(dlsym(RTLD_NEXT, "csvparse_parse"));
+    const char *const refused = static_cast<const char *>(memmem(bytes, length, "REFUSE", 6));
+    const std::size_t taken =
+        refused ? static_cast<std::size_t>(refused - static_cast<const char *>(bytes)) : length;
+    return next(parser, bytes, taken, field, row, user_data);
+}
+
+namespace {
+
+// A host's model that gives up in its third row.
+class CThrowingModel : public QAbstractTableModel
+{
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    int rowCount(const QModelIndex &) const override { return 5; }
+    int columnCount(const QModelIndex &) const override { return 1; }
+    QVariant data(const QModelIndex &index, int) const override
+    {
+        if (index.row() == 2)
+            throw std::runtime_error("row 2 is gone");
+        return index.row();
+    }
+};
+
+} // namespace
+
+class TestCsvParserFaults : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { guard_.Begin(); }
+
+    void cleanup()
+    {
+        const QString fault = guard_.End();
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    }
+
+    void aLineThatIsRefusedEndsTheWriteWithOneLogLine()
+    {
+        guard_.AnnounceLogLines();
+        const QString path = folder_.filePath("refused.csv");
+        CCSVParser parser(nullptr);
+        QVERIFY(parser.OpenFile(path));
+        parser.AppendLine({"before"});
+        parser.AppendLine({"half", "REFUSE"});
+        parser.AppendLine({"after"});
+
+        parser.WriteCSVFile();
+        parser.CloseFile();
+
+        // What the library has taken is delivered when it is finished; the line after it is not
+        // written.
+        QCOMPARE(FileBytes(path), QByteArray("\xEF\xBB\xBF\"before\"\r\n\"half\",\"\"\r\n"));
+        QCOMPARE(guard_.LogLines().size(), 1);
+        const QRegularExpression line(QRegularExpression::anchoredPattern(
+            R"(5 ClientWarningAndMore \[Vantor::CCSVParser::DoParserTask\]csvparse_parse Error parsing file\.)"
+            R"(\[CSVParser\.cpp\(\d+\)\])"));
+        QVERIFY2(line.match(guard_.LogLines().first()).hasMatch(),
+                 qPrintable(guard_.LogLines().first()));
+    }
+
+    void afterARefusedLineTheNextFileIsWhole()
+    {
+        guard_.AnnounceLogLines();
+        CCSVParser parser(nullptr);
+        QVERIFY(parser.OpenFile(folder_.filePath("refused.csv")));
+        parser.AppendLine({"\"REFUSE"});
+        parser.WriteCSVFile();
+        parser.CloseFile();
+        const QString path = folder_.filePath("whole.csv");
+
+        QVERIFY(parser.OpenFile(path));
+        parser.AppendLine({"a"});
+        parser.WriteCSVFile();
+        parser.CloseFile();
+
+        QCOMPARE(FileBytes(path), QByteArray("\xEF\xBB\xBF\"a\"\r\n"));
+    }
+
+    void aFullDiskIsToldOnceAndShown_data()
+    {
+        QTest::addColumn<int>("lines");
+        QTest::newRow("found when the lines are flushed") << 1;
+        QTest::newRow("found in the middle of many lines") << 100000;
+    }
+
+    void aFullDiskIsToldOnceAndShown()
+    {
+        QFETCH(int, lines);
+        guard_.AnnounceLogLines();
+        CCSVParser parser(nullptr);
+        QVERIFY(parser.OpenFile("/dev/full"));
+        for (int i = 0; i < lines; ++i)
+            parser.AppendLine({"a", "b"});
+
+        parser.WriteCSVFile();
+        parser.WriteCSVFile();
+        parser.CloseFile();
+
+        QVERIFY(parser.HasWriteError());
+        QCOMPARE(guard_.LogLines().size(), 1);
+        QVERIFY(guard_.LogLines().first().startsWith(
+            "5 ClientWarningAndMore [Vantor::CCSVParser::DoParserTask]Writing the CSV file failed: "
+            "No space left"));
+    }
+
+    void aMarkThatDoesNotFitIsFoundWhenTheFileIsClosed()
+    {
+        guard_.AnnounceLogLines();
+        CCSVParser parser(nullptr);
+        QVERIFY(parser.OpenFile("/dev/full"));
+        CThrowingModel model;
+        parser.PrepareSourceData(&model);
+
+        parser.CloseFile();
+
+        QVERIFY(parser.HasWriteError());
+    }
+
+    void aFileLimitStopsTheWriteAndTheNextFileIsFine()
+    {
+        guard_.AnnounceLogLines();
+        const auto old_handler = std::signal(SIGXFSZ, SIG_IGN);
+        rlimit old_limit{};
+        getrlimit(RLIMIT_FSIZE, &old_limit);
+        rlimit limit = old_limit;
+        limit.rlim_cur = 1000;
+        setrlimit(RLIMIT_FSIZE, &limit);
+        CCSVParser parser(nullptr);
+        const bool is_open = parser.OpenFile(folder_.filePath("limited.csv"));
+        for (int i = 0; i < 1000; ++i)
+            parser.AppendLine({"0123456789"});
+
+        parser.WriteCSVFile();
+        parser.CloseFile();
+
+        setrlimit(RLIMIT_FSIZE, &old_limit);
+        std::signal(SIGXFSZ, old_handler);
+        QVERIFY(is_open);
+        QVERIFY(parser.HasWriteError());
+        QCOMPARE(FileBytes(folder_.filePath("limited.csv")).size(), 1000);
+        QVERIFY(parser.OpenFile(folder_.filePath("next.csv")));
+        QVERIFY(!parser.HasWriteError());
+        parser.CloseFile();
+    }
+
+    void aDirectoryIsNoFile()
+    {
+        CCSVParser parser(nullptr);
+
+        QVERIFY(!parser.OpenFile(folder_.path()));
+        QCOMPARE(errno, EISDIR);
+        QVERIFY(!parser.OpenFileWithAppendMode(folder_.path()));
+    }
+
+    void aModelThatThrowsLosesNoEarlierRow()
+    {
+        guard_.AnnounceLogLines();
+        const QString path = folder_.filePath("thrown.csv");
+        CCSVParser parser(nullptr);
+        QVERIFY(parser.OpenFileWithAppendMode(path));
+        CThrowingModel model;
+
+        parser.PrepareSourceData(&model);
+        parser.WriteCSVFile();
+        parser.CloseFile();
+
+        QCOMPARE(FileBytes(path), QByteArray("\"'=\"\"0\"\"\",\r\n\"'=\"\"1\"\"\",\r\n"));
+        QCOMPARE(guard_.LogLines().size(), 1);
+        QVERIFY(guard_.LogLines().first().contains("row 2 is gone"));
+    }
+
+    void streamsAreNotInherited()
+    {
+        CCSVParser parser(nullptr);
+        QVERIFY(parser.OpenFile(folder_.filePath("inherited.csv")));
+
+        const int listed = std::system(qPrintable("ls -l /proc/self/fd | grep -q inherited.csv"));
+
+        parser.CloseFile();
+        QVERIFY2(listed != 0, "a child process sees the open file");
+    }
+
+private:
+    CTestGuard guard_;
+    QTemporaryDir folder_;
+};
+
+QTEST_MAIN(TestCsvParserFaults)
+#include "tst_csvparser_faults.moc"

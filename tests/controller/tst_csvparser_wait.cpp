@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+#include "support/Files.h"
+#include "support/TestGuard.h"
+
+#include <Ravel/ChaseDialog.h>
+#include <Ravel/WaitWatcher.h>
+#include <Vantor/CCSVParser>
+
+#include <QtCore/QPointer>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QThreadPool>
+#include <QtCore/QTimer>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
+
+#include <functional>
+
+using Vantor::CCSVParser;
+
+namespace {
+
+constexpr int kManyLines =
+    20000; // more than a pipe holds, so that the write stands still until it is drained
+
+Ravel::CChaseDialog *WaitingDialog()
+{
+    return qobject_cast<Ravel::CChaseDialog *>(QApplication::activeModalWidget());
+}
+
+// Runs `step` once the waiting dialog is shown.
+void OnceWaiting(QObject *context, const std::function<void(Ravel::CChaseDialog &)> &step)
+{
+    QTimer::singleShot(0, context, [context, step] {
+        if (Ravel::CChaseDialog *const dialog = WaitingDialog())
+            step(*dialog);
+        else
+            OnceWaiting(context, step);
+    });
+}
+
+void Fill(CCSVParser &parser, int lines = kManyLines)
+{
+    for (int i = 0; i < lines; ++i)
+        parser.AppendLine({QString::number(i), "text"});
+}
+
+QByteArray Expected(int lines, bool with_row_ends)
+{
+    QByteArray bytes = "\xEF\xBB\xBF";
+    for (int i = 0; i < lines; ++i)
+        bytes += "\"" + QByteArray::number(i) + "\",\"text\"" + (with_row_ends ? "\r\n" : ",");
+    return bytes;
+}
+
+} // namespace
+
+class TestCsvParserWait : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { guard_.Begin(); }
+
+    void cleanup()
+    {
+        QVERIFY(!Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance().IsWaiting());
+        const QString fault = guard_.End();
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    }
+
+    void theCallReturnsWithTheFileWrittenAndTheLinesKept_data()
+    {
+        QTest::addColumn<int>("lines");
+        QTest::newRow("a task that is done before the dialog shows") << 0;
+        QTest::newRow("a task that takes a while") << kManyLines;
+    }
+
+    void theCallReturnsWithTheFileWrittenAndTheLinesKept()
+    {
+        QFETCH(int, lines);
+        const QString path = folder_.filePath("a.csv");
+        QWidget window;
+        CCSVParser parser(&window);
+        QVERIFY(parser.OpenFile(path));
+        Fill(parser, lines);
+
+        parser.WriteCSVFileWithChase();
+        const QByteArray once = FileBytes(path);
+        parser.WriteCSVFileWithChase();
+        parser.CloseFile();
+
+        QCOMPARE(once, Expected(lines, true));
+        QCOMPARE(FileBytes(path), once + once.mid(3)); // the lines stay, the mark is written once
+    }
+
+    void theWindowStaysAliveAndCannotBeClosedByEscape()
+    {
+        CPipe pipe(false);
+        CCSVParser parser(nullptr);
+        QVERIFY(parser.OpenFile(pipe.Path()));
+        Fill(parser);
+        bool was_waiting = false;
+        bool survived = false;
+        OnceWaiting(&parser, [&](Ravel::CChaseDialog &dialog) {
+            was_waiting = Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance().IsWaiting();
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+            dialog.close();
+            survived = dialog.isVisible();
+            pipe.Drain();
+        });
+
+        parser.WriteCSVFileWithChase();
+        parser.CloseFile();
+
+        QVERIFY(was_waiting);
+        QVERIFY(survived);
+        QCOMPARE(pipe.Bytes(), Expected(kManyLines, false));
+    }
+
+    void aDialogThatIsForcedAwayDoesNotEndTheWrite()
+    {
+        CPipe pipe(false);
+        CCSVParser parser(nullptr);
+        QVERIFY(parser.OpenFile(pipe.Path()));
+        Fill(parser);
+        OnceWaiting(&parser, [&](Ravel::CChaseDialog &dialog) {
+            dialog.done(0);
+            pipe.Drain();
+        });
+
+        parser.WriteCSVFileWithChase();
+        parser.CloseFile();
+
+        QCOMPARE(pipe.Bytes(), Expected(kManyLines, false));
+    }
+
+    void whileAWriteRunsTheOthersWaitOrAreRefused()
+    {
+        guard_.AnnounceLogLines();
+        CPipe pipe(false);
+        CCSVParser parser(nullptr);
+        QVERIFY(parser.OpenFile(pipe.Path()));
+        Fill(parser);
+        bool reopened = true;
+        OnceWaiting(&parser, [&](Ravel::CChaseDialog &) {
+            parser.WriteCSVFileWithChase();
+            parser.WriteCSVFile();
+            reopened = parser.OpenFile(folder_.filePath("other.csv"));
+            parser.AppendLine({"for the next write"});
+            pipe.Drain();
+            parser.CloseFile(); // waits for the write
+        });
+
+        parser.WriteCSVFileWithChase();
+
+        QVERIFY(!reopened);
+        QCOMPARE(pipe.Bytes(), Expected(kManyLines, false));
+        QCOMPARE(guard_.LogLines().filter("Refused: a write is running.").size(), 3);
+    }
+
+    void parserAndParentMayGoWhileAWriteRuns_data()
+    {
+        QTest::addColumn<bool>("whole_window");
+        QTest::newRow("the parser") << false;
+        QTest::newRow("its parent, and the dialog with it") << true;
+    }
+
+    void parserAndParentMayGoWhileAWriteRuns()
+    {
+        QFETCH(bool, whole_window);
+        CPipe pipe(false);
+        const QPointer<QWidget> window(new QWidget);
+        const QPointer<CCSVParser> parser(new CCSVParser(window));
+        QVERIFY(parser->OpenFile(pipe.Path()));
+        Fill(*parser);
+        OnceWaiting(qApp, [&](Ravel::CChaseDialog &) {
+            if (whole_window)
+                delete window;
+            else
+                delete parser;
+            pipe.Drain();
+        });
+
+        parser->WriteCSVFileWithChase();
+
+        QVERIFY(!parser);
+        QVERIFY(QThreadPool::globalInstance()->waitForDone());
+        delete window;
+    }
+
+    void aWriteErrorOnThePoolIsSeenAfterwards()
+    {
+        guard_.AnnounceLogLines();
+        CCSVParser parser(nullptr);
+        QVERIFY(parser.OpenFile("/dev/full"));
+        Fill(parser);
+
+        parser.WriteCSVFileWithChase();
+
+        QVERIFY(parser.HasWriteError());
+        parser.CloseFile();
+        QCOMPARE(guard_.LogLines().size(), 1);
+    }
+
+private:
+    CTestGuard guard_;
+    QTemporaryDir folder_;
+};
+
+QTEST_MAIN(TestCsvParserWait)
+#include "tst_csvparser_wait.moc"
