@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include "Batch.h"
+
+#include "Console.h"
+#include "CsvFile.h"
+#include "ListModel.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QEventLoop>
+#include <QtCore/QLocale>
+
+namespace Client {
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Batch)
+};
+
+ExportResult WaitForExport(const IncidentRows &rows, const QString &path)
+{
+    ExportResult result;
+    CProgressLine line;
+    QEventLoop loop;
+    CListExport job(rows, nullptr);
+    QObject::connect(&job, &CListExport::SignalCollected, &loop, [&line](int done, int total) {
+        line.Show(Texts::tr("Collecting rows: %1").arg(Percent(done, total)));
+    });
+    QObject::connect(&job, &CListExport::SignalWriting, &loop, [&line](qint64 bytes) {
+        line.Show(Texts::tr("Writing: %1").arg(QLocale().formattedDataSize(bytes)));
+    });
+    QObject::connect(&job, &CListExport::SignalFinished, &loop,
+                     [&loop, &result](const ExportResult &outcome) {
+                         result = outcome;
+                         loop.quit();
+                     });
+    job.Start(path);
+    loop.exec();
+    return result;
+}
+
+} // namespace
+
+IncidentListPtr LoadList(const Options &options)
+{
+    const QString path = options.ListPath();
+    ReadResult result;
+    {
+        CProgressLine line;
+        const QString name = options.ListName();
+        result = ReadCsvFile(path, [&line, &name](qint64 done, qint64 total) {
+            line.Show(Texts::tr("Reading %1: %2").arg(name, Percent(done, total)));
+            return true;
+        });
+    }
+    if (result.list && options.rows > 0) {
+        result.list = result.list->Resized(options.rows);
+        if (!result.list)
+            result.error =
+                Texts::tr("%1 has no row to repeat.").arg(QDir::toNativeSeparators(path));
+    }
+    if (!result.list)
+        PrintError(result.error);
+    return result.list;
+}
+
+int ExportRows(const IncidentRows &rows, const QString &path)
+{
+    const ExportResult result = WaitForExport(rows, path);
+    if (!result.is_done) {
+        PrintError(result.error);
+        return kExitFileFailed;
+    }
+    PrintLine(ExportedText(result));
+    return kExitDone;
+}
+
+int RunExport(const Options &options, const IncidentListPtr &list)
+{
+    CListModel model;
+    model.SetList(list);
+    model.SetFilter(options.filter.trimmed());
+    return ExportRows(model.Rows(), options.export_path);
+}
+
+} // namespace Client

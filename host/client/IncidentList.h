@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QString>
+#include <QtCore/QVector>
+
+#include <memory>
+#include <vector>
+
+namespace Client {
+
+/// The most rows a list may have: a table of so many rows still counts its pixels in an int.
+constexpr int kMaximumRows = 10000000;
+
+/// \brief One column: each text it holds once, and for each row which one it is.
+struct IncidentColumn
+{
+    QString title;
+    QVector<QString> texts;
+    QVector<int> text_of_row; ///< index into \a texts
+};
+
+/// \brief A list of texts in rows and columns that never changes, so that views, sorts and exports
+/// can share one.
+///
+/// Reports repeat the same few airports, aircraft and species. Each text is kept once a column, so
+/// a search looks at every text once and not at every cell. A repeated list keeps its texts and row
+/// numbers once.
+class CIncidentList
+{
+public:
+    /// \param columns all with the same number of rows.
+    explicit CIncidentList(QVector<IncidentColumn> columns);
+
+    [[nodiscard]] int RowCount() const { return rows_; }
+    [[nodiscard]] int ColumnCount() const { return columns_.size(); }
+    [[nodiscard]] const QString &Title(int column) const { return columns_.at(column).title; }
+    [[nodiscard]] const QString &Text(int row, int column) const;
+    /// \brief Whether every text of \a column that is not empty is a number.
+    [[nodiscard]] bool IsNumeric(int column) const { return are_numbers_.at(column); }
+
+    /// \brief The same list, cut or repeated to \a rows rows; null when there is nothing to repeat.
+    [[nodiscard]] std::shared_ptr<const CIncidentList> Resized(int rows) const;
+
+    /// \brief For each row before any repetition whether one of its cells holds \a text, in upper
+    /// or lower case.
+    [[nodiscard]] std::vector<char> FindText(const QString &text) const;
+
+    /// \brief For each row before any repetition its rank in the order of \a column; equal cells
+    /// share one.
+    ///
+    /// Numbers are in order of size and texts as the language sorts them; empty cells come first.
+    [[nodiscard]] std::vector<int> Ranks(int column) const;
+
+    /// \brief The row before any repetition that \a row shows.
+    [[nodiscard]] int BaseRow(int row) const { return row % base_rows_; }
+
+private:
+    QVector<IncidentColumn> columns_;
+    QVector<bool> are_numbers_;
+    int base_rows_ = 0;
+    int rows_ = 0;
+};
+
+using IncidentListPtr = std::shared_ptr<const CIncidentList>;
+
+/// \brief Rows of a list in the order in which a view shows them. Copies are cheap and keep what
+/// they show.
+struct IncidentRows
+{
+    IncidentListPtr list;
+    QVector<int> rows;
+};
+
+} // namespace Client

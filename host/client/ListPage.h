@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "IncidentList.h"
+
+#include <QtWidgets/QWidget>
+
+QT_BEGIN_NAMESPACE
+class QAction;
+class QLabel;
+class QLineEdit;
+class QTableView;
+QT_END_NAMESPACE
+
+namespace Client {
+
+class CListModel;
+class CMatchDelegate;
+class CShareBar;
+
+/// \brief The list: a search field, how much of the list is shown, and the table.
+class CListPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CListPage(QWidget *parent = nullptr);
+
+    /// \brief Show \a list in its own order, searched as before.
+    void SetList(IncidentListPtr list);
+    void SetFilter(const QString &text);
+    [[nodiscard]] IncidentRows Rows() const;
+
+    void FocusSearch();
+    /// \brief Show the list in the order of its file.
+    void RestoreOrder();
+    /// \brief Draw the icons again after the theme changed.
+    void UpdateIcons();
+
+protected:
+    void changeEvent(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private Q_SLOTS:
+    void OnSearch(const QString &text);
+
+private:
+    void BuildTable();
+    void Retranslate();
+    void UpdateTotal();
+    void FitColumns();
+
+    CListModel *const model_;
+    CMatchDelegate *const delegate_;
+    QLineEdit *const search_;
+    QAction *const search_icon_;
+    CShareBar *const share_;
+    QLabel *const total_;
+    QTableView *const table_;
+    QLabel *const nothing_found_;
+};
+
+} // namespace Client

@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+#include "MainWindow.h"
+
+#include "ExportFormat.h"
+#include "Language.h"
+#include "ListExport.h"
+#include "ListPage.h"
+#include "ProgressDialog.h"
+#include "Theme.h"
+#include "WindowActions.h"
+
+#include <Ravel/ChaseDialog.h>
+#include <Ravel/WaitWatcher.h>
+
+#include <QtConcurrent/QtConcurrentRun>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFileInfo>
+#include <QtCore/QTimer>
+#include <QtGui/QCloseEvent>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QStatusBar>
+
+#include <chrono>
+
+namespace Client {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kPatience = 200ms; // a small file is read before a dialog would be seen
+constexpr int kStatusTime_ms = 15000;
+
+} // namespace
+
+CMainWindow::CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget *parent)
+    : QMainWindow(parent), page_(new CListPage(this)),
+      actions_(new CWindowActions(*this, theme, language))
+{
+    setCentralWidget(page_);
+    statusBar()->setSizeGripEnabled(false);
+    connect(actions_->Open(), &QAction::triggered, this, &CMainWindow::OnOpen);
+    connect(actions_->Export(), &QAction::triggered, this, &CMainWindow::OnExport);
+    connect(actions_->Find(), &QAction::triggered, page_, &CListPage::FocusSearch);
+    connect(actions_->FileOrder(), &QAction::triggered, page_, &CListPage::RestoreOrder);
+    connect(actions_->About(), &QAction::triggered, this, &CMainWindow::OnAbout);
+    connect(actions_->Quit(), &QAction::triggered, this, &CMainWindow::close);
+    connect(&theme, &CThemeSwitch::SignalThemeChanged, page_, &CListPage::UpdateIcons);
+    connect(&reading_, &QFutureWatcher<ReadResult>::finished, this, &CMainWindow::OnFileRead);
+    Retranslate();
+    page_->FocusSearch();
+}
+
+CMainWindow::~CMainWindow()
+{
+    if (is_reading_cancelled_)
+        *is_reading_cancelled_ = true;
+}
+
+void CMainWindow::SetList(IncidentListPtr list, const QString &name)
+{
+    list_name_ = name;
+    page_->SetList(std::move(list));
+    Retranslate();
+}
+
+void CMainWindow::SetFilter(const QString &text)
+{
+    page_->SetFilter(text);
+}
+
+IncidentRows CMainWindow::Rows() const
+{
+    return page_->Rows();
+}
+
+void CMainWindow::OpenFile(const QString &path)
+{
+    if (IsBusy())
+        return;
+    const auto is_cancelled = std::make_shared<std::atomic<bool>>(false);
+    is_reading_cancelled_ = is_cancelled;
+    list_to_come_ = QFileInfo(path).fileName();
+    const QString movie = QStringLiteral(":/Express/Public/Gif/Images/Public/Gif/Waiting_M_4.gif");
+    reading_dialog_ =
+        new Ravel::CChaseDialog(this, movie, tr("Reading %1…").arg(list_to_come_), true);
+    connect(reading_dialog_.data(), &QDialog::rejected, this,
+            [is_cancelled = is_cancelled.get()] { *is_cancelled = true; });
+    QTimer::singleShot(kPatience, reading_dialog_.data(), &QDialog::open);
+    reading_.setFuture(QtConcurrent::run([path, is_cancelled] {
+        return ReadCsvFile(path, [&](qint64, qint64) { return !*is_cancelled; });
+    }));
+    UpdateActions();
+}
+
+void CMainWindow::OnFileRead()
+{
+    const ReadResult result = reading_.result();
+    is_reading_cancelled_.reset();
+    delete reading_dialog_.data();
+    UpdateActions();
+    if (result.list) {
+        page_->SetFilter({});
+        SetList(result.list, list_to_come_);
+    } else if (!result.error.isEmpty()) {
+        ShowError(result.error);
+    }
+    Q_EMIT SignalIdle();
+}
+
+void CMainWindow::ExportTo(const QString &path)
+{
+    if (IsBusy())
+        return;
+    if (!FindExportFormat(path)) {
+        ShowError(UnknownFormatText(path));
+        return;
+    }
+    export_ = new CListExport(page_->Rows(), this, this);
+    auto *const progress = new CProgressDialog(tr("Exporting…"), this);
+    connect(export_.data(), &CListExport::SignalCollected, progress, &CProgressDialog::OnProgress);
+    connect(export_.data(), &CListExport::SignalFinished, progress, &QObject::deleteLater);
+    connect(export_.data(), &CListExport::SignalFinished, this, &CMainWindow::OnExportFinished);
+    connect(progress, &QDialog::rejected, export_.data(), &CListExport::Cancel);
+    UpdateActions();
+    export_->Start(path);
+}
+
+void CMainWindow::OnExportFinished(const ExportResult &result)
+{
+    export_->deleteLater();
+    export_.clear();
+    UpdateActions();
+    if (!result.error.isEmpty())
+        ShowError(result.error);
+    else if (result.is_done)
+        statusBar()->showMessage(ExportedText(result), kStatusTime_ms);
+    else
+        statusBar()->showMessage(tr("Export cancelled"), kStatusTime_ms);
+    Q_EMIT SignalIdle();
+}
+
+void CMainWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        Retranslate();
+}
+
+void CMainWindow::closeEvent(QCloseEvent *event)
+{
+    if (!IsBusy()) {
+        QMainWindow::closeEvent(event);
+        return;
+    }
+    statusBar()->showMessage(tr("Please wait until the work is done"), kStatusTime_ms);
+    event->ignore();
+}
+
+void CMainWindow::OnOpen()
+{
+    auto *const dialog = new QFileDialog(this, tr("Open a list"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilters({tr("CSV files (*.csv *.txt *.tsv)"), tr("All files (*)")});
+    connect(dialog, &QFileDialog::fileSelected, this, &CMainWindow::OpenFile);
+    dialog->open();
+}
+
+void CMainWindow::OnExport()
+{
+    auto *const dialog = new QFileDialog(this, tr("Export as CSV"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setNameFilter(tr("CSV files (*.csv)"));
+    dialog->setDefaultSuffix(QStringLiteral("csv"));
+    dialog->selectFile(QStringLiteral("incidents.csv"));
+    connect(dialog, &QFileDialog::fileSelected, this, &CMainWindow::ExportTo);
+    dialog->open();
+}
+
+void CMainWindow::OnAbout()
+{
+    auto *const box = new QMessageBox(
+        QMessageBox::NoIcon, tr("About"),
+        tr("<h3>Incidents %1</h3><p>Shows, searches and exports incident reports.</p>"
+           "<p>The list included holds real wildlife strikes on aircraft, from the public wildlife "
+           "strike database of the United States.</p>")
+            .arg(QCoreApplication::applicationVersion()),
+        QMessageBox::Close, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+void CMainWindow::Retranslate()
+{
+    setWindowTitle(list_name_.isEmpty() ? tr("Incidents") : tr("%1 – Incidents").arg(list_name_));
+    actions_->Retranslate();
+}
+
+void CMainWindow::UpdateActions()
+{
+    actions_->Open()->setEnabled(!IsBusy());
+    actions_->Export()->setEnabled(!IsBusy());
+}
+
+bool CMainWindow::IsBusy() const
+{
+    return export_ || is_reading_cancelled_
+           || Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance().IsWaiting();
+}
+
+void CMainWindow::ShowError(const QString &text)
+{
+    auto *const box =
+        new QMessageBox(QMessageBox::Warning, tr("Incidents"), text, QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+} // namespace Client

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "CsvFile.h"
+#include "IncidentList.h"
+
+#include <QtCore/QFutureWatcher>
+#include <QtCore/QPointer>
+#include <QtWidgets/QMainWindow>
+
+#include <atomic>
+#include <memory>
+
+namespace Ravel {
+class CChaseDialog;
+}
+
+namespace Client {
+
+class CLanguageSwitch;
+class CListExport;
+class CListPage;
+class CThemeSwitch;
+class CWindowActions;
+struct ExportResult;
+
+/// \brief The window: menus around the list page.
+///
+/// Files are read on a pool thread and exported in slices, so the window stays alive; it refuses to
+/// close until either is done.
+class CMainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget *parent = nullptr);
+    ~CMainWindow() override;
+
+    /// \param name of the list, for the title.
+    void SetList(IncidentListPtr list, const QString &name);
+    void SetFilter(const QString &text);
+    [[nodiscard]] IncidentRows Rows() const;
+
+    /// \brief Show the CSV file \a path, or a message when it cannot be read.
+    void OpenFile(const QString &path);
+    /// \brief Export what is shown to \a path, or show a message when that fails.
+    void ExportTo(const QString &path);
+
+Q_SIGNALS:
+    /// Emitted after OpenFile() and ExportTo() have ended, well or not.
+    void SignalIdle();
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private Q_SLOTS:
+    void OnOpen();
+    void OnExport();
+    void OnAbout();
+    void OnFileRead();
+    void OnExportFinished(const Client::ExportResult &result);
+
+private:
+    void Retranslate();
+    void UpdateActions();
+    [[nodiscard]] bool IsBusy() const;
+    void ShowError(const QString &text);
+
+    CListPage *const page_;
+    CWindowActions *const actions_;
+    QString list_name_;
+    QString list_to_come_; // the one being read
+    QFutureWatcher<ReadResult> reading_;
+    QPointer<Ravel::CChaseDialog> reading_dialog_;
+    // Set by the GUI thread, read by the reading one.
+    std::shared_ptr<std::atomic<bool>> is_reading_cancelled_;
+    QPointer<CListExport> export_;
+};
+
+} // namespace Client

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtWidgets/QStyledItemDelegate>
+
+namespace Client {
+
+/// \brief Marks in each cell what the user searches for, in the theme's brand colour.
+class CMatchDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    /// \brief Mark \a text from the next painting on; nothing when it is empty.
+    void SetSearchText(const QString &text) { search_text_ = text; }
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
+
+private:
+    void DrawText(QPainter &painter, const QStyleOptionViewItem &option) const;
+
+    QString search_text_;
+};
+
+} // namespace Client

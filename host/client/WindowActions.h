@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QObject>
+
+QT_BEGIN_NAMESPACE
+class QAction;
+class QMainWindow;
+class QMenu;
+class QToolBar;
+QT_END_NAMESPACE
+
+namespace Client {
+
+class CLanguageSwitch;
+class CThemeSwitch;
+
+/// \brief The menus and the tool bar of the window. Theme and language switch by themselves; the
+/// window connects the rest.
+class CWindowActions : public QObject
+{
+    Q_OBJECT
+
+public:
+    CWindowActions(QMainWindow &window, CThemeSwitch &theme, CLanguageSwitch &language);
+
+    [[nodiscard]] QAction *Open() const { return open_; }
+    [[nodiscard]] QAction *Export() const { return export_; }
+    [[nodiscard]] QAction *Quit() const { return quit_; }
+    [[nodiscard]] QAction *Find() const { return find_; }
+    [[nodiscard]] QAction *FileOrder() const { return file_order_; }
+    [[nodiscard]] QAction *About() const { return about_; }
+
+    void Retranslate();
+
+private Q_SLOTS:
+    void OnToggleTheme();
+    void OnThemeChanged();
+
+private:
+    void BuildMenus(QMainWindow &window);
+    void BuildThemeMenu();
+    void BuildLanguageMenu();
+    void BuildToolBar(QMainWindow &window);
+
+    CThemeSwitch &theme_;
+    CLanguageSwitch &language_;
+    QMenu *file_menu_ = nullptr;
+    QMenu *edit_menu_ = nullptr;
+    QMenu *view_menu_ = nullptr;
+    QMenu *theme_menu_ = nullptr;
+    QMenu *language_menu_ = nullptr;
+    QMenu *help_menu_ = nullptr;
+    QToolBar *tool_bar_ = nullptr;
+    QAction *const open_;
+    QAction *const export_;
+    QAction *const quit_;
+    QAction *const find_;
+    QAction *const file_order_;
+    QAction *const light_;
+    QAction *const dark_;
+    QAction *const toggle_theme_;
+    QAction *const about_;
+};
+
+} // namespace Client

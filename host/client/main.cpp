@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "Batch.h"
+#include "CommandLine.h"
+#include "Console.h"
+#include "Headless.h"
+#include "Language.h"
+#include "MainWindow.h"
+#include "Theme.h"
+
+#include <QtCore/QLoggingCategory>
+#include <QtCore/QSettings>
+#include <QtWidgets/QApplication>
+
+#include <csignal>
+
+namespace {
+
+using namespace Client;
+
+constexpr QSize kFirstSizePx(1280, 800);
+
+bool HasDisplay()
+{
+#if defined(Q_OS_WIN) || defined(Q_OS_MACOS)
+    return true;
+#else
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
+           || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+#endif
+}
+
+bool ChooseWindow(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    return HasDisplay() && WantsWindow(arguments);
+}
+
+void PrepareBatch()
+{
+    // Errors reach the user as one sentence of ours, without remarks of the offscreen platform;
+    // QT_LOGGING_RULES brings the log back.
+    QLoggingCategory::setFilterRules(
+        QStringLiteral("ClientWarningAndMore=false\ndefault.warning=false"));
+#ifdef SIGXFSZ
+    // A limit on file sizes then is a failed write like a full disk, and leaves no half file.
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
+}
+
+int RunWindow(const Options &options, const IncidentListPtr &list, CThemeSwitch &theme,
+              CLanguageSwitch &language, QSettings &settings)
+{
+    CMainWindow window(theme, language);
+    if (!window.restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray()))
+        window.resize(kFirstSizePx);
+    window.SetList(list, options.ListName());
+    window.SetFilter(options.filter);
+    window.show();
+    const int status = QApplication::exec();
+    settings.setValue(QStringLiteral("geometry"), window.saveGeometry());
+    settings.setValue(QStringLiteral("theme"), theme.Current() == Theme::Dark
+                                                   ? QStringLiteral("dark")
+                                                   : QStringLiteral("light"));
+    settings.setValue(QStringLiteral("language"), language.Current());
+    return status;
+}
+
+int Run(bool has_window)
+{
+    QSettings settings;
+    const auto setting = [&settings, has_window](const QString &name, const QString &otherwise) {
+        return has_window ? settings.value(name, otherwise).toString() : otherwise;
+    };
+    CLanguageSwitch language;
+    language.Apply(setting(QStringLiteral("language"), CLanguageSwitch::SystemCode()));
+    const CommandLine line = ReadCommandLine(QApplication::arguments());
+    if (!line.error.isEmpty()) {
+        PrintError(line.error);
+        return kExitBadUsage;
+    }
+    if (!line.output.isEmpty()) {
+        PrintLine(line.output.trimmed());
+        return kExitDone;
+    }
+    const IncidentListPtr list = LoadList(line.options);
+    if (!list)
+        return kExitFileFailed;
+
+    CThemeSwitch theme;
+    theme.Apply(setting(QStringLiteral("theme"), {}) == QLatin1String("dark") ? Theme::Dark
+                                                                              : Theme::Light);
+    if (has_window)
+        return RunWindow(line.options, list, theme, language, settings);
+    if (!line.options.export_path.isEmpty())
+        return RunExport(line.options, list);
+    return RunHeadless(line.options, list, theme, language);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const bool has_window = ChooseWindow(argc, argv);
+    if (!has_window) {
+        PrepareBatch();
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Vantor"));
+    QApplication::setApplicationName(QStringLiteral("vantor-client"));
+    QApplication::setApplicationVersion(QStringLiteral(VANTOR_CLIENT_VERSION));
+    return Run(has_window);
+}

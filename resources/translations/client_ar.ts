@@ -1,0 +1,341 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ar" sourcelanguage="en">
+<context>
+    <name>Batch</name>
+    <message>
+        <source>Collecting rows: %1</source>
+        <translation>جمع الصفوف: %1</translation>
+    </message>
+    <message>
+        <source>Writing: %1</source>
+        <translation>الكتابة: %1</translation>
+    </message>
+    <message>
+        <source>Reading %1: %2</source>
+        <translation>قراءة %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 has no row to repeat.</source>
+        <translation>لا يحتوي %1 على أي صف يمكن تكراره.</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CListExport</name>
+    <message numerus="yes">
+        <source>%Ln incident(s) exported to %1</source>
+        <translation>
+            <numerusform>لم يُصدَّر أي حادث إلى %1</numerusform>
+            <numerusform>صُدِّر حادث واحد إلى %1</numerusform>
+            <numerusform>صُدِّر حادثان إلى %1</numerusform>
+            <numerusform>صُدِّرت %Ln حوادث إلى %1</numerusform>
+            <numerusform>صُدِّر %Ln حادثًا إلى %1</numerusform>
+            <numerusform>صُدِّر %Ln حادث إلى %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The disk is full. %1 was not written.</source>
+        <translation>القرص ممتلئ. لم تتم كتابة %1.</translation>
+    </message>
+    <message>
+        <source>Writing failed on the way. %1 was not written.</source>
+        <translation>تعذّر إتمام الكتابة. لم تتم كتابة %1.</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CListPage</name>
+    <message>
+        <source>Search all columns</source>
+        <translation>البحث في جميع الأعمدة</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>بحث</translation>
+    </message>
+    <message>
+        <source>Shows the incidents that hold this text. Escape clears it.</source>
+        <translation>يعرض الحوادث التي تحتوي على هذا النص. يمسحه مفتاح Escape.</translation>
+    </message>
+    <message>
+        <source>Incidents</source>
+        <translation>الحوادث</translation>
+    </message>
+    <message>
+        <source>Shown incidents</source>
+        <translation>الحوادث المعروضة</translation>
+    </message>
+    <message>
+        <source>No incident holds this text</source>
+        <translation>لا توجد حوادث تحتوي على هذا النص</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 من %2</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CMainWindow</name>
+    <message>
+        <source>Reading %1…</source>
+        <translation>جارٍ قراءة %1…</translation>
+    </message>
+    <message>
+        <source>Exporting…</source>
+        <translation>جارٍ التصدير…</translation>
+    </message>
+    <message>
+        <source>Export cancelled</source>
+        <translation>أُلغي التصدير</translation>
+    </message>
+    <message>
+        <source>Please wait until the work is done</source>
+        <translation>يرجى الانتظار حتى ينتهي العمل</translation>
+    </message>
+    <message>
+        <source>Open a list</source>
+        <translation>فتح قائمة</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv *.txt *.tsv)</source>
+        <translation>ملفات CSV (*.csv *.txt *.tsv)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>جميع الملفات (*)</translation>
+    </message>
+    <message>
+        <source>Export as CSV</source>
+        <translation>التصدير بصيغة CSV</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>ملفات CSV (*.csv)</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>حول البرنامج</translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;Incidents %1&lt;/h3&gt;&lt;p&gt;Shows, searches and exports incident reports.&lt;/p&gt;&lt;p&gt;The list included holds real wildlife strikes on aircraft, from the public wildlife strike database of the United States.&lt;/p&gt;</source>
+        <translation>&lt;h3&gt;الحوادث %1&lt;/h3&gt;&lt;p&gt;يعرض تقارير الحوادث ويبحث فيها ويصدّرها.&lt;/p&gt;&lt;p&gt;تضم القائمة المضمّنة حوادث حقيقية لاصطدام الحيوانات البرية بالطائرات، من قاعدة البيانات العامة لهذه الحوادث في الولايات المتحدة.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Incidents</source>
+        <translation>الحوادث</translation>
+    </message>
+    <message>
+        <source>%1 – Incidents</source>
+        <translation>%1 – الحوادث</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CWindowActions</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;ملف</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>&amp;فتح…</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>فتح</translation>
+    </message>
+    <message>
+        <source>&amp;Export as CSV…</source>
+        <translation>&amp;تصدير بصيغة CSV…</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>تصدير</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>إ&amp;نهاء</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;تحرير</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;بحث</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;عرض</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>ال&amp;سمة</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;فاتحة</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;داكنة</translation>
+    </message>
+    <message>
+        <source>Switch theme</source>
+        <translation>تبديل السمة</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>السمة</translation>
+    </message>
+    <message>
+        <source>L&amp;anguage</source>
+        <translation>ال&amp;لغة</translation>
+    </message>
+    <message>
+        <source>&amp;Order of the file</source>
+        <translation>&amp;ترتيب الملف</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>م&amp;ساعدة</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;حول البرنامج</translation>
+    </message>
+    <message>
+        <source>Tool bar</source>
+        <translation>شريط الأدوات</translation>
+    </message>
+</context>
+<context>
+    <name>CommandLine</name>
+    <message>
+        <source>Shows, searches and exports incident reports.</source>
+        <translation>يعرض تقارير الحوادث ويبحث فيها ويصدّرها.</translation>
+    </message>
+    <message>
+        <source>Open no window: export the list and take screenshots of it.</source>
+        <translation>بلا نافذة: تصدير القائمة والتقاط صور للشاشة.</translation>
+    </message>
+    <message>
+        <source>Folder that --headless writes to (default: out).</source>
+        <translation>المجلد الذي يكتب فيه --headless (الافتراضي: out).</translation>
+    </message>
+    <message>
+        <source>Show this list instead of the one included.</source>
+        <translation>عرض هذه القائمة بدلاً من القائمة المضمّنة.</translation>
+    </message>
+    <message>
+        <source>Repeat or cut the list to N rows.</source>
+        <translation>تكرار القائمة أو اقتطاعها حتى يبلغ عدد صفوفها N.</translation>
+    </message>
+    <message>
+        <source>Keep only the rows that hold this text.</source>
+        <translation>الإبقاء على الصفوف التي تحتوي على هذا النص فقط.</translation>
+    </message>
+    <message>
+        <source>Export the list to this file and exit.</source>
+        <translation>تصدير القائمة إلى هذا الملف ثم الخروج.</translation>
+    </message>
+    <message>
+        <source>Show this help.</source>
+        <translation>عرض هذه المساعدة.</translation>
+    </message>
+    <message>
+        <source>Show the version.</source>
+        <translation>عرض رقم الإصدار.</translation>
+    </message>
+    <message>
+        <source>Unexpected argument “%1”.</source>
+        <translation>وسيطة غير متوقعة «%1».</translation>
+    </message>
+    <message>
+        <source>--%1 needs a name.</source>
+        <translation>يحتاج الخيار --%1 إلى اسم.</translation>
+    </message>
+    <message>
+        <source>--rows takes a whole number from 1 to %1, not “%2”.</source>
+        <translation>يقبل الخيار --rows عددًا صحيحًا من 1 إلى %1، لا «%2».</translation>
+    </message>
+</context>
+<context>
+    <name>CsvFile</name>
+    <message>
+        <source>%1 has more columns than can be shown.</source>
+        <translation>يحتوي %1 على أعمدة أكثر مما يمكن عرضه.</translation>
+    </message>
+    <message>
+        <source>%1 has more rows than can be shown.</source>
+        <translation>يحتوي %1 على صفوف أكثر مما يمكن عرضه.</translation>
+    </message>
+    <message>
+        <source>%1 is too large for the memory.</source>
+        <translation>حجم %1 أكبر من أن تتسع له الذاكرة.</translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>تعذّرت قراءة %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 is not a CSV file: it holds zero bytes.</source>
+        <translation>ليس %1 ملف CSV: فهو يحتوي على بايتات صفرية.</translation>
+    </message>
+    <message>
+        <source>%1 is empty.</source>
+        <translation>الملف %1 فارغ.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportFormat</name>
+    <message>
+        <source>Cannot export to “%1”: the name must end with %2.</source>
+        <translation>تعذّر التصدير إلى «%1»: يجب أن ينتهي الاسم بـ %2.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportTarget</name>
+    <message>
+        <source>Cannot replace %1.</source>
+        <translation>تعذّر استبدال %1.</translation>
+    </message>
+    <message>
+        <source>The folder %1 does not exist.</source>
+        <translation>المجلد %1 غير موجود.</translation>
+    </message>
+    <message>
+        <source>%1 is a link that leads nowhere.</source>
+        <translation>%1 رابط لا يؤدي إلى شيء.</translation>
+    </message>
+    <message>
+        <source>%1 is a folder.</source>
+        <translation>%1 مجلد.</translation>
+    </message>
+    <message>
+        <source>%1 is a device, not a file.</source>
+        <translation>%1 جهاز وليس ملفًا.</translation>
+    </message>
+    <message>
+        <source>%1 is write-protected.</source>
+        <translation>%1 محمي من الكتابة.</translation>
+    </message>
+    <message>
+        <source>Cannot write to the folder %1: %2</source>
+        <translation>تعذّرت الكتابة في المجلد %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Headless</name>
+    <message>
+        <source>Cannot write %1.</source>
+        <translation>تعذّرت كتابة %1.</translation>
+    </message>
+    <message>
+        <source>Wrote %1</source>
+        <translation>كُتب %1</translation>
+    </message>
+    <message>
+        <source>Cannot make the folder %1.</source>
+        <translation>تعذّر إنشاء المجلد %1.</translation>
+    </message>
+</context>
+</TS>

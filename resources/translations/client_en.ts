@@ -1,0 +1,337 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name>Batch</name>
+    <message>
+        <source>Collecting rows: %1</source>
+        <translation>Collecting rows: %1</translation>
+    </message>
+    <message>
+        <source>Writing: %1</source>
+        <translation>Writing: %1</translation>
+    </message>
+    <message>
+        <source>Reading %1: %2</source>
+        <translation>Reading %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 has no row to repeat.</source>
+        <translation>%1 has no row to repeat.</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CListExport</name>
+    <message numerus="yes">
+        <source>%Ln incident(s) exported to %1</source>
+        <translation>
+            <numerusform>%Ln incident exported to %1</numerusform>
+            <numerusform>%Ln incidents exported to %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The disk is full. %1 was not written.</source>
+        <translation>The disk is full. %1 was not written.</translation>
+    </message>
+    <message>
+        <source>Writing failed on the way. %1 was not written.</source>
+        <translation>Writing failed on the way. %1 was not written.</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CListPage</name>
+    <message>
+        <source>Search all columns</source>
+        <translation>Search all columns</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Search</translation>
+    </message>
+    <message>
+        <source>Shows the incidents that hold this text. Escape clears it.</source>
+        <translation>Shows the incidents that hold this text. Escape clears it.</translation>
+    </message>
+    <message>
+        <source>Incidents</source>
+        <translation>Incidents</translation>
+    </message>
+    <message>
+        <source>Shown incidents</source>
+        <translation>Shown incidents</translation>
+    </message>
+    <message>
+        <source>No incident holds this text</source>
+        <translation>No incident holds this text</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 of %2</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CMainWindow</name>
+    <message>
+        <source>Reading %1…</source>
+        <translation>Reading %1…</translation>
+    </message>
+    <message>
+        <source>Exporting…</source>
+        <translation>Exporting…</translation>
+    </message>
+    <message>
+        <source>Export cancelled</source>
+        <translation>Export cancelled</translation>
+    </message>
+    <message>
+        <source>Please wait until the work is done</source>
+        <translation>Please wait until the work is done</translation>
+    </message>
+    <message>
+        <source>Open a list</source>
+        <translation>Open a list</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv *.txt *.tsv)</source>
+        <translation>CSV files (*.csv *.txt *.tsv)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>All files (*)</translation>
+    </message>
+    <message>
+        <source>Export as CSV</source>
+        <translation>Export as CSV</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>CSV files (*.csv)</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>About</translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;Incidents %1&lt;/h3&gt;&lt;p&gt;Shows, searches and exports incident reports.&lt;/p&gt;&lt;p&gt;The list included holds real wildlife strikes on aircraft, from the public wildlife strike database of the United States.&lt;/p&gt;</source>
+        <translation>&lt;h3&gt;Incidents %1&lt;/h3&gt;&lt;p&gt;Shows, searches and exports incident reports.&lt;/p&gt;&lt;p&gt;The list included holds real wildlife strikes on aircraft, from the public wildlife strike database of the United States.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Incidents</source>
+        <translation>Incidents</translation>
+    </message>
+    <message>
+        <source>%1 – Incidents</source>
+        <translation>%1 – Incidents</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CWindowActions</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;File</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>&amp;Open…</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>&amp;Export as CSV…</source>
+        <translation>&amp;Export as CSV…</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quit</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Edit</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Find</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;View</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Theme</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Light</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dark</translation>
+    </message>
+    <message>
+        <source>Switch theme</source>
+        <translation>Switch theme</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Theme</translation>
+    </message>
+    <message>
+        <source>L&amp;anguage</source>
+        <translation>L&amp;anguage</translation>
+    </message>
+    <message>
+        <source>&amp;Order of the file</source>
+        <translation>&amp;Order of the file</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Help</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;About</translation>
+    </message>
+    <message>
+        <source>Tool bar</source>
+        <translation>Tool bar</translation>
+    </message>
+</context>
+<context>
+    <name>CommandLine</name>
+    <message>
+        <source>Shows, searches and exports incident reports.</source>
+        <translation>Shows, searches and exports incident reports.</translation>
+    </message>
+    <message>
+        <source>Open no window: export the list and take screenshots of it.</source>
+        <translation>Open no window: export the list and take screenshots of it.</translation>
+    </message>
+    <message>
+        <source>Folder that --headless writes to (default: out).</source>
+        <translation>Folder that --headless writes to (default: out).</translation>
+    </message>
+    <message>
+        <source>Show this list instead of the one included.</source>
+        <translation>Show this list instead of the one included.</translation>
+    </message>
+    <message>
+        <source>Repeat or cut the list to N rows.</source>
+        <translation>Repeat or cut the list to N rows.</translation>
+    </message>
+    <message>
+        <source>Keep only the rows that hold this text.</source>
+        <translation>Keep only the rows that hold this text.</translation>
+    </message>
+    <message>
+        <source>Export the list to this file and exit.</source>
+        <translation>Export the list to this file and exit.</translation>
+    </message>
+    <message>
+        <source>Show this help.</source>
+        <translation>Show this help.</translation>
+    </message>
+    <message>
+        <source>Show the version.</source>
+        <translation>Show the version.</translation>
+    </message>
+    <message>
+        <source>Unexpected argument “%1”.</source>
+        <translation>Unexpected argument “%1”.</translation>
+    </message>
+    <message>
+        <source>--%1 needs a name.</source>
+        <translation>--%1 needs a name.</translation>
+    </message>
+    <message>
+        <source>--rows takes a whole number from 1 to %1, not “%2”.</source>
+        <translation>--rows takes a whole number from 1 to %1, not “%2”.</translation>
+    </message>
+</context>
+<context>
+    <name>CsvFile</name>
+    <message>
+        <source>%1 has more columns than can be shown.</source>
+        <translation>%1 has more columns than can be shown.</translation>
+    </message>
+    <message>
+        <source>%1 has more rows than can be shown.</source>
+        <translation>%1 has more rows than can be shown.</translation>
+    </message>
+    <message>
+        <source>%1 is too large for the memory.</source>
+        <translation>%1 is too large for the memory.</translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>Cannot read %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 is not a CSV file: it holds zero bytes.</source>
+        <translation>%1 is not a CSV file: it holds zero bytes.</translation>
+    </message>
+    <message>
+        <source>%1 is empty.</source>
+        <translation>%1 is empty.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportFormat</name>
+    <message>
+        <source>Cannot export to “%1”: the name must end with %2.</source>
+        <translation>Cannot export to “%1”: the name must end with %2.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportTarget</name>
+    <message>
+        <source>Cannot replace %1.</source>
+        <translation>Cannot replace %1.</translation>
+    </message>
+    <message>
+        <source>The folder %1 does not exist.</source>
+        <translation>The folder %1 does not exist.</translation>
+    </message>
+    <message>
+        <source>%1 is a link that leads nowhere.</source>
+        <translation>%1 is a link that leads nowhere.</translation>
+    </message>
+    <message>
+        <source>%1 is a folder.</source>
+        <translation>%1 is a folder.</translation>
+    </message>
+    <message>
+        <source>%1 is a device, not a file.</source>
+        <translation>%1 is a device, not a file.</translation>
+    </message>
+    <message>
+        <source>%1 is write-protected.</source>
+        <translation>%1 is write-protected.</translation>
+    </message>
+    <message>
+        <source>Cannot write to the folder %1: %2</source>
+        <translation>Cannot write to the folder %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Headless</name>
+    <message>
+        <source>Cannot write %1.</source>
+        <translation>Cannot write %1.</translation>
+    </message>
+    <message>
+        <source>Wrote %1</source>
+        <translation>Wrote %1</translation>
+    </message>
+    <message>
+        <source>Cannot make the folder %1.</source>
+        <translation>Cannot make the folder %1.</translation>
+    </message>
+</context>
+</TS>

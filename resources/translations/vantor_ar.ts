@@ -1,0 +1,11 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ar" sourcelanguage="en">
+<context>
+    <name>Vantor</name>
+    <message>
+        <source>Please wait</source>
+        <translation>يرجى الانتظار</translation>
+    </message>
+</context>
+</TS>
