@@ -33,7 +33,7 @@ void WriteRowEnd(int, void *user_data)
 
 } // namespace
 
-QString JoinLine(QStringList fields, bool guarded, const QString &separator)
+QString JoinLine(QStringList fields, bool guarded, const SeparatorSource &separator)
 {
     for (QString &field : fields) {
         if (guarded) {
@@ -42,7 +42,7 @@ QString JoinLine(QStringList fields, bool guarded, const QString &separator)
             else if (!field.isEmpty() && field.at(0) == QLatin1Char('@'))
                 field.replace(0, 1, QStringLiteral("'@"));
         }
-        if (field.contains(separator, Qt::CaseSensitive))
+        if (field.contains(separator(), Qt::CaseSensitive))
             field = QLatin1Char('"') + field + QLatin1Char('"');
     }
     return fields.join(QLatin1Char(',')) + QLatin1Char('\n');
@@ -69,7 +69,7 @@ QStringList ModelRow(const QAbstractItemModel &model, int row)
 }
 
 QStringList CollectModel(const QAbstractItemModel &model, bool with_header,
-                         const QString &separator)
+                         const SeparatorSource &separator)
 {
     QStringList lines;
     if (with_header) {

@@ -4,6 +4,7 @@
 #include <QtCore/QStringList>
 
 #include <cstdio>
+#include <functional>
 
 QT_BEGIN_NAMESPACE
 class QAbstractItemModel;
@@ -13,8 +14,11 @@ QT_END_NAMESPACE
 /// tests compare bytes with and the benchmarks compare time with.
 namespace Letter {
 
+/// The list separator of the user's locale, asked for at every field.
+using SeparatorSource = std::function<QString()>;
+
 /// One collected line; \a guarded puts an apostrophe before a leading "=" or "@".
-QString JoinLine(QStringList fields, bool guarded, const QString &separator);
+QString JoinLine(QStringList fields, bool guarded, const SeparatorSource &separator);
 
 /// The cells of one model row, in the formula text form or quoted.
 QStringList ModelRow(const QAbstractItemModel &model, int row);

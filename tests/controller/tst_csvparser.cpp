@@ -233,13 +233,14 @@ private Q_SLOTS:
             for (int row = 0; row < 500; ++row)
                 rows.append(RandomFields(random));
             const auto model = ModelOf(rows);
-            QStringList lines = Letter::CollectModel(*model, kind != Stream::Append, separator);
+            QStringList lines =
+                Letter::CollectModel(*model, kind != Stream::Append, Vantor::GetLocalListSperator);
             const auto fill = [&](CCSVParser &parser) {
                 parser.PrepareSourceData(model.get());
                 for (int row = 0; row < 500; ++row) {
                     const QStringList fields = RandomFields(random);
                     const bool guarded = random.bounded(2) == 0;
-                    lines.append(Letter::JoinLine(fields, guarded, separator));
+                    lines.append(Letter::JoinLine(fields, guarded, Vantor::GetLocalListSperator));
                     if (guarded)
                         parser.AppendLine(fields);
                     else
@@ -263,7 +264,7 @@ private Q_SLOTS:
 
         QCOMPARE(bytes,
                  PlainExport({Letter::JoinLine({QLatin1Char('"') + longest + QLatin1Char('"'), "b"},
-                                               true, ",")},
+                                               true, Vantor::GetLocalListSperator)},
                              ",", Stream::Fresh, kMark));
         QVERIFY(bytes.size() > 1200000);
     }

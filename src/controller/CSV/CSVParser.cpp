@@ -101,17 +101,17 @@ bool Open(CCSVParserDataPtr &data, const char *function, const QString &path, bo
 
 QString JoinFields(const QStringList &fields, bool guarded, bool rfc4180)
 {
-    const QString separator = GetLocalListSperator();
-    QString line;
+    const CsvLine separator = GetLocalListSperator().toStdU16String();
+    CsvLine line;
     for (int i = 0; i < fields.size(); ++i) {
         if (i > 0)
-            line.append(QLatin1Char(','));
+            line += u',';
         if (rfc4180)
             AppendRfc4180Field(line, fields.at(i), guarded);
         else
             AppendField(line, fields.at(i), guarded, separator);
     }
-    return line.append(QLatin1Char('\n'));
+    return FinishLine(line);
 }
 
 QStringList HeaderTexts(const QAbstractItemModel &model)
@@ -134,23 +134,22 @@ void WriteMarkAtOnce(CCSVParserDataPtr &data)
 
 void CollectRows(CCSVParserDataPtr &data, const QAbstractItemModel &model)
 {
+    const CsvLine separator = GetLocalListSperator().toStdU16String();
     const int columns = model.columnCount();
     const int rows = model.rowCount();
-    QString line; // reused, so that a row costs one allocation: its own copy
+    CsvLine line; // reused, so that a row costs one allocation: its own copy
     for (int row = 0; row < rows; ++row) {
-        const QString separator = GetLocalListSperator();
-        line.resize(0);
+        line.clear();
         for (int column = 0; column < columns; ++column) {
             if (column > 0)
-                line.append(QLatin1Char(','));
+                line += u',';
             const QString cell = model.index(row, column).data(Qt::DisplayRole).toString();
             if (data.b_rfc4180_)
                 AppendRfc4180Field(line, cell, true);
             else
                 AppendModelCell(line, cell, separator);
         }
-        line.append(QLatin1Char('\n'));
-        data.list_lines_.append(QString(line.constData(), line.size()));
+        data.list_lines_.append(FinishLine(line));
     }
 }
 

@@ -8,45 +8,71 @@
 namespace Vantor {
 namespace {
 
-constexpr QChar kQuote = QLatin1Char('"');
+void Append(CsvLine &line, const QString &text)
+{
+    line.append(reinterpret_cast<const char16_t *>(text.utf16()), static_cast<size_t>(text.size()));
+}
 
 // Encloses the field that begins at `start` if it holds the separator. Inner quotes stay single,
 // and a field that is enclosed already is enclosed again: hosts' import filters were built around
 // these lines.
-void EncloseSeparator(QString &line, int start, const QString &separator)
+void EncloseSeparator(CsvLine &line, size_t start, const CsvLine &separator)
 {
-    if (!QStringView(line).mid(start).contains(separator))
+    const bool holds_it =
+        separator.size() == 1
+            ? std::find(line.begin() + static_cast<CsvLine::difference_type>(start), line.end(),
+                        separator.front())
+                  != line.end()
+            : line.find(separator, start) != CsvLine::npos;
+    if (!holds_it)
         return;
-    line.insert(start, kQuote);
-    line.append(kQuote);
+    line.insert(start, 1, u'"');
+    line += u'"';
+}
+
+struct CellMarks
+{
+    bool has_comma = false;
+    int line_breaks = 0;
+};
+
+CellMarks MarksOf(const QString &cell)
+{
+    CellMarks marks;
+    for (const QChar c :
+         cell) { // without a branch, so that the compiler takes many characters at once
+        marks.has_comma |= c == QLatin1Char(',');
+        marks.line_breaks += c == QLatin1Char('\n') ? 1 : 0;
+    }
+    return marks;
 }
 
 } // namespace
 
-void AppendField(QString &line, const QString &field, bool guarded, const QString &separator)
+void AppendField(CsvLine &line, const QString &field, bool guarded, const CsvLine &separator)
 {
-    const int start = line.size();
+    const size_t start = line.size();
     if (guarded && (field.startsWith(QLatin1Char('=')) || field.startsWith(QLatin1Char('@'))))
-        line.append(QLatin1Char('\''));
-    line.append(field);
+        line += u'\'';
+    Append(line, field);
     EncloseSeparator(line, start, separator);
 }
 
-void AppendModelCell(QString &line, const QString &cell, const QString &separator)
+void AppendModelCell(CsvLine &line, const QString &cell, const CsvLine &separator)
 {
-    const int start = line.size();
-    const int first_break = cell.indexOf(QLatin1Char('\n'));
-    if (first_break >= 0 && cell.lastIndexOf(QLatin1Char('\n')) != first_break) {
+    const size_t start = line.size();
+    const CellMarks marks = MarksOf(cell);
+    if (marks.line_breaks >= 2) {
         QString flat = cell;
         flat.replace(QLatin1Char('\n'), QLatin1Char(' ')).remove(QLatin1Char('='));
-        line.append(kQuote).append(flat);
-    } else if (cell.contains(QLatin1Char(','))) {
-        line.append(kQuote).append(cell);
+        line += u'"';
+        Append(line, flat);
     } else {
-        line.append(QLatin1String("'=\""))
-            .append(cell); // the formula text form, behind its apostrophe
+        // Behind the apostrophe: the formula text form, which AppendField() would guard.
+        line += marks.has_comma ? u"\"" : u"'=\"";
+        Append(line, cell);
     }
-    line.append(kQuote);
+    line += u'"';
     EncloseSeparator(line, start, separator);
 }
 
@@ -59,16 +85,22 @@ bool IsFormula(const QString &field)
     return first != field.cend() && starters.contains(*first);
 }
 
-void AppendRfc4180Field(QString &line, const QString &field, bool guarded)
+void AppendRfc4180Field(CsvLine &line, const QString &field, bool guarded)
 {
-    line.append(kQuote);
+    line += u'"';
     if (guarded && IsFormula(field))
-        line.append(QLatin1Char('\''));
-    if (field.contains(kQuote))
-        line.append(QString(field).replace(kQuote, QLatin1String("\"\"")));
+        line += u'\'';
+    if (field.contains(QLatin1Char('"')))
+        Append(line, QString(field).replace(QLatin1Char('"'), QLatin1String("\"\"")));
     else
-        line.append(field);
-    line.append(kQuote);
+        Append(line, field);
+    line += u'"';
+}
+
+QString FinishLine(CsvLine &line)
+{
+    line += u'\n';
+    return QString(reinterpret_cast<const QChar *>(line.data()), static_cast<int>(line.size()));
 }
 
 } // namespace Vantor
