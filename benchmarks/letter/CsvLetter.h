@@ -25,7 +25,7 @@ QStringList ModelRow(const QAbstractItemModel &model, int row);
 
 /// Header line (when \a with_header) and rows of \a model as collected lines.
 QStringList CollectModel(const QAbstractItemModel &model, bool with_header,
-                         const QString &separator);
+                         const SeparatorSource &separator);
 
 /// Parses every line and writes field by field, stepping back over the last separator of each row.
 void WriteLines(std::FILE *stream, const QStringList &lines, bool with_mark,
