@@ -32,6 +32,11 @@ QVector<QTextLayout::FormatRange> FindMarks(const QString &text, const QString &
     return marks;
 }
 
+QStyle *StyleOf(const QStyleOptionViewItem &option)
+{
+    return option.widget ? option.widget->style() : QApplication::style();
+}
+
 } // namespace
 
 void CMatchDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -39,7 +44,7 @@ void CMatchDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
 {
     QStyleOptionViewItem item = option;
     initStyleOption(&item, index);
-    QStyle *const style = item.widget ? item.widget->style() : QApplication::style();
+    QStyle *const style = StyleOf(item);
     QStyleOptionViewItem face = item;
     face.text.clear();
     style->drawControl(QStyle::CE_ItemViewItem, &face, painter, item.widget);
@@ -53,8 +58,7 @@ void CMatchDelegate::DrawText(QPainter &painter, const QStyleOptionViewItem &opt
     // would be drawn in front.
     const auto direction = option.text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
     const int margin =
-        1
-        + option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget);
+        1 + StyleOf(option)->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget);
     const QRect room = option.rect.adjusted(margin, 0, -margin, 0);
     const QString text =
         option.fontMetrics.elidedText(option.text.simplified(), Qt::ElideRight, room.width());
