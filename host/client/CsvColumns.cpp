@@ -15,7 +15,7 @@ struct Texts
 };
 
 constexpr size_t kMaximumColumns = 1000;
-constexpr size_t kMaximumFieldBytes = 1024 * 1024 * 1024;
+constexpr size_t kMaximumFieldBytes = size_t{1024} * 1024 * 1024;
 constexpr int kMibUtf8 = 106;
 constexpr int kMibLatin1 = 4;
 

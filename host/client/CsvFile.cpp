@@ -14,7 +14,7 @@
 namespace Client {
 namespace {
 
-constexpr qint64 kBlockBytes = 1024 * 1024;
+constexpr qint64 kBlockBytes = qint64{1024} * 1024;
 
 // The CSV library is C: its state is released whatever happens, and no exception passes through it.
 class CCsvSplitter

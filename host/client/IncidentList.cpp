@@ -114,8 +114,10 @@ std::vector<char> CIncidentList::FindText(const QString &text) const
             is_match.push_back(candidate.contains(text, Qt::CaseInsensitive) ? 1 : 0);
         if (std::find(is_match.begin(), is_match.end(), 1) == is_match.end())
             continue;
-        for (size_t row = 0; row < found.size(); ++row)
-            found[row] |= is_match[static_cast<size_t>(column.text_of_row.at(int(row)))];
+        for (size_t row = 0; row < found.size(); ++row) {
+            const auto text_index = static_cast<size_t>(column.text_of_row.at(int(row)));
+            found[row] = std::max(found[row], is_match[text_index]);
+        }
     }
     return found;
 }

@@ -18,10 +18,10 @@ using namespace std::chrono_literals;
 
 constexpr int kSliceRows = 2000; // some milliseconds of work
 constexpr auto kWatchInterval = 100ms;
-constexpr qint64 kFullDiskBytes = 64 * 1024; // less is as good as full
+constexpr qint64 kFullDiskBytes = qint64{64} * 1024; // less is as good as full
 
 // A few of the rows, as the model the library's writers take.
-class CSlice : public QAbstractTableModel
+class CSlice : public QAbstractTableModel // clazy:exclude=ctor-missing-parent-argument
 {
 public:
     CSlice(const IncidentRows &rows, int begin, int end) : rows_(rows), begin_(begin), end_(end) {}
