@@ -37,6 +37,8 @@ build_preset() {
                 next
             }
             /^ninja: no work to do/ { next }
+            # lrelease talks about each file that it writes.
+            /^Updating .*\.qm/ || /^ +(Generated|Ignored) [0-9]+ / { next }
             { clear(); print; fflush() }
             END { clear() }'
 }
