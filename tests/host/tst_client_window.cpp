@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: MIT
+#include "CommandLine.h"
+#include "Language.h"
+#include "ListExport.h"
+#include "MainWindow.h"
+#include "Theme.h"
+#include "support/Files.h"
+#include "support/TestGuard.h"
+
+#include <Vantor/CStyleManager>
+
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QStatusBar>
+#include <QtWidgets/QTableView>
+
+using namespace Client;
+
+namespace {
+
+QVector<QColor> ThemeColours()
+{
+    const auto &manager = Nim::Base::CSingleton<Vantor::CStyleManager>::Instance();
+    const QMetaObject *const meta = manager.metaObject();
+    QVector<QColor> colours;
+    for (int i = meta->propertyOffset(); i < meta->propertyCount(); ++i)
+        colours.append(meta->property(i).read(&manager).value<QColor>());
+    return colours;
+}
+
+} // namespace
+
+class tst_client_window : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void eachThemeFillsTheTwelveColoursAnew();
+    void searchFollowsTheKeys();
+    void selectedIncidentStaysSelectedWhileItIsShown();
+    void languageSwitchTurnsTheOpenWindow();
+    void countsFollowTheLanguage_data();
+    void countsFollowTheLanguage();
+    void openedFileIsShown();
+    void unreadableFileLeavesTheListAndTellsWhy();
+    void windowStaysOpenUntilTheExportIsDone();
+    void exportOfAnotherKindIsRefusedWithAMessage();
+
+private:
+    struct Bench;
+
+    CTestGuard guard_;
+    QTemporaryDir folder_;
+    std::unique_ptr<Bench> bench_;
+};
+
+struct tst_client_window::Bench
+{
+    Bench()
+    {
+        theme.Apply(Theme::Light);
+        language.Apply(QStringLiteral("en"));
+        window = std::make_unique<CMainWindow>(theme, language);
+        window->SetList(ReadCsvFile(Options().ListPath()).list, QStringLiteral("incidents.csv"));
+        window->show();
+        table = window->findChild<QTableView *>(QStringLiteral("IncidentTable"));
+        search = window->findChild<QLineEdit *>(QStringLiteral("SearchField"));
+        total = window->findChild<QLabel *>(QStringLiteral("TotalLabel"));
+    }
+
+    CThemeSwitch theme;
+    CLanguageSwitch language;
+    std::unique_ptr<CMainWindow> window;
+    QTableView *table = nullptr;
+    QLineEdit *search = nullptr;
+    QLabel *total = nullptr;
+};
+
+void tst_client_window::init()
+{
+    bench_ = std::make_unique<Bench>();
+    QVERIFY(bench_->table && bench_->search && bench_->total);
+    QVERIFY(QTest::qWaitForWindowActive(bench_->window.get()));
+    guard_.Begin();
+}
+
+void tst_client_window::cleanup()
+{
+    bench_.reset();
+    qApp->setLayoutDirection(Qt::LeftToRight);
+    const QString fault = guard_.End();
+    QVERIFY2(fault.isEmpty(), qPrintable(fault));
+}
+
+void tst_client_window::eachThemeFillsTheTwelveColoursAnew()
+{
+    const QVector<QColor> light = ThemeColours();
+
+    bench_->theme.Apply(Theme::Dark);
+
+    const QVector<QColor> dark = ThemeColours();
+    QCOMPARE(light.size(), 12);
+    QCOMPARE(dark.size(), 12);
+    for (int i = 0; i < light.size(); ++i) {
+        QVERIFY2(light.at(i).isValid() && dark.at(i).isValid(), qPrintable(QString::number(i)));
+        QVERIFY2(light.at(i) != dark.at(i), qPrintable(QString::number(i)));
+    }
+}
+
+void tst_client_window::searchFollowsTheKeys()
+{
+    bench_->table->setFocus();
+
+    QTest::keyClick(bench_->window.get(), Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("herring GULL"));
+
+    QCOMPARE(bench_->total->text(), QStringLiteral("52 of 10,000"));
+    QCOMPARE(bench_->table->model()->rowCount(), 52);
+
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+
+    QCOMPARE(bench_->search->text(), QString());
+    QCOMPARE(bench_->total->text(), QStringLiteral("10,000 of 10,000"));
+}
+
+void tst_client_window::selectedIncidentStaysSelectedWhileItIsShown()
+{
+    QAbstractItemModel *const model = bench_->table->model();
+    bench_->table->setCurrentIndex(model->index(3, 0));
+    const QString place = model->index(3, 0).data().toString();
+
+    bench_->search->setText(place);
+
+    QCOMPARE(bench_->table->currentIndex().data().toString(), place);
+    QVERIFY(bench_->table->currentIndex().row() < 3);
+
+    bench_->search->setText(QStringLiteral("no incident holds this"));
+
+    QVERIFY(!bench_->table->currentIndex().isValid());
+}
+
+void tst_client_window::languageSwitchTurnsTheOpenWindow()
+{
+    QMenuBar *const bar = bench_->window->menuBar();
+    QCOMPARE(bar->actions().constFirst()->text(), QStringLiteral("&File"));
+
+    bench_->language.Apply(QStringLiteral("ar"));
+
+    QTRY_COMPARE(bar->actions().constFirst()->text(), QStringLiteral("&ملف"));
+    QTRY_COMPARE(bench_->total->text(), QStringLiteral("١٠٬٠٠٠ من ١٠٬٠٠٠"));
+    QCOMPARE(bench_->window->layoutDirection(), Qt::RightToLeft);
+    QCOMPARE(QCoreApplication::translate("Vantor", "Please wait"), QStringLiteral("يرجى الانتظار"));
+
+    bench_->language.Apply(QStringLiteral("en"));
+
+    QTRY_COMPARE(bar->actions().constFirst()->text(), QStringLiteral("&File"));
+    QCOMPARE(bench_->window->layoutDirection(), Qt::LeftToRight);
+}
+
+void tst_client_window::countsFollowTheLanguage_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<int>("rows");
+    QTest::addColumn<QString>("text");
+    const auto add = [](const char *name, const char *language, int rows, const char16_t *text) {
+        QTest::newRow(name) << QString::fromLatin1(language) << rows << QString::fromUtf16(text);
+    };
+    add("English, one", "en", 1, u"1 incident exported to f");
+    add("English, many", "en", 10000, u"10,000 incidents exported to f");
+    add("Arabic, none", "ar", 0, u"لم يُصدَّر أي حادث إلى f");
+    add("Arabic, one", "ar", 1, u"صُدِّر حادث واحد إلى f");
+    add("Arabic, two", "ar", 2, u"صُدِّر حادثان إلى f");
+    add("Arabic, a few", "ar", 3, u"صُدِّرت ٣ حوادث إلى f");
+    add("Arabic, many", "ar", 11, u"صُدِّر ١١ حادثًا إلى f");
+    add("Arabic, hundreds", "ar", 100, u"صُدِّر ١٠٠ حادث إلى f");
+}
+
+void tst_client_window::countsFollowTheLanguage()
+{
+    QFETCH(QString, language);
+    QFETCH(int, rows);
+    QFETCH(QString, text);
+    bench_->language.Apply(language);
+    ExportResult result;
+    result.rows = rows;
+    result.path = QStringLiteral("f");
+
+    QCOMPARE(ExportedText(result), text);
+}
+
+void tst_client_window::openedFileIsShown()
+{
+    const QString path = folder_.filePath(QStringLiteral("own.csv"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("letter\nB\nA\n");
+    file.close();
+    bench_->search->setText(QStringLiteral("gull"));
+    QSignalSpy idle(bench_->window.get(), &CMainWindow::SignalIdle);
+
+    bench_->window->OpenFile(path);
+
+    QVERIFY(idle.wait());
+    QCOMPARE(bench_->table->model()->rowCount(), 2);
+    QCOMPARE(bench_->table->model()->index(0, 0).data().toString(), QStringLiteral("B"));
+    QVERIFY(bench_->window->windowTitle().contains(QStringLiteral("own.csv")));
+}
+
+void tst_client_window::unreadableFileLeavesTheListAndTellsWhy()
+{
+    QSignalSpy idle(bench_->window.get(), &CMainWindow::SignalIdle);
+
+    bench_->window->OpenFile(folder_.filePath(QStringLiteral("missing.csv")));
+
+    QVERIFY(idle.wait());
+    auto *const box = bench_->window->findChild<QMessageBox *>();
+    QVERIFY(box && box->isVisible());
+    QVERIFY2(box->text().contains(QStringLiteral("missing.csv")), qPrintable(box->text()));
+    QCOMPARE(bench_->table->model()->rowCount(), 10000);
+}
+
+void tst_client_window::windowStaysOpenUntilTheExportIsDone()
+{
+    const QString path = folder_.filePath(QStringLiteral("out.csv"));
+    QSignalSpy idle(bench_->window.get(), &CMainWindow::SignalIdle);
+    bench_->window->ExportTo(path);
+
+    QVERIFY(!bench_->window->close());
+
+    QVERIFY(bench_->window->isVisible());
+    QVERIFY(idle.wait(30000));
+    QVERIFY(FileBytes(path).count('\n') == 10001);
+    QVERIFY(bench_->window->statusBar()->currentMessage().startsWith(
+        QStringLiteral("10,000 incidents exported")));
+    QVERIFY(bench_->window->close());
+}
+
+void tst_client_window::exportOfAnotherKindIsRefusedWithAMessage()
+{
+    const QString path = folder_.filePath(QStringLiteral("out.xyz"));
+
+    bench_->window->ExportTo(path);
+
+    auto *const box = bench_->window->findChild<QMessageBox *>();
+    QVERIFY(box && box->isVisible());
+    QVERIFY(box->text().contains(QStringLiteral(".csv")));
+    QVERIFY(!QFile::exists(path));
+}
+
+QTEST_MAIN(tst_client_window)
+#include "tst_client_window.moc"
