@@ -22,8 +22,10 @@ constexpr int kSpacingPx = 12;
 class CMovieView : public QWidget
 {
 public:
-    CMovieView(const QString &path, QWidget *parent) : QWidget(parent), movie_(path)
+    CMovieView(const QString &path, QWidget *parent) : QWidget(parent)
     {
+        if (!path.isEmpty())
+            movie_.setFileName(path);
         setObjectName(QStringLiteral("ChaseMovie"));
         setFixedSize(kMovieSidePx, kMovieSidePx);
         connect(&movie_, &QMovie::frameChanged, this, qOverload<>(&QWidget::update));
@@ -107,7 +109,8 @@ void CChaseDialog::showEvent(QShowEvent *event)
         d_ptr_->b_counted_ = true;
         CUiSingleton<CWaitWatcher>::Instance().BeginWait();
     }
-    d_ptr_->ptr_movie_->Movie().start();
+    if (d_ptr_->ptr_movie_->Movie().isValid())
+        d_ptr_->ptr_movie_->Movie().start();
     if (d_ptr_->b_stopped_)
         QMetaObject::invokeMethod(this, &QDialog::accept, Qt::QueuedConnection);
 }

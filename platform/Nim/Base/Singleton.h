@@ -12,15 +12,18 @@ namespace Nim::Base {
 
 /// \brief Lets a singleton go when the library is unloaded.
 ///
-/// Unloading comes after the application object is gone, and a QObject (a widget above all) must
-/// not be destroyed then: such an instance is left to the operating system. Everything else is
-/// deleted.
+/// That is at the end of the process, when the application object is usually gone and the window
+/// system may be too (exit() called from a slot leaves the application alive, but unloads the
+/// platform plug-in first). So a widget is always left to the operating system, another QObject
+/// when there is no application object any more; everything else is deleted.
 struct ReleaseAtUnload
 {
     template <class T> void operator()(T *instance) const
     {
-        if (std::is_base_of<QObject, T>::value && !QCoreApplication::instance())
-            return;
+        if constexpr (std::is_base_of_v<QObject, T>) {
+            if (!QCoreApplication::instance() || instance->isWidgetType())
+                return;
+        }
         delete instance;
     }
 };

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+// Names are interface, misspelt or not: hosts compile against every one of them. Whatever is
+// renamed fails here.
+#include <Nim/Base/Encrypt.h>
+#include <Nim/Base/Error.h>
+#include <Nim/Base/FileSystem.h>
+#include <Nim/Base/MonitorDriveUtil.h>
+#include <Ravel/ChaseDialog.h>
+#include <Ravel/MultiPairData.h>
+#include <Ravel/ObjectSingleton.h>
+#include <Ravel/TextCodec.h>
+#include <Ravel/WaitWatcher.h>
+#include <Vantor/CCSVParser>
+#include <Vantor/CStyleManager>
+
+#include <QtTest/QTest>
+
+#include <type_traits>
+
+namespace {
+
+using Parser = Vantor::CCSVParser;
+using Manager = Vantor::CStyleManager;
+
+template <class Expected, class Actual> constexpr bool IsSame(Actual)
+{
+    return std::is_same<Expected, Actual>::value;
+}
+
+static_assert(IsSame<bool (Parser::*)(const QString &)>(&Parser::OpenFile));
+static_assert(IsSame<bool (Parser::*)(const QString &)>(&Parser::OpenFileWithAppendMode));
+static_assert(IsSame<void (Parser::*)(QAbstractItemModel *)>(&Parser::PrepareSourceData));
+static_assert(IsSame<void (Parser::*)(QStringList)>(&Parser::AppendLine));
+static_assert(IsSame<void (Parser::*)(QStringList)>(&Parser::AppendLineWithoutCheckSpecChar));
+static_assert(IsSame<void (Parser::*)()>(&Parser::WriteCSVFile));
+static_assert(IsSame<void (Parser::*)()>(&Parser::WriteCSVFileWithChase));
+static_assert(IsSame<void (Parser::*)(QString &, const QString &)>(&Parser::ReadOneline));
+static_assert(IsSame<void (Parser::*)()>(&Parser::CloseFile));
+static_assert(IsSame<void (Parser::*)()>(&Parser::SignalWriteOver));
+static_assert(IsSame<QString (*)()>(&Vantor::GetLocalListSperator));
+static_assert(std::is_constructible<Parser, QWidget *>::value);
+
+static_assert(IsSame<QColor (Manager::*)(float)>(&Manager::GetNeuColor));
+static_assert(IsSame<QColor (Manager::*)(float)>(&Manager::GetNeuColorT2));
+static_assert(IsSame<QColor (Manager::*)(float)>(&Manager::GetTextNeuColor));
+static_assert(IsSame<QColor (Manager::*)(float)>(&Manager::GetTextNeuColorT2));
+static_assert(IsSame<void (Manager::*)(const QColor &)>(&Manager::SetPanelColorT2));
+static_assert(IsSame<QColor (Manager::*)() const>(&Manager::PanelColorT2));
+static_assert(std::is_base_of<QWidget, Manager>::value);
+static_assert(IsSame<Manager &(*)()>(&Nim::Base::CSingleton<Manager>::Instance));
+
+static_assert(IsSame<void (Ravel::CChaseDialog::*)()>(&Ravel::CChaseDialog::OnStopChaseByAccept));
+static_assert(
+    IsSame<Ravel::CWaitWatcher &(*)()>(&Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance));
+static_assert(IsSame<void (Ravel::CMultiPairData::*)(const QVariant &, const QVariant &)>(
+    &Ravel::CMultiPairData::InsertPairData));
+static_assert(IsSame<QVariant (Ravel::CMultiPairData::*)(const QVariant &) const>(
+    &Ravel::CMultiPairData::GetPairData));
+static_assert(IsSame<bool (*)(bool, Nim::Base::MonitorDriveUtil::DeviceChangeCallBack, void *)>(
+    &Nim::Base::MonitorDriveUtil::SetDeviceChangeCallBack));
+static_assert(std::is_default_constructible<Nim::Base::MonitorDriveUtil::DeviceInfoStru>::value);
+
+} // namespace
+
+Q_DECLARE_METATYPE(const QMetaObject *)
+
+class TestNames : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // What only the meta object knows: style sheets and string-based connects of hosts go through
+    // these.
+    void theMetaObjectsKnowTheNames_data()
+    {
+        QTest::addColumn<const QMetaObject *>("meta");
+        QTest::addColumn<QByteArray>("class_name");
+        QTest::addColumn<QByteArray>("method");
+        QTest::newRow("end of an export")
+            << &Parser::staticMetaObject << QByteArray("Vantor::CCSVParser")
+            << QByteArray("SignalWriteOver()");
+        QTest::newRow("end of a wait")
+            << &Ravel::CChaseDialog::staticMetaObject << QByteArray("Ravel::CChaseDialog")
+            << QByteArray("OnStopChaseByAccept()");
+    }
+
+    void theMetaObjectsKnowTheNames()
+    {
+        QFETCH(const QMetaObject *, meta);
+        QFETCH(QByteArray, class_name);
+        QFETCH(QByteArray, method);
+
+        QCOMPARE(QByteArray(meta->className()), class_name);
+        QVERIFY(meta->indexOfMethod(method.constData()) >= 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestNames)
+#include "tst_names.moc"

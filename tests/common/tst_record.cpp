@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include <common/Record.h>
+
+#include <QtCore/QString>
+#include <QtTest/QTest>
+
+#include <type_traits>
+
+namespace {
+
+struct Inner
+{
+    int number = 1;
+};
+
+class CInner : public Vantor::CRecord<Inner>
+{
+    VANTOR_RECORD(CInner)
+    VANTOR_RECORD_FIELD(number)
+};
+
+struct Outer
+{
+    QString name = QStringLiteral("none");
+    CInner inner;
+};
+
+class COuter : public Vantor::CRecord<Outer>
+{
+    VANTOR_RECORD(COuter)
+    VANTOR_RECORD_FIELD(name)
+    VANTOR_RECORD_FIELD(inner)
+};
+
+class CShared : public Vantor::CRecord<Inner, Vantor::SharedAssignment>
+{
+    VANTOR_RECORD(CShared)
+    VANTOR_RECORD_FIELD(number)
+};
+
+static_assert(!std::is_convertible<Inner, CInner>::value, "a structure is no record by accident");
+
+} // namespace
+
+class TestRecord : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void copiesShareNothing()
+    {
+        COuter first;
+        first.SetVal_name("first");
+
+        COuter copy(first);
+        COuter moved(
+            std::move(copy));     // NOLINT(performance-move-const-arg): the source must stay usable
+        copy.SetVal_name("copy"); // NOLINT(bugprone-use-after-move)
+        moved.SetVal_name("moved");
+
+        QCOMPARE(first.GetVal_name(), QString("first"));
+        QCOMPARE(copy.GetVal_name(), QString("copy"));
+    }
+
+    void assignmentFillsTheStructureThatIsThere()
+    {
+        COuter target;
+        const std::shared_ptr<Outer> kept = target.GetDataPtr();
+        COuter source;
+        source.SetVal_name("assigned");
+
+        target = source;
+        target = *&target;
+
+        QCOMPARE(kept, target.GetDataPtr());
+        QCOMPARE(kept->name, QString("assigned"));
+        source.SetVal_name("later");
+        QCOMPARE(target.GetVal_name(), QString("assigned"));
+    }
+
+    void nestedRecordsAreCopiedToo()
+    {
+        COuter first;
+        COuter copy(first);
+        CInner taken = first.GetVal_inner();
+
+        taken.SetVal_number(7);
+        QCOMPARE(first.GetVal_inner().GetVal_number(), 1);
+        first.SetVal_inner(taken);
+        taken.SetVal_number(8);
+
+        QCOMPARE(first.GetVal_inner().GetVal_number(), 7);
+        QCOMPARE(copy.GetVal_inner().GetVal_number(), 1);
+    }
+
+    void aStructureIsCopiedAndASharedPointerAdopted()
+    {
+        Inner plain;
+        CInner copied(plain);
+        const auto structure = std::make_shared<Inner>();
+        CInner adopting(structure);
+
+        copied.SetVal_number(2);
+        adopting.SetVal_number(3);
+
+        QCOMPARE(plain.number, 1);
+        QCOMPARE(structure->number, 3);
+        QCOMPARE(CInner(std::shared_ptr<Inner>()).GetVal_number(), 1); // null: a fresh structure
+    }
+
+    void sharingRecordsShareByAssignmentOnly()
+    {
+        CShared first;
+        CShared copy(first);
+        CShared assigned;
+        assigned = first;
+
+        first.SetVal_number(5);
+
+        QCOMPARE(copy.GetVal_number(), 1);
+        QCOMPARE(assigned.GetVal_number(), 5);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestRecord)
+#include "tst_record.moc"

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+// Uses every singleton, leaves a window shown and ends. Arguments: "main" returns from main(),
+// "exit" calls exit() while the application object is still there.
+#include <Ravel/ChaseDialog.h>
+#include <Ravel/WaitWatcher.h>
+#include <Vantor/CCSVParser>
+#include <Vantor/CStyleManager>
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    auto &manager = Nim::Base::CSingleton<Vantor::CStyleManager>::Instance();
+    manager.show();
+    QLabel window(QStringLiteral("shown to the end"));
+    window.show();
+    Ravel::CChaseDialog dialog(&window, QString(), QString(), false);
+    dialog.show();
+    Vantor::CCSVParser parser(&window);
+    Vantor::CCSVParser *const unowned = &parser;
+    if (!Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance().IsWaiting()
+        || unowned->parent() != &window)
+        return 2;
+    QTimer::singleShot(50, &application, [argc, argv] {
+        std::puts("ending");
+        std::fflush(stdout);
+        if (argc > 1 && std::strcmp(argv[1], "exit") == 0)
+            std::exit(0);
+        QCoreApplication::quit();
+    });
+    return QApplication::exec();
+}

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include "support/TestGuard.h"
+
+#include <Nim/Base/Log.h>
+#include <Nim/Base/Singleton.h>
+#include <Ravel/ObjectSingleton.h>
+#include <Ravel/UiSingleton.h>
+#include <Ravel/WaitWatcher.h>
+#include <Vantor/CStyleManager>
+
+#include <dlfcn.h>
+
+#include <QtCore/QLibrary>
+#include <QtCore/QProcess>
+#include <QtTest/QTest>
+
+#include <atomic>
+#include <set>
+#include <thread>
+#include <vector>
+
+namespace {
+
+constexpr int kThreads = 32;
+
+class CBaseCounter : public Nim::Base::CSingleton<CBaseCounter>
+{
+public:
+    CBaseCounter() { ++made; }
+    static std::atomic<int> made;
+    int payload = 42;
+};
+std::atomic<int> CBaseCounter::made{0};
+
+class CUiCounter : public Ravel::CUiSingleton<CUiCounter>
+{
+public:
+    CUiCounter() { ++made; }
+    static std::atomic<int> made;
+    int payload = 42;
+};
+std::atomic<int> CUiCounter::made{0};
+
+class CMortal : public QObject, public Ravel::CObjectSingleton<CMortal>
+{
+    friend class Ravel::CObjectSingleton<CMortal>;
+    explicit CMortal(QObject *parent) : QObject(parent) {}
+};
+
+// All threads start at once; each must find one and the same finished object.
+template <class Counter> void Race()
+{
+    std::atomic<bool> go{false};
+    std::atomic<int> unfinished{0};
+    std::vector<const Counter *> seen(kThreads, nullptr);
+    std::vector<std::thread> threads;
+    for (int i = 0; i < kThreads; ++i) {
+        threads.emplace_back([&go, &unfinished, &seen, i] {
+            while (!go)
+                std::this_thread::yield();
+            const Counter &instance = Counter::Instance();
+            unfinished += instance.payload == 42 ? 0 : 1;
+            seen[static_cast<size_t>(i)] = &instance;
+        });
+    }
+    go = true;
+    for (std::thread &thread : threads)
+        thread.join();
+
+    QCOMPARE(Counter::made.load(), 1);
+    QCOMPARE(unfinished.load(), 0);
+    QCOMPARE(std::set<const Counter *>(seen.begin(), seen.end()).size(), size_t(1));
+}
+
+QString ModuleOf(const void *symbol)
+{
+    Dl_info info{};
+    return dladdr(symbol, &info) != 0 ? QString::fromLocal8Bit(info.dli_fname) : QString();
+}
+
+} // namespace
+
+class TestSingleton : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { guard_.Begin(); }
+
+    void cleanup()
+    {
+        const QString fault = guard_.End();
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    }
+
+    void racingThreadsMakeOneInstance()
+    {
+        Race<CBaseCounter>();
+        Race<CUiCounter>();
+    }
+
+    void hostLibraryAndPluginSeeOneInstance()
+    {
+        QLibrary plugin(PLUGIN_PATH);
+        QVERIFY2(plugin.load(), qPrintable(plugin.errorString()));
+        const auto style_manager =
+            reinterpret_cast<void *(*)()>(plugin.resolve("PluginStyleManager"));
+        const auto wait_watcher =
+            reinterpret_cast<void *(*)()>(plugin.resolve("PluginWaitWatcher"));
+
+        QCOMPARE(style_manager(),
+                 static_cast<void *>(&Nim::Base::CSingleton<Vantor::CStyleManager>::Instance()));
+        QCOMPARE(wait_watcher(),
+                 static_cast<void *>(&Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance()));
+
+        // The code that answers lies in the library, so the library sees that instance too.
+        using Nim::Base::CSingleton;
+        QVERIFY(ModuleOf(reinterpret_cast<void *>(&CSingleton<Vantor::CStyleManager>::Instance))
+                    .contains("libvantor.so"));
+        QVERIFY(
+            ModuleOf(reinterpret_cast<void *>(&Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance))
+                .contains("libvantor_platform.so"));
+    }
+
+    void hostAndPluginShareOneLogSink()
+    {
+        QLibrary plugin(PLUGIN_PATH);
+        QVERIFY(plugin.load());
+
+        reinterpret_cast<void (*)()>(plugin.resolve("PluginLog"))();
+
+        QCOMPARE(guard_.LogLines(), QStringList("3 Clientframework from the plug-in"));
+    }
+
+    void anObjectSingletonLivesAndEndsWithItsParent()
+    {
+        using Mortal = Ravel::CObjectSingleton<CMortal>;
+        QVERIFY(!Mortal::Instance());
+        auto parent = std::make_unique<QObject>();
+
+        CMortal *const first = Mortal::CreateInstance(parent.get());
+        QCOMPARE(Mortal::CreateInstance(), first); // keeps the parent it has
+        QCOMPARE(first->parent(), parent.get());
+        QCOMPARE(Mortal::Instance(), first);
+        parent.reset();
+        QVERIFY(!Mortal::Instance());
+
+        QVERIFY(Mortal::CreateInstance());
+        Mortal::DeleteInstance();
+        QVERIFY(!Mortal::Instance());
+        Mortal::DeleteInstance(); // nothing there: nothing happens
+    }
+
+    void aProgramThatUsesThemAllEndsCleanly_data()
+    {
+        QTest::addColumn<QString>("way");
+        QTest::newRow("main returns") << "main";
+        QTest::newRow("exit is called with the application alive") << "exit";
+    }
+
+    void aProgramThatUsesThemAllEndsCleanly()
+    {
+        QFETCH(QString, way);
+        QProcess program;
+        program.setProcessChannelMode(QProcess::MergedChannels);
+
+        program.start(EXIT_PROGRAM, {way});
+
+        QVERIFY(program.waitForFinished(60000));
+        const QByteArray output = program.readAll();
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QVERIFY2(program.exitCode() == 0 && output.contains("ending"), output.constData());
+    }
+
+private:
+    CTestGuard guard_;
+};
+
+QTEST_MAIN(TestSingleton)
+#include "tst_singleton.moc"
