@@ -6,6 +6,8 @@
 #include "ShareBar.h"
 #include "Theme.h"
 
+#include <Vantor/CStyleManager>
+
 #include <QtCore/QEvent>
 #include <QtCore/QLocale>
 #include <QtGui/QKeyEvent>
@@ -29,6 +31,11 @@ constexpr int kMarginPx = 16;
 constexpr int kSpacingPx = 12;
 constexpr int kSearchWidthPx = 420;
 constexpr int kMeasuredRows = 200;
+
+bool IsKey(const QEvent &event, QEvent::Type type, Qt::Key key)
+{
+    return event.type() == type && static_cast<const QKeyEvent &>(event).key() == key;
+}
 
 } // namespace
 
@@ -62,7 +69,6 @@ CListPage::CListPage(QWidget *parent)
     page->addLayout(head);
     page->addWidget(table_, 1);
     setTabOrder(search_, table_);
-    UpdateIcons();
     Retranslate();
 }
 
@@ -124,9 +130,20 @@ void CListPage::RestoreOrder()
     table_->sortByColumn(-1, Qt::AscendingOrder);
 }
 
-void CListPage::UpdateIcons()
+void CListPage::OnThemeChanged()
 {
     search_icon_->setIcon(CThemeSwitch::Icon(QStringLiteral("search")));
+    // The text colour of a style sheet is the placeholder's too (Qt 5.15).
+    QPalette palette = search_->palette();
+    palette.setColor(QPalette::PlaceholderText,
+                     Nim::Base::CSingleton<Vantor::CStyleManager>::Instance().TextNeuColorT2());
+    search_->setPalette(palette);
+}
+
+void CListPage::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    OnThemeChanged(); // the style sheet has been applied to the children just before
 }
 
 void CListPage::changeEvent(QEvent *event)
@@ -138,9 +155,13 @@ void CListPage::changeEvent(QEvent *event)
 
 bool CListPage::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == search_ && event->type() == QEvent::KeyPress
-        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Down) {
+    if (watched == search_ && IsKey(*event, QEvent::KeyPress, Qt::Key_Down)) {
         table_->setFocus(Qt::OtherFocusReason);
+        return true;
+    }
+    // On X11 a line edit would take Ctrl+E for the end of the line, and the menu never hear of it.
+    if (watched == search_ && IsKey(*event, QEvent::ShortcutOverride, Qt::Key_E)) {
+        event->ignore();
         return true;
     }
     return QWidget::eventFilter(watched, event);

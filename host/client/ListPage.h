@@ -34,10 +34,12 @@ public:
     void FocusSearch();
     /// \brief Show the list in the order of its file.
     void RestoreOrder();
-    /// \brief Draw the icons again after the theme changed.
-    void UpdateIcons();
+public Q_SLOTS:
+    /// \brief Take over what a style sheet cannot give: icons, and a fainter colour for hints.
+    void OnThemeChanged();
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void changeEvent(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 

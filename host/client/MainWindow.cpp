@@ -46,7 +46,7 @@ CMainWindow::CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget
     connect(actions_->FileOrder(), &QAction::triggered, page_, &CListPage::RestoreOrder);
     connect(actions_->About(), &QAction::triggered, this, &CMainWindow::OnAbout);
     connect(actions_->Quit(), &QAction::triggered, this, &CMainWindow::close);
-    connect(&theme, &CThemeSwitch::SignalThemeChanged, page_, &CListPage::UpdateIcons);
+    connect(&theme, &CThemeSwitch::SignalThemeChanged, page_, &CListPage::OnThemeChanged);
     connect(&reading_, &QFutureWatcher<ReadResult>::finished, this, &CMainWindow::OnFileRead);
     Retranslate();
     page_->FocusSearch();

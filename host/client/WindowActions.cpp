@@ -123,7 +123,7 @@ void CWindowActions::Retranslate()
     toggle_theme_->setText(tr("Switch theme"));
     toggle_theme_->setIconText(tr("Theme"));
     language_menu_->setTitle(tr("L&anguage"));
-    file_order_->setText(tr("&Order of the file"));
+    file_order_->setText(tr("&Original order"));
     help_menu_->setTitle(tr("&Help"));
     about_->setText(tr("&About"));
     tool_bar_->setWindowTitle(tr("Tool bar"));

@@ -13,11 +13,11 @@
     </message>
     <message>
         <source>Reading %1: %2</source>
-        <translation>قراءة %1: %2</translation>
+        <translation>قراءة ‎%1: %2</translation>
     </message>
     <message>
         <source>%1 has no row to repeat.</source>
-        <translation>لا يحتوي %1 على أي صف يمكن تكراره.</translation>
+        <translation>لا يحتوي ‎%1 على أي صف يمكن تكراره.</translation>
     </message>
 </context>
 <context>
@@ -25,21 +25,21 @@
     <message numerus="yes">
         <source>%Ln incident(s) exported to %1</source>
         <translation>
-            <numerusform>لم يُصدَّر أي حادث إلى %1</numerusform>
-            <numerusform>صُدِّر حادث واحد إلى %1</numerusform>
-            <numerusform>صُدِّر حادثان إلى %1</numerusform>
-            <numerusform>صُدِّرت %Ln حوادث إلى %1</numerusform>
-            <numerusform>صُدِّر %Ln حادثًا إلى %1</numerusform>
-            <numerusform>صُدِّر %Ln حادث إلى %1</numerusform>
+            <numerusform>لم يُصدَّر أي حادث إلى ‎%1</numerusform>
+            <numerusform>صُدِّر حادث واحد إلى ‎%1</numerusform>
+            <numerusform>صُدِّر حادثان إلى ‎%1</numerusform>
+            <numerusform>صُدِّرت %Ln حوادث إلى ‎%1</numerusform>
+            <numerusform>صُدِّر %Ln حادثًا إلى ‎%1</numerusform>
+            <numerusform>صُدِّر %Ln حادث إلى ‎%1</numerusform>
         </translation>
     </message>
     <message>
         <source>The disk is full. %1 was not written.</source>
-        <translation>القرص ممتلئ. لم تتم كتابة %1.</translation>
+        <translation>القرص ممتلئ. لم تتم كتابة ‎%1.</translation>
     </message>
     <message>
         <source>Writing failed on the way. %1 was not written.</source>
-        <translation>تعذّر إتمام الكتابة. لم تتم كتابة %1.</translation>
+        <translation>تعذّر إتمام الكتابة. لم تتم كتابة ‎%1.</translation>
     </message>
 </context>
 <context>
@@ -77,7 +77,7 @@
     <name>Client::CMainWindow</name>
     <message>
         <source>Reading %1…</source>
-        <translation>جارٍ قراءة %1…</translation>
+        <translation>جارٍ قراءة ‎%1…</translation>
     </message>
     <message>
         <source>Exporting…</source>
@@ -191,8 +191,8 @@
         <translation>ال&amp;لغة</translation>
     </message>
     <message>
-        <source>&amp;Order of the file</source>
-        <translation>&amp;ترتيب الملف</translation>
+        <source>&amp;Original order</source>
+        <translation>ال&amp;ترتيب الأصلي</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -262,80 +262,80 @@
     <name>CsvFile</name>
     <message>
         <source>%1 has more columns than can be shown.</source>
-        <translation>يحتوي %1 على أعمدة أكثر مما يمكن عرضه.</translation>
+        <translation>يحتوي ‎%1 على أعمدة أكثر مما يمكن عرضه.</translation>
     </message>
     <message>
         <source>%1 has more rows than can be shown.</source>
-        <translation>يحتوي %1 على صفوف أكثر مما يمكن عرضه.</translation>
+        <translation>يحتوي ‎%1 على صفوف أكثر مما يمكن عرضه.</translation>
     </message>
     <message>
         <source>%1 is too large for the memory.</source>
-        <translation>حجم %1 أكبر من أن تتسع له الذاكرة.</translation>
+        <translation>حجم ‎%1 أكبر من أن تتسع له الذاكرة.</translation>
     </message>
     <message>
         <source>Cannot read %1: %2</source>
-        <translation>تعذّرت قراءة %1: %2</translation>
+        <translation>تعذّرت قراءة ‎%1: %2</translation>
     </message>
     <message>
         <source>%1 is not a CSV file: it holds zero bytes.</source>
-        <translation>ليس %1 ملف CSV: فهو يحتوي على بايتات صفرية.</translation>
+        <translation>ليس ‎%1 ملف CSV: فهو يحتوي على بايتات صفرية.</translation>
     </message>
     <message>
         <source>%1 is empty.</source>
-        <translation>الملف %1 فارغ.</translation>
+        <translation>الملف ‎%1 فارغ.</translation>
     </message>
 </context>
 <context>
     <name>ExportFormat</name>
     <message>
         <source>Cannot export to “%1”: the name must end with %2.</source>
-        <translation>تعذّر التصدير إلى «%1»: يجب أن ينتهي الاسم بـ %2.</translation>
+        <translation>تعذّر التصدير إلى «‎%1»: يجب أن ينتهي الاسم بـ %2.</translation>
     </message>
 </context>
 <context>
     <name>ExportTarget</name>
     <message>
         <source>Cannot replace %1.</source>
-        <translation>تعذّر استبدال %1.</translation>
+        <translation>تعذّر استبدال ‎%1.</translation>
     </message>
     <message>
         <source>The folder %1 does not exist.</source>
-        <translation>المجلد %1 غير موجود.</translation>
+        <translation>المجلد ‎%1 غير موجود.</translation>
     </message>
     <message>
         <source>%1 is a link that leads nowhere.</source>
-        <translation>%1 رابط لا يؤدي إلى شيء.</translation>
+        <translation>‎%1 رابط لا يؤدي إلى شيء.</translation>
     </message>
     <message>
         <source>%1 is a folder.</source>
-        <translation>%1 مجلد.</translation>
+        <translation>‎%1 مجلد.</translation>
     </message>
     <message>
         <source>%1 is a device, not a file.</source>
-        <translation>%1 جهاز وليس ملفًا.</translation>
+        <translation>‎%1 جهاز وليس ملفًا.</translation>
     </message>
     <message>
         <source>%1 is write-protected.</source>
-        <translation>%1 محمي من الكتابة.</translation>
+        <translation>‎%1 محمي من الكتابة.</translation>
     </message>
     <message>
         <source>Cannot write to the folder %1: %2</source>
-        <translation>تعذّرت الكتابة في المجلد %1: %2</translation>
+        <translation>تعذّرت الكتابة في المجلد ‎%1: %2</translation>
     </message>
 </context>
 <context>
     <name>Headless</name>
     <message>
         <source>Cannot write %1.</source>
-        <translation>تعذّرت كتابة %1.</translation>
+        <translation>تعذّرت كتابة ‎%1.</translation>
     </message>
     <message>
         <source>Wrote %1</source>
-        <translation>كُتب %1</translation>
+        <translation>كُتب ‎%1</translation>
     </message>
     <message>
         <source>Cannot make the folder %1.</source>
-        <translation>تعذّر إنشاء المجلد %1.</translation>
+        <translation>تعذّر إنشاء المجلد ‎%1.</translation>
     </message>
 </context>
 </TS>

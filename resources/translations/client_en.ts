@@ -187,8 +187,8 @@
         <translation>L&amp;anguage</translation>
     </message>
     <message>
-        <source>&amp;Order of the file</source>
-        <translation>&amp;Order of the file</translation>
+        <source>&amp;Original order</source>
+        <translation>&amp;Original order</translation>
     </message>
     <message>
         <source>&amp;Help</source>

@@ -14,6 +14,7 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenuBar>
@@ -47,6 +48,7 @@ private Q_SLOTS:
 
     void eachThemeFillsTheTwelveColoursAnew();
     void searchFollowsTheKeys();
+    void exportKeyWorksWhileSearching();
     void selectedIncidentStaysSelectedWhileItIsShown();
     void languageSwitchTurnsTheOpenWindow();
     void countsFollowTheLanguage_data();
@@ -133,6 +135,17 @@ void tst_client_window::searchFollowsTheKeys()
     QCOMPARE(bench_->total->text(), QStringLiteral("10,000 of 10,000"));
 }
 
+void tst_client_window::exportKeyWorksWhileSearching()
+{
+    bench_->search->setFocus();
+
+    QTest::keyClick(bench_->search, Qt::Key_E, Qt::ControlModifier);
+
+    auto *const dialog = bench_->window->findChild<QFileDialog *>();
+    QVERIFY(dialog && dialog->isVisible());
+    QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
+}
+
 void tst_client_window::selectedIncidentStaysSelectedWhileItIsShown()
 {
     QAbstractItemModel *const model = bench_->table->model();
@@ -177,12 +190,12 @@ void tst_client_window::countsFollowTheLanguage_data()
     };
     add("English, one", "en", 1, u"1 incident exported to f");
     add("English, many", "en", 10000, u"10,000 incidents exported to f");
-    add("Arabic, none", "ar", 0, u"لم يُصدَّر أي حادث إلى f");
-    add("Arabic, one", "ar", 1, u"صُدِّر حادث واحد إلى f");
-    add("Arabic, two", "ar", 2, u"صُدِّر حادثان إلى f");
-    add("Arabic, a few", "ar", 3, u"صُدِّرت ٣ حوادث إلى f");
-    add("Arabic, many", "ar", 11, u"صُدِّر ١١ حادثًا إلى f");
-    add("Arabic, hundreds", "ar", 100, u"صُدِّر ١٠٠ حادث إلى f");
+    add("Arabic, none", "ar", 0, u"لم يُصدَّر أي حادث إلى \u200Ef");
+    add("Arabic, one", "ar", 1, u"صُدِّر حادث واحد إلى \u200Ef");
+    add("Arabic, two", "ar", 2, u"صُدِّر حادثان إلى \u200Ef");
+    add("Arabic, a few", "ar", 3, u"صُدِّرت ٣ حوادث إلى \u200Ef");
+    add("Arabic, many", "ar", 11, u"صُدِّر ١١ حادثًا إلى \u200Ef");
+    add("Arabic, hundreds", "ar", 100, u"صُدِّر ١٠٠ حادث إلى \u200Ef");
 }
 
 void tst_client_window::countsFollowTheLanguage()
