@@ -10,22 +10,25 @@
 
 namespace Nim::Base::OS {
 
-// POSIX locales have no list separator. Where the comma is the decimal point, spreadsheets separate by semicolons.
+// POSIX locales have no list separator. Where the comma is the decimal point, spreadsheets separate
+// by semicolons.
 bool SystemListSeparator(QString &separator)
 {
-    separator = QLocale::system().decimalPoint() == QLatin1Char(',') ? QStringLiteral(";") : QStringLiteral(",");
+    separator = QLocale::system().decimalPoint() == QLatin1Char(',') ? QStringLiteral(";")
+                                                                     : QStringLiteral(",");
     return true;
 }
 
 bool SystemCapsLock()
 {
-    const std::unique_ptr<Display, int (*)(Display *)> display(XOpenDisplay(nullptr), XCloseDisplay);
+    const std::unique_ptr<Display, int (*)(Display *)> display(XOpenDisplay(nullptr),
+                                                               XCloseDisplay);
     if (!display)
         return false;
     constexpr unsigned kCapsLockIndicator = 1;
     unsigned indicators = 0;
     return XkbGetIndicatorState(display.get(), XkbUseCoreKbd, &indicators) == Success
-        && (indicators & kCapsLockIndicator) != 0;
+           && (indicators & kCapsLockIndicator) != 0;
 }
 
 } // namespace Nim::Base::OS
