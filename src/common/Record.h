@@ -55,6 +55,7 @@ public:
         : data_ptr_(structure ? std::move(structure) : std::make_shared<Structure>())
     {}
     CRecord(const CRecord &other) : data_ptr_(std::make_shared<Structure>(*other.data_ptr_)) {}
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): the policy compares the structures
     CRecord &operator=(const CRecord &other)
     {
         Assignment::Assign(data_ptr_, other.data_ptr_);
