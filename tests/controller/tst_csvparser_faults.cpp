@@ -83,11 +83,11 @@ private Q_SLOTS:
         // written.
         QCOMPARE(FileBytes(path), QByteArray("\xEF\xBB\xBF\"before\"\r\n\"half\",\"\"\r\n"));
         QCOMPARE(guard_.LogLines().size(), 1);
-        const QRegularExpression line(QRegularExpression::anchoredPattern(
+        static const QRegularExpression line(QRegularExpression::anchoredPattern(
             R"(5 ClientWarningAndMore \[Vantor::CCSVParser::DoParserTask\]csvparse_parse Error parsing file\.)"
             R"(\[CSVParser\.cpp\(\d+\)\])"));
-        QVERIFY2(line.match(guard_.LogLines().first()).hasMatch(),
-                 qPrintable(guard_.LogLines().first()));
+        QVERIFY2(line.match(guard_.LogLines().constFirst()).hasMatch(),
+                 qPrintable(guard_.LogLines().constFirst()));
     }
 
     void afterARefusedLineTheNextFileIsWhole()
@@ -130,7 +130,7 @@ private Q_SLOTS:
 
         QVERIFY(parser.HasWriteError());
         QCOMPARE(guard_.LogLines().size(), 1);
-        QVERIFY(guard_.LogLines().first().startsWith(
+        QVERIFY(guard_.LogLines().constFirst().startsWith(
             "5 ClientWarningAndMore [Vantor::CCSVParser::DoParserTask]Writing the CSV file failed: "
             "No space left"));
     }
@@ -198,7 +198,7 @@ private Q_SLOTS:
 
         QCOMPARE(FileBytes(path), QByteArray("\"'=\"\"0\"\"\",\r\n\"'=\"\"1\"\"\",\r\n"));
         QCOMPARE(guard_.LogLines().size(), 1);
-        QVERIFY(guard_.LogLines().first().contains("row 2 is gone"));
+        QVERIFY(guard_.LogLines().constFirst().contains("row 2 is gone"));
     }
 
     void streamsAreNotInherited()

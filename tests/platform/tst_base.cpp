@@ -61,7 +61,7 @@ private Q_SLOTS:
         Base::Log::Write(3, "Clientframework", "user %s", name.c_str());
 
         QCOMPARE(guard_.LogLines().size(), 1);
-        const QString line = guard_.LogLines().first();
+        const QString line = guard_.LogLines().constFirst();
         QVERIFY(line.startsWith("3 Clientframework user eve %s%n\\r\\n[forged]\\x1b[31mxxx"));
         QVERIFY(line.size() > 200000);
     }

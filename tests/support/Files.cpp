@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "support/Files.h"
 
-#include <cerrno>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <QtCore/QFile>
+
+#include <cerrno>
 
 QByteArray FileBytes(const QString &path)
 {

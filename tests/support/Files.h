@@ -37,7 +37,8 @@ private:
     std::promise<void> drain_;
     std::atomic<bool> is_draining_{false};
     std::atomic<bool> is_over_{false}; // set by the destructor: a writer may be left open for good
-    int stream_ = -1;                  // the reading end, open from the beginning, so that opening to write never blocks
+    // The reading end, open from the beginning, so that opening to write never blocks.
+    int stream_ = -1;
     std::future<QByteArray> reader_;
     QByteArray bytes_;
 };

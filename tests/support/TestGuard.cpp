@@ -102,7 +102,8 @@ QString CTestGuard::End()
         if (!d_ptr_->b_log_announced_ && !line.startsWith(QLatin1Char('3')))
             faults.append(QStringLiteral("log: ") + line);
     }
-    for (const QString &window : LeakedWindows())
+    const QStringList windows = LeakedWindows();
+    for (const QString &window : windows)
         faults.append(QStringLiteral("window left behind: ") + window);
     return faults.join(QLatin1Char('\n'));
 }

@@ -10,6 +10,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -28,7 +29,7 @@ int main(int argc, char **argv)
     if (!Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance().IsWaiting()
         || unowned->parent() != &window)
         return 2;
-    QTimer::singleShot(50, &application, [argc, argv] {
+    QTimer::singleShot(std::chrono::milliseconds(50), &application, [argc, argv] {
         std::puts("ending");
         std::fflush(stdout);
         if (argc > 1 && std::strcmp(argv[1], "exit") == 0)
