@@ -134,9 +134,10 @@ void OnRow(int, void *user_data)
 
 CRowWriter MakeWriter(const CsvJob &job)
 {
-    const QByteArray local = Ravel::ConvertFromUnicode(GetLocalListSperator());
+    const QString text = GetLocalListSperator();
+    const QByteArray bytes = job.is_rfc4180 ? text.toUtf8() : Ravel::ConvertFromUnicode(text);
     // As fputs() writes it: up to the first zero byte.
-    std::string separator = local.constData();
+    std::string separator = bytes.constData();
     if (!job.stream)
         return CRowWriter(nullptr, std::move(separator), {});
     // What was written or read so far must be settled before the stream is asked, or a full disk
