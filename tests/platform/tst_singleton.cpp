@@ -11,8 +11,10 @@
 #include <dlfcn.h>
 
 #include <QtCore/QLibrary>
+#include <QtCore/QPointer>
 #include <QtCore/QProcess>
 #include <QtTest/QTest>
+#include <QtWidgets/QWidget>
 
 #include <atomic>
 #include <set>
@@ -151,25 +153,40 @@ private Q_SLOTS:
         Mortal::DeleteInstance(); // nothing there: nothing happens
     }
 
-    void aProgramThatUsesThemAllEndsCleanly_data()
+    void aProgramThatUsesThemAllEndsCleanlyWithWindowsShown()
     {
-        QTest::addColumn<QString>("way");
-        QTest::newRow("main returns") << "main";
-        QTest::newRow("exit is called with the application alive") << "exit";
-    }
-
-    void aProgramThatUsesThemAllEndsCleanly()
-    {
-        QFETCH(QString, way);
         QProcess program;
         program.setProcessChannelMode(QProcess::MergedChannels);
 
-        program.start(EXIT_PROGRAM, {way});
+        program.start(EXIT_PROGRAM, QStringList());
 
         QVERIFY(program.waitForFinished(60000));
         const QByteArray output = program.readAll();
         QCOMPARE(program.exitStatus(), QProcess::NormalExit);
         QVERIFY2(program.exitCode() == 0 && output.contains("ending"), output.constData());
+    }
+
+    // As exit() finds them when it is called from a slot: the application object lives, the window
+    // system may not.
+    void atUnloadWidgetsAreLeftAloneAndTheRestIsDeleted()
+    {
+        const std::unique_ptr<QWidget> widget(new QWidget);
+        const QPointer<QWidget> left(widget.get());
+        const QPointer<QObject> object(new QObject);
+        struct CPlain
+        {
+            bool &is_gone;
+            ~CPlain() { is_gone = true; }
+        };
+        bool is_plain_gone = false;
+
+        Nim::Base::ReleaseAtUnload()(widget.get());
+        Nim::Base::ReleaseAtUnload()(object.data());
+        Nim::Base::ReleaseAtUnload()(new CPlain{is_plain_gone});
+
+        QVERIFY(left);
+        QVERIFY(!object);
+        QVERIFY(is_plain_gone);
     }
 
 private:
