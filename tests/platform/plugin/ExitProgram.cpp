@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Uses every singleton, leaves a window shown and ends. Arguments: "main" returns from main(),
-// "exit" calls exit() while the application object is still there.
+// Uses every singleton, leaves windows shown and ends.
 #include <Ravel/ChaseDialog.h>
 #include <Ravel/WaitWatcher.h>
 #include <Vantor/CCSVParser>
@@ -27,12 +26,8 @@ int main(int argc, char **argv)
     if (!Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance().IsWaiting()
         || unowned->parent() != &window)
         return 2;
-    QTimer::singleShot(std::chrono::milliseconds(50), &application, [argc, argv] {
-        std::puts("ending");
-        std::fflush(stdout);
-        if (argc > 1 && std::strcmp(argv[1], "exit") == 0)
-            std::exit(0);
-        QCoreApplication::quit();
-    });
-    return QApplication::exec();
+    QTimer::singleShot(50, &application, &QCoreApplication::quit);
+    const int result = QApplication::exec();
+    std::puts("ending");
+    return result;
 }
