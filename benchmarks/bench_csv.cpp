@@ -26,8 +26,8 @@ constexpr int kCollectedRows = 200'000;
 constexpr double kWriteBar = 2.5;
 constexpr double kCollectBar = 3.0;
 constexpr double kMemoryBar = 1.0;
-constexpr long kMemoryLimitKb =
-    2 * 1024; // the longest field is short, so its double does not count
+// The longest field is short, so its double does not count.
+constexpr long kMemoryLimitKb = 2L * 1024;
 
 // Memory-backed, so that the disk is not what is measured.
 QString FastFolder()

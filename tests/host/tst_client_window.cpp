@@ -265,7 +265,8 @@ void tst_client_window::exportOfAnotherKindIsRefusedWithAMessage()
     bench_->window->ExportTo(path);
 
     auto *const box = bench_->window->findChild<QMessageBox *>();
-    QVERIFY(box && box->isVisible());
+    QVERIFY(box != nullptr);
+    QVERIFY(box->isVisible());
     QVERIFY(box->text().contains(QStringLiteral(".csv")));
     QVERIFY(!QFile::exists(path));
 }
