@@ -32,7 +32,8 @@ def rows_of(path):
             if counter.startswith("ratio_"):
                 what = counter.removeprefix("ratio_")
                 found = True
-                yield f"{program} {what.replace('_', ' ')}{sizes}", value, run.get(f"bar_{what}")
+                text = what.removeprefix(f"{program}_").replace("_", " ")
+                yield f"{program} {text}{sizes}", value, run.get(f"bar_{what}")
     if not found:
         raise BadResult(f"{path}: no ratio_ counter")
 
