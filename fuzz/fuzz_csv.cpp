@@ -32,9 +32,11 @@ void Require(bool holds, const char *what)
 Rows RowsOf(const QByteArray &input)
 {
     Rows rows;
-    for (const QByteArray &row : input.split('\x01')) {
+    const QList<QByteArray> lines = input.split('\x01');
+    for (const QByteArray &row : lines) {
         QStringList fields;
-        for (const QByteArray &field : row.split('\0'))
+        const QList<QByteArray> cells = row.split('\0');
+        for (const QByteArray &field : cells)
             fields.append(QString::fromUtf8(field));
         rows.append(fields);
     }

@@ -26,7 +26,7 @@ int main(int argc, char **argv)
     if (!Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance().IsWaiting()
         || unowned->parent() != &window)
         return 2;
-    QTimer::singleShot(50, &application, &QCoreApplication::quit);
+    QTimer::singleShot(std::chrono::milliseconds(50), &application, &QCoreApplication::quit);
     const int result = QApplication::exec();
     std::puts("ending");
     return result;
