@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Debian's Qt is not built with ThreadSanitizer, so the locks inside it are invisible, and handing
-// a task to the thread pool and back looks like a race. These four calls from our library go
-// through here, tell the sanitizer of the hand-over and call Qt's own. Nothing of our code is
-// suppressed.
+// Debian's Qt is not built with ThreadSanitizer, so its locks are invisible: what a QMutex protects
+// looks like a race, and so does handing a task to the thread pool and back. These calls from our
+// library go through here, tell the sanitizer of the hand-over and call Qt's own. Nothing of our
+// code is suppressed.
 #include <dlfcn.h>
 
 #include <QtCore/QFutureInterface>
+#include <QtCore/QMutex>
 #include <QtCore/QThreadPool>
 
 extern "C" {
@@ -59,4 +60,18 @@ VANTOR_SEEN void QFutureInterfaceBase::waitForFinished()
         Next<void (*)(QFutureInterfaceBase *)>("_ZN20QFutureInterfaceBase15waitForFinishedEv");
     next(this);
     __tsan_acquire(&task_finished);
+}
+
+VANTOR_SEEN void QMutex::lock() QT_MUTEX_LOCK_NOEXCEPT
+{
+    static const auto next = Next<void (*)(QMutex *)>("_ZN6QMutex4lockEv");
+    next(this);
+    __tsan_acquire(this);
+}
+
+VANTOR_SEEN void QMutex::unlock() noexcept
+{
+    static const auto next = Next<void (*)(QMutex *)>("_ZN6QMutex6unlockEv");
+    __tsan_release(this);
+    next(this);
 }
