@@ -3,6 +3,10 @@
 # the one place where they are named; each line is "<class> <header>".
 set(VANTOR_FORWARDING_HEADERS
     "CCSVParser controller/CSV/CSVParser.h"
+    "CExcelControllorWithC controller/Excel/ExcelControllorWithC.h"
+    "Clxw_format_ controller/Excel/ExcelRecords.h"
+    "Clxw_image_options_ controller/Excel/ExcelRecords.h"
+    "CsheetFormat controller/Excel/ExcelRecords.h"
     "CStyleManager common/StyleManager.h"
 )
 

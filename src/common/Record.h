@@ -67,6 +67,10 @@ public:
     /// this record.
     [[nodiscard]] std::shared_ptr<Structure> GetDataPtr() const { return data_ptr_; }
 
+    /// \brief The structure, to look at while the record lives; for code that reads many fields a
+    /// million times.
+    [[nodiscard]] const Structure &Read() const { return *data_ptr_; }
+
 protected:
     std::shared_ptr<Structure> data_ptr_;
 };

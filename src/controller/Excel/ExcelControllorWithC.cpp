@@ -1,0 +1,450 @@
+// SPDX-License-Identifier: MIT
+#include "controller/Excel/ExcelControllorWithC.h"
+
+#include "common/Guard.h"
+#include "common/LogMacro.h"
+#include "controller/Excel/ExcelFile.h"
+#include "controller/Excel/ExcelFormats.h"
+#include "controller/Excel/ExcelPicture.h"
+#include "controller/Excel/ExcelSheet.h"
+#include "controller/Excel/ExcelText.h"
+
+#include <Nim/Base/FileSystem.h>
+
+#include <xlsxwriter.h>
+
+#include <algorithm>
+#include <map>
+
+#define EXCEL_FUNCTION(name) "Vantor::CExcelControllorWithC::" name
+
+namespace Vantor {
+namespace {
+
+constexpr std::uint64_t kCellBytes = 48; // what a cell takes beside its text, at least
+
+} // namespace
+
+struct CExcelControllorWithCDataPtr
+{
+    lxw_workbook *ptr_excel_ = nullptr;
+    std::map<std::string, CsheetFormat> map_sheets_; // by the name as the caller gave it
+    lxw_worksheet *ptr_sheet_ = nullptr;
+    std::string str_sheet_name_;
+    std::string str_cache_path_;
+    std::string file_path_;
+
+    CExcelFormats formats_;
+    std::map<std::string, CExcelSheet> map_checked_; // by the same names
+    CExcelSheet *ptr_checked_ = nullptr;            // of the current sheet, null when there is none
+    std::shared_ptr<sheetFormat> ptr_sheet_format_; // of the current sheet
+    std::uint64_t text_bytes_ = 0;                  // handed to libxlsxwriter so far
+    int close_result_ = 0;
+};
+
+namespace {
+
+// The sheet to write to, or null when there is none.
+CExcelSheet *Target(CExcelControllorWithCDataPtr &data)
+{
+    return data.ptr_sheet_ ? data.ptr_checked_ : nullptr;
+}
+
+lxw_format *FormatOf(CExcelControllorWithCDataPtr &data,
+                     const std::shared_ptr<Clxw_format_> &format, bool can_wrap)
+{
+    return format ? data.formats_.FormatFor(data.ptr_excel_, format->Read(), can_wrap) : nullptr;
+}
+
+lxw_worksheet *AddWorksheet(lxw_workbook *workbook, const std::string &name)
+{
+    const std::string shown = ExcelText::SheetName(name);
+    if (shown.empty()) // libxlsxwriter 1.1.4 reads in front of an empty name
+        return nullptr;
+    return workbook_add_worksheet(workbook, shown.c_str());
+}
+
+void MakeCurrent(CExcelControllorWithCDataPtr &data, const std::string &name, CsheetFormat &sheet)
+{
+    data.ptr_sheet_ = sheet.GetVal_sheet();
+    data.ptr_sheet_format_ = sheet.GetDataPtr();
+    data.ptr_checked_ = &data.map_checked_.try_emplace(name, data.ptr_sheet_, name).first->second;
+    data.str_sheet_name_ = name;
+}
+
+// libxlsxwriter shows the first sheet again when no other is active.
+void ActivateVisibleSheet(lxw_workbook *workbook)
+{
+    lxw_worksheet *first_visible = nullptr;
+    lxw_worksheet *sheet = nullptr;
+    STAILQ_FOREACH(sheet, workbook->worksheets, list_pointers)
+    {
+        if (!sheet->hidden && !first_visible)
+            first_visible = sheet;
+        if (sheet->index == workbook->active_sheet && !sheet->hidden)
+            return;
+    }
+    if (!first_visible)
+        return;
+    worksheet_activate(first_visible);
+    worksheet_set_first_sheet(first_visible);
+}
+
+void RemoveCache(CExcelControllorWithCDataPtr &data)
+{
+    const std::string path = data.str_cache_path_;
+    data.str_cache_path_.clear();
+    if (path.empty() || Nim::Base::FileSystem::FileExists(path.c_str()) != 0)
+        return;
+    const bool is_removed = RemoveDirectory(path);
+    VANTOR_LOG(EXCEL_FUNCTION("Close"), 3, VANTOR_LOG_USER_OPERATE,
+               "delete file path = %s, result = %d", path.c_str(), is_removed ? 1 : 0);
+}
+
+void InsertPicture(CExcelControllorWithCDataPtr &data, const char *function, int row, int col,
+                   const std::string &bytes, const lxw_image_options_ &options)
+{
+    if (CExcelSheet *const sheet = Target(data))
+        sheet->InsertPicture(function, row, col,
+                             reinterpret_cast<const unsigned char *>(bytes.data()), bytes.size(),
+                             options);
+}
+
+std::string BaseName(const std::string &path)
+{
+    return path.substr(path.find_last_of('/') + 1); // npos + 1 is 0: the whole path
+}
+
+} // namespace
+
+CExcelControllorWithC::CExcelControllorWithC(QObject *parent)
+    : QObject(parent), d_ptr_(std::make_shared<CExcelControllorWithCDataPtr>())
+{}
+
+CExcelControllorWithC::~CExcelControllorWithC() = default;
+
+bool CExcelControllorWithC::Init(const std::string &file_path, std::string file_cache_path)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("Init");
+    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE, "CExcelControllorWithC::Init");
+    if (d_ptr_->ptr_excel_)
+        return true;
+    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
+               "CExcelControllorWithC::Init  d_ptr_->ptr_excel_ is null  file_cache_path =%s",
+               file_cache_path.c_str());
+    RunGuarded(kFunction, [&] {
+        if (file_cache_path.empty()) {
+            d_ptr_->ptr_excel_ = workbook_new(file_path.c_str());
+        } else {
+            d_ptr_->str_cache_path_ = file_cache_path + "FileGenerateCach";
+            if (!Nim::Base::FileSystem::MakeDir(d_ptr_->str_cache_path_))
+                VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING, "No cache directory: %s",
+                           d_ptr_->str_cache_path_.c_str());
+            lxw_workbook_options options{};
+            options.constant_memory = LXW_TRUE;
+            options.tmpdir = d_ptr_->str_cache_path_.data();
+            options.use_zip64 = LXW_FALSE;
+            d_ptr_->ptr_excel_ = workbook_new_opt(file_path.c_str(), &options);
+        }
+        d_ptr_->file_path_ = file_path;
+        d_ptr_->text_bytes_ = 0;
+    });
+    return true;
+}
+
+bool CExcelControllorWithC::AddSheetByName(const std::string &name)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("AddSheetByName");
+    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE, "CExcelControllorWithC::Init");
+    if (!d_ptr_->ptr_excel_)
+        return false;
+    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
+               "CExcelControllorWithC::Init d_ptr_->ptr_excel_ != nullptr");
+    RunGuarded(kFunction, [&] {
+        auto known = d_ptr_->map_sheets_.find(name);
+        if (known == d_ptr_->map_sheets_.end()) {
+            CsheetFormat sheet;
+            sheet.SetVal_sheet(AddWorksheet(d_ptr_->ptr_excel_, name));
+            if (!sheet.GetVal_sheet())
+                VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING,
+                           "Sheet %s: the name was refused, what is written to it is left out",
+                           name.c_str());
+            known = d_ptr_->map_sheets_.emplace(name, sheet).first;
+        }
+        MakeCurrent(*d_ptr_, name, known->second);
+    });
+    return true;
+}
+
+lxw_workbook *CExcelControllorWithC::GetWorkBook()
+{
+    return d_ptr_->ptr_excel_;
+}
+
+lxw_worksheet *CExcelControllorWithC::GetWorkSheet(const std::string &name)
+{
+    const auto known = d_ptr_->map_sheets_.find(name);
+    const bool is_known = !name.empty() && known != d_ptr_->map_sheets_.end();
+    return is_known ? known->second.GetVal_sheet() : nullptr;
+}
+
+void CExcelControllorWithC::DeleteSheet(const std::string &name)
+{
+    if (lxw_worksheet *const sheet = GetWorkSheet(name))
+        worksheet_hide(sheet);
+}
+
+int CExcelControllorWithC::GetSheetCount() const
+{
+    return static_cast<int>(d_ptr_->map_sheets_.size());
+}
+
+void CExcelControllorWithC::SetCellString(int row, int col, const std::string &text,
+                                          std::shared_ptr<Clxw_format_> format)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetCellString");
+    CExcelSheet *const sheet = Target(*d_ptr_);
+    if (!sheet)
+        return;
+    RunGuarded(kFunction, [&] {
+        d_ptr_->ptr_sheet_format_->has_used_row = row;
+        d_ptr_->text_bytes_ += text.size() + kCellBytes;
+        sheet->WriteText(kFunction, row, col, text, FormatOf(*d_ptr_, format, true));
+    });
+}
+
+void CExcelControllorWithC::SetCellString(int row, int col, const double &value,
+                                          std::shared_ptr<Clxw_format_> format)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetCellString");
+    CExcelSheet *const sheet = Target(*d_ptr_);
+    if (!sheet)
+        return;
+    RunGuarded(kFunction, [&] {
+        d_ptr_->ptr_sheet_format_->has_used_row = row;
+        d_ptr_->text_bytes_ += kCellBytes;
+        sheet->WriteNumber(kFunction, row, col, value, FormatOf(*d_ptr_, format, true));
+    });
+}
+
+void CExcelControllorWithC::MergeCells(int first_row, int first_col, int last_row, int last_col,
+                                       const std::string &text,
+                                       std::shared_ptr<Clxw_format_> format)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("MergeCells");
+    CExcelSheet *const sheet = Target(*d_ptr_);
+    if (!sheet)
+        return;
+    RunGuarded(kFunction, [&] {
+        sheet->Merge(kFunction, {first_row, first_col, last_row, last_col}, text,
+                     FormatOf(*d_ptr_, format, false));
+    });
+}
+
+void CExcelControllorWithC::SetCellValidCheck(int row, int col, const std::string &list)
+{
+    SetRangeValidCheck(row, col, row, col, list);
+}
+
+void CExcelControllorWithC::SetRangeValidCheck(int first_row, int first_col, int last_row,
+                                               int last_col, const std::string &list)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetRangeValidCheck");
+    CExcelSheet *const sheet = Target(*d_ptr_);
+    if (!sheet)
+        return;
+    RunGuarded(kFunction, [&] {
+        sheet->Validate(kFunction, {first_row, first_col, last_row, last_col}, list);
+    });
+}
+
+void CExcelControllorWithC::SetColumnPics(int row, int col, std::string path)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnPics");
+    if (!Target(*d_ptr_))
+        return;
+    // Read now and inserted as bytes: a file that goes before Close() would take the picture along.
+    RunGuarded(kFunction, [&] {
+        std::string bytes;
+        if (!ReadPictureFile(path, bytes))
+            VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING, "The picture %s cannot be read",
+                       path.c_str());
+        std::string description = BaseName(path);
+        lxw_image_options_ options;
+        options.description = description.data();
+        InsertPicture(*d_ptr_, kFunction, row, col, bytes, options);
+    });
+}
+
+void CExcelControllorWithC::SetColumnPicsBuffer(int row, int col, std::string buffer,
+                                                std::uint64_t size)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnPicsBuffer");
+    RunGuarded(kFunction, [&] {
+        if (size < buffer.size())
+            buffer.resize(static_cast<std::size_t>(size));
+        InsertPicture(*d_ptr_, kFunction, row, col, buffer, {});
+    });
+}
+
+void CExcelControllorWithC::SetColumnPicsBufferOpt(int row, int col, const std::string &buffer,
+                                                   std::shared_ptr<Clxw_image_options_> options)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnPicsBufferOpt");
+    RunGuarded(kFunction, [&] {
+        InsertPicture(*d_ptr_, kFunction, row, col, buffer,
+                      options ? options->Read() : lxw_image_options_());
+    });
+}
+
+void CExcelControllorWithC::SetColumnPics(int, int, QList<std::string>, QSize) {}
+
+void CExcelControllorWithC::SetFilterCoumn(int begin_row, int begin_column, int end_row,
+                                           int end_column)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetFilterCoumn");
+    CExcelSheet *const sheet = Target(*d_ptr_);
+    if (!sheet)
+        return;
+    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
+               "CExcelControllorWithC::SetFilterCoumn begin_row =%d  begin_column =%d end_row =%d "
+               "en_column =%d",
+               begin_row, begin_column, end_row, end_column);
+    RunGuarded(kFunction, [&] {
+        sheet->SetAutofilter(kFunction, {begin_row, begin_column, end_row, end_column});
+    });
+}
+
+void CExcelControllorWithC::SetFilterOneCoumnWith1Str(int column, std::string rule)
+{
+    VANTOR_LOG(EXCEL_FUNCTION("SetFilterOneCoumnWith1Str"), 3, VANTOR_LOG_USER_OPERATE,
+               "CExcelControllorWithC::SetFilterOneCoumnWith1Str begin_column =%d  rule_str =%s",
+               column, rule.c_str());
+}
+
+void CExcelControllorWithC::SetFilterOneCoumnWith2Str(int, std::string, std::string)
+{
+    VANTOR_LOG(EXCEL_FUNCTION("SetFilterOneCoumnWith2Str"), 3, VANTOR_LOG_USER_OPERATE,
+               "CExcelControllorWithC::SetFilterOneCoumnWith2Str");
+}
+
+void CExcelControllorWithC::SetFilterCoumnWithListStr(int column, std::string)
+{
+    VANTOR_LOG(EXCEL_FUNCTION("SetFilterCoumnWithListStr"), 3, VANTOR_LOG_USER_OPERATE,
+               "CExcelControllorWithC::SetFilterCoumnWithListStr filter_column =%d", column);
+}
+
+void CExcelControllorWithC::SetColumnWidth(int begin_column, int end_column, int width)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnWidth");
+    CExcelSheet *const sheet = Target(*d_ptr_);
+    if (!sheet)
+        return;
+    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
+               "CExcelControllorWithC::SetColumnWidth begin_column =%d  en_column =%d i_width =%d",
+               begin_column, end_column, width);
+    RunGuarded(kFunction,
+               [&] { sheet->SetColumnWidth(kFunction, begin_column, end_column, width, false); });
+}
+
+void CExcelControllorWithC::SetColumnWidthtWithPixels(int begin_column, int end_column, int pixels)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnWidthtWithPixels");
+    if (CExcelSheet *const sheet = Target(*d_ptr_))
+        RunGuarded(kFunction, [&] {
+            sheet->SetColumnWidth(kFunction, begin_column, end_column, pixels, true);
+        });
+}
+
+void CExcelControllorWithC::SetRowHeight(int row, int height)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetRowHeight");
+    if (CExcelSheet *const sheet = Target(*d_ptr_))
+        RunGuarded(kFunction, [&] { sheet->SetRowHeight(kFunction, row, height, false); });
+}
+
+void CExcelControllorWithC::SetRowHeightWithPixels(int row, int pixels)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetRowHeightWithPixels");
+    if (CExcelSheet *const sheet = Target(*d_ptr_))
+        RunGuarded(kFunction, [&] { sheet->SetRowHeight(kFunction, row, pixels, true); });
+}
+
+void CExcelControllorWithC::SetLinkString(int row, int col, std::string &url)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetLinkString");
+    CExcelSheet *const sheet = Target(*d_ptr_);
+    if (sheet && !url.empty())
+        RunGuarded(kFunction, [&] { sheet->WriteLink(kFunction, row, col, url, nullptr); });
+}
+
+void CExcelControllorWithC::SetLinkString(int row, int col, std::string &url, std::string &text)
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetLinkString");
+    CExcelSheet *const sheet = Target(*d_ptr_);
+    if (sheet && !url.empty())
+        RunGuarded(kFunction, [&] { sheet->WriteLink(kFunction, row, col, url, &text); });
+}
+
+int CExcelControllorWithC::GetUsedRowsCount()
+{
+    const auto known = d_ptr_->map_sheets_.find(d_ptr_->str_sheet_name_);
+    return known != d_ptr_->map_sheets_.end() ? known->second.GetVal_has_used_row() : 0;
+}
+
+void CExcelControllorWithC::UpdateSheetUsedRow(int row)
+{
+    const auto known = d_ptr_->map_sheets_.find(d_ptr_->str_sheet_name_);
+    if (known != d_ptr_->map_sheets_.end())
+        known->second.SetVal_has_used_row(row);
+}
+
+void CExcelControllorWithC::Close()
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("Close");
+    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE, "file  close , file_path_ = %s ",
+               d_ptr_->file_path_.c_str());
+    if (lxw_workbook *const workbook = std::exchange(d_ptr_->ptr_excel_, nullptr)) {
+        d_ptr_->close_result_ = LXW_ERROR_MEMORY_MALLOC_FAILED; // unless the save gets to its end
+        RunGuarded(kFunction, [&] {
+            ActivateVisibleSheet(workbook);
+            const bool is_in_memory = d_ptr_->str_cache_path_.empty();
+            d_ptr_->close_result_ =
+                SaveWorkbook(workbook, d_ptr_->file_path_, d_ptr_->str_cache_path_,
+                             is_in_memory ? d_ptr_->text_bytes_ : 0);
+        });
+        VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
+                   "file  close success, file_path_ = %s , close result = %d",
+                   d_ptr_->file_path_.c_str(), d_ptr_->close_result_);
+        if (d_ptr_->close_result_ != LXW_NO_ERROR)
+            VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING, "The workbook %s was not saved: %s",
+                       d_ptr_->file_path_.c_str(),
+                       lxw_strerror(static_cast<lxw_error>(d_ptr_->close_result_)));
+    }
+    d_ptr_->formats_.Clear();
+    d_ptr_->map_sheets_.clear();
+    d_ptr_->map_checked_.clear();
+    d_ptr_->ptr_checked_ = nullptr;
+    d_ptr_->ptr_sheet_format_.reset();
+    d_ptr_->ptr_sheet_ = nullptr;
+    d_ptr_->str_sheet_name_.clear();
+    d_ptr_->file_path_.clear();
+    RunGuarded(kFunction, [this] { RemoveCache(*d_ptr_); });
+}
+
+int CExcelControllorWithC::LastCloseResult() const
+{
+    return d_ptr_->close_result_;
+}
+
+bool CExcelControllorWithC::event(QEvent *event)
+{
+    return QObject::event(event);
+}
+
+bool CExcelControllorWithC::eventFilter(QObject *watched, QEvent *event)
+{
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace Vantor

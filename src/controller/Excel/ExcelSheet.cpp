@@ -1,0 +1,308 @@
+// SPDX-License-Identifier: MIT
+#include "controller/Excel/ExcelSheet.h"
+
+#include "common/LogMacro.h"
+#include "controller/Excel/ExcelPicture.h"
+#include "controller/Excel/ExcelText.h"
+
+#include <xlsxwriter.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Vantor {
+namespace {
+
+constexpr int kRows = 1048576;
+constexpr int kColumns = 16384;
+constexpr int kMaxLinks = 65530; // a sheet's links, the format's limit
+constexpr int kMaxWidth = 255;   // characters
+constexpr int kMaxWidth_px = 1790;
+constexpr int kMaxHeight = 409; // points
+constexpr int kMaxHeight_px = 545;
+
+lxw_row_t Row(int row)
+{
+    return static_cast<lxw_row_t>(row);
+}
+
+lxw_col_t Column(int column)
+{
+    return static_cast<lxw_col_t>(column);
+}
+
+bool IsInside(int row, int column)
+{
+    return row >= 0 && row < kRows && column >= 0 && column < kColumns;
+}
+
+// The range with its corners in order, as libxlsxwriter takes them.
+CellRange Ordered(const CellRange &range)
+{
+    return {std::min(range.first_row, range.last_row), std::min(range.first_col, range.last_col),
+            std::max(range.first_row, range.last_row), std::max(range.first_col, range.last_col)};
+}
+
+CellRange CellAt(int row, int column)
+{
+    return {row, column, row, column};
+}
+
+std::string Joined(const std::vector<std::string> &items)
+{
+    std::string list;
+    for (std::size_t i = 0; i < items.size(); ++i)
+        list.append(i > 0 ? "," : "").append(items[i]);
+    return list;
+}
+
+std::string WithDoubledQuotes(std::string text)
+{
+    for (std::size_t at = text.find('"'); at != std::string::npos; at = text.find('"', at + 2))
+        text.insert(at, 1, '"');
+    return text;
+}
+
+} // namespace
+
+CExcelSheet::CExcelSheet(lxw_worksheet *sheet, const std::string &name) : sheet_(sheet), name_(name)
+{}
+
+void CExcelSheet::WriteText(const char *function, int row, int col, const std::string &text,
+                            lxw_format *format)
+{
+    if (!Holds(function, CellAt(row, col)))
+        return;
+    std::string storage;
+    const std::string &fitting = Fit(function, text, storage);
+    Check(function, worksheet_write_string(sheet_, Row(row), Column(col), fitting.c_str(), format));
+}
+
+void CExcelSheet::WriteNumber(const char *function, int row, int col, double value,
+                              lxw_format *format)
+{
+    if (!Holds(function, CellAt(row, col)))
+        return;
+    if (std::isfinite(value)) {
+        Check(function, worksheet_write_number(sheet_, Row(row), Column(col), value, format));
+        return;
+    }
+    LogOnce(function, "a number that is not finite was left out");
+    Check(function, worksheet_write_blank(sheet_, Row(row), Column(col), format));
+}
+
+void CExcelSheet::Merge(const char *function, const CellRange &range, const std::string &text,
+                        lxw_format *format)
+{
+    const CellRange cells = Ordered(range);
+    if (!Holds(function, cells))
+        return;
+    const bool is_one = cells.first_row == cells.last_row && cells.first_col == cells.last_col;
+    if (is_one || OverlapsMerged(cells)) {
+        if (!is_one)
+            LogOnce(function, "a merged range that overlaps another was written without a merge");
+        WriteText(function, cells.first_row, cells.first_col, text, format);
+        return;
+    }
+    std::string storage;
+    const std::string &fitting = Fit(function, text, storage);
+    merged_.push_back(cells);
+    if (sheet_->optimize && cells.first_row != cells.last_row)
+        MergeInConstantMemory(cells, fitting, format);
+    else
+        Check(function, worksheet_merge_range(sheet_, Row(cells.first_row), Column(cells.first_col),
+                                              Row(cells.last_row), Column(cells.last_col),
+                                              fitting.c_str(), format));
+}
+
+void CExcelSheet::Validate(const char *function, const CellRange &range, const std::string &list)
+{
+    if (!Holds(function, Ordered(range)))
+        return;
+    std::vector<std::string> items = ExcelText::SplitList(ExcelText::Cleaned(list));
+    for (std::string &item : items)
+        item = WithDoubledQuotes(item);
+    const std::string joined = Joined(items);
+    if (ExcelText::Utf16Units(joined) > ExcelText::kMaxListUnits) {
+        LogOnce(function, "a list of more than 255 characters was left out");
+        return;
+    }
+    lxw_data_validation validation{};
+    std::vector<char *> pointers;
+    std::string formula;
+    if (joined.size() <= ExcelText::kMaxListUnits) {
+        for (std::string &item : items)
+            pointers.push_back(item.data());
+        pointers.push_back(nullptr);
+        validation.validate = LXW_VALIDATION_TYPE_LIST;
+        validation.value_list = pointers.data();
+    } else {
+        // libxlsxwriter 1.1.4 counts characters but copies bytes into a buffer of that size; as a
+        // formula the same list becomes the same XML.
+        formula = '"' + joined + '"';
+        validation.validate = LXW_VALIDATION_TYPE_LIST_FORMULA;
+        validation.value_formula = formula.data();
+    }
+    Check(function, worksheet_data_validation_range(sheet_, Row(range.first_row),
+                                                    Column(range.first_col), Row(range.last_row),
+                                                    Column(range.last_col), &validation));
+}
+
+void CExcelSheet::WriteLink(const char *function, int row, int col, const std::string &url,
+                            const std::string *text)
+{
+    if (!Holds(function, CellAt(row, col)))
+        return;
+    const std::string target = ExcelText::LinkTarget(ExcelText::Cleaned(url));
+    std::string storage;
+    const std::string shown = text ? Fit(function, *text, storage) : std::string();
+    const bool fits =
+        ExcelText::EscapedBytes(target) <= ExcelText::kMaxUrlBytes && links_ < kMaxLinks;
+    if (!fits) {
+        LogOnce(function, "links beyond the format's limits were written as plain text");
+        WriteText(function, row, col, text ? shown : url, nullptr);
+        return;
+    }
+    ++links_;
+    if (text)
+        Check(function, worksheet_write_url_opt(sheet_, Row(row), Column(col), target.c_str(),
+                                                nullptr, shown.c_str(), ""));
+    else
+        Check(function,
+              worksheet_write_url(sheet_, Row(row), Column(col), target.c_str(), nullptr));
+}
+
+void CExcelSheet::InsertPicture(const char *function, int row, int col, const unsigned char *bytes,
+                                std::size_t size, const lxw_image_options_ &options)
+{
+    if (!Holds(function, CellAt(row, col)))
+        return;
+    if (!IsPicture(bytes, size)) {
+        LogOnce(function, "what is no PNG, JPEG, BMP or GIF picture was left out");
+        return;
+    }
+    lxw_image_options placed{};
+    placed.x_offset = options.x_offset;
+    placed.y_offset = options.y_offset;
+    placed.x_scale = options.x_scale > 0 ? options.x_scale : 1;
+    placed.y_scale = options.y_scale > 0 ? options.y_scale : 1;
+    placed.object_position = options.object_position;
+    // libxlsxwriter copies the texts. An empty address would become a link to nowhere.
+    placed.description = options.description;
+    placed.url = options.url && *options.url ? options.url : nullptr;
+    placed.tip = options.tip;
+    Check(function,
+          worksheet_insert_image_buffer_opt(sheet_, Row(row), Column(col), bytes, size, &placed));
+}
+
+void CExcelSheet::SetAutofilter(const char *function, const CellRange &range)
+{
+    CellRange cells = Ordered(range);
+    if (!Holds(function, cells))
+        return;
+    // In constant-memory mode a range that ends above the current row would be refused.
+    if (sheet_->optimize)
+        cells.last_row = std::max(cells.last_row, static_cast<int>(sheet_->optimize_row->row_num));
+    Check(function, worksheet_autofilter(sheet_, Row(cells.first_row), Column(cells.first_col),
+                                         Row(cells.last_row), Column(cells.last_col)));
+}
+
+void CExcelSheet::SetColumnWidth(const char *function, int first_col, int last_col, int width,
+                                 bool is_in_pixels)
+{
+    const CellRange columns = Ordered({0, first_col, 0, last_col});
+    if (!Holds(function, columns))
+        return;
+    // One by one: overlapping ranges would leave some readers with the width of the first.
+    for (int column = columns.first_col; column <= columns.last_col; ++column) {
+        const int result =
+            is_in_pixels ? worksheet_set_column_pixels(
+                sheet_, Column(column), Column(column),
+                static_cast<uint32_t>(std::clamp(width, 0, kMaxWidth_px)), nullptr)
+                         : worksheet_set_column(sheet_, Column(column), Column(column),
+                                                std::clamp(width, 0, kMaxWidth), nullptr);
+        Check(function, result);
+    }
+}
+
+void CExcelSheet::SetRowHeight(const char *function, int row, int height, bool is_in_pixels)
+{
+    if (!Holds(function, CellAt(row, 0)))
+        return;
+    if (is_in_pixels)
+        Check(function, worksheet_set_row_pixels(
+                            sheet_, Row(row),
+                            static_cast<uint32_t>(std::clamp(height, 0, kMaxHeight_px)), nullptr));
+    else
+        Check(function,
+              worksheet_set_row(sheet_, Row(row), std::clamp(height, 0, kMaxHeight), nullptr));
+}
+
+const std::string &CExcelSheet::Fit(const char *function, const std::string &text,
+                                    std::string &storage)
+{
+    const std::string *fitting = &text;
+    if (!ExcelText::IsClean(text)) {
+        LogOnce(function, "bytes that are no UTF-8 text were replaced");
+        storage = ExcelText::Cleaned(text);
+        fitting = &storage;
+    }
+    if (fitting->size() > ExcelText::kMaxCellUnits
+        && ExcelText::Utf16Units(*fitting) > ExcelText::kMaxCellUnits) {
+        LogOnce(function, "a text was cut to 32,767 characters");
+        storage = ExcelText::CutToUnits(*fitting, ExcelText::kMaxCellUnits);
+        fitting = &storage;
+    }
+    return *fitting;
+}
+
+bool CExcelSheet::Holds(const char *function, const CellRange &range)
+{
+    if (!sheet_)
+        return false;
+    if (IsInside(range.first_row, range.first_col) && IsInside(range.last_row, range.last_col))
+        return true;
+    LogOnce(function, "cells outside the sheet were left out");
+    return false;
+}
+
+bool CExcelSheet::OverlapsMerged(const CellRange &range) const
+{
+    return std::any_of(merged_.cbegin(), merged_.cend(), [&range](const CellRange &other) {
+        return range.first_row <= other.last_row && other.first_row <= range.last_row
+               && range.first_col <= other.last_col && other.first_col <= range.last_col;
+    });
+}
+
+// Formatted blanks below the first row would push that row, and the next ones, out to the temporary
+// file, and what comes for them later would be lost. So only the first row gets its blanks.
+void CExcelSheet::MergeInConstantMemory(const CellRange &range, const std::string &text,
+                                        lxw_format *format)
+{
+    constexpr char kFunction[] = "Vantor::CExcelControllorWithC::MergeCells";
+    const bool is_merged = Check(
+        kFunction, worksheet_merge_range(sheet_, Row(range.first_row), Column(range.first_col),
+                                         Row(range.last_row), Column(range.last_col), "", nullptr));
+    if (!is_merged)
+        return;
+    WriteText(kFunction, range.first_row, range.first_col, text, format);
+    for (int column = range.first_col + 1; column <= range.last_col; ++column)
+        Check(kFunction,
+              worksheet_write_blank(sheet_, Row(range.first_row), Column(column), format));
+}
+
+bool CExcelSheet::Check(const char *function, int result)
+{
+    if (result == LXW_NO_ERROR)
+        return true;
+    LogOnce(function, lxw_strerror(static_cast<lxw_error>(result)));
+    return false;
+}
+
+void CExcelSheet::LogOnce(const char *function, const std::string &what)
+{
+    if (logged_.insert(what).second)
+        VANTOR_LOG(function, 5, VANTOR_LOG_WARNING, "Sheet %s: %s", name_.c_str(), what.c_str());
+}
+
+} // namespace Vantor
