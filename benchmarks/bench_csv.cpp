@@ -22,7 +22,8 @@ namespace {
 
 constexpr int kColumns = 8;
 constexpr int kWrittenRows = 1'000'000;
-constexpr int kCollectedRows = 200'000;
+constexpr int kCollectedRows = 1'000'000;
+constexpr int kPooledRows = 10'000; // rows with texts of their own; the others share these
 constexpr double kWriteBar = 2.5;
 constexpr double kCollectBar = 3.0;
 constexpr double kMemoryBar = 1.0;
@@ -50,8 +51,7 @@ class CTextModel : public QAbstractTableModel
 public:
     explicit CTextModel(int rows) : rows_(rows)
     {
-        texts_.reserve(rows * kColumns);
-        for (int row = 0; row < rows; ++row)
+        for (int row = 0; row < kPooledRows; ++row)
             texts_.append(RowTexts(row).toVector());
     }
 
@@ -59,8 +59,9 @@ public:
     int columnCount(const QModelIndex & = {}) const override { return kColumns; }
     QVariant data(const QModelIndex &index, int role) const override
     {
-        return role == Qt::DisplayRole ? texts_.at(index.row() * kColumns + index.column())
-                                       : QVariant();
+        return role == Qt::DisplayRole
+                   ? texts_.at(index.row() % kPooledRows * kColumns + index.column())
+                   : QVariant();
     }
 
 private:
@@ -147,6 +148,37 @@ void WriteTask(benchmark::State &state)
     state.counters["added_kb"] = Pairs::Median(added_kb);
 }
 BENCHMARK(WriteTask)->Iterations(1)->Unit(benchmark::kSecond);
+
+// What the write task adds for rows that are far from ordinary, against its limit.
+void LongRows(benchmark::State &state, const std::string &what, int fields, int field_bytes)
+{
+    QTemporaryDir folder(FastFolder() + QStringLiteral("/bench_csv"));
+    Vantor::CCSVParser parser(nullptr);
+    if (!parser.OpenFile(folder.filePath(QStringLiteral("long.csv")))) {
+        state.SkipWithError("the file cannot be opened");
+        return;
+    }
+    QStringList row;
+    for (int i = 0; i < fields; ++i)
+        row.append(QString(field_bytes, QLatin1Char('x')));
+    parser.AppendLine(row);
+    long added_kb = 0;
+    for (auto _ : state)
+        added_kb = AddedMemoryKb([&parser] { parser.WriteCSVFile(); });
+    parser.CloseFile();
+    if (parser.HasWriteError())
+        state.SkipWithError("the row was not written");
+    const double limit_kb = kMemoryLimitKb + 2.0 * field_bytes / 1024;
+    state.counters["ratio_" + what] = limit_kb / std::max(1.0, static_cast<double>(added_kb));
+    state.counters["bar_" + what] = kMemoryBar;
+    state.counters["added_kb"] = static_cast<double>(added_kb);
+}
+BENCHMARK_CAPTURE(LongRows, OneField, "csv_memory_limit_over_used_1_x_16_mb", 1, 16 << 20)
+    ->Iterations(1);
+BENCHMARK_CAPTURE(LongRows, EightFields, "csv_memory_limit_over_used_8_x_4_mb", 8, 4 << 20)
+    ->Iterations(1);
+BENCHMARK_CAPTURE(LongRows, ManyFields, "csv_memory_limit_over_used_1000_x_62_kb", 1000, 62 << 10)
+    ->Iterations(1);
 
 void PrepareSourceData(benchmark::State &state)
 {

@@ -37,7 +37,9 @@ VANTOR_PLATFORM_EXPORT std::size_t csvparse_parse(csvparse_parser *parser, const
                                                   csvparse_row_callback row, void *user_data);
 
 /// \brief Deliver a pending field and record and make the state ready for the next input. Callbacks
-/// may be null. \return 0 on success.
+/// may be null.
+///
+/// \return 0 on success.
 VANTOR_PLATFORM_EXPORT int csvparse_fini(csvparse_parser *parser, csvparse_field_callback field,
                                          csvparse_row_callback row, void *user_data);
 

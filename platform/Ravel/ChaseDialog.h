@@ -13,18 +13,17 @@ struct CChaseDialogPtr;
 
 /// \brief A small frameless dialog that spins while something else works; run it with exec().
 ///
-/// It is modal to its window and centred on it. Object names for style sheets: "ChaseDialog", and
-/// inside it "ChaseMovie" and "ChaseText" (docs/styling.md). GUI thread only.
+/// It is modal to the whole application and centred on its parent. Object names for style sheets:
+/// "ChaseDialog", and inside it "ChaseMovie" and "ChaseText" (docs/styling.md). GUI thread only.
 class VANTOR_PLATFORM_EXPORT CChaseDialog : public QDialog
 {
     Q_OBJECT
 
 public:
     /// \param parent      the window to wait in front of; may be null.
-    /// \param movie       path of an animated picture, such as a GIF; a missing one leaves the
-    /// dialog without. \param text        what is being waited for, under the picture; empty shows
-    /// the picture alone. \param cancellable whether Escape and closing end the dialog; otherwise
-    /// only its slots do.
+    /// \param movie       path of an animated picture, such as a GIF; without it there is none.
+    /// \param text        shown under the picture; empty shows the picture alone.
+    /// \param cancellable whether Escape and closing end the dialog; otherwise only its slot does.
     CChaseDialog(QWidget *parent, const QString &movie, const QString &text, bool cancellable);
     ~CChaseDialog() override;
 

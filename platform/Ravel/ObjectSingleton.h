@@ -21,7 +21,9 @@ public:
     CObjectSingleton &operator=(const CObjectSingleton &) = delete;
 
     /// \brief Make the instance as a child of \a parent, or with no owner, unless there is one
-    /// already. \return the instance; one that was there keeps the parent it has.
+    /// already.
+    ///
+    /// \return the instance; one that was there keeps the parent it has.
     static T *CreateInstance(QObject *parent = nullptr)
     {
         if (!s_instance)

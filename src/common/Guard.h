@@ -9,7 +9,9 @@
 namespace Vantor {
 
 /// \brief Run \a body so that no exception leaves the library: one that comes out is logged at
-/// level 5 for \a function. \return false when there was one.
+/// level 5 for \a function.
+///
+/// \return false when there was one.
 template <class Body> bool RunGuarded(const char *function, Body &&body)
 {
     try {

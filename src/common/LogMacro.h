@@ -11,11 +11,11 @@
 
 /// Writes one log line "[function]message[file(line)]".
 ///
-/// \param function the qualified name the line speaks for, as a literal: compilers spell their own
-/// differently, and a
-///                 lambda or helper speaks for the operation it is part of.
-/// \param level    3 information, 4 warning, 5 error.
+/// \param function the qualified name the line speaks for, as a literal: compilers spell their
+///                 own differently, and a helper speaks for the operation it is part of.
+/// \param level    of Nim::Base::Log::Level: 3 information, 4 warning, 5 error.
 /// \param category one of the categories above.
+///
 /// The rest is a printf format and its arguments; text from outside goes in through "%s" only.
 #define VANTOR_LOG(function, level, category, ...)                                                 \
     ::Nim::Base::Log::WriteFramed(function, __FILE__, __LINE__, level, category, __VA_ARGS__)

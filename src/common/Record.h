@@ -41,6 +41,7 @@ struct SharedAssignment
 ///     VANTOR_RECORD(CColumnInfo)
 ///     VANTOR_RECORD_FIELD(column_name)
 /// };
+/// VANTOR_RECORD_DEFINE(CColumnInfo); // in the .cpp
 /// \endcode
 template <class Structure, class Assignment = DeepAssignment> class CRecord
 {
@@ -61,7 +62,7 @@ public:
         Assignment::Assign(data_ptr_, other.data_ptr_);
         return *this;
     }
-    ~CRecord() = default;
+    virtual ~CRecord() = default;
 
     /// \brief The structure itself; never null. Whoever keeps it sees, and makes, the changes of
     /// this record.
@@ -77,14 +78,19 @@ protected:
 
 } // namespace Vantor
 
-/// The constructors of a record class; comes first in its body and leaves it public.
+/// The constructors of a record class; comes first in its body and leaves it public. The
+/// destructor, which ties the class's type information to one module, is defined by
+/// VANTOR_RECORD_DEFINE.
 #define VANTOR_RECORD(Class)                                                                       \
 public:                                                                                            \
     using CRecord::CRecord;                                                                        \
     Class() = default;                                                                             \
     Class(const Class &other) = default;                                                           \
     Class &operator=(const Class &other) = default;                                                \
-    ~Class() = default;
+    ~Class() override;
+
+/// Goes into the .cpp of a record class.
+#define VANTOR_RECORD_DEFINE(Class) Class::~Class() = default
 
 /// The accessors of one field, named after it. The getter returns a copy, also of a nested record.
 #define VANTOR_RECORD_FIELD(field)                                                                 \

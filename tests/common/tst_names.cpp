@@ -44,8 +44,30 @@ static_assert(IsSame<QColor (Manager::*)(float)>(&Manager::GetNeuColor));
 static_assert(IsSame<QColor (Manager::*)(float)>(&Manager::GetNeuColorT2));
 static_assert(IsSame<QColor (Manager::*)(float)>(&Manager::GetTextNeuColor));
 static_assert(IsSame<QColor (Manager::*)(float)>(&Manager::GetTextNeuColorT2));
-static_assert(IsSame<void (Manager::*)(const QColor &)>(&Manager::SetPanelColorT2));
+static_assert(IsSame<QColor (Manager::*)() const>(&Manager::NeuColor));
+static_assert(IsSame<void (Manager::*)(const QColor &)>(&Manager::SetNeuColor));
+static_assert(IsSame<QColor (Manager::*)() const>(&Manager::NeuColorT2));
+static_assert(IsSame<void (Manager::*)(const QColor &)>(&Manager::SetNeuColorT2));
+static_assert(IsSame<QColor (Manager::*)() const>(&Manager::TextNeuColor));
+static_assert(IsSame<void (Manager::*)(const QColor &)>(&Manager::SetTextNeuColor));
+static_assert(IsSame<QColor (Manager::*)() const>(&Manager::TextNeuColorT2));
+static_assert(IsSame<void (Manager::*)(const QColor &)>(&Manager::SetTextNeuColorT2));
+static_assert(IsSame<QColor (Manager::*)() const>(&Manager::BackColor));
+static_assert(IsSame<void (Manager::*)(const QColor &)>(&Manager::SetBackColor));
+static_assert(IsSame<QColor (Manager::*)() const>(&Manager::PanelColor));
+static_assert(IsSame<void (Manager::*)(const QColor &)>(&Manager::SetPanelColor));
+static_assert(IsSame<QColor (Manager::*)() const>(&Manager::WidgetColor));
+static_assert(IsSame<void (Manager::*)(const QColor &)>(&Manager::SetWidgetColor));
+static_assert(IsSame<QColor (Manager::*)() const>(&Manager::BackColorT2));
+static_assert(IsSame<void (Manager::*)(const QColor &)>(&Manager::SetBackColorT2));
 static_assert(IsSame<QColor (Manager::*)() const>(&Manager::PanelColorT2));
+static_assert(IsSame<void (Manager::*)(const QColor &)>(&Manager::SetPanelColorT2));
+static_assert(IsSame<QColor (Manager::*)() const>(&Manager::WidgetColorT2));
+static_assert(IsSame<void (Manager::*)(const QColor &)>(&Manager::SetWidgetColorT2));
+static_assert(IsSame<QColor (Manager::*)() const>(&Manager::BrandColor));
+static_assert(IsSame<void (Manager::*)(const QColor &)>(&Manager::SetBrandColor));
+static_assert(IsSame<QColor (Manager::*)() const>(&Manager::InfoColor));
+static_assert(IsSame<void (Manager::*)(const QColor &)>(&Manager::SetInfoColor));
 static_assert(std::is_base_of<QWidget, Manager>::value);
 static_assert(IsSame<Manager &(*)()>(&Nim::Base::CSingleton<Manager>::Instance));
 
@@ -59,6 +81,29 @@ static_assert(IsSame<QVariant (Ravel::CMultiPairData::*)(const QVariant &) const
 static_assert(IsSame<bool (*)(bool, Nim::Base::MonitorDriveUtil::DeviceChangeCallBack, void *)>(
     &Nim::Base::MonitorDriveUtil::SetDeviceChangeCallBack));
 static_assert(std::is_default_constructible<Nim::Base::MonitorDriveUtil::DeviceInfoStru>::value);
+
+static_assert(IsSame<bool (*)(const std::string &)>(&Nim::Base::FileSystem::MakeDir));
+static_assert(IsSame<int (*)(const char *)>(&Nim::Base::FileSystem::FileExists));
+static_assert(IsSame<int (*)(const char *, const char *)>(&Nim::Base::FileSystem::RenameFile));
+static_assert(IsSame<int (*)(const char *)>(&Nim::Base::FileSystem::DeleteFileW));
+static_assert(IsSame<int (*)(const char *, const char *, int)>(&Nim::Base::FileSystem::CopyFileW));
+static_assert(
+    IsSame<bool (*)(const std::string &, std::string &)>(&Nim::Base::Encrypt::Base64Decode));
+static_assert(IsSame<QString (*)(const QByteArray &, QTextCodec *)>(&Ravel::ConvertToUnicode));
+static_assert(IsSame<QByteArray (*)(const QString &, QTextCodec *)>(&Ravel::ConvertFromUnicode));
+static_assert(Nim::Base::Error::ErrorCode{}.module_code == 0
+              && Nim::Base::Error::ErrorCode{}.error_code == 0
+              && Nim::Base::Error::ErrorCode{}.sub_system == 0);
+
+// The three templates as hosts use them on classes of their own.
+class CHostObject : public QObject, public Ravel::CObjectSingleton<CHostObject>
+{
+    friend class Ravel::CObjectSingleton<CHostObject>;
+    explicit CHostObject(QObject *parent) : QObject(parent) {}
+};
+static_assert(IsSame<CHostObject *(*)(QObject *)>(&CHostObject::CreateInstance));
+static_assert(IsSame<CHostObject *(*)()>(&CHostObject::Instance));
+static_assert(IsSame<void (*)()>(&CHostObject::DeleteInstance));
 
 } // namespace
 

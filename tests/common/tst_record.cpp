@@ -38,6 +38,10 @@ class CShared : public Vantor::CRecord<Inner, Vantor::SharedAssignment>
     VANTOR_RECORD_FIELD(number)
 };
 
+VANTOR_RECORD_DEFINE(CInner);
+VANTOR_RECORD_DEFINE(COuter);
+VANTOR_RECORD_DEFINE(CShared);
+
 static_assert(!std::is_convertible<Inner, CInner>::value, "a structure is no record by accident");
 
 } // namespace

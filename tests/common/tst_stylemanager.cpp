@@ -125,11 +125,11 @@ private Q_SLOTS:
                      ToneOf(i, 40));
     }
 
-    void anotherSheetIsFollowedWhenTheHostPolishes()
+    void aSheetThatComesLaterIsFollowedWhenTheHostPolishes()
     {
-        qApp->setStyleSheet(SheetOf(40));
         CStyleManager manager;
         qApp->setStyleSheet(SheetOf(80));
+        QVERIFY(!manager.NeuColor().isValid());
 
         manager.style()->unpolish(&manager);
         manager.style()->polish(&manager);

@@ -338,6 +338,7 @@ private Q_SLOTS:
 
     void anOpenThatFailsForgetsTheLines()
     {
+        guard_.AnnounceLogLines();
         CCSVParser parser(nullptr);
         parser.AppendLine({"lost"});
 
@@ -349,6 +350,9 @@ private Q_SLOTS:
         parser.WriteCSVFile();
         parser.CloseFile();
         QCOMPARE(FileBytes(path), kMark);
+        QVERIFY(!parser.HasWriteError());
+        QCOMPARE(guard_.LogLines().size(), 1);
+        QVERIFY(guard_.LogLines().first().contains("missing/a.csv cannot be opened: No such file"));
     }
 
     void closingAlwaysTells()
@@ -366,6 +370,7 @@ private Q_SLOTS:
 
     void aClosedFileTakesAndGivesNothing()
     {
+        guard_.AnnounceLogLines();
         const QString path = folder_->filePath("a.csv");
         CCSVParser parser(nullptr);
         QVERIFY(parser.OpenFile(path));
@@ -380,7 +385,7 @@ private Q_SLOTS:
 
         QCOMPARE(FileBytes(path), QByteArray());
         QCOMPARE(line, "as it was");
-        QVERIFY(!parser.HasWriteError());
+        QVERIFY(parser.HasWriteError()); // the late line is nowhere
     }
 
     void aLineIsFoundFromWhereTheLastSearchEnded_data()
@@ -452,10 +457,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("separator");
         QTest::addColumn<Stream>("kind");
-        for (const char *const separator : {",", ";", "\t", "¦"}) {
+        const char *const kinds[] = {"a new file", "the end of a file", "a pipe"};
+        for (const QString &separator : QStringList{",", ";", "\t", "\u00A6"}) {
             for (const Stream kind : {Stream::Fresh, Stream::Append, Stream::Pipe}) {
-                QTest::addRow("separator %s on stream %d", separator, static_cast<int>(kind))
-                    << QString::fromUtf8(separator) << kind;
+                const QString row = separator + " on " + kinds[static_cast<int>(kind)];
+                QTest::newRow(qPrintable(row)) << separator << kind;
             }
         }
     }

@@ -85,7 +85,7 @@ private Q_SLOTS:
         QCOMPARE(guard_.LogLines().size(), 1);
         static const QRegularExpression line(QRegularExpression::anchoredPattern(
             R"(5 ClientWarningAndMore \[Vantor::CCSVParser::DoParserTask\]csvparse_parse Error parsing file\.)"
-            R"(\[CSVParser\.cpp\(\d+\)\])"));
+            R"(\[CsvWrite\.cpp\(\d+\)\])"));
         QVERIFY2(line.match(guard_.LogLines().constFirst()).hasMatch(),
                  qPrintable(guard_.LogLines().constFirst()));
     }
@@ -131,8 +131,9 @@ private Q_SLOTS:
         QVERIFY(parser.HasWriteError());
         QCOMPARE(guard_.LogLines().size(), 1);
         QVERIFY(guard_.LogLines().constFirst().startsWith(
-            "5 ClientWarningAndMore [Vantor::CCSVParser::DoParserTask]Writing the CSV file failed: "
-            "No space left"));
+            "5 ClientWarningAndMore [Vantor::CCSVParser::DoParserTask]Writing the CSV file "
+            "/dev/full failed: No space left"));
+        QVERIFY(parser.WriteErrorText().startsWith("No space left"));
     }
 
     void aMarkThatDoesNotFitIsFoundWhenTheFileIsClosed()
@@ -177,11 +178,13 @@ private Q_SLOTS:
 
     void aDirectoryIsNoFile()
     {
+        guard_.AnnounceLogLines();
         CCSVParser parser(nullptr);
 
         QVERIFY(!parser.OpenFile(folder_.path()));
         QCOMPARE(errno, EISDIR);
         QVERIFY(!parser.OpenFileWithAppendMode(folder_.path()));
+        QCOMPARE(guard_.LogLines().filter("cannot be opened: Is a directory").size(), 2);
     }
 
     void aModelThatThrowsLosesNoEarlierRow()

@@ -160,6 +160,28 @@ private Q_SLOTS:
         QCOMPARE(guard_.LogLines().filter("Refused: a write is running.").size(), 3);
     }
 
+    // The task is long done, but its dialog is still to close.
+    void aSecondWriteBeforeTheFirstReturnsIsRefused()
+    {
+        guard_.AnnounceLogLines();
+        const QString path = folder_.filePath("once.csv");
+        CCSVParser parser(nullptr);
+        QVERIFY(parser.OpenFile(path));
+        Fill(parser, 1);
+        bool reopened = true;
+        QTimer::singleShot(0, &parser, [&] {
+            QThreadPool::globalInstance()->waitForDone();
+            parser.WriteCSVFileWithChase();
+            reopened = parser.OpenFile(folder_.filePath("other.csv"));
+        });
+
+        parser.WriteCSVFileWithChase();
+        parser.CloseFile();
+
+        QVERIFY(!reopened);
+        QCOMPARE(FileBytes(path), Expected(1, true));
+    }
+
     void parserAndParentMayGoWhileAWriteRuns_data()
     {
         QTest::addColumn<bool>("whole_window");

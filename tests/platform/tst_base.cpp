@@ -217,6 +217,11 @@ private Q_SLOTS:
             });
         QVERIFY(Base::MonitorDriveUtil::SetDeviceChangeCallBack(true, nullptr, nullptr));
         QVERIFY(asked);
+        Base::MonitorDriveUtil::SetBackend(
+            [](bool, Base::MonitorDriveUtil::DeviceChangeCallBack, void *) -> bool {
+                throw std::runtime_error("no wall");
+            });
+        QVERIFY(!Base::MonitorDriveUtil::SetDeviceChangeCallBack(true, nullptr, nullptr));
         Base::MonitorDriveUtil::SetBackend(nullptr);
         QVERIFY(!Base::MonitorDriveUtil::SetDeviceChangeCallBack(true, nullptr, nullptr));
     }

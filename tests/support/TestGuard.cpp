@@ -88,6 +88,7 @@ QString CTestGuard::End()
     Nim::Base::OS::SetListSeparatorSource(nullptr);
     Nim::Base::OS::SetCapsLockSource(nullptr);
 
+    const std::lock_guard<std::mutex> lock(d_ptr_->mutex_); // a last line may still be under way
     QStringList faults;
     for (const QString &part : qAsConst(d_ptr_->list_announced_)) {
         const auto seen = d_ptr_->list_warnings_.filter(part);

@@ -33,8 +33,10 @@ VANTOR_PLATFORM_EXPORT int DeleteFileW(const char *path);
 VANTOR_PLATFORM_EXPORT int CopyFileW(const char *source, const char *target, int fail_if_exists);
 
 /// \brief Open a file so that others may read and write it meanwhile; not inherited by child
-/// processes. \param mode of C's fopen(), such as "wb" or "ab+". \return the stream, which the
-/// caller closes with fclose(), or null.
+/// processes.
+///
+/// \param mode of C's fopen(), such as "wb" or "ab+".
+/// \return the stream, which the caller closes with fclose(), or null with the cause in errno.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT std::FILE *OpenShared(const QString &path, const char *mode);
 
 } // namespace Nim::Base::FileSystem

@@ -2,9 +2,13 @@
 #include "Nim/Base/FileSystem.h"
 #include "Nim/Base/FileSystem_p.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <QtCore/QFile>
+
+#include <cerrno>
+#include <cstdio>
 
 namespace Nim::Base::FileSystem {
 
@@ -16,8 +20,15 @@ std::FILE *OpenShared(const QString &path, const char *mode)
 
 bool RenameWithoutReplacing(const char *source, const char *target)
 {
-    // A hard link fails when the name is taken, on every file system that has links.
-    return link(source, target) == 0 && unlink(source) == 0;
+    if (renameat2(AT_FDCWD, source, AT_FDCWD, target, RENAME_NOREPLACE) == 0)
+        return true;
+    if (errno != EINVAL && errno != ENOSYS)
+        return false;
+    // A file system without that operation: a hard link fails too when the name is taken.
+    if (link(source, target) != 0)
+        return false;
+    unlink(source);
+    return true;
 }
 
 } // namespace Nim::Base::FileSystem

@@ -24,7 +24,11 @@ void SetBackend(Backend backend)
 
 bool SetDeviceChangeCallBack(bool enable, DeviceChangeCallBack callback, void *user_data)
 {
-    return (*CurrentBackend().Get())(enable, callback, user_data);
+    try {
+        return (*CurrentBackend().Get())(enable, callback, user_data);
+    } catch (...) { // a host's backend may throw; the displays are then not watched
+        return false;
+    }
 }
 
 } // namespace Nim::Base::MonitorDriveUtil

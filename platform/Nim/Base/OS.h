@@ -10,15 +10,17 @@
 namespace Nim::Base::OS {
 
 /// \brief Ask for the list separator of the user's locale: what stands between the columns of a CSV
-/// file there. \return false, and \a separator unchanged, when the system gives none. An empty
-/// answer counts as none. Any thread.
+/// file there. Any thread.
+///
+/// \return false, and \a separator unchanged, when the system gives none. An empty answer counts as
+/// none.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT bool GetListSeparator(QString &separator);
 
 /// \brief Replace where GetListSeparator() asks; an empty function restores the default.
 ///
 /// The default is the system's own call on Windows; elsewhere ";" when the locale's decimal point
-/// is ",", else ",". Called once a written line from any thread, so it must be cheap and
-/// thread-safe. If it throws, there is no answer.
+/// is ",", else ",". Called from any thread, once for each collected line and each write; so
+/// it must be cheap and thread-safe. If it throws, there is no answer.
 VANTOR_PLATFORM_EXPORT void SetListSeparatorSource(std::function<bool(QString &)> source);
 
 /// \brief Whether Caps Lock is on. GUI thread; meant to be asked on focus and on a key, not polled.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtCore/QCoreApplication>
+#include <QtCore/QObject>
 
 #include <atomic>
 #include <memory>
@@ -14,26 +14,34 @@ namespace Nim::Base {
 ///
 /// That is at the end of the process, when the application object is usually gone and the window
 /// system may be too (exit() called from a slot leaves the application alive, but unloads the
-/// platform plug-in first). So a widget is always left to the operating system, another QObject
-/// when there is no application object any more; everything else is deleted.
+/// platform plug-in first). So a QObject is left to the operating system; everything else is
+/// deleted.
 struct ReleaseAtUnload
 {
     template <class T> void operator()(T *instance) const
     {
-        if constexpr (std::is_base_of_v<QObject, T>) {
-            if (!QCoreApplication::instance() || instance->isWidgetType())
-                return;
-        }
-        delete instance;
+        if constexpr (!std::is_base_of_v<QObject, T>)
+            delete instance;
     }
 };
 
 /// \brief One instance of \a T in the process, made by the first Instance().
 ///
-/// \a T derives from CSingleton<T>. So that host, plug-ins and library share one instance under
-/// hidden visibility, an exported \a T declares `extern template class EXPORT_MACRO
-/// Nim::Base::CSingleton<T>;` before its class, and one .cpp of its library holds the explicit
-/// instantiation. The constructor of \a T must not call Instance().
+/// \a T derives from CSingleton<T>; a private constructor befriends it, the destructor is public,
+/// and the constructor must not call Instance(). A class that only one module uses needs nothing
+/// more. So that host, plug-ins and library share one instance under hidden visibility, an exported
+/// class has its instantiation exported once: \code
+/// // Clock.h
+/// class CClock;
+/// extern template class CLIENT_EXPORT Nim::Base::CSingleton<CClock>;
+/// class CLIENT_EXPORT CClock : public Nim::Base::CSingleton<CClock>
+/// {
+///     friend class Nim::Base::CSingleton<CClock>;
+///     CClock() = default;
+/// };
+/// // Clock.cpp
+/// template class Nim::Base::CSingleton<CClock>;
+/// \endcode
 template <class T> class CSingleton
 {
 public:

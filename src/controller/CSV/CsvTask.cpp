@@ -5,14 +5,19 @@
 
 #include <Ravel/TextCodec.h>
 
+#include <QtCore/QStringView>
+
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <string>
+#include <utility>
 
 namespace Vantor {
 namespace {
 
 constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
+constexpr qsizetype kSliceCharacters = 32 * 1024;
 constexpr size_t kBlockBytes = size_t{256} * 1024;
 constexpr size_t kLongFieldBytes = size_t{64} * 1024;
 
@@ -44,6 +49,8 @@ public:
             AppendDoubled(bytes, length);
         block_ += '"';
         block_ += separator_;
+        if (block_.size() >= 2 * kBlockBytes) // a row of many fields: not all of it has to wait
+            FlushAllBut(separator_.size() + 1);
     }
 
     void EndRow()
@@ -95,11 +102,15 @@ private:
         }
     }
 
-    void Flush()
+    void Flush() { FlushAllBut(0); }
+
+    // Keeps the last bytes of the block: what the end of the row may drop.
+    void FlushAllBut(size_t kept)
     {
-        if (std::fwrite(block_.data(), 1, block_.size(), stream_) != block_.size())
+        const size_t written = block_.size() - kept;
+        if (std::fwrite(block_.data(), 1, written, stream_) != written)
             Fail(errno);
-        block_.clear();
+        block_.erase(0, written);
     }
 
     std::FILE *const stream_;
@@ -130,6 +141,41 @@ void OnField(void *field, size_t length, void *user_data)
 void OnRow(int, void *user_data)
 {
     CallWriter(user_data, [](CRowWriter &writer) { writer.EndRow(); });
+}
+
+// Finishes the CSV library's parser when its lines are through, also by an exception: a half field
+// must not turn up in the next file.
+class CParserEnd
+{
+public:
+    CParserEnd(csvparse_parser &parser, CRowWriter &writer) : parser_(parser), writer_(writer) {}
+    CParserEnd(const CParserEnd &) = delete;
+    CParserEnd &operator=(const CParserEnd &) = delete;
+    ~CParserEnd()
+    {
+        csvparse_fini(&parser_, OnField, OnRow, &writer_);
+        csvparse_free(&parser_);
+    }
+
+private:
+    csvparse_parser &parser_;
+    CRowWriter &writer_;
+};
+
+// Hands over a long line slice by slice: its UTF-8 as a whole would take three bytes a character.
+bool ParseLine(csvparse_parser &parser, QStringView line, CRowWriter &writer)
+{
+    while (!line.isEmpty()) {
+        qsizetype count = std::min(line.size(), kSliceCharacters);
+        if (count < line.size() && line.at(count - 1).isHighSurrogate())
+            --count;
+        const QByteArray utf8 = line.left(count).toUtf8();
+        const auto length = static_cast<size_t>(utf8.size());
+        if (csvparse_parse(&parser, utf8.constData(), length, OnField, OnRow, &writer) != length)
+            return false;
+        line = line.mid(count);
+    }
+    return true;
 }
 
 CRowWriter MakeWriter(const CsvJob &job)
@@ -168,18 +214,14 @@ CsvOutcome WriteCsvJob(csvparse_parser &parser, const CsvJob &job)
     CRowWriter writer = MakeWriter(job);
     if (job.has_mark && job.stream)
         writer.AppendMark();
-    for (const QString &line : job.lines) {
-        const QByteArray utf8 = line.toUtf8();
-        const auto length = static_cast<size_t>(utf8.size());
-        if (csvparse_parse(&parser, utf8.constData(), length, OnField, OnRow, &writer) != length) {
-            outcome.is_parsed = false;
-            break;
+    {
+        const CParserEnd end(parser, writer);
+        for (const QString &line : job.lines) {
+            outcome.is_parsed = ParseLine(parser, line, writer);
+            if (!outcome.is_parsed || writer.HasFailed())
+                break;
         }
-        if (writer.HasFailed())
-            break;
     }
-    csvparse_fini(&parser, OnField, OnRow, &writer);
-    csvparse_free(&parser);
     writer.Finish();
     outcome.write_errno = writer.Errno();
     return outcome;
