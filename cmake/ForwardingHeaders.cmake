@@ -20,10 +20,13 @@ function(vantor_forwarding_headers folder)
         list(GET pair 1 header)
         file(CONFIGURE OUTPUT ${folder}/Vantor/${class} @ONLY
             CONTENT "// SPDX-License-Identifier: MIT\n#pragma once\n#include <${header}>\n")
+        # A client's own common/ folder must not come in between where the package is used.
+        file(CONFIGURE OUTPUT ${folder}/installed/Vantor/${class} @ONLY
+            CONTENT "// SPDX-License-Identifier: MIT\n#pragma once\n#include \"../${header}\"\n")
         file(CONFIGURE OUTPUT ${folder}/alone/${class}.cpp @ONLY CONTENT "#include <Vantor/${class}>\n")
         list(APPEND alone ${folder}/alone/${class}.cpp)
     endforeach()
-    install(DIRECTORY ${folder}/Vantor DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vantor)
+    install(DIRECTORY ${folder}/installed/Vantor DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vantor)
     add_library(vantor_verify_forwarding_headers OBJECT EXCLUDE_FROM_ALL ${alone})
     set_target_properties(vantor_verify_forwarding_headers PROPERTIES AUTOMOC OFF)
     target_link_libraries(vantor_verify_forwarding_headers PRIVATE Vantor::Vantor)
