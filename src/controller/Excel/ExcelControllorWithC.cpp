@@ -5,7 +5,6 @@
 #include "common/LogMacro.h"
 #include "controller/Excel/ExcelFile.h"
 #include "controller/Excel/ExcelFormats.h"
-#include "controller/Excel/ExcelPicture.h"
 #include "controller/Excel/ExcelSheet.h"
 #include "controller/Excel/ExcelText.h"
 
@@ -108,11 +107,6 @@ void InsertPicture(CExcelControllorWithCDataPtr &data, const char *function, int
         sheet->InsertPicture(function, row, col,
                              reinterpret_cast<const unsigned char *>(bytes.data()), bytes.size(),
                              options);
-}
-
-std::string BaseName(const std::string &path)
-{
-    return path.substr(path.find_last_of('/') + 1); // npos + 1 is 0: the whole path
 }
 
 } // namespace
@@ -261,19 +255,8 @@ void CExcelControllorWithC::SetRangeValidCheck(int first_row, int first_col, int
 void CExcelControllorWithC::SetColumnPics(int row, int col, std::string path)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnPics");
-    if (!Target(*d_ptr_))
-        return;
-    // Read now and inserted as bytes: a file that goes before Close() would take the picture along.
-    RunGuarded(kFunction, [&] {
-        std::string bytes;
-        if (!ReadPictureFile(path, bytes))
-            VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING, "The picture %s cannot be read",
-                       path.c_str());
-        std::string description = BaseName(path);
-        lxw_image_options_ options;
-        options.description = description.data();
-        InsertPicture(*d_ptr_, kFunction, row, col, bytes, options);
-    });
+    if (CExcelSheet *const sheet = Target(*d_ptr_))
+        RunGuarded(kFunction, [&] { sheet->InsertPictureFile(kFunction, row, col, path); });
 }
 
 void CExcelControllorWithC::SetColumnPicsBuffer(int row, int col, std::string buffer,
@@ -375,7 +358,10 @@ void CExcelControllorWithC::SetLinkString(int row, int col, std::string &url)
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetLinkString");
     CExcelSheet *const sheet = Target(*d_ptr_);
     if (sheet && !url.empty())
-        RunGuarded(kFunction, [&] { sheet->WriteLink(kFunction, row, col, url, nullptr); });
+        RunGuarded(kFunction, [&] {
+            d_ptr_->text_bytes_ += 2 * (url.size() + kCellBytes); // the cell and the relation
+            sheet->WriteLink(kFunction, row, col, url, nullptr);
+        });
 }
 
 void CExcelControllorWithC::SetLinkString(int row, int col, std::string &url, std::string &text)
@@ -383,7 +369,10 @@ void CExcelControllorWithC::SetLinkString(int row, int col, std::string &url, st
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetLinkString");
     CExcelSheet *const sheet = Target(*d_ptr_);
     if (sheet && !url.empty())
-        RunGuarded(kFunction, [&] { sheet->WriteLink(kFunction, row, col, url, &text); });
+        RunGuarded(kFunction, [&] {
+            d_ptr_->text_bytes_ += url.size() + text.size() + 2 * kCellBytes;
+            sheet->WriteLink(kFunction, row, col, url, &text);
+        });
 }
 
 int CExcelControllorWithC::GetUsedRowsCount()

@@ -28,19 +28,23 @@ constexpr std::uint64_t kSpareBytes = 1024 * 1024;
 WorkbookParts PartsOf(lxw_workbook *workbook, std::uint64_t text_bytes)
 {
     WorkbookParts parts;
+    std::uint64_t largest = 0;
     lxw_worksheet *sheet = nullptr;
     STAILQ_FOREACH(sheet, workbook->worksheets, list_pointers)
     {
         if (!sheet->optimize_tmpfile)
             continue;
+        lxw_worksheet_write_single_row(sheet); // the current row, which closing would write unseen
         const bool is_written =
             std::fflush(sheet->optimize_tmpfile) == 0 && std::ferror(sheet->optimize_tmpfile) == 0;
         parts.is_sound = parts.is_sound && is_written;
         const auto end = std::ftell(sheet->optimize_tmpfile);
-        if (end > 0)
-            parts.largest_sheet = std::max(parts.largest_sheet, static_cast<std::uint64_t>(end));
+        const std::uint64_t size = end > 0 ? static_cast<std::uint64_t>(end) : 0;
+        parts.sheets.emplace("xl/worksheets/sheet" + std::to_string(sheet->index + 1) + ".xml",
+                             size);
+        largest = std::max(largest, size);
     }
-    parts.temporary_need = std::max(parts.largest_sheet, 2 * text_bytes) + kSpareBytes;
+    parts.temporary_need = std::max(largest, 2 * text_bytes) + kSpareBytes;
     return parts;
 }
 
@@ -52,20 +56,17 @@ bool HasSpace(const std::string &folder, std::uint64_t bytes)
     return error || space.available >= bytes;
 }
 
-// Whether every part has something in it, and the largest sheet is not shorter than its rows were.
+// Whether every part has something in it, and no sheet is shorter than its rows were.
 bool IsWhole(const std::string &path, const WorkbookParts &parts)
 {
     std::vector<ZipEntry> entries;
     if (!ReadZipDirectory(path, entries))
         return false;
-    std::uint64_t largest = 0;
-    for (const ZipEntry &entry : entries) {
-        if (entry.size == 0)
-            return false;
-        if (entry.name.rfind("xl/worksheets/sheet", 0) == 0)
-            largest = std::max(largest, entry.size);
-    }
-    return largest >= std::min(parts.largest_sheet, kZip64Size);
+    return std::all_of(entries.cbegin(), entries.cend(), [&parts](const ZipEntry &entry) {
+        const auto sheet = parts.sheets.find(entry.name);
+        const std::uint64_t rows = sheet != parts.sheets.end() ? sheet->second : 0;
+        return entry.size > 0 && entry.size >= std::min(rows, kZip64Size);
+    });
 }
 
 // libxlsxwriter keeps the name it will write to; it is ours to free until the workbook is closed.
@@ -119,10 +120,9 @@ int SaveWorkbook(lxw_workbook *workbook, const std::string &path,
         return LXW_ERROR_CREATING_XLSX_FILE;
     }
 
+    // Without the file's own name, which may be as long as names can be.
     const std::string temporary =
-        (target.parent_path()
-         / ('.' + target.filename().string() + '.' + Nim::Base::Guid::Create() + ".part"))
-            .string();
+        (target.parent_path() / ('.' + Nim::Base::Guid::Create() + ".part")).string();
     Rename(workbook, temporary);
     int result = CloseChecked(workbook, temporary, parts);
     if (result == LXW_NO_ERROR) {

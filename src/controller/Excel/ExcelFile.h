@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 
 struct lxw_workbook;
@@ -11,8 +12,8 @@ namespace Vantor {
 // What libxlsxwriter is about to put together, gathered before it closes the workbook.
 struct WorkbookParts
 {
-    bool is_sound = true;             // false: a temporary file of a sheet could not be written
-    std::uint64_t largest_sheet = 0;  // bytes of the largest sheet's temporary file
+    bool is_sound = true; // false: a temporary file of a sheet could not be written
+    std::map<std::string, std::uint64_t> sheets; // bytes of rows by the part's name
     std::uint64_t temporary_need = 0; // bytes that closing needs in the temporary directory
 };
 

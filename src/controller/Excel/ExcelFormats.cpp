@@ -13,6 +13,7 @@ namespace {
 constexpr unsigned kColorBits = 0xFFFFFF;
 constexpr int kDefaultSize = 10; // and all below: the workbook's own size
 constexpr int kNoAlignment = -1;
+constexpr std::size_t kSeen = 16;
 
 bool LooksLike(const lxw_format_ &a, const lxw_format_ &b)
 {
@@ -39,18 +40,23 @@ unsigned ColorOf(const std::string &text)
 CExcelFormats::Key CExcelFormats::KeyOf(const lxw_format_ &look, bool can_wrap)
 {
     const bool is_aligned = look.text_location >= 0 && look.text_location <= 2;
-    return Key(
-        look.is_blod,
-        ExcelText::CutToBytes(ExcelText::Cleaned(look.font_faimily), ExcelText::kMaxFontNameBytes),
-        ColorOf(look.background_color), ColorOf(look.text_color),
-        look.font_size > kDefaultSize ? look.font_size : 0,
-        is_aligned ? look.text_location : kNoAlignment, can_wrap && look.is_need_wrap);
+    return Key(look.is_blod,
+               ExcelText::CutToBytes(ExcelText::CleanedAttribute(look.font_faimily),
+                                     ExcelText::kMaxFontNameBytes),
+               ColorOf(look.background_color), ColorOf(look.text_color),
+               look.font_size > kDefaultSize ? look.font_size : 0,
+               is_aligned ? look.text_location : kNoAlignment, can_wrap && look.is_need_wrap);
 }
 
 lxw_format *CExcelFormats::FormatFor(lxw_workbook *workbook, const lxw_format_ &look, bool can_wrap)
 {
-    if (last_ && can_wrap == last_can_wrap_ && LooksLike(look, last_look_))
-        return last_;
+    for (std::size_t i = 0; i < seen_.size(); ++i) {
+        const std::size_t at = last_ + i < seen_.size() ? last_ + i : last_ + i - seen_.size();
+        if (can_wrap == seen_[at].can_wrap && LooksLike(look, seen_[at].look)) {
+            last_ = at;
+            return seen_[at].format;
+        }
+    }
     const auto [entry, is_new] = formats_.try_emplace(KeyOf(look, can_wrap), nullptr);
     if (is_new)
         entry->second = workbook_add_format(workbook);
@@ -69,16 +75,26 @@ lxw_format *CExcelFormats::FormatFor(lxw_workbook *workbook, const lxw_format_ &
         if (is_wrapped)
             format_set_text_wrap(format);
     }
-    last_look_ = look;
-    last_can_wrap_ = can_wrap;
-    last_ = format;
+    Remember({look, can_wrap, format});
     return format;
+}
+
+void CExcelFormats::Remember(const Seen &seen)
+{
+    if (seen_.size() < kSeen) {
+        last_ = seen_.size();
+        seen_.push_back(seen);
+        return;
+    }
+    last_ = (last_ + 1) % kSeen;
+    seen_[last_] = seen;
 }
 
 void CExcelFormats::Clear()
 {
     formats_.clear();
-    last_ = nullptr;
+    seen_.clear();
+    last_ = 0;
 }
 
 } // namespace Vantor

@@ -6,6 +6,7 @@
 #include <map>
 #include <string>
 #include <tuple>
+#include <vector>
 
 struct lxw_format;
 struct lxw_workbook;
@@ -37,9 +38,19 @@ private:
     static Key KeyOf(const lxw_format_ &look, bool can_wrap);
 
     std::map<Key, lxw_format *> formats_;
-    lxw_format_ last_look_; // most cells look like the one before: no look-up for them
-    bool last_can_wrap_ = false;
-    lxw_format *last_ = nullptr;
+    // The records seen last as they were given. Cells of a row go through the same few looks again
+    // and again, and to compare a record is much cheaper than to make its key.
+    struct Seen
+    {
+        lxw_format_ look;
+        bool can_wrap = false;
+        lxw_format *format = nullptr;
+    };
+
+    void Remember(const Seen &seen);
+
+    std::vector<Seen> seen_;
+    std::size_t last_ = 0; // where the last one was found
 };
 
 } // namespace Vantor

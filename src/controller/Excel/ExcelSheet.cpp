@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <cstring>
 
 namespace Vantor {
 namespace {
@@ -20,6 +22,7 @@ constexpr int kMaxWidth = 255;   // characters
 constexpr int kMaxWidth_px = 1790;
 constexpr int kMaxHeight = 409; // points
 constexpr int kMaxHeight_px = 545;
+constexpr char kReplaced[] = "what a workbook cannot hold was replaced in a text";
 
 lxw_row_t Row(int row)
 {
@@ -54,6 +57,17 @@ std::string Joined(const std::vector<std::string> &items)
     for (std::size_t i = 0; i < items.size(); ++i)
         list.append(i > 0 ? "," : "").append(items[i]);
     return list;
+}
+
+// Whether libxlsxwriter writes the whole of the address.
+bool IsLink(const std::string &target)
+{
+    return ExcelText::EscapedBytes(target) <= ExcelText::kMaxAttributeBytes;
+}
+
+double ScaleOf(double scale)
+{
+    return std::isfinite(scale) && scale > 0 ? scale : 1;
 }
 
 std::string WithDoubledQuotes(std::string text)
@@ -106,7 +120,7 @@ void CExcelSheet::Merge(const char *function, const CellRange &range, const std:
     }
     std::string storage;
     const std::string &fitting = Fit(function, text, storage);
-    merged_.push_back(cells);
+    RememberMerged(cells);
     if (sheet_->optimize && cells.first_row != cells.last_row)
         MergeInConstantMemory(cells, fitting, format);
     else
@@ -119,7 +133,7 @@ void CExcelSheet::Validate(const char *function, const CellRange &range, const s
 {
     if (!Holds(function, Ordered(range)))
         return;
-    std::vector<std::string> items = ExcelText::SplitList(ExcelText::Cleaned(list));
+    std::vector<std::string> items = ExcelText::SplitList(FitAttribute(function, list));
     for (std::string &item : items)
         item = WithDoubledQuotes(item);
     const std::string joined = Joined(items);
@@ -127,25 +141,28 @@ void CExcelSheet::Validate(const char *function, const CellRange &range, const s
         LogOnce(function, "a list of more than 255 characters was left out");
         return;
     }
-    lxw_data_validation validation{};
+    // libxlsxwriter 1.1.4 counts characters but copies bytes into a buffer of that size, so a
+    // longer list takes its place afterwards. (Handed over as a formula it would be the same XML,
+    // but a copy of it would leak.)
+    const bool fits_buffer = joined.size() <= ExcelText::kMaxListUnits;
+    if (!fits_buffer)
+        items.assign(1, "-");
     std::vector<char *> pointers;
-    std::string formula;
-    if (joined.size() <= ExcelText::kMaxListUnits) {
-        for (std::string &item : items)
-            pointers.push_back(item.data());
-        pointers.push_back(nullptr);
-        validation.validate = LXW_VALIDATION_TYPE_LIST;
-        validation.value_list = pointers.data();
-    } else {
-        // libxlsxwriter 1.1.4 counts characters but copies bytes into a buffer of that size; as a
-        // formula the same list becomes the same XML.
-        formula = '"' + joined + '"';
-        validation.validate = LXW_VALIDATION_TYPE_LIST_FORMULA;
-        validation.value_formula = formula.data();
-    }
-    Check(function, worksheet_data_validation_range(sheet_, Row(range.first_row),
-                                                    Column(range.first_col), Row(range.last_row),
-                                                    Column(range.last_col), &validation));
+    for (std::string &item : items)
+        pointers.push_back(item.data());
+    pointers.push_back(nullptr);
+    lxw_data_validation validation{};
+    validation.validate = LXW_VALIDATION_TYPE_LIST;
+    validation.value_list = pointers.data();
+    lxw_data_val_obj **const added = sheet_->data_validations->stqh_last; // where it will be
+    const bool is_added = Check(
+        function,
+        worksheet_data_validation_range(sheet_, Row(range.first_row), Column(range.first_col),
+                                        Row(range.last_row), Column(range.last_col), &validation));
+    if (!is_added || fits_buffer)
+        return;
+    std::free((*added)->value_formula);
+    (*added)->value_formula = strdup(('"' + joined + '"').c_str());
 }
 
 void CExcelSheet::WriteLink(const char *function, int row, int col, const std::string &url,
@@ -153,23 +170,22 @@ void CExcelSheet::WriteLink(const char *function, int row, int col, const std::s
 {
     if (!Holds(function, CellAt(row, col)))
         return;
-    const std::string target = ExcelText::LinkTarget(ExcelText::Cleaned(url));
-    std::string storage;
-    const std::string shown = text ? Fit(function, *text, storage) : std::string();
-    const bool fits =
-        ExcelText::EscapedBytes(target) <= ExcelText::kMaxUrlBytes && links_ < kMaxLinks;
-    if (!fits) {
+    const std::string address = FitAttribute(function, url);
+    const std::string target = ExcelText::LinkTarget(address);
+    if (!IsLink(target) || links_ >= kMaxLinks) {
         LogOnce(function, "links beyond the format's limits were written as plain text");
-        WriteText(function, row, col, text ? shown : url, nullptr);
+        WriteText(function, row, col, text ? *text : url, nullptr);
         return;
     }
     ++links_;
-    if (text)
-        Check(function, worksheet_write_url_opt(sheet_, Row(row), Column(col), target.c_str(),
-                                                nullptr, shown.c_str(), ""));
-    else
-        Check(function,
-              worksheet_write_url(sheet_, Row(row), Column(col), target.c_str(), nullptr));
+    std::string storage;
+    const char *shown = text ? Fit(function, *text, storage).c_str() : nullptr;
+    // libxlsxwriter would show the escaped form, and without its first letters where "mailto:"
+    // stands in the middle.
+    if (!text && (target != address || target.find("mailto:", 1) != std::string::npos))
+        shown = address.c_str();
+    Check(function, worksheet_write_url_opt(sheet_, Row(row), Column(col), target.c_str(), nullptr,
+                                            shown, text ? "" : nullptr));
 }
 
 void CExcelSheet::InsertPicture(const char *function, int row, int col, const unsigned char *bytes,
@@ -184,15 +200,41 @@ void CExcelSheet::InsertPicture(const char *function, int row, int col, const un
     lxw_image_options placed{};
     placed.x_offset = options.x_offset;
     placed.y_offset = options.y_offset;
-    placed.x_scale = options.x_scale > 0 ? options.x_scale : 1;
-    placed.y_scale = options.y_scale > 0 ? options.y_scale : 1;
+    placed.x_scale = ScaleOf(options.x_scale);
+    placed.y_scale = ScaleOf(options.y_scale);
     placed.object_position = options.object_position;
     // libxlsxwriter copies the texts. An empty address would become a link to nowhere.
-    placed.description = options.description;
-    placed.url = options.url && *options.url ? options.url : nullptr;
-    placed.tip = options.tip;
+    const auto fit = [this, function](const char *text) {
+        return text ? FitAttribute(function, text) : std::string();
+    };
+    constexpr std::size_t kMost = ExcelText::kMaxAttributeBytes;
+    std::string description = ExcelText::CutToBytes(fit(options.description), kMost);
+    std::string url = ExcelText::LinkTarget(fit(options.url));
+    std::string tip = ExcelText::CutToBytes(fit(options.tip), kMost);
+    const bool is_link = !url.empty() && IsLink(url);
+    if (!url.empty() && !is_link)
+        LogOnce(function, "a picture's link beyond the format's limits was left out");
+    placed.description = options.description ? description.data() : nullptr;
+    placed.url = is_link ? url.data() : nullptr;
+    placed.tip = options.tip ? tip.data() : nullptr;
     Check(function,
           worksheet_insert_image_buffer_opt(sheet_, Row(row), Column(col), bytes, size, &placed));
+}
+
+void CExcelSheet::InsertPictureFile(const char *function, int row, int col, const std::string &path)
+{
+    if (!Holds(function, CellAt(row, col)))
+        return;
+    std::string bytes;
+    if (!ReadPictureFile(path, bytes)) {
+        LogOnce(function, "a picture file that cannot be read was left out");
+        return;
+    }
+    std::string description = path.substr(path.find_last_of('/') + 1); // npos + 1 is 0: all of it
+    lxw_image_options_ options;
+    options.description = description.data();
+    InsertPicture(function, row, col, reinterpret_cast<const unsigned char *>(bytes.data()),
+                  bytes.size(), options);
 }
 
 void CExcelSheet::SetAutofilter(const char *function, const CellRange &range)
@@ -243,7 +285,7 @@ const std::string &CExcelSheet::Fit(const char *function, const std::string &tex
 {
     const std::string *fitting = &text;
     if (!ExcelText::IsClean(text)) {
-        LogOnce(function, "bytes that are no UTF-8 text were replaced");
+        LogOnce(function, kReplaced);
         storage = ExcelText::Cleaned(text);
         fitting = &storage;
     }
@@ -254,6 +296,14 @@ const std::string &CExcelSheet::Fit(const char *function, const std::string &tex
         fitting = &storage;
     }
     return *fitting;
+}
+
+std::string CExcelSheet::FitAttribute(const char *function, const std::string &text)
+{
+    std::string fitting = ExcelText::CleanedAttribute(text);
+    if (fitting != text)
+        LogOnce(function, kReplaced);
+    return fitting;
 }
 
 bool CExcelSheet::Holds(const char *function, const CellRange &range)
@@ -268,10 +318,20 @@ bool CExcelSheet::Holds(const char *function, const CellRange &range)
 
 bool CExcelSheet::OverlapsMerged(const CellRange &range) const
 {
-    return std::any_of(merged_.cbegin(), merged_.cend(), [&range](const CellRange &other) {
-        return range.first_row <= other.last_row && other.first_row <= range.last_row
-               && range.first_col <= other.last_col && other.first_col <= range.last_col;
-    });
+    // Behind the end of `range` by more than the tallest range is high, none can reach into it.
+    const auto end = merged_.upper_bound(range.last_row + tallest_merged_);
+    return std::any_of(
+        merged_.lower_bound(range.first_row), end, [&range](const auto &last_row_and_range) {
+            const CellRange &other = last_row_and_range.second;
+            return other.first_row <= range.last_row && range.first_col <= other.last_col
+                   && other.first_col <= range.last_col;
+        });
+}
+
+void CExcelSheet::RememberMerged(const CellRange &range)
+{
+    merged_.emplace(range.last_row, range);
+    tallest_merged_ = std::max(tallest_merged_, range.last_row - range.first_row + 1);
 }
 
 // Formatted blanks below the first row would push that row, and the next ones, out to the temporary
@@ -295,7 +355,11 @@ bool CExcelSheet::Check(const char *function, int result)
 {
     if (result == LXW_NO_ERROR)
         return true;
-    LogOnce(function, lxw_strerror(static_cast<lxw_error>(result)));
+    // Only this is left that is not refused before: the row is in the temporary file already.
+    if (result == LXW_ERROR_WORKSHEET_INDEX_OUT_OF_RANGE)
+        LogOnce(function, "what came for a row above the current one was left out");
+    else
+        LogOnce(function, lxw_strerror(static_cast<lxw_error>(result)));
     return false;
 }
 

@@ -4,9 +4,9 @@
 #include "controller/Excel/ExcelRecords.h"
 
 #include <cstdint>
+#include <map>
 #include <set>
 #include <string>
-#include <vector>
 
 struct lxw_format;
 struct lxw_worksheet;
@@ -31,8 +31,6 @@ public:
     // `sheet` may be null (a refused name): every write is then skipped.
     CExcelSheet(lxw_worksheet *sheet, const std::string &name);
 
-    [[nodiscard]] lxw_worksheet *Sheet() const { return sheet_; }
-
     void WriteText(const char *function, int row, int col, const std::string &text,
                    lxw_format *format);
     void WriteNumber(const char *function, int row, int col, double value, lxw_format *format);
@@ -45,18 +43,23 @@ public:
     // A picture's bytes; `options` is copied.
     void InsertPicture(const char *function, int row, int col, const unsigned char *bytes,
                        std::size_t size, const lxw_image_options_ &options);
+    // The picture file `path`, read now: a file that goes before the workbook is closed would take
+    // the picture along.
+    void InsertPictureFile(const char *function, int row, int col, const std::string &path);
     void SetAutofilter(const char *function, const CellRange &range);
     void SetColumnWidth(const char *function, int first_col, int last_col, int width,
                         bool is_in_pixels);
     void SetRowHeight(const char *function, int row, int height, bool is_in_pixels);
 
+private:
     // Text as the file can hold it: clean and at most a cell's length. `storage` keeps a changed
     // copy.
     const std::string &Fit(const char *function, const std::string &text, std::string &storage);
-
-private:
+    // The same for an attribute or a formula, without a limit.
+    std::string FitAttribute(const char *function, const std::string &text);
     [[nodiscard]] bool Holds(const char *function, const CellRange &range);
     [[nodiscard]] bool OverlapsMerged(const CellRange &range) const;
+    void RememberMerged(const CellRange &range);
     void MergeInConstantMemory(const CellRange &range, const std::string &text, lxw_format *format);
     // Whether `result` is success; a failure is logged once.
     bool Check(const char *function, int result);
@@ -64,7 +67,8 @@ private:
 
     lxw_worksheet *sheet_;
     std::string name_;
-    std::vector<CellRange> merged_;
+    std::multimap<int, CellRange> merged_; // by last row
+    int tallest_merged_ = 0;               // rows
     int links_ = 0;
     std::set<std::string> logged_;
 };

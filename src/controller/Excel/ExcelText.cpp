@@ -22,6 +22,12 @@ bool IsContinuation(unsigned char byte)
     return (byte & 0xC0) == 0x80;
 }
 
+// U+FFFE and U+FFFF, which XML forbids.
+bool IsNoCharacter(const std::string &text, std::size_t i)
+{
+    return text.compare(i, 3, "\xEF\xBF\xBE") == 0 || text.compare(i, 3, "\xEF\xBF\xBF") == 0;
+}
+
 // Length of the well-formed character that begins at `i` and may stand in XML, 0 when there is none
 // (Unicode 15, table 3-7).
 std::size_t CharacterLength(const std::string &text, std::size_t i)
@@ -39,8 +45,8 @@ std::size_t CharacterLength(const std::string &text, std::size_t i)
     const unsigned char second = ByteAt(text, i + 1);
     const bool is_overlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
     const bool is_surrogate = lead == 0xED && second > 0x9F;
+    const bool is_no_character = lead == 0xEF && IsNoCharacter(text, i);
     const bool is_beyond = lead == 0xF4 && second > 0x8F;
-    const bool is_no_character = lead == 0xEF && second == 0xBF && ByteAt(text, i + 2) >= 0xBE;
     return is_overlong || is_surrogate || is_beyond || is_no_character ? 0 : length;
 }
 
@@ -55,6 +61,20 @@ std::size_t AsciiPrefix(const std::string &text)
             break;
     }
     return i;
+}
+
+// Clean text with control characters replaced, but those in `allowed`.
+std::string WithoutControls(const std::string &text, const std::string &allowed)
+{
+    std::string without;
+    without.reserve(text.size());
+    for (const char c : text) {
+        if (static_cast<unsigned char>(c) < 0x20 && allowed.find(c) == std::string::npos)
+            without += kReplacement;
+        else
+            without += c;
+    }
+    return without;
 }
 
 std::size_t UnitsOf(std::size_t character_length)
@@ -85,9 +105,14 @@ std::string Cleaned(const std::string &text)
             clean.append(text, i, length);
         else
             clean.append(kReplacement);
-        i += std::max<std::size_t>(length, 1);
+        i += IsNoCharacter(text, i) ? 3 : std::max<std::size_t>(length, 1);
     }
     return clean;
+}
+
+std::string CleanedAttribute(const std::string &text)
+{
+    return WithoutControls(Cleaned(text), "\t\n\r");
 }
 
 std::string CutToBytes(const std::string &text, std::size_t bytes)
@@ -125,14 +150,7 @@ std::string CutToUnits(const std::string &text, std::size_t units)
 
 std::string SheetName(const std::string &name)
 {
-    std::string clean;
-    for (const char c : Cleaned(name)) {
-        if (static_cast<unsigned char>(c) < 0x20)
-            clean += kReplacement;
-        else
-            clean += c;
-    }
-    return CutToBytes(clean, kMaxSheetNameBytes);
+    return CutToBytes(WithoutControls(Cleaned(name), ""), kMaxSheetNameBytes);
 }
 
 std::string LinkTarget(const std::string &url)

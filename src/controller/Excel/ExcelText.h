@@ -13,7 +13,7 @@ namespace Vantor::ExcelText {
 constexpr std::size_t kMaxCellUnits = 32767; // UTF-16 units, the format's limit for a cell
 constexpr std::size_t kMaxSheetNameBytes = 31;
 constexpr std::size_t kMaxFontNameBytes = 127;
-constexpr std::size_t kMaxUrlBytes = 2079;
+constexpr std::size_t kMaxAttributeBytes = 2079; // libxlsxwriter cuts there, inside a character too
 constexpr std::size_t kMaxListUnits = 255;
 
 // Whether `text` is well-formed UTF-8 without zero bytes and without U+FFFE and U+FFFF, which XML
@@ -22,6 +22,10 @@ bool IsClean(const std::string &text);
 
 // `text` with each offending byte or character replaced by U+FFFD.
 std::string Cleaned(const std::string &text);
+
+// `text` for an attribute or a formula, where libxlsxwriter escapes no control characters: cleaned,
+// and each of them but tab and the line breaks replaced by U+FFFD.
+std::string CleanedAttribute(const std::string &text);
 
 // The longest prefix of clean text of at most `bytes` bytes that ends at a character.
 std::string CutToBytes(const std::string &text, std::size_t bytes);

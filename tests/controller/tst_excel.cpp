@@ -1,0 +1,635 @@
+// SPDX-License-Identifier: MIT
+#include "ExcelParts.h"
+#include "letter/ExcelLetter.h"
+#include "support/Files.h"
+#include "support/TestGuard.h"
+
+#include <Vantor/CExcelControllorWithC>
+
+#include <xlsxwriter.h>
+
+#include <QtCore/QBuffer>
+#include <QtCore/QDir>
+#include <QtCore/QRandomGenerator>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QImage>
+#include <QtTest/QTest>
+
+using Vantor::CExcelControllorWithC;
+using Vantor::Clxw_format_;
+using Look = std::shared_ptr<Clxw_format_>;
+
+namespace {
+
+const QString kSheet = "xl/worksheets/sheet1.xml";
+
+Look PlainLook()
+{
+    return std::make_shared<Clxw_format_>();
+}
+
+QByteArray PngBytes(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return buffer.data();
+}
+
+// One random workbook, written by the writer and in its plain form side by side.
+class CTwins
+{
+public:
+    CTwins(quint32 seed, const QString &folder)
+        : random_(seed), is_constant_(random_.bounded(2) == 0)
+    {
+        const QString name = QStringLiteral("/%1.xlsx").arg(seed);
+        const QByteArray cache = (folder + "/cache/").toLocal8Bit();
+        ours_.Init((folder + "/ours" + name).toStdString(), is_constant_ ? cache.data() : "");
+        lxw_workbook_options options{};
+        options.constant_memory = is_constant_;
+        plain_ = workbook_new_opt(qPrintable(folder + "/plain" + name), &options);
+        picture_path_ = folder.toStdString() + "/picture.png";
+    }
+
+    int Write()
+    {
+        static const std::vector<std::string> names{"Report", "Überblick", "列表一", "تقرير"};
+        const int sheets = 1 + random_.bounded(4);
+        for (int i = 0; i < sheets; ++i) {
+            ours_.AddSheetByName(names[i]);
+            sheet_ = workbook_add_worksheet(plain_, names[i].c_str());
+            WriteSheet();
+            if (i > 0 && random_.bounded(4) == 0) {
+                ours_.DeleteSheet(names[i]);
+                worksheet_hide(sheet_);
+            }
+        }
+        ours_.Close();
+        return workbook_close(plain_) + ours_.LastCloseResult();
+    }
+
+private:
+    template <class Value> const Value &OneOf(const std::vector<Value> &values)
+    {
+        return values[random_.bounded(static_cast<int>(values.size()))];
+    }
+
+    Look RandomLook()
+    {
+        static const std::vector<std::string> colors{
+            "", "red", "#FA3239", "#000000", "#00ff00zz", "#GG", "#123456789", "x#0F0", "#"};
+        static const std::vector<std::string> fonts{"Microsoft YaHei", "", "Arial", "宋体"};
+        auto look = PlainLook();
+        look->SetVal_font_size(OneOf<int>({-1, 9, 10, 11, 12, 409, 410}));
+        look->SetVal_is_blod(random_.bounded(2) == 0);
+        look->SetVal_text_location(random_.bounded(-1, 4));
+        look->SetVal_background_color(OneOf(colors));
+        look->SetVal_text_color(OneOf(colors));
+        look->SetVal_cell_type(random_.bounded(3));
+        look->SetVal_font_faimily(OneOf(fonts));
+        look->SetVal_is_need_wrap(random_.bounded(2) == 0);
+        return look;
+    }
+
+    void WriteSheet()
+    {
+        std::vector<Look> looks;
+        for (int i = random_.bounded(20); i >= 0; --i)
+            looks.push_back(RandomLook());
+        WriteSizes();
+        for (int row = 0; row < 12; ++row) {
+            for (int col = random_.bounded(8); col >= 0; --col)
+                WriteCell(row, col, OneOf(looks));
+            WriteExtra(row, OneOf(looks));
+        }
+        if (random_.bounded(2) == 0) {
+            ours_.SetFilterCoumn(0, 0, 12, 5);
+            worksheet_autofilter(sheet_, 0, 0, 12, 5);
+        }
+    }
+
+    void WriteSizes()
+    {
+        const int width = random_.bounded(256);
+        ours_.SetColumnWidth(1, 1, width);
+        worksheet_set_column(sheet_, 1, 1, width, nullptr);
+        ours_.SetColumnWidthtWithPixels(3, 3, width);
+        worksheet_set_column_pixels(sheet_, 3, 3, static_cast<uint32_t>(width), nullptr);
+        ours_.SetRowHeight(0, width);
+        worksheet_set_row(sheet_, 0, width, nullptr);
+    }
+
+    void WriteCell(int row, int col, const Look &look)
+    {
+        static const std::vector<std::string> texts{
+            "",           "a",    " b ", "=1+1",    "<&>\"'",
+            "x\ny\r\x01", "中文", "😀",   "_x0041_", std::string(300, 'l')};
+        if (random_.bounded(3) == 0) {
+            const double value = random_.generateDouble() * 1e6;
+            ours_.SetCellString(row, col, value, look);
+            Letter::WriteNumber(plain_, sheet_, row, col, value, look->Read());
+        } else {
+            const std::string text = OneOf(texts);
+            ours_.SetCellString(row, col, text, look);
+            Letter::WriteText(plain_, sheet_, row, col, text, look->Read());
+        }
+    }
+
+    void WriteExtra(int row, const Look &look)
+    {
+        const int first = 10 + random_.bounded(3);
+        std::string url = OneOf<std::string>({"https://example.org/a b", "mailto:x@example.org",
+                                              "internal:Report!A1", "external:a/b.xlsx#S!A1"});
+        std::string text = "shown";
+        switch (random_.bounded(6)) {
+        case 0:
+            ours_.MergeCells(row, first, row, first + 2, "merged", look);
+            Letter::MergeCells(plain_, sheet_, row, first, row, first + 2, "merged", look->Read());
+            break;
+        case 1:
+            ours_.SetRangeValidCheck(row, first, row + 2, first, "open,a \"b\",,closed");
+            Letter::ValidateRange(sheet_, row, first, row + 2, first,
+                                  "open,a \"\"b\"\",,closed"); // doubled, as formulas want it
+            break;
+        case 2:
+            ours_.SetLinkString(row, first, url);
+            worksheet_write_url(sheet_, Row(row), Column(first), url.c_str(), nullptr);
+            break;
+        case 3:
+            ours_.SetLinkString(row, first, url, text);
+            worksheet_write_url_opt(sheet_, Row(row), Column(first), url.c_str(), nullptr,
+                                    text.c_str(), "");
+            break;
+        case 4:
+            WritePicture(row, first);
+            break;
+        default:
+            ours_.SetColumnPics(row, first, picture_path_);
+            worksheet_insert_image(sheet_, Row(row), Column(first), picture_path_.c_str());
+        }
+    }
+
+    void WritePicture(int row, int col)
+    {
+        QByteArray description = "gate";
+        QByteArray url = "https://example.org";
+        Vantor::lxw_image_options_ options;
+        options.x_offset = random_.bounded(100);
+        options.y_scale = random_.bounded(3) * 0.5;
+        options.object_position = static_cast<unsigned char>(random_.bounded(4));
+        options.description = random_.bounded(2) == 0 ? description.data() : nullptr;
+        options.url = random_.bounded(2) == 0 ? url.data() : nullptr;
+        options.tip = options.url ? description.data() : nullptr;
+        static const std::string bytes = PngBytes(40, 30).toStdString();
+        ours_.SetColumnPicsBufferOpt(row, col, bytes,
+                                     std::make_shared<Vantor::Clxw_image_options_>(options));
+        Letter::InsertPicture(sheet_, row, col, bytes, options);
+    }
+
+    static lxw_row_t Row(int row) { return static_cast<lxw_row_t>(row); }
+    static lxw_col_t Column(int column) { return static_cast<lxw_col_t>(column); }
+
+    QRandomGenerator random_;
+    const bool is_constant_;
+    CExcelControllorWithC ours_;
+    lxw_workbook *plain_ = nullptr;
+    lxw_worksheet *sheet_ = nullptr;
+    std::string picture_path_;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(std::function<void(Clxw_format_ &)>)
+
+class TestExcel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        guard_.Begin();
+        folder_ = std::make_unique<QTemporaryDir>();
+    }
+
+    void cleanup()
+    {
+        const QString fault = guard_.End();
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    }
+
+    void thePartsEqualThoseOfAFormatForEachCell()
+    {
+        for (const char *const name : {"ours", "plain"})
+            QVERIFY(QDir(folder_->path()).mkdir(name));
+        QFile picture(folder_->filePath("picture.png"));
+        QVERIFY(picture.open(QIODevice::WriteOnly));
+        picture.write(PngBytes(64, 48));
+        picture.close();
+
+        for (quint32 seed = 1; seed <= 600; ++seed)
+            QCOMPARE(CTwins(seed, folder_->path()).Write(), 0);
+
+        QCOMPARE(ComparePairs(folder_->path()), QString("600 pairs are the same"));
+    }
+
+    void theLogTellsEachStepToTheLetter()
+    {
+        const QString cache = QString::fromStdString(Cache());
+        CExcelControllorWithC writer;
+        QVERIFY(!writer.AddSheetByName("too early"));
+        writer.Init(Path(), Cache());
+        writer.Init("second.xlsx", "");
+        writer.AddSheetByName("A");
+        writer.SetFilterCoumn(1, 2, 3, 4);
+        writer.SetColumnWidth(1, 2, 30);
+        writer.Close();
+
+        const QString init = "3 UserOperate [Vantor::CExcelControllorWithC::Init]"
+                             "CExcelControllorWithC::Init";
+        const QString add = "3 UserOperate [Vantor::CExcelControllorWithC::AddSheetByName]"
+                            "CExcelControllorWithC::Init";
+        const QString close = "3 UserOperate [Vantor::CExcelControllorWithC::Close]";
+        const QString path = QString::fromStdString(Path());
+        const QStringList expected{
+            add,
+            init,
+            init + "  d_ptr_->ptr_excel_ is null  file_cache_path =" + cache,
+            init,
+            add,
+            add + " d_ptr_->ptr_excel_ != nullptr",
+            "3 UserOperate [Vantor::CExcelControllorWithC::SetFilterCoumn]CExcelControllorWithC::"
+            "SetFilterCoumn begin_row =1  begin_column =2 end_row =3 en_column =4",
+            "3 UserOperate [Vantor::CExcelControllorWithC::SetColumnWidth]CExcelControllorWithC::"
+            "SetColumnWidth begin_column =1  en_column =2 i_width =30",
+            close + "file  close , file_path_ = " + path + ' ',
+            close + "file  close success, file_path_ = " + path + " , close result = 0",
+            close + "delete file path = " + cache + "FileGenerateCach, result = 1",
+        };
+        QCOMPARE(Log(), expected);
+    }
+
+    void filterConditionsAreOnlyLogged()
+    {
+        CExcelControllorWithC writer;
+        writer.SetFilterOneCoumnWith1Str(3, "%n");
+        writer.SetFilterOneCoumnWith2Str(3, "a", "b");
+        writer.SetFilterCoumnWithListStr(4, "a,b");
+        writer.SetFilterCoumn(0, 0, 1, 1); // these two write to a sheet, and there is none
+        writer.SetColumnWidth(0, 0, 1);
+
+        const QString frame = "3 UserOperate [Vantor::CExcelControllorWithC::%1]"
+                              "CExcelControllorWithC::%1";
+        const QStringList expected{
+            frame.arg("SetFilterOneCoumnWith1Str") + " begin_column =3  rule_str =%n",
+            frame.arg("SetFilterOneCoumnWith2Str"),
+            frame.arg("SetFilterCoumnWithListStr") + " filter_column =4",
+        };
+        QCOMPARE(Log(), expected);
+    }
+
+    void onlyTheFilterRangeReachesTheFile()
+    {
+        const Parts parts = Written([](CExcelControllorWithC &writer) {
+            writer.SetFilterCoumn(0, 0, 5, 2);
+            writer.SetFilterOneCoumnWith1Str(0, "x == 1");
+            writer.SetFilterCoumnWithListStr(1, "a,b");
+        });
+
+        QVERIFY(parts[kSheet].contains("<autoFilter ref=\"A1:C6\"/>"));
+    }
+
+    void aLongNameIsShownCutAndFoundWhole()
+    {
+        const std::string name(40, 'n');
+        CExcelControllorWithC writer;
+        writer.Init(Path(), "");
+        writer.AddSheetByName(name);
+        lxw_worksheet *const sheet = writer.GetWorkSheet(name);
+        writer.AddSheetByName("other");
+        writer.AddSheetByName(name);
+
+        QVERIFY(sheet);
+        QCOMPARE(writer.GetWorkSheet(name), sheet);
+        QCOMPARE(writer.GetWorkSheet(name.substr(0, 31)), nullptr);
+        QCOMPARE(writer.GetSheetCount(), 2);
+        writer.Close();
+        QVERIFY(Read()["xl/workbook.xml"].contains("name=\"" + QByteArray(31, 'n') + "\""));
+    }
+
+    void hiddenSheetsStayInTheFile_data()
+    {
+        QTest::addColumn<QStringList>("hidden");
+        QTest::addColumn<QByteArray>("states"); // of A, B, C
+        QTest::addColumn<QByteArray>("active");
+        QTest::newRow("the last") << QStringList{"C"} << QByteArray("vvh") << QByteArray();
+        QTest::newRow("the first, which is active")
+            << QStringList{"A"} << QByteArray("hvv") << QByteArray("1");
+        QTest::newRow("the first two")
+            << QStringList{"A", "B"} << QByteArray("hhv") << QByteArray("2");
+        QTest::newRow("all, but one has to show")
+            << QStringList{"A", "B", "C"} << QByteArray("vhh") << QByteArray();
+        QTest::newRow("none of an unknown name")
+            << QStringList{"", "D"} << QByteArray("vvv") << QByteArray();
+    }
+
+    void hiddenSheetsStayInTheFile()
+    {
+        QFETCH(QStringList, hidden);
+        QFETCH(QByteArray, states);
+        QFETCH(QByteArray, active);
+        const Parts parts = Written(
+            [&hidden](CExcelControllorWithC &writer) {
+                for (const char *const name : {"B", "C"})
+                    writer.AddSheetByName(name);
+                for (const QString &name : hidden)
+                    writer.DeleteSheet(name.toStdString());
+                QCOMPARE(writer.GetSheetCount(), 3);
+            },
+            "A");
+
+        const QString book = parts["xl/workbook.xml"];
+        QByteArray found;
+        auto sheets = QRegularExpression("<sheet [^>]*>").globalMatch(book);
+        while (sheets.hasNext())
+            found += sheets.next().captured().contains("state=\"hidden\"") ? 'h' : 'v';
+        QCOMPARE(found, states);
+        QCOMPARE(QRegularExpression("activeTab=\"(\\d)\"").match(book).captured(1).toLatin1(),
+                 active);
+    }
+
+    void usedRowsAreKeptBySheetName()
+    {
+        CExcelControllorWithC writer;
+        QCOMPARE(writer.GetUsedRowsCount(), 0);
+        writer.UpdateSheetUsedRow(9);
+        QCOMPARE(writer.GetWorkSheet("A"), nullptr);
+        QCOMPARE(writer.GetSheetCount(), 0);
+        writer.Init(Path(), "");
+        writer.AddSheetByName("A");
+        writer.SetCellString(5, 0, "x", PlainLook());
+        writer.SetCellString(3, 0, 1.5, PlainLook());
+        writer.MergeCells(7, 0, 8, 1, "merged", PlainLook());
+        QCOMPARE(writer.GetUsedRowsCount(), 3);
+        writer.AddSheetByName("B");
+        QCOMPARE(writer.GetUsedRowsCount(), 0);
+        writer.UpdateSheetUsedRow(2);
+        writer.UpdateSheetUsedRow(1);
+        QCOMPARE(writer.GetUsedRowsCount(), 1);
+        writer.AddSheetByName("A");
+
+        QCOMPARE(writer.GetUsedRowsCount(), 3);
+        writer.DeleteSheet("C");
+        QCOMPARE(writer.GetWorkSheet("C"), nullptr);
+        QCOMPARE(writer.GetWorkSheet(""), nullptr);
+        QCOMPARE(writer.GetSheetCount(), 2);
+        writer.Close();
+    }
+
+    void withoutASheetNothingIsWritten()
+    {
+        CExcelControllorWithC writer;
+        std::string url = "https://example.org";
+        writer.Init(Path(), "");
+        writer.SetCellString(0, 0, "x", PlainLook());
+        writer.SetCellString(0, 0, 1.0, PlainLook());
+        writer.MergeCells(0, 0, 1, 1, "x", PlainLook());
+        writer.SetCellValidCheck(0, 0, "a,b");
+        writer.SetColumnPics(0, 0, "missing.png");
+        writer.SetColumnPicsBuffer(0, 0, "junk", 4);
+        writer.SetColumnPicsBufferOpt(0, 0, "junk", nullptr);
+        writer.SetColumnPics(0, 0, QList<std::string>{"missing.png"}, QSize(1, 1));
+        writer.SetColumnWidthtWithPixels(0, 0, 10);
+        writer.SetRowHeight(0, 10);
+        writer.SetRowHeightWithPixels(0, 10);
+        writer.SetLinkString(0, 0, url);
+        writer.SetLinkString(0, 0, url, url);
+        writer.Close();
+
+        QCOMPARE(writer.LastCloseResult(), 0);
+        QVERIFY(Read()[kSheet].contains("<sheetData/>")); // a workbook has one sheet at least
+    }
+
+    void theWriterServesAnotherWorkbookAfterClose()
+    {
+        CExcelControllorWithC writer;
+        writer.Init(Path(), "");
+        lxw_workbook *const first = writer.GetWorkBook();
+        QVERIFY(writer.Init("second.xlsx", ""));
+        QCOMPARE(writer.GetWorkBook(), first);
+        writer.AddSheetByName("A");
+        auto look = PlainLook();
+        writer.SetCellString(0, 0, "first", look);
+        writer.Close();
+        QCOMPARE(writer.GetWorkBook(), nullptr);
+        QCOMPARE(writer.GetSheetCount(), 0);
+        QVERIFY(Read()["xl/sharedStrings.xml"].contains("first"));
+
+        writer.Init(Path(), "");
+        writer.AddSheetByName("A");
+        writer.SetCellString(0, 0, "second", look); // the first one's formats are gone
+        writer.Close();
+        writer.Close();
+
+        QCOMPARE(writer.LastCloseResult(), 0);
+        QVERIFY(Read()["xl/sharedStrings.xml"].contains("second"));
+        QVERIFY(!QFile::exists("second.xlsx"));
+    }
+
+    void theCacheDirectoryLivesAsLongAsTheWorkbook()
+    {
+        const QString made = folder_->filePath("cache/FileGenerateCach");
+        CExcelControllorWithC writer;
+        writer.Init(Path(), folder_->filePath("cache/").toStdString());
+        QVERIFY(QDir(made).exists());
+        QFile(made + "/left").open(QIODevice::WriteOnly);
+        writer.AddSheetByName("A");
+        writer.Close();
+
+        QVERIFY(!QDir(made).exists());
+        QVERIFY(QDir(folder_->filePath("cache")).exists());
+    }
+
+    void aLinkInPlaceOfTheCacheDirectoryIsNotFollowed()
+    {
+        QVERIFY(QDir(folder_->path()).mkdir("precious"));
+        QFile(folder_->filePath("precious/file")).open(QIODevice::WriteOnly);
+        QVERIFY(QFile::link(folder_->filePath("precious"), folder_->filePath("FileGenerateCach")));
+
+        CExcelControllorWithC writer;
+        writer.Init(Path(), Cache());
+        writer.AddSheetByName("A");
+        writer.Close();
+
+        QVERIFY(QFile::exists(folder_->filePath("precious/file")));
+        QVERIFY(!QFileInfo(folder_->filePath("FileGenerateCach")).isSymLink());
+    }
+
+    void theDestructorNeitherSavesNorFrees()
+    {
+        auto writer = std::make_unique<CExcelControllorWithC>();
+        writer->Init(Path(), Cache());
+        writer->AddSheetByName("A");
+        writer->SetCellString(0, 0, "x", PlainLook());
+        lxw_workbook *const book = writer->GetWorkBook();
+        writer.reset();
+
+        lxw_workbook_free(book); // still whole
+        QVERIFY(!QFile::exists(QString::fromStdString(Path())));
+        QVERIFY(QDir(folder_->filePath("FileGenerateCach")).exists());
+    }
+
+    void looksAreAppliedAsTheRecordSays_data()
+    {
+        QTest::addColumn<std::function<void(Clxw_format_ &)>>("change");
+        QTest::addColumn<QByteArray>("wanted");
+        QTest::addColumn<QByteArray>("unwanted");
+        const auto row = [](const char *name, const std::function<void(Clxw_format_ &)> &change,
+                            const QByteArray &wanted, const QByteArray &unwanted = "no such text") {
+            QTest::newRow(name) << change << wanted << unwanted;
+        };
+        const auto fill = [&row](const char *name, const char *text, const QByteArray &color) {
+            row(
+                name, [text](auto &look) { look.SetVal_background_color(text); },
+                color.isEmpty() ? "<fills count=\"2\">" : "<fgColor rgb=\"FF" + color + "\"/>");
+        };
+        row(
+            "size 10 keeps the workbook's", [](auto &look) { look.SetVal_font_size(10); },
+            "<sz val=\"11\"/>", "<sz val=\"10\"/>");
+        row(
+            "size 11 is set", [](auto &look) { look.SetVal_font_size(11); }, "<sz val=\"11\"/>");
+        row(
+            "size 12 is set", [](auto &look) { look.SetVal_font_size(12); }, "<sz val=\"12\"/>");
+        row(
+            "size 410 is beyond the format", [](auto &look) { look.SetVal_font_size(410); },
+            "<sz val=\"11\"/>", "410");
+        row(
+            "bold", [](auto &look) { look.SetVal_is_blod(true); }, "<b/>");
+        row(
+            "left", [](auto &) {}, "horizontal=\"left\"");
+        row(
+            "centre", [](auto &look) { look.SetVal_text_location(1); }, "horizontal=\"center\"");
+        row(
+            "right", [](auto &look) { look.SetVal_text_location(2); }, "horizontal=\"right\"");
+        row(
+            "another location aligns nothing", [](auto &look) { look.SetVal_text_location(3); },
+            "<name val=\"Microsoft YaHei\"/>", "horizontal");
+        row(
+            "wrap", [](auto &look) { look.SetVal_is_need_wrap(true); }, "wrapText=\"1\"");
+        row(
+            "no font name", [](auto &look) { look.SetVal_font_faimily(""); },
+            "<name val=\"Calibri\"/>", "YaHei");
+        row(
+            "a font name of 128 bytes is cut at a character",
+            [](auto &look) { look.SetVal_font_faimily(QString(43, QChar(0x4E2D)).toStdString()); },
+            "<name val=\"" + QString(42, QChar(0x4E2D)).toUtf8() + "\"/>");
+        row(
+            "a font name that is no text",
+            [](auto &look) { look.SetVal_font_faimily("A\xFF\x01"); },
+            "<name val=\"A\xEF\xBF\xBD\xEF\xBF\xBD\"/>");
+        row(
+            "a text colour", [](auto &look) { look.SetVal_text_color("#FA3239"); },
+            "<color rgb=\"FFFA3239\"/>");
+        row(
+            "black text", [](auto &look) { look.SetVal_text_color("#000000"); },
+            "<color rgb=\"FF000000\"/>");
+        fill("a colour without its mark", "FA3239", "");
+        fill("a colour", "#FA3239", "FA3239");
+        fill("hexadecimal zero is black", "#000000", "000000");
+        fill("letters that are no digits", "#GG0000", "");
+        fill("the mark alone", "#", "");
+        fill("a negative number", "#-1", "");
+        fill("a blank", "# FF", "");
+        fill("two marks", "##00FF00", "");
+        fill("a prefix of its own", "#0x12", "");
+        fill("text before the mark", "red#00FF00", "00FF00");
+        fill("three digits", "#FFF", "000FFF");
+        fill("up to the second mark", "#12#34", "000012");
+        fill("up to the first other letter", "#00ff00zz", "00FF00");
+        fill("the last 24 bits of nine digits", "#123456789", "456789");
+        fill("more digits than a number has", "#FFFFFFFFFFFFFFFFFF", "FFFFFF");
+        fill("an alpha in front", "#80FF0000", "FF0000");
+    }
+
+    void looksAreAppliedAsTheRecordSays()
+    {
+        QFETCH(std::function<void(Clxw_format_ &)>, change);
+        QFETCH(QByteArray, wanted);
+        QFETCH(QByteArray, unwanted);
+        const Parts parts = Written([&change](CExcelControllorWithC &writer) {
+            auto look = PlainLook();
+            change(*look);
+            writer.SetCellString(0, 0, "x", look);
+        });
+
+        QVERIFY2(parts["xl/styles.xml"].contains(wanted), parts["xl/styles.xml"]);
+        QVERIFY2(!parts["xl/styles.xml"].contains(unwanted), parts["xl/styles.xml"]);
+    }
+
+    void equalLooksShareOneFormatAndAChangedRecordGetsItsOwn()
+    {
+        const Parts parts = Written([](CExcelControllorWithC &writer) {
+            auto look = PlainLook();
+            for (int round = 0; round < 2; ++round) {
+                for (int size = 10; size < 40; ++size) { // more than are remembered as given
+                    look->SetVal_font_size(size);
+                    look->SetVal_cell_type(round);
+                    writer.SetCellString(round, size, "x", look);
+                }
+            }
+            look->SetVal_is_need_wrap(true);
+            writer.MergeCells(3, 0, 3, 1, "never wrapped", look);
+            writer.SetCellString(4, 0, "x", nullptr);
+            int formats = 0;
+            lxw_format *format = nullptr;
+            STAILQ_FOREACH(format, writer.GetWorkBook()->formats, list_pointers)++ formats;
+            QCOMPARE(formats, 2 + 30); // two are the workbook's own
+        });
+
+        QVERIFY(!parts["xl/styles.xml"].contains("wrapText"));
+        QVERIFY(parts[kSheet].contains("<c r=\"A5\" t=\"s\">"));
+    }
+
+private:
+    [[nodiscard]] std::string Path() const { return folder_->filePath("a.xlsx").toStdString(); }
+
+    [[nodiscard]] std::string Cache() const { return folder_->path().toStdString() + '/'; }
+
+    [[nodiscard]] Parts Read() const { return ReadParts(QString::fromStdString(Path())); }
+
+    // The parts of a workbook in memory with one sheet.
+    Parts Written(const std::function<void(CExcelControllorWithC &)> &fill,
+                  const std::string &name = "Sheet")
+    {
+        CExcelControllorWithC writer;
+        writer.Init(Path(), "");
+        writer.AddSheetByName(name);
+        fill(writer);
+        writer.Close();
+        const Parts parts = Read();
+        const QString damaged = DamagedPart(parts);
+        if (writer.LastCloseResult() != 0 || !damaged.isEmpty())
+            qWarning("not saved or damaged: %s", qPrintable(damaged));
+        return parts;
+    }
+
+    // What was logged, without the place in the source.
+    [[nodiscard]] QStringList Log() const
+    {
+        static const QRegularExpression place("\\[ExcelControllorWithC\\.cpp\\(\\d+\\)\\]$");
+        QStringList lines = guard_.LogLines();
+        for (QString &line : lines)
+            line = line.contains(place) ? line.remove(place) : "no place: " + line;
+        return lines;
+    }
+
+    CTestGuard guard_;
+    std::unique_ptr<QTemporaryDir> folder_;
+};
+
+QTEST_GUILESS_MAIN(TestExcel)
+#include "tst_excel.moc"

@@ -1,0 +1,531 @@
+// SPDX-License-Identifier: MIT
+// What libxlsxwriter would crash on, drop without a word or write so that the file does not open.
+#include "ExcelParts.h"
+#include "support/TestGuard.h"
+
+#include <Vantor/CExcelControllorWithC>
+
+#include <QtCore/QBuffer>
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QImage>
+#include <QtTest/QTest>
+
+#include <cmath>
+
+using Vantor::CExcelControllorWithC;
+using Act = std::function<void(CExcelControllorWithC &)>;
+using Look = std::shared_ptr<Vantor::Clxw_format_>;
+
+namespace {
+
+const QByteArray kReplaced = "\xEF\xBF\xBD";
+const QByteArray kAnything = "<";
+const QByteArray kNothing = "no such text";
+const QString kSilent;
+const QString kSheet = "xl/worksheets/sheet1.xml";
+const QString kTexts = "xl/sharedStrings.xml";
+const QString kBook = "xl/workbook.xml";
+const QString kLinks = "xl/worksheets/_rels/sheet1.xml.rels";
+const QString kDrawing = "xl/drawings/drawing1.xml";
+const QString kOutside = "cells outside the sheet were left out";
+const QString kNoPicture = "what is no PNG, JPEG, BMP or GIF picture was left out";
+const QString kReplacedLine = "what a workbook cannot hold was replaced in a text";
+const QString kNoLink = "links beyond the format's limits were written as plain text";
+
+Look AnyLook()
+{
+    return std::make_shared<Vantor::Clxw_format_>();
+}
+
+std::string Repeated(const char *text, int count)
+{
+    return QByteArray(text).repeated(count).toStdString();
+}
+
+std::string PngBytes()
+{
+    QImage image(10, 10, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return buffer.data().toStdString();
+}
+
+Act Text(const std::string &text)
+{
+    return [text](CExcelControllorWithC &writer) { writer.SetCellString(0, 0, text, AnyLook()); };
+}
+
+Act Number(double value)
+{
+    return [value](CExcelControllorWithC &writer) { writer.SetCellString(0, 0, value, AnyLook()); };
+}
+
+Act CheckList(const std::string &list)
+{
+    return [list](CExcelControllorWithC &writer) { writer.SetCellValidCheck(0, 0, list); };
+}
+
+Act Link(std::string url)
+{
+    return [url](CExcelControllorWithC &writer) mutable { writer.SetLinkString(0, 0, url); };
+}
+
+Act Link(std::string url, std::string text)
+{
+    return [url, text](CExcelControllorWithC &writer) mutable {
+        writer.SetLinkString(0, 0, url, text);
+    };
+}
+
+Act Picture(const std::string &bytes, std::uint64_t size)
+{
+    return [bytes, size](CExcelControllorWithC &writer) {
+        writer.SetColumnPicsBuffer(0, 0, bytes, size);
+    };
+}
+
+Act PictureWith(const std::function<void(Vantor::lxw_image_options_ &)> &change)
+{
+    return [change](CExcelControllorWithC &writer) {
+        Vantor::lxw_image_options_ options;
+        change(options);
+        writer.SetColumnPicsBufferOpt(0, 0, PngBytes(),
+                                      std::make_shared<Vantor::Clxw_image_options_>(options));
+    };
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Act)
+
+class TestExcelInput : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { guard_.Begin(); }
+
+    void cleanup()
+    {
+        const QString fault = guard_.End();
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    }
+
+    void hardInputNeitherDamagesTheFileNorIsLost_data()
+    {
+        QTest::addColumn<Act>("act");
+        QTest::addColumn<QString>("part");
+        QTest::addColumn<QByteArray>("wanted");
+        QTest::addColumn<QByteArray>("unwanted");
+        QTest::addColumn<QString>("logged"); // once, however often it happens
+        AddTexts();
+        AddPlaces();
+        AddChecks();
+        AddLinks();
+        AddPictures();
+        AddMerges();
+        AddNames();
+    }
+
+    void hardInputNeitherDamagesTheFileNorIsLost()
+    {
+        QFETCH(Act, act);
+        QFETCH(QString, part);
+        QFETCH(QByteArray, wanted);
+        QFETCH(QByteArray, unwanted);
+        QFETCH(QString, logged);
+        if (!logged.isEmpty())
+            guard_.AnnounceLogLines();
+
+        const Parts parts = Written([&act](CExcelControllorWithC &writer) {
+            act(writer);
+            act(writer);
+        });
+
+        QCOMPARE(DamagedPart(parts), QString());
+        const QByteArray found = parts[part];
+        QVERIFY2(wanted.isEmpty() ? found.isEmpty() : found.contains(wanted), found.left(2000));
+        QVERIFY2(!found.contains(unwanted), found.left(2000));
+        const QStringList faults = guard_.LogLines().filter("5 ClientWarningAndMore");
+        QCOMPARE(faults.size(), logged.isEmpty() ? 0 : 1);
+        QVERIFY2(faults.join("").contains(logged), qPrintable(faults.join("")));
+    }
+
+    void inConstantMemoryOnlyRowsAboveTheCurrentOneAreLost()
+    {
+        guard_.AnnounceLogLines();
+
+        const Parts parts = Written(
+            [](CExcelControllorWithC &writer) {
+                writer.MergeCells(0, 0, 2, 1, "tall", AnyLook());
+                writer.SetCellString(1, 3, "below", AnyLook());
+                writer.SetCellString(5, 4, "overwritten", AnyLook());
+                writer.SetCellString(5, 4, "last wins", AnyLook());
+                writer.SetCellString(5, 1, "left of it", AnyLook());
+                writer.SetFilterCoumn(0, 0, 0, 3);
+                writer.SetCellString(3, 0, "lost", AnyLook());
+                writer.SetRowHeight(2, 30);
+            },
+            folder_.path().toStdString() + '/');
+
+        const QByteArray sheet = parts[kSheet];
+        for (const char *const kept :
+             {">tall<", ">below<", ">last wins<", ">left of it<", "\"A1:B3\"", "ref=\"A1:D6\""})
+            QVERIFY2(sheet.contains(kept), sheet);
+        QVERIFY(!sheet.contains("overwritten") && !sheet.contains("lost"));
+        const QStringList faults = guard_.LogLines().filter("5 ClientWarningAndMore");
+        QCOMPARE(faults.size(), 1);
+        QVERIFY(faults.constFirst().contains("what came for a row above the current one"));
+    }
+
+    void sheetsContinueAfterOthersWereAdded_data()
+    {
+        QTest::addColumn<QString>("cache");
+        QTest::newRow("in memory") << QString();
+        QTest::newRow("in constant memory") << folder_.path() + "/between/";
+    }
+
+    void sheetsContinueAfterOthersWereAdded()
+    {
+        QFETCH(QString, cache);
+        const Parts parts = Written(
+            [](CExcelControllorWithC &writer) {
+                writer.SetCellString(0, 0, 1, AnyLook());
+                writer.AddSheetByName("second");
+                writer.SetCellString(0, 0, 2, AnyLook());
+                writer.AddSheetByName("Sheet");
+                writer.SetCellString(writer.GetUsedRowsCount() + 1, 0, 3, AnyLook());
+            },
+            cache.toStdString());
+
+        QVERIFY(parts[kSheet].contains("<v>1</v>") && parts[kSheet].contains("<v>3</v>"));
+        QVERIFY(parts["xl/worksheets/sheet2.xml"].contains("<v>2</v>"));
+    }
+
+    void refusedNamesCountAndSwallowWhatIsWritten_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("an empty name") << "";
+        for (const char c : {'[', ']', ':', '*', '?', '/', '\\'})
+            QTest::addRow("a name with %c", c) << QString("a") + c;
+        QTest::newRow("an apostrophe in front") << "'a";
+        QTest::newRow("the same but for its case") << "SHEET";
+    }
+
+    void refusedNamesCountAndSwallowWhatIsWritten()
+    {
+        QFETCH(QString, name);
+        guard_.AnnounceLogLines();
+        const Parts parts = Written([&name](CExcelControllorWithC &writer) {
+            QVERIFY(writer.AddSheetByName(name.toStdString()));
+            QVERIFY(writer.AddSheetByName(name.toStdString()));
+            QCOMPARE(writer.GetSheetCount(), 2);
+            QVERIFY(!writer.GetWorkSheet(name.toStdString()));
+            writer.SetCellString(4, 0, "swallowed", AnyLook());
+            writer.UpdateSheetUsedRow(7);
+            QCOMPARE(writer.GetUsedRowsCount(), 7);
+        });
+
+        QVERIFY(!parts.contains("xl/worksheets/sheet2.xml"));
+        QVERIFY(!parts[kTexts].contains("swallowed"));
+        QCOMPARE(guard_.LogLines().filter("the name was refused").size(), 1);
+    }
+
+    void linksBehindTheLimitOfASheetKeepTheirText()
+    {
+        guard_.AnnounceLogLines();
+        const Parts parts = Written([](CExcelControllorWithC &writer) {
+            std::string url = "https://example.org";
+            for (int row = 0; row < 65540; ++row)
+                writer.SetLinkString(row, 0, url);
+        });
+
+        QCOMPARE(parts[kSheet].count("<hyperlink "), 65530);
+        QCOMPARE(parts[kSheet].count("t=\"s\""), 65540);
+        QCOMPARE(guard_.LogLines().filter(kNoLink).size(), 1);
+    }
+
+    void aPictureFileMayGoBeforeClose()
+    {
+        const QString path = folder_.filePath("gate.png");
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(QByteArray::fromStdString(PngBytes()));
+        file.close();
+        const Parts parts = Written([&path](CExcelControllorWithC &writer) {
+            writer.SetColumnPics(0, 0, path.toStdString());
+            QFile::remove(path);
+        });
+
+        QCOMPARE(parts["xl/media/image1.png"], QByteArray::fromStdString(PngBytes()));
+        QVERIFY(parts[kDrawing].contains("descr=\"gate.png\""));
+    }
+
+    void manyLooksAreAllKept()
+    {
+        const Parts parts = Written([](CExcelControllorWithC &writer) {
+            auto look = AnyLook();
+            for (int i = 1; i <= 66000; ++i) {
+                look->SetVal_background_color(QString::asprintf("#%06X", i).toStdString());
+                writer.SetCellString(i, 0, i, look);
+            }
+        });
+
+        QVERIFY(parts["xl/styles.xml"].contains("<cellXfs count=\"66001\">"));
+    }
+
+private:
+    static void Row(const char *name, const Act &act, const QString &part, const QByteArray &wanted,
+                    const QByteArray &unwanted = kNothing, const QString &logged = kSilent)
+    {
+        QTest::newRow(name) << act << part << wanted << unwanted << logged;
+    }
+
+    static void AddTexts()
+    {
+        const QString cut = "a text was cut to 32,767 characters";
+        const QString no_number = "a number that is not finite was left out";
+        Row("40,000 characters are cut", Text(std::string(40000, 'x')), kTexts,
+            '>' + QByteArray(32767, 'x') + '<', kNothing, cut);
+        Row("32,767 Chinese characters fit", Text(Repeated("中", 32767)), kTexts,
+            '>' + QByteArray("中").repeated(32767) + '<');
+        Row("an emoji counts twice", Text(Repeated("😀", 16384)), kTexts,
+            '>' + QByteArray("😀").repeated(16383) + '<', kNothing, cut);
+        Row("a stray byte", Text("a\xFFz"), kTexts, "a" + kReplaced + "z", kNothing, kReplacedLine);
+        Row("a sequence cut short", Text("a\xE4\xB8"), kTexts, "a" + kReplaced, kNothing,
+            kReplacedLine);
+        Row("a surrogate", Text("\xED\xA0\x80z"), kTexts, kReplaced + "z", kNothing, kReplacedLine);
+        Row("an overlong sequence", Text("\xE0\x80\x80z"), kTexts, kReplaced + "z", kNothing,
+            kReplacedLine);
+        Row("beyond the last character", Text("\xF4\x90\x80\x80z"), kTexts, kReplaced + "z",
+            kNothing, kReplacedLine);
+        Row("bytes of another encoding", Text("\xD6\xD0\xCE\xC4 long enough"), kTexts,
+            kReplaced + " long enough", kNothing, kReplacedLine);
+        Row("no character", Text("a\xEF\xBF\xBFz"), kTexts, "a" + kReplaced + "z", kNothing,
+            kReplacedLine);
+        Row("zero bytes", Text(std::string("a\0b\0cdefgh", 10)), kTexts,
+            "a" + kReplaced + "b" + kReplaced + "cdefgh", kNothing, kReplacedLine);
+        Row("control characters", Text("\x01\t\n\r\x1F\x7F"), kTexts,
+            "_x0001_\t\n_x000D__x001F_\x7F");
+        Row("text that looks like an escape", Text("_x0041_"), kTexts, ">_x0041_<");
+        Row("text that looks like a formula", Text("=1+1"), kTexts, "<t>=1+1</t>");
+        Row("markup", Text("]]>&<"), kTexts, "]]&gt;&amp;&lt;");
+        Row("blanks around", Text(" a "), kTexts, "<t xml:space=\"preserve\"> a </t>");
+        Row("no number", Number(std::nan("")), kSheet, "<c r=\"A1\" s=\"1\"/>", "NAN", no_number);
+        Row("infinity", Number(-INFINITY), kSheet, "<c r=\"A1\" s=\"1\"/>", "INF", no_number);
+    }
+
+    static void AddPlaces()
+    {
+        const auto at = [](int row, int col) -> Act {
+            return [row, col](CExcelControllorWithC &writer) {
+                writer.SetCellString(0, 0, 1, AnyLook());
+                writer.SetCellString(row, col, 2, AnyLook());
+            };
+        };
+        Row("the last cell", at(1048575, 16383), kSheet, "r=\"XFD1048576\"");
+        Row("a row too many", at(1048576, 0), kSheet, "<v>1</v>", "<v>2</v>", kOutside);
+        Row("a negative row", at(-1, 0), kSheet, "<v>1</v>", "<v>2</v>", kOutside);
+        Row("a column too many", at(0, 16384), kSheet, "<v>1</v>", "<v>2</v>", kOutside);
+        Row("a column that would wrap to the first", at(0, 65536), kSheet, "<v>1</v>", "<v>2</v>",
+            kOutside);
+        Row("one that would from below", at(0, -65536), kSheet, "<v>1</v>", "<v>2</v>", kOutside);
+        Row(
+            "the width of one column inside others",
+            [](auto &writer) {
+                writer.SetColumnWidth(0, 5, 10);
+                writer.SetColumnWidth(2, 2, 30);
+            },
+            kSheet, "<col min=\"3\" max=\"3\" width=\"30.7109375\"");
+        const auto widths = [](int width, bool in_pixels) -> Act {
+            return [width, in_pixels](CExcelControllorWithC &writer) {
+                if (in_pixels)
+                    writer.SetColumnWidthtWithPixels(0, 0, width);
+                else
+                    writer.SetColumnWidth(0, 0, width);
+            };
+        };
+        Row("a negative width", widths(-5, false), kSheet, "width=\"0\"", "width=\"-");
+        Row("a width that would wrap", widths(300, false), kSheet, "width=\"255.7109375\"");
+        Row("negative pixels", widths(-1, true), kSheet, "width=\"0\"", "width=\"-");
+        Row("too many pixels", widths(100000, true), kSheet, "width=\"255.7109375\"");
+        const auto height = [](int points) -> Act {
+            return [points](CExcelControllorWithC &writer) { writer.SetRowHeight(0, points); };
+        };
+        Row("a negative height hides", height(-3), kSheet, "hidden=\"1\"", "ht=\"-");
+        Row("a height beyond the format", height(500), kSheet, "ht=\"409\"");
+        Row(
+            "a filter beyond the sheet keeps the earlier",
+            [](auto &writer) {
+                writer.SetFilterCoumn(5, 2, 0, 0);
+                writer.SetFilterCoumn(0, 0, 1048576, 0);
+            },
+            kSheet, "<autoFilter ref=\"A1:C6\"/>", kNothing, kOutside);
+    }
+
+    static void AddChecks()
+    {
+        const QString long_list = "a list of more than 255 characters was left out";
+        Row("86 Chinese characters are 258 bytes", CheckList(Repeated("中", 86)), kSheet,
+            "<formula1>\"" + QByteArray("中").repeated(86) + "\"</formula1>");
+        Row("255 Chinese characters", CheckList(Repeated("中", 255)), kSheet, "type=\"list\"");
+        Row("256 characters", CheckList(Repeated("中", 256)), kSheet, kAnything, "formula1",
+            long_list);
+        Row("255 characters before the last comma", CheckList(Repeated("a,", 128) + "b"), kSheet,
+            kAnything, "formula1", long_list);
+        Row("exactly 255", CheckList(Repeated("a,", 127) + "b"), kSheet, ",a,b\"</formula1>");
+        Row("quotes are doubled", CheckList("say \"hi\",b"), kSheet,
+            "<formula1>\"say \"\"hi\"\",b\"</formula1>");
+        Row("blanks and empty items", CheckList(" a,,b ,"), kSheet, "\" a,,b ,\"");
+        Row("markup in a list", CheckList("<&>"), kSheet, "&lt;&amp;&gt;");
+        Row("a control character in a list", CheckList("a\x01"), kSheet, "a" + kReplaced, kNothing,
+            kReplacedLine);
+        Row("an empty list", CheckList(""), kSheet, kAnything, "formula1", "Sheet Sheet: ");
+        Row(
+            "a range from its end",
+            [](auto &writer) { writer.SetRangeValidCheck(5, 2, 0, 0, "a"); }, kSheet,
+            "sqref=\"A1:C6\"");
+        Row(
+            "a range beyond", [](auto &writer) { writer.SetRangeValidCheck(0, 0, 0, 65536, "a"); },
+            kSheet, kAnything, "formula1", kOutside);
+    }
+
+    static void AddLinks()
+    {
+        const std::string longest = "http://h/" + std::string(2070, 'x');
+        const std::string chinese = "http://h/" + Repeated("中", 700);
+        Row("2,079 bytes", Link(longest), kLinks, QByteArray::fromStdString(longest));
+        Row("2,080 bytes", Link(longest + 'x'), kTexts, QByteArray::fromStdString(longest + 'x'),
+            kNothing, kNoLink);
+        Row("700 blanks that are escaped", Link("http://h/" + std::string(700, ' '), "shown"),
+            kTexts, "<t>shown</t>", kNothing, kNoLink);
+        Row("characters that fit, bytes that do not", Link(chinese), kTexts,
+            QByteArray::fromStdString(chinese), kNothing, kNoLink);
+        Row("a place that does not fit", Link("internal:A!" + Repeated("中", 700), "shown"), kSheet,
+            kAnything, "hyperlink", kNoLink);
+        Row("text that does not fit is cut", Link("http://h", std::string(40000, 'x')), kLinks,
+            "http://h", kNothing, "a text was cut");
+        Row("a stray byte in an address", Link("http://h/\xFF\x01"), kLinks,
+            "http://h/" + kReplaced + kReplaced, kNothing, kReplacedLine);
+        Row("an external word in the middle", Link("http://h?q=external:foo"), kLinks,
+            "\"http://h?q=external%3Afoo\"");
+        Row("it is shown as it was", Link("http://h?q=internal:foo"), kTexts,
+            "<t>http://h?q=internal:foo</t>");
+        Row("a mail word in the middle", Link("http://h?q=mailto:foo"), kTexts,
+            "<t>http://h?q=mailto:foo</t>");
+        Row("an empty tool tip", Link("http://h", "a"), kSheet, "tooltip=\"\"");
+        Row("an empty text keeps the link", Link("http://h", ""), kLinks, "\"http://h\"");
+        Row("an empty address", Link("", "a"), kTexts, "", kNothing);
+        Row("a path", Link("C:\\x y"), kLinks, "\"C:\\x%20y\"");
+        Row("only a place", Link("#A1"), kSheet, "location=\"A1\"");
+    }
+
+    static void AddPictures()
+    {
+        const std::string png = PngBytes();
+        const auto file = [](const std::string &path) -> Act {
+            return [path](CExcelControllorWithC &writer) { writer.SetColumnPics(0, 0, path); };
+        };
+        const QString unreadable = "a picture file that cannot be read was left out";
+        const QString no_drawing = "xl/drawings/drawing1.xml";
+        Row("a missing file", file("missing.png"), no_drawing, "", kNothing, unreadable);
+        Row("no path", file(""), no_drawing, "", kNothing, unreadable);
+        Row("a directory", file("/tmp"), no_drawing, "", kNothing, unreadable);
+        Row("an empty file", file("/dev/null"), no_drawing, "", kNothing, kNoPicture);
+        Row("more bytes than there are", Picture(png, png.size() + 1000), kDrawing, "<xdr:pic>");
+        Row("no bytes", Picture("", 10), no_drawing, "", kNothing, kNoPicture);
+        Row("none of the bytes", Picture(png, 0), no_drawing, "", kNothing, kNoPicture);
+        Row("three bytes", Picture("\x89PN", 3), no_drawing, "", kNothing, kNoPicture);
+        Row("junk", Picture("junk that is long enough to be read", 35), no_drawing, "", kNothing,
+            kNoPicture);
+        Row("cut behind the width", Picture(png, 20), no_drawing, "", kNothing, kNoPicture);
+        Row("cut behind the header", Picture(png, 32), no_drawing, "", kNothing, kNoPicture);
+        Row(
+            "a row too many",
+            [png](auto &writer) {
+                writer.SetColumnPicsBuffer(1048576, 0, png, png.size());
+                writer.SetColumnPicsBuffer(0, 70000, png, png.size());
+                writer.SetColumnPicsBuffer(-1, -1, png, png.size());
+            },
+            no_drawing, "", kNothing, kOutside);
+        Row("a negative scale", PictureWith([](auto &options) { options.x_scale = -2; }), kDrawing,
+            "<xdr:colOff>95238</xdr:colOff>");
+        Row("a scale that is no number",
+            PictureWith([](auto &options) { options.y_scale = std::nan(""); }), kDrawing,
+            "<xdr:rowOff>95238</xdr:rowOff>");
+        static char empty[] = "";
+        static char stray[] = "a\xFF\x01";
+        static std::string long_url = "http://h/" + std::string(2080, 'x');
+        Row("an empty address of a picture",
+            PictureWith([](auto &options) { options.url = empty; }), kDrawing, "<xdr:pic>",
+            "hlinkClick");
+        Row("a long one", PictureWith([](auto &options) { options.url = long_url.data(); }),
+            kDrawing, "<xdr:pic>", "hlinkClick",
+            "a picture's link beyond the format's limits was left out");
+        Row("texts with stray bytes", PictureWith([](auto &options) {
+                options.description = options.url = options.tip = stray;
+            }),
+            kDrawing, "descr=\"a" + kReplaced + kReplaced, kNothing, kReplacedLine);
+    }
+
+    static void AddMerges()
+    {
+        const auto merge = [](int row, int col, int last_row, int last_col) -> Act {
+            return [=](CExcelControllorWithC &writer) {
+                writer.MergeCells(row, col, last_row, last_col, "merged", AnyLook());
+            };
+        };
+        const QString overlaps = "overlaps another";
+        Row("one cell", merge(1, 1, 1, 1), kSheet, "<c r=\"B2\"", "mergeCell");
+        Row("corners swapped", merge(5, 3, 0, 0), kSheet, "<mergeCell ref=\"A1:D6\"/>", kNothing,
+            overlaps);
+        Row("beyond the sheet", merge(0, 0, 0, 16384), kSheet, kAnything, "mergeCell", kOutside);
+        Row(
+            "an overlap keeps its text",
+            [](auto &writer) {
+                writer.MergeCells(0, 0, 9, 1, "first", AnyLook());
+                writer.MergeCells(20, 0, 21, 1, "apart", AnyLook());
+                writer.MergeCells(5, 1, 6, 2, "second", AnyLook());
+            },
+            kTexts, "<t>second</t>", kNothing, overlaps);
+        Row(
+            "only the first of two stays merged",
+            [](auto &writer) {
+                writer.MergeCells(5, 0, 6, 1, "first", AnyLook());
+                writer.MergeCells(0, 1, 9, 1, "taller", AnyLook());
+            },
+            kSheet, "<mergeCells count=\"1\">", kNothing, overlaps);
+    }
+
+    static void AddNames()
+    {
+        const auto add = [](const std::string &name) -> Act {
+            return [name](CExcelControllorWithC &writer) { writer.AddSheetByName(name); };
+        };
+        Row("eleven Chinese characters", add(Repeated("中", 11)), kBook,
+            "name=\"" + QByteArray("中").repeated(10) + '"');
+        Row("stray bytes in a name", add("a\xFF\x01z"), kBook,
+            "name=\"a" + kReplaced + kReplaced + "z\"");
+        Row("markup in a name", add("a<&'\">"), kBook, "name=\"a&lt;&amp;'&quot;&gt;\"");
+    }
+
+    // The parts of a workbook with one sheet.
+    Parts Written(const Act &fill, const std::string &cache = {})
+    {
+        const QString path = folder_.filePath("a.xlsx");
+        CExcelControllorWithC writer;
+        writer.Init(path.toStdString(), cache);
+        writer.AddSheetByName("Sheet");
+        fill(writer);
+        writer.Close();
+        return writer.LastCloseResult() == 0 ? ReadParts(path) : Parts();
+    }
+
+    CTestGuard guard_;
+    QTemporaryDir folder_;
+};
+
+QTEST_GUILESS_MAIN(TestExcelInput)
+#include "tst_excel_input.moc"
