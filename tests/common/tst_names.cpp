@@ -11,6 +11,7 @@
 #include <Ravel/TextCodec.h>
 #include <Ravel/WaitWatcher.h>
 #include <Vantor/CCSVParser>
+#include <Vantor/CExcelControllorWithC>
 #include <Vantor/CStyleManager>
 
 #include <QtTest/QTest>
@@ -21,6 +22,10 @@ namespace {
 
 using Parser = Vantor::CCSVParser;
 using Manager = Vantor::CStyleManager;
+using Excel = Vantor::CExcelControllorWithC;
+using Look = std::shared_ptr<Vantor::Clxw_format_>;
+using ImageOptions = std::shared_ptr<Vantor::Clxw_image_options_>;
+using Text = std::string;
 
 template <class Expected, class Actual> constexpr bool IsSame(Actual)
 {
@@ -39,6 +44,85 @@ static_assert(IsSame<void (Parser::*)()>(&Parser::CloseFile));
 static_assert(IsSame<void (Parser::*)()>(&Parser::SignalWriteOver));
 static_assert(IsSame<QString (*)()>(&Vantor::GetLocalListSperator));
 static_assert(std::is_constructible<Parser, QWidget *>::value);
+
+static_assert(IsSame<bool (Excel::*)(const Text &, Text)>(&Excel::Init));
+static_assert(IsSame<bool (Excel::*)(const Text &)>(&Excel::AddSheetByName));
+static_assert(IsSame<lxw_workbook *(Excel::*)()>(&Excel::GetWorkBook));
+static_assert(IsSame<lxw_worksheet *(Excel::*)(const Text &)>(&Excel::GetWorkSheet));
+static_assert(IsSame<void (Excel::*)(const Text &)>(&Excel::DeleteSheet));
+static_assert(IsSame<int (Excel::*)() const>(&Excel::GetSheetCount));
+static_assert(IsSame<void (Excel::*)(int, int, int, int, const Text &, Look)>(&Excel::MergeCells));
+static_assert(IsSame<void (Excel::*)(int, int, const Text &)>(&Excel::SetCellValidCheck));
+static_assert(
+    IsSame<void (Excel::*)(int, int, int, int, const Text &)>(&Excel::SetRangeValidCheck));
+static_assert(IsSame<void (Excel::*)(int, int, Text, std::uint64_t)>(&Excel::SetColumnPicsBuffer));
+static_assert(
+    IsSame<void (Excel::*)(int, int, const Text &, ImageOptions)>(&Excel::SetColumnPicsBufferOpt));
+static_assert(IsSame<void (Excel::*)(int, int, int, int)>(&Excel::SetFilterCoumn));
+static_assert(IsSame<void (Excel::*)(int, Text)>(&Excel::SetFilterOneCoumnWith1Str));
+static_assert(IsSame<void (Excel::*)(int, Text, Text)>(&Excel::SetFilterOneCoumnWith2Str));
+static_assert(IsSame<void (Excel::*)(int, Text)>(&Excel::SetFilterCoumnWithListStr));
+static_assert(IsSame<void (Excel::*)(int, int, int)>(&Excel::SetColumnWidth));
+static_assert(IsSame<void (Excel::*)(int, int, int)>(&Excel::SetColumnWidthtWithPixels));
+static_assert(IsSame<void (Excel::*)(int, int)>(&Excel::SetRowHeight));
+static_assert(IsSame<void (Excel::*)(int, int)>(&Excel::SetRowHeightWithPixels));
+static_assert(IsSame<int (Excel::*)()>(&Excel::GetUsedRowsCount));
+static_assert(IsSame<void (Excel::*)(int)>(&Excel::UpdateSheetUsedRow));
+static_assert(IsSame<void (Excel::*)()>(&Excel::Close));
+static_assert(IsSame<int (Excel::*)() const>(&Excel::LastCloseResult));
+static_assert(IsSame<void (Excel::*)(int, int, const Text &, Look)>(
+    qOverload<int, int, const Text &, Look>(&Excel::SetCellString)));
+static_assert(IsSame<void (Excel::*)(int, int, const double &, Look)>(
+    qOverload<int, int, const double &, Look>(&Excel::SetCellString)));
+static_assert(
+    IsSame<void (Excel::*)(int, int, Text)>(qOverload<int, int, Text>(&Excel::SetColumnPics)));
+static_assert(IsSame<void (Excel::*)(int, int, QList<Text>, QSize)>(
+    qOverload<int, int, QList<Text>, QSize>(&Excel::SetColumnPics)));
+static_assert(
+    IsSame<void (Excel::*)(int, int, Text &)>(qOverload<int, int, Text &>(&Excel::SetLinkString)));
+static_assert(IsSame<void (Excel::*)(int, int, Text &, Text &)>(
+    qOverload<int, int, Text &, Text &>(&Excel::SetLinkString)));
+static_assert(std::is_base_of<QObject, Excel>::value);
+static_assert(std::is_constructible<Excel, QObject *>::value);
+
+static_assert(
+    IsSame<int (Vantor::Clxw_format_::*)() const>(&Vantor::Clxw_format_::GetVal_font_size));
+static_assert(
+    IsSame<bool (Vantor::Clxw_format_::*)() const>(&Vantor::Clxw_format_::GetVal_is_blod));
+static_assert(
+    IsSame<int (Vantor::Clxw_format_::*)() const>(&Vantor::Clxw_format_::GetVal_text_location));
+static_assert(
+    IsSame<Text (Vantor::Clxw_format_::*)() const>(&Vantor::Clxw_format_::GetVal_background_color));
+static_assert(
+    IsSame<Text (Vantor::Clxw_format_::*)() const>(&Vantor::Clxw_format_::GetVal_text_color));
+static_assert(
+    IsSame<int (Vantor::Clxw_format_::*)() const>(&Vantor::Clxw_format_::GetVal_cell_type));
+static_assert(
+    IsSame<Text (Vantor::Clxw_format_::*)() const>(&Vantor::Clxw_format_::GetVal_font_faimily));
+static_assert(
+    IsSame<bool (Vantor::Clxw_format_::*)() const>(&Vantor::Clxw_format_::GetVal_is_need_wrap));
+
+static_assert(
+    IsSame<int (Vantor::CsheetFormat::*)() const>(&Vantor::CsheetFormat::GetVal_has_used_row));
+static_assert(
+    IsSame<lxw_worksheet *(Vantor::CsheetFormat::*)() const>(&Vantor::CsheetFormat::GetVal_sheet));
+
+static_assert(IsSame<int (Vantor::Clxw_image_options_::*)() const>(
+    &Vantor::Clxw_image_options_::GetVal_x_offset));
+static_assert(IsSame<int (Vantor::Clxw_image_options_::*)() const>(
+    &Vantor::Clxw_image_options_::GetVal_y_offset));
+static_assert(IsSame<double (Vantor::Clxw_image_options_::*)() const>(
+    &Vantor::Clxw_image_options_::GetVal_x_scale));
+static_assert(IsSame<double (Vantor::Clxw_image_options_::*)() const>(
+    &Vantor::Clxw_image_options_::GetVal_y_scale));
+static_assert(IsSame<unsigned char (Vantor::Clxw_image_options_::*)() const>(
+    &Vantor::Clxw_image_options_::GetVal_object_position));
+static_assert(IsSame<char *(Vantor::Clxw_image_options_::*)() const>(
+    &Vantor::Clxw_image_options_::GetVal_description));
+static_assert(IsSame<char *(Vantor::Clxw_image_options_::*)() const>(
+    &Vantor::Clxw_image_options_::GetVal_url));
+static_assert(IsSame<char *(Vantor::Clxw_image_options_::*)() const>(
+    &Vantor::Clxw_image_options_::GetVal_tip));
 
 static_assert(IsSame<QColor (Manager::*)(float)>(&Manager::GetNeuColor));
 static_assert(IsSame<QColor (Manager::*)(float)>(&Manager::GetNeuColorT2));
