@@ -352,7 +352,8 @@ private Q_SLOTS:
         QCOMPARE(FileBytes(path), kMark);
         QVERIFY(!parser.HasWriteError());
         QCOMPARE(guard_.LogLines().size(), 1);
-        QVERIFY(guard_.LogLines().first().contains("missing/a.csv cannot be opened: No such file"));
+        QVERIFY(guard_.LogLines().constFirst().contains(
+            "missing/a.csv cannot be opened: No such file"));
     }
 
     void closingAlwaysTells()
@@ -458,7 +459,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("separator");
         QTest::addColumn<Stream>("kind");
         const char *const kinds[] = {"a new file", "the end of a file", "a pipe"};
-        for (const QString &separator : QStringList{",", ";", "\t", "\u00A6"}) {
+        const QStringList separators{",", ";", "\t", "\u00A6"};
+        for (const QString &separator : separators) {
             for (const Stream kind : {Stream::Fresh, Stream::Append, Stream::Pipe}) {
                 const QString row = separator + " on " + kinds[static_cast<int>(kind)];
                 QTest::newRow(qPrintable(row)) << separator << kind;

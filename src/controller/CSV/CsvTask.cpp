@@ -17,7 +17,7 @@ namespace Vantor {
 namespace {
 
 constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
-constexpr qsizetype kSliceCharacters = 32 * 1024;
+constexpr qsizetype kSliceCharacters = qsizetype{32} * 1024;
 constexpr size_t kBlockBytes = size_t{256} * 1024;
 constexpr size_t kLongFieldBytes = size_t{64} * 1024;
 

@@ -111,6 +111,9 @@ void InsertPicture(CExcelControllorWithCDataPtr &data, const char *function, int
 
 } // namespace
 
+// Hosts were compiled against these signatures: texts and records by value.
+// NOLINTBEGIN(performance-unnecessary-value-param)
+
 CExcelControllorWithC::CExcelControllorWithC(QObject *parent)
     : QObject(parent), d_ptr_(std::make_shared<CExcelControllorWithCDataPtr>())
 {}
@@ -435,5 +438,7 @@ bool CExcelControllorWithC::eventFilter(QObject *watched, QEvent *event)
 {
     return QObject::eventFilter(watched, event);
 }
+
+// NOLINTEND(performance-unnecessary-value-param)
 
 } // namespace Vantor

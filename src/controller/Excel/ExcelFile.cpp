@@ -21,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::uint64_t kSpareBytes = 1024 * 1024;
+constexpr std::uint64_t kSpareBytes = std::uint64_t{1024} * 1024;
 
 // The sheets' temporary files of constant-memory mode. In memory mode the parts are still to be
 // written: their text twice, once as sheet and once as shared strings, is more than they take.

@@ -156,7 +156,7 @@ std::string SheetName(const std::string &name)
 std::string LinkTarget(const std::string &url)
 {
     std::string target = url;
-    for (const std::string word : {"external:", "internal:"}) {
+    for (const std::string &word : {std::string("external:"), std::string("internal:")}) {
         for (std::size_t at = target.find(word, 1); at != std::string::npos;
              at = target.find(word, at + 1))
             target.replace(at + word.size() - 1, 1, "%3A");
