@@ -10,6 +10,7 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QTemporaryFile>
 
 #include <algorithm>
 #include <cstdlib>
@@ -53,7 +54,11 @@ bool HasSpace(const std::string &folder, std::uint64_t bytes)
     std::error_code error;
     const fs::path place = folder.empty() ? fs::temp_directory_path(error) : fs::path(folder);
     const fs::space_info space = fs::space(place, error);
-    return error || space.available >= bytes;
+    if (!error && space.available < bytes)
+        return false;
+    // A limit on the size of files does not show in the space. The probe is sparse: it costs none.
+    QTemporaryFile probe(QFile::decodeName((place / "XXXXXX").c_str()));
+    return !probe.open() || probe.resize(static_cast<qint64>(bytes));
 }
 
 // Whether every part has something in it, and no sheet is shorter than its rows were.
