@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "Memory.h"
 #include "Pairs.h"
 #include "letter/CsvLetter.h"
 
 #include <Nim/Base/FileSystem.h>
 #include <Vantor/CCSVParser>
-
-#include <malloc.h>
 
 #include <QtCore/QAbstractTableModel>
 #include <QtCore/QCoreApplication>
@@ -14,8 +13,6 @@
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QVector>
 
-#include <cstdlib>
-#include <fstream>
 #include <string>
 
 namespace {
@@ -75,26 +72,6 @@ QByteArray BytesOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-long StatusKb(const char *field)
-{
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.rfind(field, 0) == 0)
-            return std::strtol(line.c_str() + std::string(field).size() + 1, nullptr, 10);
-    }
-    return 0;
-}
-
-// Runs `operation` and gives what the peak of resident memory rose by.
-template <class Operation> long AddedMemoryKb(Operation &&operation)
-{
-    malloc_trim(0);
-    std::ofstream("/proc/self/clear_refs") << "5"; // sets the peak back to now
-    const long before = StatusKb("VmRSS");
-    operation();
-    return StatusKb("VmHWM") - before;
-}
-
 void WriteTask(benchmark::State &state)
 {
     QTemporaryDir folder(FastFolder() + QStringLiteral("/bench_csv"));
@@ -129,7 +106,7 @@ void WriteTask(benchmark::State &state)
                 return;
             }
             collect();
-            added_kb.push_back(static_cast<double>(AddedMemoryKb([&] {
+            added_kb.push_back(static_cast<double>(Memory::AddedKb([&] {
                 ours_s.push_back(Pairs::SecondsOf([&parser] { parser.WriteCSVFile(); }));
             })));
             parser.CloseFile();
@@ -164,7 +141,7 @@ void LongRows(benchmark::State &state, const std::string &what, int fields, int 
     parser.AppendLine(row);
     long added_kb = 0;
     for (auto _ : state)
-        added_kb = AddedMemoryKb([&parser] { parser.WriteCSVFile(); });
+        added_kb = Memory::AddedKb([&parser] { parser.WriteCSVFile(); });
     parser.CloseFile();
     if (parser.HasWriteError())
         state.SkipWithError("the row was not written");

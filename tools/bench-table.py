@@ -3,7 +3,8 @@
 """Prints the ratios that benchmark programs counted: bench-table.py [--strict] RESULT.json ...
 
 A benchmark sets a counter `ratio_<what>`, the median of interleaved pairs, baseline over ours, so
-that more is better; and, where a bar is set, a counter `bar_<what>`, the least it has to be.
+that more is better; and, where a bar is set, a counter `bar_<what>`, the least it has to be. One
+whose label begins with "skipped: " is told and is no failure.
 """
 
 import json
@@ -25,6 +26,9 @@ def rows_of(path):
         if run.get("error_occurred"):
             raise BadResult(f"{run['name']}: {run.get('error_message', 'failed')}")
         if run.get("run_type") == "aggregate":
+            continue
+        if run.get("label", "").startswith("skipped: "):
+            print(f"{run['name']} {run['label']}")
             continue
         # Sizes follow the name behind a slash: they tell rows of one operation apart.
         sizes = "".join(f" {part}" for part in run["name"].split("/")[1:] if part.isdigit())
