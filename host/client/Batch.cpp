@@ -60,8 +60,9 @@ IncidentListPtr LoadList(const Options &options)
             result.error =
                 Texts::tr("%1 has no row to repeat.").arg(QDir::toNativeSeparators(path));
     }
-    if (!result.list)
-        PrintError(result.error);
+    const QString message = result.list ? result.warning : result.error;
+    if (!message.isEmpty())
+        PrintError(message);
     return result.list;
 }
 

@@ -2,19 +2,63 @@
 #include "CsvFile.h"
 
 #include "CsvColumns.h"
+#include "QuoteWatch.h"
 
 #include <CsvParse/CsvParse.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QLocale>
+#include <QtCore/QTextCodec>
 
+#include <algorithm>
 #include <array>
+#include <memory>
 
 namespace Client {
 namespace {
 
 constexpr qint64 kBlockBytes = qint64{1024} * 1024;
+constexpr int kMibUtf8 = 106;
+
+// The blocks of a file, turned into UTF-8 when a mark names another Unicode encoding.
+class CBlocks
+{
+public:
+    explicit CBlocks(QFile &file) : file_(file) {}
+
+    // Empty at the end.
+    QByteArray Next()
+    {
+        const QByteArray bytes = file_.read(kBlockBytes);
+        if (is_first_)
+            FindEncoding(bytes);
+        is_first_ = false;
+        if (!codec_)
+            return bytes;
+        return encoder_->fromUnicode(codec_->toUnicode(bytes.constData(), bytes.size(), &state_));
+    }
+
+    bool EndsWithinCharacter() const { return codec_ && state_.remainingChars > 0; }
+
+private:
+    void FindEncoding(const QByteArray &bytes)
+    {
+        QTextCodec *const codec = QTextCodec::codecForUtfText(bytes, nullptr);
+        if (!codec || codec->mibEnum() == kMibUtf8)
+            return;
+        codec_ = codec;
+        encoder_.reset(QTextCodec::codecForMib(kMibUtf8)->makeEncoder(QTextCodec::IgnoreHeader));
+    }
+
+    QFile &file_;
+    bool is_first_ = true;
+    QTextCodec *codec_ = nullptr; // null: the bytes stay as they are
+    QTextCodec::ConverterState state_;
+    // Holds back half a surrogate pair at the end of a block.
+    std::unique_ptr<QTextEncoder> encoder_;
+};
 
 // The CSV library is C: its state is released whatever happens, and no exception passes through it.
 class CCsvSplitter
@@ -53,7 +97,7 @@ struct Texts
 
 ReadResult Failed(const QString &error)
 {
-    return {nullptr, error};
+    return {nullptr, error, {}};
 }
 
 char FindSeparator(const QByteArray &bytes)
@@ -92,19 +136,33 @@ QString FindReadError(const QFile &file)
     return {};
 }
 
-// Reads on to the end of the file; `block` holds what was read for a start.
-ReadResult ReadRecords(QFile &file, QByteArray block, const ReadProgress &progress)
+QString FindDamage(const CBlocks &blocks, const CQuoteWatch &quotes, const QString &name)
+{
+    if (quotes.OpenLine() > 0)
+        return Texts::tr("%1: a quote in line %2 is not closed. The rows after it may be missing.")
+            .arg(name, QLocale().toString(quotes.OpenLine()));
+    if (blocks.EndsWithinCharacter())
+        return Texts::tr("%1 ends in the middle of a character. Rows may be missing.").arg(name);
+    return {};
+}
+
+ReadResult ReadRecords(QFile &file, const ReadProgress &progress)
 {
     const QString name = QDir::toNativeSeparators(file.fileName());
+    CBlocks blocks(file);
+    QByteArray block = blocks.Next();
     DropMark(block);
     CCsvColumns columns;
-    CCsvSplitter splitter(columns, FindSeparator(block));
-    for (; !block.isEmpty(); block = file.read(kBlockBytes)) {
+    const char separator = FindSeparator(block);
+    CCsvSplitter splitter(columns, separator);
+    CQuoteWatch quotes(separator);
+    for (; !block.isEmpty(); block = blocks.Next()) {
         if (block.contains('\0'))
             return Failed(Texts::tr("%1 is not a CSV file: it holds zero bytes.").arg(name));
         const bool is_split = splitter.Split(block.constData(), size_t(block.size()));
         if (!is_split || columns.HasFailed())
             return Failed(columns.Error().arg(name));
+        quotes.Read(block);
         if (progress && !progress(file.pos(), file.size()))
             return {};
     }
@@ -115,7 +173,7 @@ ReadResult ReadRecords(QFile &file, QByteArray block, const ReadProgress &progre
         return Failed(columns.Error().arg(name));
     if (columns.IsEmpty())
         return Failed(Texts::tr("%1 is empty.").arg(name));
-    return {columns.TakeList(), {}};
+    return {columns.TakeList(), {}, FindDamage(blocks, quotes, name)};
 }
 
 } // namespace
@@ -126,9 +184,7 @@ ReadResult ReadCsvFile(const QString &path, const ReadProgress &progress)
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly))
             return Failed(FindReadError(file));
-        const QByteArray block = file.read(kBlockBytes);
-        const QString error = FindReadError(file);
-        return error.isEmpty() ? ReadRecords(file, block, progress) : Failed(error);
+        return ReadRecords(file, progress);
     } catch (const std::bad_alloc &) {
         return Failed(
             Texts::tr("%1 is too large for the memory.").arg(QDir::toNativeSeparators(path)));

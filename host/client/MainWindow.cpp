@@ -103,6 +103,8 @@ void CMainWindow::OnFileRead()
     if (result.list) {
         page_->SetFilter({});
         SetList(result.list, list_to_come_);
+        if (!result.warning.isEmpty())
+            ShowError(result.warning);
     } else if (!result.error.isEmpty()) {
         ShowError(result.error);
     }

@@ -284,6 +284,14 @@
         <source>%1 is empty.</source>
         <translation>الملف ‎%1 فارغ.</translation>
     </message>
+    <message>
+        <source>%1: a quote in line %2 is not closed. The rows after it may be missing.</source>
+        <translation>‎%1: توجد علامة اقتباس غير مغلقة في السطر %2. قد تكون الصفوف التي بعدها مفقودة.</translation>
+    </message>
+    <message>
+        <source>%1 ends in the middle of a character. Rows may be missing.</source>
+        <translation>ينتهي ‎%1 في منتصف حرف. قد تكون صفوف مفقودة.</translation>
+    </message>
 </context>
 <context>
     <name>ExportFormat</name>

@@ -280,6 +280,14 @@
         <source>%1 is empty.</source>
         <translation>%1 is empty.</translation>
     </message>
+    <message>
+        <source>%1: a quote in line %2 is not closed. The rows after it may be missing.</source>
+        <translation>%1: a quote in line %2 is not closed. The rows after it may be missing.</translation>
+    </message>
+    <message>
+        <source>%1 ends in the middle of a character. Rows may be missing.</source>
+        <translation>%1 ends in the middle of a character. Rows may be missing.</translation>
+    </message>
 </context>
 <context>
     <name>ExportFormat</name>

@@ -42,6 +42,9 @@ private Q_SLOTS:
     void readingKeepsTitlesAndCells_data();
     void readingKeepsTitlesAndCells();
     void cellsAcrossBlocksStayWhole();
+    void charactersAcrossBlocksStayWhole();
+    void openQuoteIsToldWithItsLine_data();
+    void openQuoteIsToldWithItsLine();
     void whatIsNoListIsRefusedWithAReason_data();
     void whatIsNoListIsRefusedWithAReason();
     void cancelledReadingGivesNeitherListNorError();
@@ -113,6 +116,19 @@ void tst_client_list::readingKeepsTitlesAndCells_data()
         ab, one_two);
     add("a byte-order mark and a zero byte", QByteArray("\xEF\xBB\xBF\0a,b\n1,2\n", 12), ab,
         one_two);
+    add("UTF-16, the low byte first",
+        QByteArray("\xFF\xFE"
+                   "a\0,\0b\0\n\0"
+                   "1\0,\0"
+                   "2\0",
+                   16),
+        ab, one_two);
+    add("UTF-16, the high byte first",
+        QByteArray("\xFE\xFF\0a\0,\0b\0\n\0"
+                   "1\0,\0"
+                   "2",
+                   16),
+        ab, one_two);
     add("no line break at the end", "a,b\r\n1,2", ab, one_two);
     add("quotes, breaks and separators in cells", "a,b\n\"say \"\"hi\"\"\",\"1\r\n2,3\"\n", ab,
         {QStringLiteral("say \"hi\""), QStringLiteral("1\r\n2,3")});
@@ -164,6 +180,52 @@ void tst_client_list::cellsAcrossBlocksStayWhole()
     }
 }
 
+void tst_client_list::charactersAcrossBlocksStayWhole()
+{
+    // The bytes of the first title put the middle of a surrogate pair at one mebibyte.
+    const QString title = QString(1024 * 512 - 2, QLatin1Char('x'));
+    const QString text = QChar(QChar::ByteOrderMark) + title + QStringLiteral("😀\n1\n");
+    const QByteArray bytes(reinterpret_cast<const char *>(text.utf16()), 2 * text.size());
+
+    const IncidentListPtr list = Read(bytes);
+
+    QVERIFY(list != nullptr);
+    QVERIFY(list->Title(0) == title + QStringLiteral("😀"));
+    QCOMPARE(list->Text(0, 0), QStringLiteral("1"));
+}
+
+void tst_client_list::openQuoteIsToldWithItsLine_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("line"); // empty: nothing to tell
+    const auto add = [](const char *name, const QByteArray &bytes, const char *line) {
+        QTest::newRow(name) << bytes << QString::fromLatin1(line);
+    };
+    add("in the first line", "\"a,b\n1,2\n", "line 1 ");
+    add("behind a cell with line breaks", "a\n\"1\r\n2\"\r\n\"3\r\n4\r\n", "line 4 ");
+    add("behind a doubled quote", "a\n\"1\"\"\n2\n", "line 2 ");
+    add("behind a stray quote in a quoted cell", "a\n\"1\"x\n2\n", "line 2 ");
+    add("behind blanks", "a,b\n1, \t\"2\n3,4\n", "line 2 ");
+    add("lines that end with CR", "a\r1\r\"2\r3\r", "line 3 ");
+    add("a closed quote at the end", "a\n\"1\n2\"", "");
+    add("blanks behind the closing quote", "a\n\"1\n2\" \n", "");
+    add("a stray quote that closes behind blanks", "a\n\"1\n\" \"\n2\n", "");
+    add("a quote within a plain cell", "a\n5\" pipe\n2\n", "");
+    add("open to the end of the last line", "a\n\"1", "");
+}
+
+void tst_client_list::openQuoteIsToldWithItsLine()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, line);
+
+    const ReadResult result = ReadCsvFile(Write(bytes));
+
+    QVERIFY(result.list != nullptr);
+    QCOMPARE(result.warning.isEmpty(), line.isEmpty());
+    QVERIFY2(result.warning.contains(line), qPrintable(result.warning));
+}
+
 void tst_client_list::whatIsNoListIsRefusedWithAReason_data()
 {
     QTest::addColumn<QByteArray>("bytes");
@@ -172,10 +234,8 @@ void tst_client_list::whatIsNoListIsRefusedWithAReason_data()
     QTest::newRow("only blank lines") << QByteArray("\n\r\n\n") << QStringLiteral("is empty");
     QTest::newRow("only a mark") << QByteArray("\xEF\xBB\xBF") << QStringLiteral("is empty");
     QTest::newRow("a picture") << QByteArray("GIF89a\0\0\0,\n", 11) << QStringLiteral("zero bytes");
-    QTest::newRow("UTF-16") << QByteArray("\xFF\xFE"
-                                          "a\0,\0",
-                                          6)
-                            << QStringLiteral("zero bytes");
+    QTest::newRow("UTF-16 without a mark")
+        << QByteArray("a\0,\0", 4) << QStringLiteral("zero bytes");
     QTest::newRow("a thousand and one columns")
         << QByteArray(1000, ',') << QStringLiteral("more columns");
 }
