@@ -4,6 +4,7 @@
 #include "Console.h"
 #include "CsvFile.h"
 #include "ListModel.h"
+#include "StopSignals.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
@@ -18,7 +19,8 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(Batch)
 };
 
-ExportResult WaitForExport(const IncidentRows &rows, const QString &path)
+// `stop_status` becomes the exit status of a signal that ended the export.
+ExportResult WaitForExport(const IncidentRows &rows, const QString &path, int &stop_status)
 {
     ExportResult result;
     CProgressLine line;
@@ -35,8 +37,11 @@ ExportResult WaitForExport(const IncidentRows &rows, const QString &path)
                          result = outcome;
                          loop.quit();
                      });
+    const CStopSignals stop_signals;
+    QObject::connect(&stop_signals, &CStopSignals::SignalStop, &job, &CListExport::Cancel);
     job.Start(path);
     loop.exec();
+    stop_status = stop_signals.Status();
     return result;
 }
 
@@ -68,7 +73,10 @@ IncidentListPtr LoadList(const Options &options)
 
 int ExportRows(const IncidentRows &rows, const QString &path)
 {
-    const ExportResult result = WaitForExport(rows, path);
+    int stop_status = kExitDone;
+    const ExportResult result = WaitForExport(rows, path, stop_status);
+    if (stop_status != kExitDone)
+        return stop_status;
     if (!result.is_done) {
         PrintError(result.error);
         return kExitFileFailed;

@@ -12,7 +12,7 @@ namespace Client {
 [[nodiscard]] IncidentListPtr LoadList(const Options &options);
 
 /// \brief Export \a rows to \a path, in the same manner, and say so on the standard output.
-/// \return an exit status.
+/// \return an exit status; 130 or 143 when SIGINT or SIGTERM ended it, without a file.
 [[nodiscard]] int ExportRows(const IncidentRows &rows, const QString &path);
 
 /// \brief What --export does: the rows of \a list that match the filter of \a options.

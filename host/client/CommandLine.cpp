@@ -60,9 +60,21 @@ QString FindUsageError(const Parser &line)
         if (parser.isSet(*option) && parser.value(*option).isEmpty())
             return Texts::tr("--%1 needs a name.").arg(option->names().constFirst());
     }
+    if (parser.isSet(line.headless) && parser.isSet(line.exported))
+        return Texts::tr("--headless and --export cannot be used together.");
     if (parser.isSet(line.exported) && !FindExportFormat(parser.value(line.exported)))
         return UnknownFormatText(parser.value(line.exported));
     return {};
+}
+
+// Qt names the program by the whole path that it was started with.
+QString HelpText(const QCommandLineParser &parser)
+{
+    const QString path = QCoreApplication::arguments().constFirst();
+    QString help = parser.helpText();
+    if (const int at = help.indexOf(path); at >= 0)
+        help.replace(at, path.size(), QCoreApplication::applicationName());
+    return help;
 }
 
 QString ReadRows(const Parser &line, int &rows)
@@ -112,7 +124,7 @@ CommandLine ReadCommandLine(const QStringList &arguments)
         return result;
     }
     if (line.parser.isSet(line.help)) {
-        result.output = line.parser.helpText();
+        result.output = HelpText(line.parser);
         return result;
     }
     if (line.parser.isSet(line.version)) {

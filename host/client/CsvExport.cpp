@@ -38,6 +38,7 @@ public:
         is_open_ = false;
         return !parser_->HasWriteError();
     }
+    QString Reason() const override { return parser_ ? parser_->WriteErrorText() : QString(); }
 
 private:
     QPointer<Vantor::CCSVParser> parser_;

@@ -28,6 +28,8 @@ public:
     virtual void Write() = 0;
     /// \return false when something did not reach the disk.
     [[nodiscard]] virtual bool Close() = 0;
+    /// \brief The system's words for why it did not; empty when it has none.
+    [[nodiscard]] virtual QString Reason() const { return {}; }
 };
 
 /// \brief A kind of file to export to. One line in ExportFormat.cpp adds another.

@@ -7,16 +7,20 @@
 #include "MainWindow.h"
 #include "Theme.h"
 
-#include <Ravel/ChaseDialog.h>
-#include <common/Translate.h>
-
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QEventLoop>
+#include <QtCore/QFile>
 #include <QtCore/QTimer>
 #include <QtGui/QPainter>
+#include <QtWidgets/QDialog>
 
 #include <chrono>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+#include <utility>
+#include <vector>
 
 namespace Client {
 namespace {
@@ -50,26 +54,27 @@ int SavePicture(const QPixmap &picture, const QDir &folder, const QString &name)
     return kExitDone;
 }
 
-QPixmap GrabWaiting(CMainWindow &window)
+QPixmap GrabWaiting(CMainWindow &window, const QString &list_name)
 {
-    Ravel::CChaseDialog dialog(
-        &window, QStringLiteral(":/Express/Public/Gif/Images/Public/Gif/Waiting_M_4.gif"),
-        Vantor::Translate(QStringLiteral("Please wait")), true);
-    dialog.open();
+    const std::unique_ptr<QDialog> dialog(window.NewReadingDialog(list_name));
+    dialog->open();
     Settle();
     QPixmap picture = window.grab();
     QPainter painter(&picture);
-    QRect place = dialog.rect();
+    QRect place = dialog->rect();
     place.moveCenter(window.rect().center());
-    painter.drawPixmap(place.topLeft(), dialog.grab());
-    dialog.reject();
+    painter.drawPixmap(place.topLeft(), dialog->grab());
     return picture;
 }
 
-int TakePictures(CMainWindow &window, const QDir &folder, CThemeSwitch &theme,
-                 CLanguageSwitch &language)
+// Pictures by their file names.
+using Pictures = std::vector<std::pair<QString, QPixmap>>;
+
+Pictures TakePictures(CMainWindow &window, const QString &list_name, CThemeSwitch &theme,
+                      CLanguageSwitch &language)
 {
-    int status = kExitDone;
+    Pictures pictures;
+    const QString first_language = language.Current();
     for (const Language &spoken : kLanguages) {
         language.Apply(QLatin1String(spoken.code));
         for (const Theme worn : {Theme::Dark, Theme::Light}) {
@@ -79,13 +84,25 @@ int TakePictures(CMainWindow &window, const QDir &folder, CThemeSwitch &theme,
                 QStringLiteral("client-%1-%2.png")
                     .arg(worn == Theme::Dark ? QStringLiteral("dark") : QStringLiteral("light"),
                          QLatin1String(spoken.code));
-            status = std::max(status, SavePicture(window.grab(), folder, name));
+            pictures.emplace_back(name, window.grab());
         }
     }
     language.Apply(QLatin1String(kLanguages[0].code));
     Settle();
-    const QString name = QStringLiteral("client-waiting.png");
-    return std::max(status, SavePicture(GrabWaiting(window), folder, name));
+    pictures.emplace_back(QStringLiteral("client-waiting.png"), GrabWaiting(window, list_name));
+    language.Apply(first_language);
+    return pictures;
+}
+
+// An error text, empty when there is a folder now. Qt does not tell why it could not make one.
+QString MakeFolder(const QString &path)
+{
+    std::error_code error;
+    std::filesystem::create_directories(QFile::encodeName(path).toStdString(), error);
+    if (!error)
+        return {};
+    return Texts::tr("Cannot make the folder %1: %2")
+        .arg(QDir::toNativeSeparators(path), QString::fromLocal8Bit(error.message().c_str()));
 }
 
 } // namespace
@@ -93,21 +110,24 @@ int TakePictures(CMainWindow &window, const QDir &folder, CThemeSwitch &theme,
 int RunHeadless(const Options &options, const IncidentListPtr &list, CThemeSwitch &theme,
                 CLanguageSwitch &language)
 {
-    const QDir folder(options.out_folder);
-    if (!folder.mkpath(QStringLiteral("."))) {
-        PrintError(Texts::tr("Cannot make the folder %1.")
-                       .arg(QDir::toNativeSeparators(options.out_folder)));
+    const QString error = MakeFolder(options.out_folder);
+    if (!error.isEmpty()) {
+        PrintError(error);
         return kExitFileFailed;
     }
+    const QDir folder(options.out_folder);
     CMainWindow window(theme, language);
     window.resize(kWindowSizePx);
     window.SetList(list, options.ListName());
     window.SetFilter(options.filter);
     window.show();
-    const int status = ExportRows(window.Rows(), folder.filePath(QStringLiteral("incidents.csv")));
+    int status = ExportRows(window.Rows(), folder.filePath(QStringLiteral("incidents.csv")));
     if (status != kExitDone)
         return status;
-    return TakePictures(window, folder, theme, language);
+    // Every line is printed in the one language, whatever the pictures speak.
+    for (const auto &[name, picture] : TakePictures(window, options.ListName(), theme, language))
+        status = std::max(status, SavePicture(picture, folder, name));
+    return status;
 }
 
 } // namespace Client

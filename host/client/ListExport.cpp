@@ -4,7 +4,6 @@
 #include <QtCore/QAbstractTableModel>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
-#include <QtCore/QPointer>
 #include <QtCore/QStorageInfo>
 #include <QtWidgets/QWidget>
 
@@ -127,6 +126,10 @@ void CListExport::Write()
     if (!self)
         return;
     watch.stop();
+    if (is_cancelled_) {
+        Finish({});
+        return;
+    }
     if (!writer_->Close())
         Finish(WriteErrorText());
     else
@@ -139,7 +142,10 @@ QString CListExport::WriteErrorText() const
     const QStorageInfo disk(QFileInfo(target_.TemporaryPath()).absolutePath());
     if (disk.isValid() && disk.bytesAvailable() < kFullDiskBytes)
         return tr("The disk is full. %1 was not written.").arg(shown);
-    return tr("Writing failed on the way. %1 was not written.").arg(shown);
+    const QString reason = writer_ ? writer_->Reason() : QString();
+    if (reason.isEmpty())
+        return tr("Writing failed on the way. %1 was not written.").arg(shown);
+    return tr("Writing failed: %1. %2 was not written.").arg(reason, shown);
 }
 
 void CListExport::Finish(const QString &error)

@@ -6,6 +6,7 @@
 #include "IncidentList.h"
 
 #include <QtCore/QObject>
+#include <QtCore/QPointer>
 #include <QtCore/QTimer>
 
 namespace Client {
@@ -37,7 +38,7 @@ public:
 
     /// \brief Begin. The kind of file follows from the ending of \a path.
     void Start(const QString &path);
-    /// \brief Stop collecting; too late once the file is being written.
+    /// \brief End without a file; one that is being written is finished first.
     void Cancel();
 
 Q_SIGNALS:
@@ -58,7 +59,7 @@ private:
     void Finish(const QString &error);
 
     const IncidentRows rows_;
-    QWidget *const window_;
+    const QPointer<QWidget> window_;
     QString path_;
     CExportTarget target_;
     std::unique_ptr<CRowWriter> writer_; // closed before target_ removes the file

@@ -82,9 +82,7 @@ void CMainWindow::OpenFile(const QString &path)
     const auto is_cancelled = std::make_shared<std::atomic<bool>>(false);
     is_reading_cancelled_ = is_cancelled;
     list_to_come_ = QFileInfo(path).fileName();
-    const QString movie = QStringLiteral(":/Express/Public/Gif/Images/Public/Gif/Waiting_M_4.gif");
-    reading_dialog_ =
-        new Ravel::CChaseDialog(this, movie, tr("Reading %1…").arg(list_to_come_), true);
+    reading_dialog_ = NewReadingDialog(list_to_come_);
     connect(reading_dialog_.data(), &QDialog::rejected, this,
             [is_cancelled = is_cancelled.get()] { *is_cancelled = true; });
     QTimer::singleShot(kPatience, reading_dialog_.data(), &QDialog::open);
@@ -92,6 +90,12 @@ void CMainWindow::OpenFile(const QString &path)
         return ReadCsvFile(path, [&](qint64, qint64) { return !*is_cancelled; });
     }));
     UpdateActions();
+}
+
+QDialog *CMainWindow::NewReadingDialog(const QString &name)
+{
+    const QString movie = QStringLiteral(":/Express/Public/Gif/Images/Public/Gif/Waiting_M_4.gif");
+    return new Ravel::CChaseDialog(this, movie, tr("Reading %1…").arg(name), true);
 }
 
 void CMainWindow::OnFileRead()
@@ -141,6 +145,19 @@ void CMainWindow::OnExportFinished(const ExportResult &result)
     else
         statusBar()->showMessage(tr("Export cancelled"), kStatusTime_ms);
     Q_EMIT SignalIdle();
+}
+
+void CMainWindow::Stop(int status)
+{
+    if (!IsBusy()) {
+        Q_EMIT SignalStopped(status);
+        return;
+    }
+    connect(this, &CMainWindow::SignalIdle, this, [this, status] { Q_EMIT SignalStopped(status); });
+    if (export_)
+        export_->Cancel();
+    if (is_reading_cancelled_)
+        *is_reading_cancelled_ = true;
 }
 
 void CMainWindow::changeEvent(QEvent *event)

@@ -11,9 +11,9 @@
 #include <atomic>
 #include <memory>
 
-namespace Ravel {
-class CChaseDialog;
-}
+QT_BEGIN_NAMESPACE
+class QDialog;
+QT_END_NAMESPACE
 
 namespace Client {
 
@@ -46,9 +46,19 @@ public:
     /// \brief Export what is shown to \a path, or show a message when that fails.
     void ExportTo(const QString &path);
 
+    /// \brief The dialog that stands in front of the window while the list \a name is read; the
+    /// caller deletes it.
+    [[nodiscard]] QDialog *NewReadingDialog(const QString &name);
+
+public Q_SLOTS:
+    /// \brief Cancel the work at hand, if any, then emit SignalStopped().
+    void Stop(int status);
+
 Q_SIGNALS:
     /// Emitted after OpenFile() and ExportTo() have ended, well or not.
     void SignalIdle();
+    /// Emitted when the program can end with \a status.
+    void SignalStopped(int status);
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -72,7 +82,7 @@ private:
     QString list_name_;
     QString list_to_come_; // the one being read
     QFutureWatcher<ReadResult> reading_;
-    QPointer<Ravel::CChaseDialog> reading_dialog_;
+    QPointer<QDialog> reading_dialog_;
     // Set by the GUI thread, read by the reading one.
     std::shared_ptr<std::atomic<bool>> is_reading_cancelled_;
     QPointer<CListExport> export_;

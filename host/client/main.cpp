@@ -2,9 +2,11 @@
 #include "Batch.h"
 #include "CommandLine.h"
 #include "Console.h"
+#include "Display.h"
 #include "Headless.h"
 #include "Language.h"
 #include "MainWindow.h"
+#include "StopSignals.h"
 #include "Theme.h"
 
 #include <QtCore/QLoggingCategory>
@@ -19,30 +21,25 @@ using namespace Client;
 
 constexpr QSize kFirstSizePx(1280, 800);
 
-bool HasDisplay()
-{
-#if defined(Q_OS_WIN) || defined(Q_OS_MACOS)
-    return true;
-#else
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
-           || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
-#endif
-}
-
 bool ChooseWindow(int argc, char **argv)
 {
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
-    return HasDisplay() && WantsWindow(arguments);
+    return WantsWindow(arguments) && HasDisplay();
 }
 
 void PrepareBatch()
 {
-    // Errors reach the user as one sentence of ours, without remarks of the offscreen platform;
-    // QT_LOGGING_RULES brings the log back.
+    // Errors reach the user as one sentence of ours and the library's line about the cause, without
+    // remarks of the offscreen platform; QT_LOGGING_RULES brings the rest of the log back.
     QLoggingCategory::setFilterRules(
-        QStringLiteral("ClientWarningAndMore=false\ndefault.warning=false"));
+        QStringLiteral("ClientWarningAndMore.info=false\nClientWarningAndMore.warning=false\n"
+                       "default.warning=false"));
+}
+
+void IgnoreFileSizeSignal()
+{
 #ifdef SIGXFSZ
     // A limit on file sizes then is a failed write like a full disk, and leaves no half file.
     std::signal(SIGXFSZ, SIG_IGN);
@@ -58,6 +55,9 @@ int RunWindow(const Options &options, const IncidentListPtr &list, CThemeSwitch 
     window.SetList(list, options.ListName());
     window.SetFilter(options.filter);
     window.show();
+    const CStopSignals stop_signals;
+    QObject::connect(&stop_signals, &CStopSignals::SignalStop, &window, &CMainWindow::Stop);
+    QObject::connect(&window, &CMainWindow::SignalStopped, &QCoreApplication::exit);
     const int status = QApplication::exec();
     settings.setValue(QStringLiteral("geometry"), window.saveGeometry());
     settings.setValue(QStringLiteral("theme"), theme.Current() == Theme::Dark
@@ -102,6 +102,7 @@ int Run(bool has_window)
 
 int main(int argc, char **argv)
 {
+    IgnoreFileSizeSignal();
     const bool has_window = ChooseWindow(argc, argv);
     if (!has_window) {
         PrepareBatch();

@@ -41,6 +41,10 @@
         <source>Writing failed on the way. %1 was not written.</source>
         <translation>تعذّر إتمام الكتابة. لم تتم كتابة ‎%1.</translation>
     </message>
+    <message>
+        <source>Writing failed: %1. %2 was not written.</source>
+        <translation>تعذّرت الكتابة: %1. لم تتم كتابة ‎%2.</translation>
+    </message>
 </context>
 <context>
     <name>Client::CListPage</name>
@@ -257,6 +261,10 @@
         <source>--rows takes a whole number from 1 to %1, not “%2”.</source>
         <translation>يقبل الخيار --rows عددًا صحيحًا من 1 إلى %1، لا «%2».</translation>
     </message>
+    <message>
+        <source>--headless and --export cannot be used together.</source>
+        <translation>لا يمكن استعمال الخيارين --headless و--export معًا.</translation>
+    </message>
 </context>
 <context>
     <name>CsvFile</name>
@@ -342,8 +350,8 @@
         <translation>كُتب ‎%1</translation>
     </message>
     <message>
-        <source>Cannot make the folder %1.</source>
-        <translation>تعذّر إنشاء المجلد ‎%1.</translation>
+        <source>Cannot make the folder %1: %2</source>
+        <translation>تعذّر إنشاء المجلد ‎%1: %2</translation>
     </message>
 </context>
 </TS>

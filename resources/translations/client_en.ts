@@ -37,6 +37,10 @@
         <source>Writing failed on the way. %1 was not written.</source>
         <translation>Writing failed on the way. %1 was not written.</translation>
     </message>
+    <message>
+        <source>Writing failed: %1. %2 was not written.</source>
+        <translation>Writing failed: %1. %2 was not written.</translation>
+    </message>
 </context>
 <context>
     <name>Client::CListPage</name>
@@ -253,6 +257,10 @@
         <source>--rows takes a whole number from 1 to %1, not “%2”.</source>
         <translation>--rows takes a whole number from 1 to %1, not “%2”.</translation>
     </message>
+    <message>
+        <source>--headless and --export cannot be used together.</source>
+        <translation>--headless and --export cannot be used together.</translation>
+    </message>
 </context>
 <context>
     <name>CsvFile</name>
@@ -338,8 +346,8 @@
         <translation>Wrote %1</translation>
     </message>
     <message>
-        <source>Cannot make the folder %1.</source>
-        <translation>Cannot make the folder %1.</translation>
+        <source>Cannot make the folder %1: %2</source>
+        <translation>Cannot make the folder %1: %2</translation>
     </message>
 </context>
 </TS>

@@ -9,6 +9,8 @@
 #include <QtGui/QImage>
 #include <QtTest/QTest>
 
+#include <csignal>
+
 namespace {
 
 constexpr int kPatience_ms = 120000;
@@ -25,22 +27,33 @@ QStringList Lines(const QByteArray &bytes)
     return QString::fromUtf8(bytes).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
-Outcome Start(const QString &program, const QStringList &arguments, const QString &folder)
+QProcessEnvironment NoDisplay()
 {
-    QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
     environment.remove(QStringLiteral("DISPLAY"));
     environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(folder);
-    process.start(program, arguments);
+    return environment;
+}
+
+Outcome WaitForEnd(QProcess &process)
+{
     Outcome outcome;
     if (process.waitForFinished(kPatience_ms) && process.exitStatus() == QProcess::NormalExit)
         outcome.status = process.exitCode();
     outcome.output = Lines(process.readAllStandardOutput());
     outcome.errors = Lines(process.readAllStandardError());
     return outcome;
+}
+
+Outcome Start(const QString &program, const QStringList &arguments, const QString &folder,
+              const QProcessEnvironment &environment = NoDisplay())
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(folder);
+    process.start(program, arguments);
+    return WaitForEnd(process);
 }
 
 QByteArrayList Quoted(const QByteArray &line)
@@ -62,6 +75,13 @@ private Q_SLOTS:
     void cleanup();
 
     void runWithoutDisplayLeavesListAndPictures();
+    void displayThatDoesNotAnswerIsNone_data();
+    void displayThatDoesNotAnswerIsNone();
+    void usageNamesTheProgramWithoutItsFolder();
+    void signalEndsTheExportWithoutAFile_data();
+    void signalEndsTheExportWithoutAFile();
+    void signalEndsTheWindow();
+    void openQuoteIsToldOnTheWay();
     void exportTakesTheRowsThatMatch();
     void wrongUseEndsWithTwo_data();
     void wrongUseEndsWithTwo();
@@ -134,6 +154,98 @@ void tst_client_program::runWithoutDisplayLeavesListAndPictures()
     QVERIFY(pictures.at(1).pixelColor(640, 105).lightness() < 60);
 }
 
+void tst_client_program::displayThatDoesNotAnswerIsNone_data()
+{
+    QTest::addColumn<QString>("display");
+    QTest::newRow("an empty name") << QString();
+    QTest::newRow("a server that is gone") << QStringLiteral(":7777");
+}
+
+void tst_client_program::displayThatDoesNotAnswerIsNone()
+{
+    QFETCH(QString, display);
+    QProcessEnvironment environment = NoDisplay();
+    environment.insert(QStringLiteral("DISPLAY"), display);
+    environment.insert(QStringLiteral("WAYLAND_DISPLAY"), QString());
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QString());
+
+    const Outcome outcome =
+        Start(QStringLiteral(CLIENT_PROGRAM), {QStringLiteral("--rows"), QStringLiteral("20")},
+              folder_->path(), environment);
+
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.errors, QStringList());
+    QVERIFY(Files().contains(QStringLiteral("out")));
+}
+
+void tst_client_program::usageNamesTheProgramWithoutItsFolder()
+{
+    const Outcome outcome = Run({QStringLiteral("--help")});
+
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.output.constFirst(), QStringLiteral("Usage: vantor-client [options]"));
+}
+
+void tst_client_program::signalEndsTheExportWithoutAFile_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::newRow("from the keyboard") << SIGINT;
+    QTest::newRow("from the system") << SIGTERM;
+}
+
+void tst_client_program::signalEndsTheExportWithoutAFile()
+{
+    QFETCH(int, number);
+    std::signal(SIGINT, SIG_DFL); // ignored in what a script runs in the background
+    QProcess process;
+    process.setProcessEnvironment(NoDisplay());
+    process.start(QStringLiteral(CLIENT_PROGRAM),
+                  {QStringLiteral("--rows"), QStringLiteral("2000000"), QStringLiteral("--export"),
+                   Path("out.csv")});
+    QTRY_COMPARE_WITH_TIMEOUT(Files().size(), 1, kPatience_ms); // the temporary file
+
+    QCOMPARE(kill(static_cast<pid_t>(process.processId()), number), 0);
+
+    const Outcome outcome = WaitForEnd(process);
+    QCOMPARE(outcome.status, 128 + number);
+    QCOMPARE(Files(), QStringList());
+}
+
+void tst_client_program::signalEndsTheWindow()
+{
+    QProcess process;
+    QProcessEnvironment environment = NoDisplay();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder_->path());
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(CLIENT_PROGRAM), QStringList());
+    QVERIFY(process.waitForStarted());
+    const QString status = QStringLiteral("/proc/%1/status").arg(process.processId());
+    const QByteArray caught = "SigCgt:\t0000000000004002"; // the mask of SIGINT and SIGTERM
+    QTRY_VERIFY_WITH_TIMEOUT(FileBytes(status).contains(caught), kPatience_ms);
+
+    process.terminate();
+
+    QCOMPARE(WaitForEnd(process).status, 128 + SIGTERM);
+    QVERIFY(Files().contains(QStringLiteral("Vantor"))); // the settings are kept
+}
+
+void tst_client_program::openQuoteIsToldOnTheWay()
+{
+    QFile list(Path("list.csv"));
+    QVERIFY(list.open(QIODevice::WriteOnly));
+    list.write("a,b\n1,2\n\"3,4\n5,6\n");
+    list.close();
+
+    const Outcome outcome = Run({QStringLiteral("--open"), QStringLiteral("list.csv"),
+                                 QStringLiteral("--export"), QStringLiteral("out.csv")});
+
+    QCOMPARE(outcome.status, 0);
+    QCOMPARE(outcome.errors.size(), 1);
+    QVERIFY2(outcome.errors.constFirst().contains(QStringLiteral("line 3 is not closed")),
+             qPrintable(outcome.errors.constFirst()));
+}
+
 void tst_client_program::exportTakesTheRowsThatMatch()
 {
     const Outcome outcome =
@@ -165,6 +277,7 @@ void tst_client_program::wrongUseEndsWithTwo_data()
     add("more rows than an int counts", "--rows 99999999999", "99999999999");
     add("more rows than a table holds", "--rows 10000001", "10,000,000");
     add("a value missing", "--export", "export");
+    add("two works at once", "--headless --export list.csv", "--headless");
     add("another kind of file", "--export list.xlsx", ".csv");
     add("a name without an ending", "--export list", ".csv");
 }
@@ -197,7 +310,8 @@ void tst_client_program::unusableFileEndsWithOne_data()
     add("nothing to repeat", "--open titles.csv --rows 5", "no row");
     add("an export to a missing folder", "--export missing/out.csv", "does not exist");
     add("an export over a folder", "--export folder/x.csv/out.csv", "does not exist");
-    add("pictures to where a file is", "--headless --out empty.csv/out", "empty.csv/out");
+    add("pictures to where a file is", "--headless --out empty.csv/out",
+        "empty.csv/out: Not a directory");
 }
 
 void tst_client_program::unusableFileEndsWithOne()
@@ -260,9 +374,12 @@ void tst_client_program::fullDiskLeavesTheEarlierFile()
               folder_->path());
 
     QCOMPARE(outcome.status, 1);
-    QCOMPARE(outcome.errors.size(), 1);
-    QVERIFY2(outcome.errors.constFirst().contains(QStringLiteral("was not written")),
-             qPrintable(outcome.errors.constFirst()));
+    QCOMPARE(outcome.errors.size(), 2); // the library's line about the cause, then ours
+    QVERIFY2(outcome.errors.at(0).startsWith(QStringLiteral("ClientWarningAndMore:")),
+             qPrintable(outcome.errors.at(0)));
+    QCOMPARE(outcome.errors.at(1),
+             QStringLiteral("vantor-client: Writing failed: File too large. %1 was not written.")
+                 .arg(Path("out.csv")));
     QCOMPARE(Files(), QStringList{QStringLiteral("out.csv")});
     QCOMPARE(FileBytes(Path("out.csv")), QByteArray("earlier"));
 }
