@@ -10,6 +10,8 @@
 
 #include <QtCore/QEvent>
 #include <QtCore/QLocale>
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QHBoxLayout>
@@ -125,6 +127,30 @@ void CListPage::FocusSearch()
     search_->selectAll();
 }
 
+bool CListPage::CanCopy() const
+{
+    return search_->hasFocus() ? search_->hasSelectedText() : table_->currentIndex().isValid();
+}
+
+void CListPage::Copy()
+{
+    if (search_->hasFocus())
+        search_->copy();
+    else if (CanCopy())
+        QGuiApplication::clipboard()->setText(table_->currentIndex().data().toString());
+}
+
+bool CListPage::CanSelectAll() const
+{
+    return search_->hasFocus() && !search_->text().isEmpty();
+}
+
+void CListPage::SelectAll()
+{
+    if (CanSelectAll())
+        search_->selectAll();
+}
+
 void CListPage::RestoreOrder()
 {
     table_->sortByColumn(-1, Qt::AscendingOrder);
@@ -164,6 +190,11 @@ bool CListPage::eventFilter(QObject *watched, QEvent *event)
         event->ignore();
         return true;
     }
+    // A line edit turns itself round after the text that is typed, its icons too, and stays so. The
+    // text finds its own side without that.
+    if (watched == search_ && event->type() == QEvent::LayoutDirectionChange
+        && search_->testAttribute(Qt::WA_SetLayoutDirection))
+        search_->unsetLayoutDirection();
     return QWidget::eventFilter(watched, event);
 }
 

@@ -32,6 +32,12 @@ public:
     [[nodiscard]] IncidentRows Rows() const;
 
     void FocusSearch();
+    /// \brief Copy the current cell, or what is selected in the search field while keys go there.
+    void Copy();
+    [[nodiscard]] bool CanCopy() const;
+    /// \brief Select the text of the search field while keys go there; the table selects one row.
+    void SelectAll();
+    [[nodiscard]] bool CanSelectAll() const;
     /// \brief Show the list in the order of its file.
     void RestoreOrder();
 public Q_SLOTS:

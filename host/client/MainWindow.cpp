@@ -42,6 +42,9 @@ CMainWindow::CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget
     statusBar()->setSizeGripEnabled(false);
     connect(actions_->Open(), &QAction::triggered, this, &CMainWindow::OnOpen);
     connect(actions_->Export(), &QAction::triggered, this, &CMainWindow::OnExport);
+    connect(actions_->Copy(), &QAction::triggered, page_, &CListPage::Copy);
+    connect(actions_->SelectAll(), &QAction::triggered, page_, &CListPage::SelectAll);
+    connect(actions_, &CWindowActions::SignalEditMenuOpens, this, &CMainWindow::OnEditMenuOpens);
     connect(actions_->Find(), &QAction::triggered, page_, &CListPage::FocusSearch);
     connect(actions_->FileOrder(), &QAction::triggered, page_, &CListPage::RestoreOrder);
     connect(actions_->About(), &QAction::triggered, this, &CMainWindow::OnAbout);
@@ -61,6 +64,8 @@ CMainWindow::~CMainWindow()
 void CMainWindow::SetList(IncidentListPtr list, const QString &name)
 {
     list_name_ = name;
+    export_name_to_retry_.clear();
+    statusBar()->clearMessage(); // it speaks of the list before
     page_->SetList(std::move(list));
     Retranslate();
 }
@@ -119,6 +124,8 @@ void CMainWindow::ExportTo(const QString &path)
 {
     if (IsBusy())
         return;
+    export_folder_ = QFileInfo(path).absolutePath();
+    export_name_to_retry_ = QFileInfo(path).fileName();
     if (!FindExportFormat(path)) {
         ShowError(UnknownFormatText(path));
         return;
@@ -138,6 +145,8 @@ void CMainWindow::OnExportFinished(const ExportResult &result)
     export_->deleteLater();
     export_.clear();
     UpdateActions();
+    if (result.is_done)
+        export_name_to_retry_.clear();
     if (!result.error.isEmpty())
         ShowError(result.error);
     else if (result.is_done)
@@ -194,9 +203,19 @@ void CMainWindow::OnExport()
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilter(tr("CSV files (*.csv)"));
     dialog->setDefaultSuffix(QStringLiteral("csv"));
-    dialog->selectFile(QStringLiteral("incidents.csv"));
+    if (QFileInfo(export_folder_).isDir())
+        dialog->setDirectory(export_folder_);
+    dialog->selectFile(export_name_to_retry_.isEmpty()
+                           ? QFileInfo(list_name_).completeBaseName() + QStringLiteral(".csv")
+                           : export_name_to_retry_);
     connect(dialog, &QFileDialog::fileSelected, this, &CMainWindow::ExportTo);
     dialog->open();
+}
+
+void CMainWindow::OnEditMenuOpens()
+{
+    actions_->Copy()->setEnabled(page_->CanCopy());
+    actions_->SelectAll()->setEnabled(page_->CanSelectAll());
 }
 
 void CMainWindow::OnAbout()

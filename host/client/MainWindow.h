@@ -67,6 +67,7 @@ protected:
 private Q_SLOTS:
     void OnOpen();
     void OnExport();
+    void OnEditMenuOpens();
     void OnAbout();
     void OnFileRead();
     void OnExportFinished(const Client::ExportResult &result);
@@ -86,6 +87,8 @@ private:
     // Set by the GUI thread, read by the reading one.
     std::shared_ptr<std::atomic<bool>> is_reading_cancelled_;
     QPointer<CListExport> export_;
+    QString export_folder_;        // where the last export was to go; empty: Qt's choice
+    QString export_name_to_retry_; // under this name, unless the file is there now
 };
 
 } // namespace Client

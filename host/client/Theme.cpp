@@ -68,7 +68,7 @@ void CThemeSwitch::Apply(Theme theme)
     const QString path = theme == Theme::Dark ? QStringLiteral(":/Vantor/Themes/dark.qss")
                                               : QStringLiteral(":/Vantor/Themes/light.qss");
     qApp->setStyleSheet(QString::fromUtf8(ReadResource(path)));
-    // The manager is never shown, and Qt polishes again only what is.
+    // Qt polishes the manager again with later sheets only when it was made under one.
     Vantor::CStyleManager &manager = Manager();
     manager.style()->unpolish(&manager);
     manager.style()->polish(&manager);

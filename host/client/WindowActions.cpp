@@ -20,14 +20,17 @@ constexpr QSize kIconSizePx(20, 20);
 
 CWindowActions::CWindowActions(QMainWindow &window, CThemeSwitch &theme, CLanguageSwitch &language)
     : QObject(&window), theme_(theme), language_(language), open_(new QAction(this)),
-      export_(new QAction(this)), quit_(new QAction(this)), find_(new QAction(this)),
-      file_order_(new QAction(this)), light_(new QAction(this)), dark_(new QAction(this)),
-      toggle_theme_(new QAction(this)), about_(new QAction(this))
+      export_(new QAction(this)), quit_(new QAction(this)), copy_(new QAction(this)),
+      select_all_(new QAction(this)), find_(new QAction(this)), file_order_(new QAction(this)),
+      light_(new QAction(this)), dark_(new QAction(this)), toggle_theme_(new QAction(this)),
+      about_(new QAction(this))
 {
     open_->setShortcut(QKeySequence::Open);
     export_->setShortcut(Qt::CTRL | Qt::Key_E);
     quit_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     quit_->setMenuRole(QAction::QuitRole);
+    copy_->setShortcut(QKeySequence::Copy);
+    select_all_->setShortcut(QKeySequence::SelectAll);
     find_->setShortcut(QKeySequence::Find);
     about_->setMenuRole(QAction::AboutRole);
     BuildMenus(window);
@@ -47,7 +50,10 @@ void CWindowActions::BuildMenus(QMainWindow &window)
     file_menu_->addSeparator();
     file_menu_->addAction(quit_);
     edit_menu_ = bar->addMenu(QString());
+    edit_menu_->addActions({copy_, select_all_});
+    edit_menu_->addSeparator();
     edit_menu_->addAction(find_);
+    connect(edit_menu_, &QMenu::aboutToShow, this, &CWindowActions::SignalEditMenuOpens);
     view_menu_ = bar->addMenu(QString());
     theme_menu_ = view_menu_->addMenu(QString());
     language_menu_ = view_menu_->addMenu(QString());
@@ -115,6 +121,8 @@ void CWindowActions::Retranslate()
     export_->setIconText(tr("Export"));
     quit_->setText(tr("&Quit"));
     edit_menu_->setTitle(tr("&Edit"));
+    copy_->setText(tr("&Copy"));
+    select_all_->setText(tr("Select &all"));
     find_->setText(tr("&Find"));
     view_menu_->setTitle(tr("&View"));
     theme_menu_->setTitle(tr("&Theme"));
@@ -122,7 +130,7 @@ void CWindowActions::Retranslate()
     dark_->setText(tr("&Dark"));
     toggle_theme_->setText(tr("Switch theme"));
     toggle_theme_->setIconText(tr("Theme"));
-    language_menu_->setTitle(tr("L&anguage"));
+    language_menu_->setTitle(tr("&Language"));
     file_order_->setText(tr("&Original order"));
     help_menu_->setTitle(tr("&Help"));
     about_->setText(tr("&About"));

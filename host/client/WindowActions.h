@@ -27,11 +27,17 @@ public:
     [[nodiscard]] QAction *Open() const { return open_; }
     [[nodiscard]] QAction *Export() const { return export_; }
     [[nodiscard]] QAction *Quit() const { return quit_; }
+    [[nodiscard]] QAction *Copy() const { return copy_; }
+    [[nodiscard]] QAction *SelectAll() const { return select_all_; }
     [[nodiscard]] QAction *Find() const { return find_; }
     [[nodiscard]] QAction *FileOrder() const { return file_order_; }
     [[nodiscard]] QAction *About() const { return about_; }
 
     void Retranslate();
+
+Q_SIGNALS:
+    /// What can be copied and selected now is to be told to the actions.
+    void SignalEditMenuOpens();
 
 private Q_SLOTS:
     void OnToggleTheme();
@@ -55,6 +61,8 @@ private:
     QAction *const open_;
     QAction *const export_;
     QAction *const quit_;
+    QAction *const copy_;
+    QAction *const select_all_;
     QAction *const find_;
     QAction *const file_order_;
     QAction *const light_;

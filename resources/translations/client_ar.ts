@@ -191,7 +191,7 @@
         <translation>السمة</translation>
     </message>
     <message>
-        <source>L&amp;anguage</source>
+        <source>&amp;Language</source>
         <translation>ال&amp;لغة</translation>
     </message>
     <message>
@@ -209,6 +209,14 @@
     <message>
         <source>Tool bar</source>
         <translation>شريط الأدوات</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;نسخ</translation>
+    </message>
+    <message>
+        <source>Select &amp;all</source>
+        <translation>ت&amp;حديد الكل</translation>
     </message>
 </context>
 <context>

@@ -187,8 +187,8 @@
         <translation>Theme</translation>
     </message>
     <message>
-        <source>L&amp;anguage</source>
-        <translation>L&amp;anguage</translation>
+        <source>&amp;Language</source>
+        <translation>&amp;Language</translation>
     </message>
     <message>
         <source>&amp;Original order</source>
@@ -205,6 +205,14 @@
     <message>
         <source>Tool bar</source>
         <translation>Tool bar</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Copy</translation>
+    </message>
+    <message>
+        <source>Select &amp;all</source>
+        <translation>Select &amp;all</translation>
     </message>
 </context>
 <context>

@@ -4,15 +4,19 @@
 #include "ListExport.h"
 #include "MainWindow.h"
 #include "Theme.h"
+#include "WindowActions.h"
 #include "support/Files.h"
 #include "support/TestGuard.h"
 
 #include <Vantor/CStyleManager>
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
+#include <QtGui/QClipboard>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
@@ -21,6 +25,7 @@
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTableView>
+#include <QtWidgets/QToolButton>
 
 using namespace Client;
 
@@ -34,6 +39,15 @@ QVector<QColor> ThemeColours()
     for (int i = meta->propertyOffset(); i < meta->propertyCount(); ++i)
         colours.append(meta->property(i).read(&manager).value<QColor>());
     return colours;
+}
+
+QVector<QRect> IconPlaces(const QLineEdit &field)
+{
+    QVector<QRect> places;
+    const auto buttons = field.findChildren<QToolButton *>();
+    for (const QToolButton *const button : buttons)
+        places.append(button->geometry());
+    return places;
 }
 
 } // namespace
@@ -57,9 +71,16 @@ private Q_SLOTS:
     void unreadableFileLeavesTheListAndTellsWhy();
     void windowStaysOpenUntilTheExportIsDone();
     void exportOfAnotherKindIsRefusedWithAMessage();
+    void stopCancelsTheExportFirst();
+    void failedExportIsProposedAgain();
+    void nextListBringsItsOwnNameAndNoOldMessage();
+    void latinTextLeavesTheIconsOfAnArabicFieldWhereTheyAre();
+    void editMenuCopiesWhereTheKeysGo();
 
 private:
     struct Bench;
+
+    [[nodiscard]] QFileDialog *OpenExportDialog() const;
 
     CTestGuard guard_;
     QTemporaryDir folder_;
@@ -87,6 +108,15 @@ struct tst_client_window::Bench
     QLineEdit *search = nullptr;
     QLabel *total = nullptr;
 };
+
+QFileDialog *tst_client_window::OpenExportDialog() const
+{
+    bench_->window->activateWindow();
+    if (!QTest::qWaitForWindowActive(bench_->window.get()))
+        return nullptr;
+    QTest::keyClick(bench_->window.get(), Qt::Key_E, Qt::ControlModifier);
+    return bench_->window->findChild<QFileDialog *>();
+}
 
 void tst_client_window::init()
 {
@@ -269,6 +299,88 @@ void tst_client_window::exportOfAnotherKindIsRefusedWithAMessage()
     QVERIFY(box->isVisible());
     QVERIFY(box->text().contains(QStringLiteral(".csv")));
     QVERIFY(!QFile::exists(path));
+}
+
+void tst_client_window::stopCancelsTheExportFirst()
+{
+    const QString path = folder_.filePath(QStringLiteral("stopped.csv"));
+    QSignalSpy stopped(bench_->window.get(), &CMainWindow::SignalStopped);
+    bench_->window->ExportTo(path);
+
+    bench_->window->Stop(143);
+
+    QCOMPARE(stopped.count(), 0);
+    QVERIFY(stopped.wait(30000));
+    QCOMPARE(stopped.constFirst().constFirst().toInt(), 143);
+    QVERIFY(!QFile::exists(path));
+    QCOMPARE(bench_->window->statusBar()->currentMessage(), QStringLiteral("Export cancelled"));
+}
+
+void tst_client_window::failedExportIsProposedAgain()
+{
+    const QString folder = folder_.filePath(QStringLiteral("place"));
+    QVERIFY(QDir().mkpath(folder + QStringLiteral("/list.csv")));
+    QSignalSpy idle(bench_->window.get(), &CMainWindow::SignalIdle);
+
+    bench_->window->ExportTo(folder + QStringLiteral("/list.csv")); // is a folder
+
+    QVERIFY(idle.wait());
+    delete bench_->window->findChild<QMessageBox *>();
+    QFileDialog *const dialog = OpenExportDialog();
+    QVERIFY(dialog);
+    QCOMPARE(dialog->directory().path(), folder);
+    QCOMPARE(dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->text(),
+             QStringLiteral("list.csv"));
+}
+
+void tst_client_window::nextListBringsItsOwnNameAndNoOldMessage()
+{
+    bench_->window->statusBar()->showMessage(QStringLiteral("of the list before"));
+
+    bench_->window->SetList(bench_->window->Rows().list, QStringLiteral("gates.2024.txt"));
+
+    QCOMPARE(bench_->window->statusBar()->currentMessage(), QString());
+    QFileDialog *const dialog = OpenExportDialog();
+    QVERIFY(dialog);
+    QCOMPARE(dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->text(),
+             QStringLiteral("gates.2024.csv"));
+}
+
+void tst_client_window::latinTextLeavesTheIconsOfAnArabicFieldWhereTheyAre()
+{
+    bench_->language.Apply(QStringLiteral("ar"));
+    QTRY_COMPARE(bench_->search->layoutDirection(), Qt::RightToLeft);
+    const QVector<QRect> places = IconPlaces(*bench_->search);
+    QCOMPARE(places.size(), 2);
+
+    QTest::keyClick(bench_->window.get(), Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(bench_->search, QStringLiteral("gull"));
+
+    QCOMPARE(bench_->search->layoutDirection(), Qt::RightToLeft);
+    QCOMPARE(IconPlaces(*bench_->search), places);
+    bench_->language.Apply(QStringLiteral("en"));
+    QTRY_COMPARE(bench_->search->layoutDirection(), Qt::LeftToRight);
+}
+
+void tst_client_window::editMenuCopiesWhereTheKeysGo()
+{
+    auto *const actions = bench_->window->findChild<CWindowActions *>();
+    bench_->search->setText(QStringLiteral("gull"));
+    bench_->search->setFocus();
+
+    actions->SelectAll()->trigger();
+    actions->Copy()->trigger();
+
+    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("gull"));
+
+    bench_->table->setFocus();
+    bench_->table->setCurrentIndex(bench_->table->model()->index(2, 1));
+    actions->Copy()->trigger();
+
+    QCOMPARE(QGuiApplication::clipboard()->text(), bench_->table->currentIndex().data().toString());
+    Q_EMIT actions->SignalEditMenuOpens();
+    QVERIFY(actions->Copy()->isEnabled());
+    QVERIFY(!actions->SelectAll()->isEnabled());
 }
 
 QTEST_MAIN(tst_client_window)
