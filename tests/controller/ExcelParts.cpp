@@ -31,7 +31,8 @@ print(f"{len(ours)} pairs are the same")
 
 QProcess &RunPython(QProcess &process, const char *script, const QString &argument)
 {
-    process.start("python3", {"-c", script, argument});
+    // Debian's own: a front end for several versions takes longer to start than to read a workbook.
+    process.start("/usr/bin/python3", {"-c", script, argument});
     process.waitForFinished(60000);
     return process;
 }
