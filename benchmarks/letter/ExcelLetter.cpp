@@ -83,6 +83,7 @@ void ValidateRange(lxw_worksheet *sheet, int first_row, int first_col, int last_
     for (std::string item; std::getline(stream, item, ',');)
         items.push_back(item);
     std::vector<char *> pointers;
+    pointers.reserve(items.size() + 1);
     for (std::string &item : items)
         pointers.push_back(item.data());
     pointers.push_back(nullptr);

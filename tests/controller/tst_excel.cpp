@@ -253,6 +253,10 @@ private Q_SLOTS:
                              "CExcelControllorWithC::Init";
         const QString add = "3 UserOperate [Vantor::CExcelControllorWithC::AddSheetByName]"
                             "CExcelControllorWithC::Init";
+        const QString filter = "3 UserOperate [Vantor::CExcelControllorWithC::SetFilterCoumn]"
+                               "CExcelControllorWithC::SetFilterCoumn";
+        const QString width = "3 UserOperate [Vantor::CExcelControllorWithC::SetColumnWidth]"
+                              "CExcelControllorWithC::SetColumnWidth";
         const QString close = "3 UserOperate [Vantor::CExcelControllorWithC::Close]";
         const QString path = QString::fromStdString(Path());
         const QStringList expected{
@@ -262,10 +266,8 @@ private Q_SLOTS:
             init,
             add,
             add + " d_ptr_->ptr_excel_ != nullptr",
-            "3 UserOperate [Vantor::CExcelControllorWithC::SetFilterCoumn]CExcelControllorWithC::"
-            "SetFilterCoumn begin_row =1  begin_column =2 end_row =3 en_column =4",
-            "3 UserOperate [Vantor::CExcelControllorWithC::SetColumnWidth]CExcelControllorWithC::"
-            "SetColumnWidth begin_column =1  en_column =2 i_width =30",
+            filter + " begin_row =1  begin_column =2 end_row =3 en_column =4",
+            width + " begin_column =1  en_column =2 i_width =30",
             close + "file  close , file_path_ = " + path + ' ',
             close + "file  close success, file_path_ = " + path + " , close result = 0",
             close + "delete file path = " + cache + "FileGenerateCach, result = 1",

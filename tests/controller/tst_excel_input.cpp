@@ -11,6 +11,7 @@
 #include <QtTest/QTest>
 
 #include <cmath>
+#include <limits>
 
 using Vantor::CExcelControllorWithC;
 using Act = std::function<void(CExcelControllorWithC &)>;
@@ -314,7 +315,8 @@ private:
         Row("markup", Text("]]>&<"), kTexts, "]]&gt;&amp;&lt;");
         Row("blanks around", Text(" a "), kTexts, "<t xml:space=\"preserve\"> a </t>");
         Row("no number", Number(std::nan("")), kSheet, "<c r=\"A1\" s=\"1\"/>", "NAN", no_number);
-        Row("infinity", Number(-INFINITY), kSheet, "<c r=\"A1\" s=\"1\"/>", "INF", no_number);
+        Row("infinity", Number(-std::numeric_limits<double>::infinity()), kSheet,
+            "<c r=\"A1\" s=\"1\"/>", "INF", no_number);
     }
 
     static void AddPlaces()

@@ -148,6 +148,7 @@ void CExcelSheet::Validate(const char *function, const CellRange &range, const s
     if (!fits_buffer)
         items.assign(1, "-");
     std::vector<char *> pointers;
+    pointers.reserve(items.size() + 1);
     for (std::string &item : items)
         pointers.push_back(item.data());
     pointers.push_back(nullptr);
