@@ -5,9 +5,11 @@
 #include "CsvFile.h"
 #include "ListModel.h"
 #include "StopSignals.h"
+#include "TimeLeft.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QEventLoop>
 #include <QtCore/QLocale>
 
@@ -19,6 +21,13 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(Batch)
 };
 
+QString ProgressText(const QString &percent, const QString &time_left)
+{
+    if (time_left.isEmpty())
+        return Texts::tr("Exporting: %1").arg(percent);
+    return Texts::tr("Exporting: %1, %2").arg(percent, time_left);
+}
+
 // `stop_status` becomes the exit status of a signal that ended the export.
 ExportResult WaitForExport(const IncidentRows &rows, const QString &path, int &stop_status)
 {
@@ -26,8 +35,12 @@ ExportResult WaitForExport(const IncidentRows &rows, const QString &path, int &s
     CProgressLine line;
     QEventLoop loop;
     CListExport job(rows, nullptr);
-    QObject::connect(&job, &CListExport::SignalCollected, &loop, [&line](int done, int total) {
-        line.Show(Texts::tr("Collecting rows: %1").arg(Percent(done, total)));
+    QElapsedTimer since_start;
+    since_start.start();
+    CTimeLeft estimate;
+    QObject::connect(&job, &CListExport::SignalProgress, &loop, [&](int done, int total) {
+        estimate.Note(since_start.elapsed(), total > 0 ? double(done) / total : 1);
+        line.Show(ProgressText(Percent(done, total), TimeLeftText(estimate.Seconds())));
     });
     QObject::connect(&job, &CListExport::SignalWriting, &loop, [&line](qint64 bytes) {
         line.Show(Texts::tr("Writing: %1").arg(QLocale().formattedDataSize(bytes)));

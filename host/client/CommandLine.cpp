@@ -41,8 +41,8 @@ struct Parser
                               Texts::tr("Keep only the rows that hold this text."),
                               QStringLiteral("TEXT")};
     QCommandLineOption exported{QStringLiteral("export"),
-                                Texts::tr("Export the list to this file and exit."),
-                                QStringLiteral("FILE.csv")};
+                                Texts::tr("Export the list to this .csv or .xlsx file and exit."),
+                                QStringLiteral("FILE")};
     QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
                             Texts::tr("Show this help.")};
     QCommandLineOption version{{QStringLiteral("v"), QStringLiteral("version")},

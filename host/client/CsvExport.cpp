@@ -3,11 +3,45 @@
 
 #include <Vantor/CCSVParser>
 
+#include <QtCore/QAbstractTableModel>
 #include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 
 namespace Client {
 namespace {
+
+// A few of the rows, as the model the library's writers take.
+class CSlice : public QAbstractTableModel // clazy:exclude=ctor-missing-parent-argument
+{
+public:
+    CSlice(const IncidentRows &rows, int begin, int end) : rows_(rows), begin_(begin), end_(end) {}
+
+    int rowCount(const QModelIndex &parent = {}) const override
+    {
+        return parent.isValid() ? 0 : end_ - begin_;
+    }
+    int columnCount(const QModelIndex &parent = {}) const override
+    {
+        return parent.isValid() ? 0 : rows_.list->ColumnCount();
+    }
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        if (role != Qt::DisplayRole)
+            return {};
+        return rows_.list->Text(rows_.rows.at(begin_ + index.row()), index.column());
+    }
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override
+    {
+        if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
+            return {};
+        return rows_.list->Title(section);
+    }
+
+private:
+    const IncidentRows &rows_;
+    const int begin_;
+    const int end_;
+};
 
 class CCsvWriter : public CRowWriter
 {
@@ -23,12 +57,17 @@ public:
         delete parser_;
     }
 
-    bool Open(const QString &path) override
+    bool Open(const QString &path, const IncidentRows &rows) override
     {
+        rows_ = rows;
         is_open_ = parser_->OpenFile(path);
         return is_open_;
     }
-    void Collect(QAbstractItemModel &rows) override { parser_->PrepareSourceData(&rows); }
+    void Append(int begin, int end) override
+    {
+        CSlice slice(rows_, begin, end);
+        parser_->PrepareSourceData(&slice); // which takes the titles from the first one
+    }
     void Write() override { parser_->WriteCSVFileWithChase(); }
     bool Close() override
     {
@@ -42,6 +81,7 @@ public:
 
 private:
     QPointer<Vantor::CCSVParser> parser_;
+    IncidentRows rows_;
     bool is_open_ = false;
 };
 

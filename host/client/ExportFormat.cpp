@@ -2,6 +2,7 @@
 #include "ExportFormat.h"
 
 #include "CsvExport.h"
+#include "XlsxExport.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
@@ -18,7 +19,8 @@ struct Texts
 };
 
 constexpr ExportFormat kFormats[] = {
-    {".csv", MakeCsvWriter},
+    {".csv", WriterThread::Gui, MakeCsvWriter},
+    {".xlsx", WriterThread::Worker, MakeXlsxWriter},
 };
 
 } // namespace

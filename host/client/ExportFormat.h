@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "IncidentList.h"
+
 #include <QtCore/QString>
 
 #include <memory>
 
 QT_BEGIN_NAMESPACE
-class QAbstractItemModel;
 class QWidget;
 QT_END_NAMESPACE
 
 namespace Client {
 
-/// \brief Writes rows to a file of one kind. Called in the order of its members.
+/// \brief Writes rows to a file of one kind. Called in the order of its members; without Close()
+/// its destructor discards what was written.
 class CRowWriter
 {
 public:
@@ -21,21 +23,31 @@ public:
     CRowWriter(const CRowWriter &) = delete;
     CRowWriter &operator=(const CRowWriter &) = delete;
 
-    [[nodiscard]] virtual bool Open(const QString &path) = 0;
-    /// \brief Take the next rows; the titles come from the first call.
-    virtual void Collect(QAbstractItemModel &rows) = 0;
-    /// \brief Write what was collected. The event loop runs meanwhile.
+    /// \brief Begin the file \a path that \a rows will go to.
+    [[nodiscard]] virtual bool Open(const QString &path, const IncidentRows &rows) = 0;
+    /// \brief Take the rows from \a begin to before \a end, which follow those taken before.
+    virtual void Append(int begin, int end) = 0;
+    /// \brief Write what follows from all rows. On the GUI thread the event loop runs meanwhile.
     virtual void Write() = 0;
     /// \return false when something did not reach the disk.
     [[nodiscard]] virtual bool Close() = 0;
-    /// \brief The system's words for why it did not; empty when it has none.
+    /// \brief For the user: why Open() or Close() failed. Empty when the writer does not know.
+    [[nodiscard]] virtual QString Error() const { return {}; }
+    /// \brief The system's words for why Close() failed; empty when it has none.
     [[nodiscard]] virtual QString Reason() const { return {}; }
+};
+
+/// \brief Where a writer lives from its making to its end.
+enum class WriterThread {
+    Gui,   ///< it waits in front of a window
+    Worker ///< it blocks
 };
 
 /// \brief A kind of file to export to. One line in ExportFormat.cpp adds another.
 struct ExportFormat
 {
     const char *ending; ///< with its dot, in lower case
+    WriterThread thread;
     std::unique_ptr<CRowWriter> (*make_writer)(QWidget *window);
 };
 

@@ -121,9 +121,13 @@ int RunHeadless(const Options &options, const IncidentListPtr &list, CThemeSwitc
     window.SetList(list, options.ListName());
     window.SetFilter(options.filter);
     window.show();
-    int status = ExportRows(window.Rows(), folder.filePath(QStringLiteral("incidents.csv")));
-    if (status != kExitDone)
-        return status;
+    int status = kExitDone;
+    for (const QString &name :
+         {QStringLiteral("incidents.csv"), QStringLiteral("incidents.xlsx")}) {
+        status = ExportRows(window.Rows(), folder.filePath(name));
+        if (status != kExitDone)
+            return status;
+    }
     // Every line is printed in the one language, whatever the pictures speak.
     for (const auto &[name, picture] : TakePictures(window, options.ListName(), theme, language))
         status = std::max(status, SavePicture(picture, folder, name));

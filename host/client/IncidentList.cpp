@@ -91,8 +91,7 @@ CIncidentList::CIncidentList(QVector<IncidentColumn> columns) : columns_(std::mo
 
 const QString &CIncidentList::Text(int row, int column) const
 {
-    const IncidentColumn &data = columns_.at(column);
-    return data.texts.at(data.text_of_row.at(BaseRow(row)));
+    return Texts(column).at(TextIndex(row, column));
 }
 
 IncidentListPtr CIncidentList::Resized(int rows) const

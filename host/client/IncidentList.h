@@ -36,6 +36,16 @@ public:
     [[nodiscard]] int ColumnCount() const { return columns_.size(); }
     [[nodiscard]] const QString &Title(int column) const { return columns_.at(column).title; }
     [[nodiscard]] const QString &Text(int row, int column) const;
+    /// \brief Each text that \a column holds, once.
+    [[nodiscard]] const QVector<QString> &Texts(int column) const
+    {
+        return columns_.at(column).texts;
+    }
+    /// \brief Which of Texts() is the cell.
+    [[nodiscard]] int TextIndex(int row, int column) const
+    {
+        return columns_.at(column).text_of_row.at(BaseRow(row));
+    }
     /// \brief Whether every text of \a column that is not empty is a number.
     [[nodiscard]] bool IsNumeric(int column) const { return are_numbers_.at(column); }
 
@@ -52,6 +62,8 @@ public:
     /// Numbers are in order of size and texts as the language sorts them; empty cells come first.
     [[nodiscard]] std::vector<int> Ranks(int column) const;
 
+    /// \brief The number of rows before any repetition.
+    [[nodiscard]] int BaseRowCount() const { return base_rows_; }
     /// \brief The row before any repetition that \a row shows.
     [[nodiscard]] int BaseRow(int row) const { return row % base_rows_; }
 
@@ -70,6 +82,7 @@ struct IncidentRows
 {
     IncidentListPtr list;
     QVector<int> rows;
+    QString filter = {}; ///< the text they were searched by; empty: they are all rows
 };
 
 } // namespace Client

@@ -5,8 +5,11 @@
 #include "ExportTarget.h"
 #include "IncidentList.h"
 
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QFutureWatcher>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
+#include <QtCore/QThreadPool>
 #include <QtCore/QTimer>
 
 namespace Client {
@@ -25,8 +28,10 @@ struct ExportResult
 
 /// \brief Exports rows to a file while the event loop runs. Use it once.
 ///
-/// Rows are collected in slices, so a window stays alive and can cancel; what an earlier file held
-/// is replaced only by a complete new one. The rows are a snapshot: the list may change meanwhile.
+/// A writer that waits in front of a window takes the rows in slices on the GUI thread, one that
+/// blocks works on a thread of its own; either way a window stays alive and can cancel. What an
+/// earlier file held is replaced only by a complete new one. The rows are a snapshot: the list may
+/// change meanwhile.
 class CListExport : public QObject
 {
     Q_OBJECT
@@ -34,6 +39,8 @@ class CListExport : public QObject
 public:
     /// \param window waits behind a dialog while the file is written; may be null.
     CListExport(IncidentRows rows, QWidget *window, QObject *parent = nullptr);
+    /// Cancels, and waits for the thread: while a file is being saved that takes as long as it
+    /// takes.
     ~CListExport() override;
 
     /// \brief Begin. The kind of file follows from the ending of \a path.
@@ -42,8 +49,10 @@ public:
     void Cancel();
 
 Q_SIGNALS:
-    void SignalCollected(int rows, int total);
-    /// Emitted now and then while the file is written.
+    /// \a done comes in rows; \a total is more than the rows when saving takes its time, too. They
+    /// are equal when nothing is left that this signal tells about.
+    void SignalProgress(int done, int total);
+    /// Emitted now and then while a file is written in front of a window.
     void SignalWriting(qint64 bytes);
     /// Emitted once, from the event loop, as the last thing.
     void SignalFinished(const Client::ExportResult &result);
@@ -51,21 +60,41 @@ Q_SIGNALS:
 private Q_SLOTS:
     void OnNextSlice();
     void OnWatchFile();
+    void OnWatchWorker();
+    void OnWorkerFinished();
 
 private:
+    struct Outcome
+    {
+        bool is_written = false;
+        QString error;
+    };
+    struct WorkerState;
+
     [[nodiscard]] bool Open();
     void Write();
-    [[nodiscard]] QString WriteErrorText() const;
+    void StartWorker();
+    [[nodiscard]] static Outcome RunWorker(const ExportFormat &format, const IncidentRows &rows,
+                                           const QString &path, WorkerState &state);
+    [[nodiscard]] QString WriteErrorText(const QString &writers_error) const;
     void Finish(const QString &error);
 
     const IncidentRows rows_;
     const QPointer<QWidget> window_;
     QString path_;
+    const ExportFormat *format_ = nullptr;
     CExportTarget target_;
     std::unique_ptr<CRowWriter> writer_; // closed before target_ removes the file
     QTimer slices_;
     int collected_ = 0;
     bool is_cancelled_ = false;
+
+    std::shared_ptr<WorkerState> state_;
+    QElapsedTimer since_start_;
+    qint64 rows_took_ms_ = 0; // 0 while the worker takes rows
+    QTimer watch_;
+    QFutureWatcher<Outcome> worker_;
+    QThreadPool pool_; // last: waits for the thread before anything else goes
 };
 
 } // namespace Client

@@ -29,7 +29,7 @@ public:
     /// \brief Rows of the list, shown or not.
     [[nodiscard]] int TotalCount() const { return order_.size(); }
     /// \brief What is shown now; stays so whatever happens to the model.
-    [[nodiscard]] IncidentRows Rows() const { return {list_, shown_}; }
+    [[nodiscard]] IncidentRows Rows() const { return {list_, shown_, filter_}; }
     /// \brief The row of the list that \a row shows.
     [[nodiscard]] int ListRow(int row) const { return shown_.at(row); }
     /// \brief The row that shows \a list_row; -1 when it is filtered out.

@@ -41,7 +41,8 @@ CMainWindow::CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget
     setCentralWidget(page_);
     statusBar()->setSizeGripEnabled(false);
     connect(actions_->Open(), &QAction::triggered, this, &CMainWindow::OnOpen);
-    connect(actions_->Export(), &QAction::triggered, this, &CMainWindow::OnExport);
+    connect(actions_->ExportCsv(), &QAction::triggered, this, &CMainWindow::OnExportCsv);
+    connect(actions_->ExportXlsx(), &QAction::triggered, this, &CMainWindow::OnExportXlsx);
     connect(actions_->Copy(), &QAction::triggered, page_, &CListPage::Copy);
     connect(actions_->SelectAll(), &QAction::triggered, page_, &CListPage::SelectAll);
     connect(actions_, &CWindowActions::SignalEditMenuOpens, this, &CMainWindow::OnEditMenuOpens);
@@ -132,12 +133,19 @@ void CMainWindow::ExportTo(const QString &path)
     }
     export_ = new CListExport(page_->Rows(), this, this);
     auto *const progress = new CProgressDialog(tr("Exporting…"), this);
-    connect(export_.data(), &CListExport::SignalCollected, progress, &CProgressDialog::OnProgress);
+    connect(export_.data(), &CListExport::SignalProgress, progress, &CProgressDialog::OnProgress);
     connect(export_.data(), &CListExport::SignalFinished, progress, &QObject::deleteLater);
     connect(export_.data(), &CListExport::SignalFinished, this, &CMainWindow::OnExportFinished);
-    connect(progress, &QDialog::rejected, export_.data(), &CListExport::Cancel);
+    connect(progress, &QDialog::rejected, this, &CMainWindow::OnExportCancelled);
     UpdateActions();
     export_->Start(path);
+}
+
+void CMainWindow::OnExportCancelled()
+{
+    statusBar()->showMessage(tr("Cancelling the export…"));
+    if (export_)
+        export_->Cancel();
 }
 
 void CMainWindow::OnExportFinished(const ExportResult &result)
@@ -196,18 +204,28 @@ void CMainWindow::OnOpen()
     dialog->open();
 }
 
-void CMainWindow::OnExport()
+void CMainWindow::OnExportCsv()
 {
-    auto *const dialog = new QFileDialog(this, tr("Export as CSV"));
+    AskWhereToExport(tr("Export as CSV"), tr("CSV files (*.csv)"), QStringLiteral("csv"));
+}
+
+void CMainWindow::OnExportXlsx()
+{
+    AskWhereToExport(tr("Export as XLSX"), tr("XLSX workbooks (*.xlsx)"), QStringLiteral("xlsx"));
+}
+
+void CMainWindow::AskWhereToExport(const QString &title, const QString &filter,
+                                   const QString &ending)
+{
+    auto *const dialog = new QFileDialog(this, title);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setNameFilter(tr("CSV files (*.csv)"));
-    dialog->setDefaultSuffix(QStringLiteral("csv"));
+    dialog->setNameFilter(filter);
+    dialog->setDefaultSuffix(ending);
     if (QFileInfo(export_folder_).isDir())
         dialog->setDirectory(export_folder_);
-    dialog->selectFile(export_name_to_retry_.isEmpty()
-                           ? QFileInfo(list_name_).completeBaseName() + QStringLiteral(".csv")
-                           : export_name_to_retry_);
+    const QString name = export_name_to_retry_.isEmpty() ? list_name_ : export_name_to_retry_;
+    dialog->selectFile(QFileInfo(name).completeBaseName() + QLatin1Char('.') + ending);
     connect(dialog, &QFileDialog::fileSelected, this, &CMainWindow::ExportTo);
     dialog->open();
 }
@@ -240,7 +258,8 @@ void CMainWindow::Retranslate()
 void CMainWindow::UpdateActions()
 {
     actions_->Open()->setEnabled(!IsBusy());
-    actions_->Export()->setEnabled(!IsBusy());
+    actions_->ExportCsv()->setEnabled(!IsBusy());
+    actions_->ExportXlsx()->setEnabled(!IsBusy());
 }
 
 bool CMainWindow::IsBusy() const

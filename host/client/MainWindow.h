@@ -26,8 +26,8 @@ struct ExportResult;
 
 /// \brief The window: menus around the list page.
 ///
-/// Files are read on a pool thread and exported in slices, so the window stays alive; it refuses to
-/// close until either is done.
+/// Files are read and workbooks written on other threads, CSV files exported in slices, so the
+/// window stays alive; it refuses to close until that is done.
 class CMainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -66,7 +66,9 @@ protected:
 
 private Q_SLOTS:
     void OnOpen();
-    void OnExport();
+    void OnExportCsv();
+    void OnExportXlsx();
+    void OnExportCancelled();
     void OnEditMenuOpens();
     void OnAbout();
     void OnFileRead();
@@ -76,6 +78,7 @@ private:
     void Retranslate();
     void UpdateActions();
     [[nodiscard]] bool IsBusy() const;
+    void AskWhereToExport(const QString &title, const QString &filter, const QString &ending);
     void ShowError(const QString &text);
 
     CListPage *const page_;

@@ -19,18 +19,22 @@ constexpr auto kPatience = 300ms; // a dialog that flashes by only disturbs
 } // namespace
 
 CProgressDialog::CProgressDialog(const QString &text, QWidget *parent)
-    : QDialog(parent), bar_(new QProgressBar(this))
+    : QDialog(parent), bar_(new QProgressBar(this)), time_left_(new QLabel(this))
 {
     setWindowTitle(text);
     setModal(true);
     setMinimumWidth(kWidthPx);
     bar_->setAccessibleName(text);
+    time_left_->setObjectName(QStringLiteral("TimeLeft"));
+    time_left_->setMinimumHeight(fontMetrics().height()); // its room is there before its text
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *const layout = new QVBoxLayout(this);
     layout->addWidget(new QLabel(text, this));
     layout->addWidget(bar_);
+    layout->addWidget(time_left_);
     layout->addWidget(buttons);
+    since_start_.start();
     patience_.setSingleShot(true);
     connect(&patience_, &QTimer::timeout, this, &QDialog::open);
     patience_.start(kPatience);
@@ -40,8 +44,11 @@ void CProgressDialog::OnProgress(int done, int total)
 {
     bar_->setMaximum(total);
     bar_->setValue(done);
-    if (done < total)
+    if (done < total) {
+        estimate_.Note(since_start_.elapsed(), double(done) / total);
+        time_left_->setText(TimeLeftText(estimate_.Seconds()));
         return;
+    }
     patience_.stop();
     accept();
 }

@@ -20,13 +20,14 @@ constexpr QSize kIconSizePx(20, 20);
 
 CWindowActions::CWindowActions(QMainWindow &window, CThemeSwitch &theme, CLanguageSwitch &language)
     : QObject(&window), theme_(theme), language_(language), open_(new QAction(this)),
-      export_(new QAction(this)), quit_(new QAction(this)), copy_(new QAction(this)),
-      select_all_(new QAction(this)), find_(new QAction(this)), file_order_(new QAction(this)),
-      light_(new QAction(this)), dark_(new QAction(this)), toggle_theme_(new QAction(this)),
-      about_(new QAction(this))
+      export_csv_(new QAction(this)), export_xlsx_(new QAction(this)), quit_(new QAction(this)),
+      copy_(new QAction(this)), select_all_(new QAction(this)), find_(new QAction(this)),
+      file_order_(new QAction(this)), light_(new QAction(this)), dark_(new QAction(this)),
+      toggle_theme_(new QAction(this)), about_(new QAction(this))
 {
     open_->setShortcut(QKeySequence::Open);
-    export_->setShortcut(Qt::CTRL | Qt::Key_E);
+    export_csv_->setShortcut(Qt::CTRL | Qt::Key_E);
+    export_xlsx_->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_E);
     quit_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     quit_->setMenuRole(QAction::QuitRole);
     copy_->setShortcut(QKeySequence::Copy);
@@ -46,7 +47,7 @@ void CWindowActions::BuildMenus(QMainWindow &window)
 {
     QMenuBar *const bar = window.menuBar();
     file_menu_ = bar->addMenu(QString());
-    file_menu_->addActions({open_, export_});
+    file_menu_->addActions({open_, export_csv_, export_xlsx_});
     file_menu_->addSeparator();
     file_menu_->addAction(quit_);
     edit_menu_ = bar->addMenu(QString());
@@ -96,7 +97,7 @@ void CWindowActions::BuildToolBar(QMainWindow &window)
     tool_bar_->setIconSize(kIconSizePx);
     tool_bar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     tool_bar_->setContextMenuPolicy(Qt::PreventContextMenu); // whose only entry hides the bar
-    tool_bar_->addActions({open_, export_, toggle_theme_});
+    tool_bar_->addActions({open_, export_csv_, export_xlsx_, toggle_theme_});
 }
 
 void CWindowActions::OnToggleTheme()
@@ -108,7 +109,8 @@ void CWindowActions::OnThemeChanged()
 {
     (theme_.Current() == Theme::Light ? light_ : dark_)->setChecked(true);
     open_->setIcon(CThemeSwitch::Icon(QStringLiteral("open")));
-    export_->setIcon(CThemeSwitch::Icon(QStringLiteral("export")));
+    for (QAction *const action : {export_csv_, export_xlsx_})
+        action->setIcon(CThemeSwitch::Icon(QStringLiteral("export")));
     toggle_theme_->setIcon(CThemeSwitch::Icon(QStringLiteral("theme")));
 }
 
@@ -117,8 +119,10 @@ void CWindowActions::Retranslate()
     file_menu_->setTitle(tr("&File"));
     open_->setText(tr("&Open…"));
     open_->setIconText(tr("Open"));
-    export_->setText(tr("&Export as CSV…"));
-    export_->setIconText(tr("Export"));
+    export_csv_->setText(tr("Export as &CSV…"));
+    export_csv_->setIconText(tr("Export CSV"));
+    export_xlsx_->setText(tr("Export as &XLSX…"));
+    export_xlsx_->setIconText(tr("Export XLSX"));
     quit_->setText(tr("&Quit"));
     edit_menu_->setTitle(tr("&Edit"));
     copy_->setText(tr("&Copy"));

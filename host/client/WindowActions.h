@@ -25,7 +25,8 @@ public:
     CWindowActions(QMainWindow &window, CThemeSwitch &theme, CLanguageSwitch &language);
 
     [[nodiscard]] QAction *Open() const { return open_; }
-    [[nodiscard]] QAction *Export() const { return export_; }
+    [[nodiscard]] QAction *ExportCsv() const { return export_csv_; }
+    [[nodiscard]] QAction *ExportXlsx() const { return export_xlsx_; }
     [[nodiscard]] QAction *Quit() const { return quit_; }
     [[nodiscard]] QAction *Copy() const { return copy_; }
     [[nodiscard]] QAction *SelectAll() const { return select_all_; }
@@ -59,7 +60,8 @@ private:
     QMenu *help_menu_ = nullptr;
     QToolBar *tool_bar_ = nullptr;
     QAction *const open_;
-    QAction *const export_;
+    QAction *const export_csv_;
+    QAction *const export_xlsx_;
     QAction *const quit_;
     QAction *const copy_;
     QAction *const select_all_;

@@ -35,7 +35,7 @@ void PrepareBatch()
     // remarks of the offscreen platform; QT_LOGGING_RULES brings the rest of the log back.
     QLoggingCategory::setFilterRules(
         QStringLiteral("ClientWarningAndMore.info=false\nClientWarningAndMore.warning=false\n"
-                       "default.warning=false"));
+                       "UserOperate.info=false\ndefault.warning=false"));
 }
 
 void IgnoreFileSizeSignal()

@@ -4,10 +4,6 @@
 <context>
     <name>Batch</name>
     <message>
-        <source>Collecting rows: %1</source>
-        <translation>جمع الصفوف: %1</translation>
-    </message>
-    <message>
         <source>Writing: %1</source>
         <translation>الكتابة: %1</translation>
     </message>
@@ -18,6 +14,14 @@
     <message>
         <source>%1 has no row to repeat.</source>
         <translation>لا يحتوي ‎%1 على أي صف يمكن تكراره.</translation>
+    </message>
+    <message>
+        <source>Exporting: %1</source>
+        <translation>التصدير: %1</translation>
+    </message>
+    <message>
+        <source>Exporting: %1, %2</source>
+        <translation>التصدير: %1، %2</translation>
     </message>
 </context>
 <context>
@@ -44,6 +48,10 @@
     <message>
         <source>Writing failed: %1. %2 was not written.</source>
         <translation>تعذّرت الكتابة: %1. لم تتم كتابة ‎%2.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for this export.</source>
+        <translation>الذاكرة لا تكفي لهذا التصدير.</translation>
     </message>
 </context>
 <context>
@@ -131,6 +139,18 @@
         <source>%1 – Incidents</source>
         <translation>%1 – الحوادث</translation>
     </message>
+    <message>
+        <source>Cancelling the export…</source>
+        <translation>جارٍ إلغاء التصدير…</translation>
+    </message>
+    <message>
+        <source>Export as XLSX</source>
+        <translation>التصدير بصيغة XLSX</translation>
+    </message>
+    <message>
+        <source>XLSX workbooks (*.xlsx)</source>
+        <translation>مصنفات XLSX (*.xlsx)</translation>
+    </message>
 </context>
 <context>
     <name>Client::CWindowActions</name>
@@ -145,14 +165,6 @@
     <message>
         <source>Open</source>
         <translation>فتح</translation>
-    </message>
-    <message>
-        <source>&amp;Export as CSV…</source>
-        <translation>&amp;تصدير بصيغة CSV…</translation>
-    </message>
-    <message>
-        <source>Export</source>
-        <translation>تصدير</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
@@ -218,6 +230,22 @@
         <source>Select &amp;all</source>
         <translation>ت&amp;حديد الكل</translation>
     </message>
+    <message>
+        <source>Export as &amp;CSV…</source>
+        <translation>تصدير بصيغة &amp;CSV…</translation>
+    </message>
+    <message>
+        <source>Export CSV</source>
+        <translation>تصدير CSV</translation>
+    </message>
+    <message>
+        <source>Export as &amp;XLSX…</source>
+        <translation>تصدير بصيغة &amp;XLSX…</translation>
+    </message>
+    <message>
+        <source>Export XLSX</source>
+        <translation>تصدير XLSX</translation>
+    </message>
 </context>
 <context>
     <name>CommandLine</name>
@@ -246,10 +274,6 @@
         <translation>الإبقاء على الصفوف التي تحتوي على هذا النص فقط.</translation>
     </message>
     <message>
-        <source>Export the list to this file and exit.</source>
-        <translation>تصدير القائمة إلى هذا الملف ثم الخروج.</translation>
-    </message>
-    <message>
         <source>Show this help.</source>
         <translation>عرض هذه المساعدة.</translation>
     </message>
@@ -272,6 +296,10 @@
     <message>
         <source>--headless and --export cannot be used together.</source>
         <translation>لا يمكن استعمال الخيارين --headless و--export معًا.</translation>
+    </message>
+    <message>
+        <source>Export the list to this .csv or .xlsx file and exit.</source>
+        <translation>تصدير القائمة إلى هذا الملف ‎.csv أو ‎.xlsx ثم الخروج.</translation>
     </message>
 </context>
 <context>
@@ -360,6 +388,91 @@
     <message>
         <source>Cannot make the folder %1: %2</source>
         <translation>تعذّر إنشاء المجلد ‎%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>TimeLeft</name>
+    <message>
+        <source>a few seconds left</source>
+        <translation>بقيت بضع ثوانٍ</translation>
+    </message>
+    <message numerus="yes">
+        <source>about %Ln second(s) left</source>
+        <translation>
+            <numerusform>أوشك على الانتهاء</numerusform>
+            <numerusform>بقيت نحو ثانية واحدة</numerusform>
+            <numerusform>بقيت نحو ثانيتين</numerusform>
+            <numerusform>بقي نحو %Ln ثوانٍ</numerusform>
+            <numerusform>بقي نحو %Ln ثانية</numerusform>
+            <numerusform>بقي نحو %Ln ثانية</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>about %Ln minute(s) left</source>
+        <translation>
+            <numerusform>بقي أقل من دقيقة</numerusform>
+            <numerusform>بقيت نحو دقيقة واحدة</numerusform>
+            <numerusform>بقيت نحو دقيقتين</numerusform>
+            <numerusform>بقي نحو %Ln دقائق</numerusform>
+            <numerusform>بقي نحو %Ln دقيقة</numerusform>
+            <numerusform>بقي نحو %Ln دقيقة</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>XlsxExport</name>
+    <message>
+        <source>Cannot make a folder for temporary files: %1</source>
+        <translation>تعذّر إنشاء مجلد للملفات المؤقتة: %1</translation>
+    </message>
+    <message>
+        <source>There is not enough room for temporary files in %1. Nothing was exported.</source>
+        <translation>لا تكفي المساحة للملفات المؤقتة في ‎%1. لم يُصدَّر شيء.</translation>
+    </message>
+    <message>
+        <source>Incidents</source>
+        <extracomment>Name of a sheet: at most 12 letters that are not Latin, no signs</extracomment>
+        <translation>الحوادث</translation>
+    </message>
+</context>
+<context>
+    <name>XlsxSummary</name>
+    <message>
+        <source>Bar chart of the most frequent values in %1</source>
+        <translation>مخطط أعمدة لأكثر القيم تكرارًا في %1</translation>
+    </message>
+    <message>
+        <source>Count</source>
+        <translation>العدد</translation>
+    </message>
+    <message>
+        <source>Incidents</source>
+        <translation>الحوادث</translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation>الصفوف</translation>
+    </message>
+    <message>
+        <source>All rows</source>
+        <translation>كل الصفوف</translation>
+    </message>
+    <message>
+        <source>Searched for</source>
+        <translation>نص البحث</translation>
+    </message>
+    <message>
+        <source>Exported on</source>
+        <translation>تاريخ التصدير</translation>
+    </message>
+    <message>
+        <source>Sheet</source>
+        <translation>الورقة</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <extracomment>Name of a sheet: at most 15 letters that are not Latin, no signs</extracomment>
+        <translation>الملخص</translation>
     </message>
 </context>
 </TS>

@@ -4,10 +4,6 @@
 <context>
     <name>Batch</name>
     <message>
-        <source>Collecting rows: %1</source>
-        <translation>Collecting rows: %1</translation>
-    </message>
-    <message>
         <source>Writing: %1</source>
         <translation>Writing: %1</translation>
     </message>
@@ -18,6 +14,14 @@
     <message>
         <source>%1 has no row to repeat.</source>
         <translation>%1 has no row to repeat.</translation>
+    </message>
+    <message>
+        <source>Exporting: %1</source>
+        <translation>Exporting: %1</translation>
+    </message>
+    <message>
+        <source>Exporting: %1, %2</source>
+        <translation>Exporting: %1, %2</translation>
     </message>
 </context>
 <context>
@@ -40,6 +44,10 @@
     <message>
         <source>Writing failed: %1. %2 was not written.</source>
         <translation>Writing failed: %1. %2 was not written.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for this export.</source>
+        <translation>There is not enough memory for this export.</translation>
     </message>
 </context>
 <context>
@@ -127,6 +135,18 @@
         <source>%1 – Incidents</source>
         <translation>%1 – Incidents</translation>
     </message>
+    <message>
+        <source>Cancelling the export…</source>
+        <translation>Cancelling the export…</translation>
+    </message>
+    <message>
+        <source>Export as XLSX</source>
+        <translation>Export as XLSX</translation>
+    </message>
+    <message>
+        <source>XLSX workbooks (*.xlsx)</source>
+        <translation>XLSX workbooks (*.xlsx)</translation>
+    </message>
 </context>
 <context>
     <name>Client::CWindowActions</name>
@@ -141,14 +161,6 @@
     <message>
         <source>Open</source>
         <translation>Open</translation>
-    </message>
-    <message>
-        <source>&amp;Export as CSV…</source>
-        <translation>&amp;Export as CSV…</translation>
-    </message>
-    <message>
-        <source>Export</source>
-        <translation>Export</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
@@ -214,6 +226,22 @@
         <source>Select &amp;all</source>
         <translation>Select &amp;all</translation>
     </message>
+    <message>
+        <source>Export as &amp;CSV…</source>
+        <translation>Export as &amp;CSV…</translation>
+    </message>
+    <message>
+        <source>Export CSV</source>
+        <translation>Export CSV</translation>
+    </message>
+    <message>
+        <source>Export as &amp;XLSX…</source>
+        <translation>Export as &amp;XLSX…</translation>
+    </message>
+    <message>
+        <source>Export XLSX</source>
+        <translation>Export XLSX</translation>
+    </message>
 </context>
 <context>
     <name>CommandLine</name>
@@ -242,10 +270,6 @@
         <translation>Keep only the rows that hold this text.</translation>
     </message>
     <message>
-        <source>Export the list to this file and exit.</source>
-        <translation>Export the list to this file and exit.</translation>
-    </message>
-    <message>
         <source>Show this help.</source>
         <translation>Show this help.</translation>
     </message>
@@ -268,6 +292,10 @@
     <message>
         <source>--headless and --export cannot be used together.</source>
         <translation>--headless and --export cannot be used together.</translation>
+    </message>
+    <message>
+        <source>Export the list to this .csv or .xlsx file and exit.</source>
+        <translation>Export the list to this .csv or .xlsx file and exit.</translation>
     </message>
 </context>
 <context>
@@ -356,6 +384,83 @@
     <message>
         <source>Cannot make the folder %1: %2</source>
         <translation>Cannot make the folder %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>TimeLeft</name>
+    <message>
+        <source>a few seconds left</source>
+        <translation>a few seconds left</translation>
+    </message>
+    <message numerus="yes">
+        <source>about %Ln second(s) left</source>
+        <translation>
+            <numerusform>about %Ln second left</numerusform>
+            <numerusform>about %Ln seconds left</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>about %Ln minute(s) left</source>
+        <translation>
+            <numerusform>about %Ln minute left</numerusform>
+            <numerusform>about %Ln minutes left</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>XlsxExport</name>
+    <message>
+        <source>Cannot make a folder for temporary files: %1</source>
+        <translation>Cannot make a folder for temporary files: %1</translation>
+    </message>
+    <message>
+        <source>There is not enough room for temporary files in %1. Nothing was exported.</source>
+        <translation>There is not enough room for temporary files in %1. Nothing was exported.</translation>
+    </message>
+    <message>
+        <source>Incidents</source>
+        <extracomment>Name of a sheet: at most 12 letters that are not Latin, no signs</extracomment>
+        <translation>Incidents</translation>
+    </message>
+</context>
+<context>
+    <name>XlsxSummary</name>
+    <message>
+        <source>Bar chart of the most frequent values in %1</source>
+        <translation>Bar chart of the most frequent values in %1</translation>
+    </message>
+    <message>
+        <source>Count</source>
+        <translation>Count</translation>
+    </message>
+    <message>
+        <source>Incidents</source>
+        <translation>Incidents</translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation>Rows</translation>
+    </message>
+    <message>
+        <source>All rows</source>
+        <translation>All rows</translation>
+    </message>
+    <message>
+        <source>Searched for</source>
+        <translation>Searched for</translation>
+    </message>
+    <message>
+        <source>Exported on</source>
+        <translation>Exported on</translation>
+    </message>
+    <message>
+        <source>Sheet</source>
+        <translation>Sheet</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <extracomment>Name of a sheet: at most 15 letters that are not Latin, no signs</extracomment>
+        <translation>Summary</translation>
     </message>
 </context>
 </TS>

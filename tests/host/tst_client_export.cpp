@@ -149,7 +149,7 @@ void tst_client_export::cancelledExportLeavesTheEarlierFile()
     Put("out.csv", "earlier");
     CListExport job(Rows("a\n1\n", 50000), nullptr);
     QSignalSpy finished(&job, &CListExport::SignalFinished);
-    connect(&job, &CListExport::SignalCollected, &job, [&job](int rows, int) {
+    connect(&job, &CListExport::SignalProgress, &job, [&job](int rows, int) {
         if (rows > 10000)
             job.Cancel();
     });
@@ -169,7 +169,7 @@ void tst_client_export::exportDeletedOnTheWayLeavesTheEarlierFile()
 {
     Put("out.csv", "earlier");
     auto job = std::make_unique<CListExport>(Rows("a\n1\n", 50000), nullptr);
-    QSignalSpy collected(job.get(), &CListExport::SignalCollected);
+    QSignalSpy collected(job.get(), &CListExport::SignalProgress);
     job->Start(Path("out.csv"));
     QVERIFY(collected.wait());
 

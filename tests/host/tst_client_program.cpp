@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "WorkbookReader.h"
 #include "support/Files.h"
 #include "support/TestGuard.h"
 
@@ -88,6 +89,7 @@ private Q_SLOTS:
     void unusableFileEndsWithOne_data();
     void unusableFileEndsWithOne();
     void folderOfAnotherUserIsLeftAlone();
+    void fullDiskLeavesTheEarlierFile_data();
     void fullDiskLeavesTheEarlierFile();
 
 private:
@@ -140,6 +142,15 @@ void tst_client_program::runWithoutDisplayLeavesListAndPictures()
         expected += Quoted(line).join(',') + "\r\n";
     QCOMPARE(lines.size(), 10001);
     QVERIFY(FileBytes(Path("out/incidents.csv")) == expected);
+
+    const QJsonObject sheet = Sheet(ReadWorkbook(Path("out/incidents.xlsx")), 0);
+    QCOMPARE(sheet.value(QStringLiteral("filter")).toString(), QStringLiteral("A1:N10001"));
+    for (int row = 0; row < lines.size(); ++row) {
+        QStringList cells = Cells(sheet, row);
+        while (cells.size() < 14) // empty cells at the end of a row are left out
+            cells.append(QString());
+        QCOMPARE(cells, QString::fromUtf8(lines.at(row)).split(QLatin1Char(',')));
+    }
 
     QVector<QImage> pictures;
     for (const char *const name :
@@ -283,7 +294,7 @@ void tst_client_program::wrongUseEndsWithTwo_data()
     add("more rows than a table holds", "--rows 10000001", "10,000,000");
     add("a value missing", "--export", "export");
     add("two works at once", "--headless --export list.csv", "--headless");
-    add("another kind of file", "--export list.xlsx", ".csv");
+    add("another kind of file", "--export list.ods", ".csv, .xlsx");
     add("a name without an ending", "--export list", ".csv");
 }
 
@@ -314,6 +325,7 @@ void tst_client_program::unusableFileEndsWithOne_data()
     add("an empty list", "--open empty.csv", "is empty");
     add("nothing to repeat", "--open titles.csv --rows 5", "no row");
     add("an export to a missing folder", "--export missing/out.csv", "does not exist");
+    add("a workbook to a missing folder", "--export missing/out.xlsx", "does not exist");
     add("an export over a folder", "--export folder/x.csv/out.csv", "does not exist");
     add("pictures to where a file is", "--headless --out empty.csv/out",
         "empty.csv/out: Not a directory");
@@ -365,9 +377,21 @@ void tst_client_program::folderOfAnotherUserIsLeftAlone()
     QCOMPARE(FileBytes(Path("out.csv")), QByteArray("earlier"));
 }
 
+void tst_client_program::fullDiskLeavesTheEarlierFile_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("a list") << QStringLiteral(
+        "out.csv") << QStringLiteral("Writing failed: File too large. %1 was not written.");
+    QTest::newRow("a workbook") << QStringLiteral("out.xlsx")
+                                << QStringLiteral("Writing failed on the way. %1 was not written.");
+}
+
 void tst_client_program::fullDiskLeavesTheEarlierFile()
 {
-    QFile earlier(Path("out.csv"));
+    QFETCH(QString, name);
+    QFETCH(QString, message);
+    QFile earlier(folder_->filePath(name));
     QVERIFY(earlier.open(QIODevice::WriteOnly));
     earlier.write("earlier");
     earlier.close();
@@ -375,18 +399,17 @@ void tst_client_program::fullDiskLeavesTheEarlierFile()
     const Outcome outcome =
         Start(QStringLiteral("bash"),
               {QStringLiteral("-c"), QStringLiteral("ulimit -f 64; exec \"$0\" --export \"$1\""),
-               QStringLiteral(CLIENT_PROGRAM), Path("out.csv")},
+               QStringLiteral(CLIENT_PROGRAM), folder_->filePath(name)},
               folder_->path());
 
     QCOMPARE(outcome.status, 1);
-    QCOMPARE(outcome.errors.size(), 2); // the library's line about the cause, then ours
-    QVERIFY2(outcome.errors.at(0).startsWith(QStringLiteral("ClientWarningAndMore:")),
-             qPrintable(outcome.errors.at(0)));
-    QCOMPARE(outcome.errors.at(1),
-             QStringLiteral("vantor-client: Writing failed: File too large. %1 was not written.")
-                 .arg(Path("out.csv")));
-    QCOMPARE(Files(), QStringList{QStringLiteral("out.csv")});
-    QCOMPARE(FileBytes(Path("out.csv")), QByteArray("earlier"));
+    // The libraries' lines about the cause, then ours.
+    const QStringList causes = outcome.errors.filter(QStringLiteral("ClientWarningAndMore:"));
+    QVERIFY2(!causes.isEmpty(), qPrintable(outcome.errors.join(QLatin1Char('\n'))));
+    QCOMPARE(outcome.errors.constLast(),
+             QStringLiteral("vantor-client: ") + message.arg(folder_->filePath(name)));
+    QCOMPARE(Files(), QStringList{name});
+    QCOMPARE(FileBytes(folder_->filePath(name)), QByteArray("earlier"));
 }
 
 QTEST_MAIN(tst_client_program)

@@ -3,6 +3,7 @@
 #include "Language.h"
 #include "ListExport.h"
 #include "MainWindow.h"
+#include "ProgressDialog.h"
 #include "Theme.h"
 #include "WindowActions.h"
 #include "support/Files.h"
@@ -64,7 +65,8 @@ private Q_SLOTS:
 
     void eachThemeFillsTheTwelveColoursAnew();
     void searchFollowsTheKeys();
-    void exportKeyWorksWhileSearching();
+    void exportKeysWorkWhileSearching_data();
+    void exportKeysWorkWhileSearching();
     void selectedIncidentStaysSelectedWhileItIsShown();
     void languageSwitchTurnsTheOpenWindow();
     void countsFollowTheLanguage_data();
@@ -72,6 +74,7 @@ private Q_SLOTS:
     void openedFileIsShown();
     void unreadableFileLeavesTheListAndTellsWhy();
     void windowStaysOpenUntilTheExportIsDone();
+    void workbookIsExportedBehindADialogThatCancels();
     void exportOfAnotherKindIsRefusedWithAMessage();
     void stopCancelsTheExportFirst();
     void failedExportIsProposedAgain();
@@ -183,15 +186,26 @@ void tst_client_window::searchFollowsTheKeys()
     QCOMPARE(bench_->total->text(), QStringLiteral("10,000 of 10,000"));
 }
 
-void tst_client_window::exportKeyWorksWhileSearching()
+void tst_client_window::exportKeysWorkWhileSearching_data()
 {
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<QString>("ending");
+    QTest::newRow("CSV") << Qt::KeyboardModifiers(Qt::ControlModifier) << QStringLiteral("csv");
+    QTest::newRow("XLSX") << (Qt::ControlModifier | Qt::ShiftModifier) << QStringLiteral("xlsx");
+}
+
+void tst_client_window::exportKeysWorkWhileSearching()
+{
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    QFETCH(QString, ending);
     bench_->search->setFocus();
 
-    QTest::keyClick(bench_->search, Qt::Key_E, Qt::ControlModifier);
+    QTest::keyClick(bench_->search, Qt::Key_E, modifiers);
 
     auto *const dialog = bench_->window->findChild<QFileDialog *>();
     QVERIFY(dialog && dialog->isVisible());
     QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
+    QCOMPARE(dialog->defaultSuffix(), ending);
 }
 
 void tst_client_window::selectedIncidentStaysSelectedWhileItIsShown()
@@ -304,6 +318,27 @@ void tst_client_window::windowStaysOpenUntilTheExportIsDone()
     QVERIFY(bench_->window->statusBar()->currentMessage().startsWith(
         QStringLiteral("10,000 incidents exported")));
     QVERIFY(bench_->window->close());
+}
+
+void tst_client_window::workbookIsExportedBehindADialogThatCancels()
+{
+    const QString path = folder_.filePath(QStringLiteral("cancelled.xlsx"));
+    const IncidentListPtr list = ReadCsvFile(Options().ListPath()).list;
+    bench_->window->SetList(list->Resized(500000), QStringLiteral("long"));
+    QSignalSpy idle(bench_->window.get(), &CMainWindow::SignalIdle);
+    bench_->window->ExportTo(path);
+    auto *const dialog = bench_->window->findChild<CProgressDialog *>();
+    QVERIFY(dialog != nullptr);
+    auto *const time_left = dialog->findChild<QLabel *>(QStringLiteral("TimeLeft"));
+    QVERIFY(time_left != nullptr);
+    QTRY_VERIFY(dialog->isVisible());
+    QTRY_VERIFY(time_left->text().endsWith(QStringLiteral(" left")));
+
+    QTest::keyClick(dialog, Qt::Key_Escape);
+
+    QTRY_COMPARE(idle.size(), 1);
+    QCOMPARE(bench_->window->statusBar()->currentMessage(), QStringLiteral("Export cancelled"));
+    QVERIFY(!QFile::exists(path));
 }
 
 void tst_client_window::exportOfAnotherKindIsRefusedWithAMessage()
