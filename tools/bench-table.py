@@ -29,6 +29,7 @@ def rows_of(path):
             continue
         if run.get("label", "").startswith("skipped: "):
             print(f"{run['name']} {run['label']}")
+            found = True
             continue
         # Sizes follow the name behind a slash: they tell rows of one operation apart.
         sizes = "".join(f" {part}" for part in run["name"].split("/")[1:] if part.isdigit())
@@ -51,7 +52,7 @@ def main():
     except BadResult as fault:
         sys.exit(f"bench-table.py: {fault}")
 
-    width = max(len(label) for label, _, _ in rows)
+    width = max((len(label) for label, _, _ in rows), default=0)
     missed = 0
     for label, ratio, bar in rows:
         line = f"{label:<{width}} | {ratio:6.2f}x"
