@@ -31,7 +31,7 @@ public:
     // Empty at the end.
     QByteArray Next()
     {
-        const QByteArray bytes = file_.read(kBlockBytes);
+        QByteArray bytes = file_.read(kBlockBytes);
         if (is_first_)
             FindEncoding(bytes);
         is_first_ = false;
