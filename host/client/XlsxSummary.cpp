@@ -145,7 +145,8 @@ void WriteSummary(Vantor::CExcelControllorWithC &writer, const XlsxLook &look,
     writer.SetColumnWidth(1, 1, kCountChars);
     writer.SetColumnWidth(2, 2, kGapChars);
     int row = WriteFacts(writer, look, rows, sheets);
-    for (const int column : TellingColumns(*rows.list)) {
+    const QVector<int> telling_columns = TellingColumns(*rows.list);
+    for (const int column : telling_columns) {
         const QVector<ValueCount> values = MostFrequent(rows, column, kValues);
         if (values.isEmpty())
             continue;
