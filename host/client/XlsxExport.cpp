@@ -114,8 +114,9 @@ bool CXlsxWriter::Close()
     writer_.Close();
     if (writer_.LastCloseResult() == LXW_NO_ERROR)
         return true;
-    // Saving copies what the rows took so far.
-    if (room < std::max(cache_room_ - room, qint64{0}) + kSpareBytes)
+    // Saving copies what the rows took so far. Where the file system is unknown, so is the room
+    // (-1).
+    if (room >= 0 && room < std::max(cache_room_ - room, qint64{0}) + kSpareBytes)
         error_ =
             Texts::tr("There is not enough room for temporary files in %1. Nothing was exported.")
                 .arg(QDir::toNativeSeparators(QDir::tempPath()));
