@@ -3,6 +3,7 @@
 
 #include "ExportFormat.h"
 #include "IncidentList.h"
+#include "Pages.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>
@@ -23,7 +24,7 @@ struct Parser
     {
         parser.setApplicationDescription(
             Texts::tr("Shows, searches and exports incident reports."));
-        parser.addOptions({headless, out, open, rows, filter, exported, help, version});
+        parser.addOptions({headless, out, open, rows, filter, page, exported, help, version});
     }
 
     QCommandLineOption headless{
@@ -40,6 +41,10 @@ struct Parser
     QCommandLineOption filter{QStringLiteral("filter"),
                               Texts::tr("Keep only the rows that hold this text."),
                               QStringLiteral("TEXT")};
+    QCommandLineOption page{
+        QStringLiteral("page"),
+        Texts::tr("Begin with this page: %1.").arg(CPages::Names().join(QStringLiteral(", "))),
+        QStringLiteral("NAME")};
     QCommandLineOption exported{QStringLiteral("export"),
                                 Texts::tr("Export the list to this .csv or .xlsx file and exit."),
                                 QStringLiteral("FILE")};
@@ -62,6 +67,9 @@ QString FindUsageError(const Parser &line)
     }
     if (parser.isSet(line.headless) && parser.isSet(line.exported))
         return Texts::tr("--headless and --export cannot be used together.");
+    if (parser.isSet(line.page) && !CPages::Names().contains(parser.value(line.page)))
+        return Texts::tr("There is no page “%1”, only: %2.")
+            .arg(parser.value(line.page), CPages::Names().join(QStringLiteral(", ")));
     if (parser.isSet(line.exported) && !FindExportFormat(parser.value(line.exported)))
         return UnknownFormatText(parser.value(line.exported));
     return {};
@@ -140,6 +148,7 @@ CommandLine ReadCommandLine(const QStringList &arguments)
     options.open_path = line.parser.value(line.open);
     options.export_path = line.parser.value(line.exported);
     options.filter = line.parser.value(line.filter);
+    options.page = line.parser.value(line.page);
     if (line.parser.isSet(line.out))
         options.out_folder = line.parser.value(line.out);
     return result;

@@ -14,6 +14,7 @@ struct Options
     QString export_path; ///< not empty: export and exit
     QString out_folder = QStringLiteral("out");
     QString filter;
+    QString page; ///< empty: the list
     int rows = 0; ///< 0: as many as the list has
 
     /// \brief The file that holds the list: the user's or the one in the program.

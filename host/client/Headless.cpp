@@ -5,6 +5,7 @@
 #include "Console.h"
 #include "Language.h"
 #include "MainWindow.h"
+#include "Pages.h"
 #include "Theme.h"
 
 #include <QtCore/QCoreApplication>
@@ -70,6 +71,20 @@ QPixmap GrabWaiting(CMainWindow &window, const QString &list_name)
 // Pictures by their file names.
 using Pictures = std::vector<std::pair<QString, QPixmap>>;
 
+void TakeOtherPages(CMainWindow &window, const QString &name, Pictures &pictures)
+{
+    CPages &pages = window.Pages();
+    const QString first = pages.Current();
+    for (const QString &page : CPages::Names()) {
+        if (page == first || !pages.Show(page))
+            continue;
+        pages.PrepareForPicture();
+        Settle();
+        pictures.emplace_back(page + QLatin1Char('-') + name, window.grab());
+    }
+    pages.Show(first);
+}
+
 Pictures TakePictures(CMainWindow &window, const QString &list_name, CThemeSwitch &theme,
                       CLanguageSwitch &language)
 {
@@ -81,10 +96,11 @@ Pictures TakePictures(CMainWindow &window, const QString &list_name, CThemeSwitc
             theme.Apply(worn);
             Settle();
             const QString name =
-                QStringLiteral("client-%1-%2.png")
+                QStringLiteral("%1-%2.png")
                     .arg(worn == Theme::Dark ? QStringLiteral("dark") : QStringLiteral("light"),
                          QLatin1String(spoken.code));
-            pictures.emplace_back(name, window.grab());
+            pictures.emplace_back(QStringLiteral("client-") + name, window.grab());
+            TakeOtherPages(window, name, pictures);
         }
     }
     language.Apply(QLatin1String(kLanguages[0].code));

@@ -5,6 +5,7 @@
 #include "Language.h"
 #include "ListExport.h"
 #include "ListPage.h"
+#include "Pages.h"
 #include "ProgressDialog.h"
 #include "Theme.h"
 #include "WindowActions.h"
@@ -35,10 +36,11 @@ constexpr int kStatusTime_ms = 15000;
 } // namespace
 
 CMainWindow::CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget *parent)
-    : QMainWindow(parent), page_(new CListPage(this)),
+    : QMainWindow(parent), page_(new CListPage(this)), pages_(new CPages(page_, this)),
       actions_(new CWindowActions(*this, theme, language))
 {
-    setCentralWidget(page_);
+    setCentralWidget(pages_);
+    actions_->AddPages(pages_->Actions());
     statusBar()->setSizeGripEnabled(false);
     connect(actions_->Open(), &QAction::triggered, this, &CMainWindow::OnOpen);
     connect(actions_->ExportCsv(), &QAction::triggered, this, &CMainWindow::OnExportCsv);
@@ -46,11 +48,14 @@ CMainWindow::CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget
     connect(actions_->Copy(), &QAction::triggered, page_, &CListPage::Copy);
     connect(actions_->SelectAll(), &QAction::triggered, page_, &CListPage::SelectAll);
     connect(actions_, &CWindowActions::SignalEditMenuOpens, this, &CMainWindow::OnEditMenuOpens);
-    connect(actions_->Find(), &QAction::triggered, page_, &CListPage::FocusSearch);
+    connect(actions_->Find(), &QAction::triggered, this, &CMainWindow::OnFind);
     connect(actions_->FileOrder(), &QAction::triggered, page_, &CListPage::RestoreOrder);
     connect(actions_->About(), &QAction::triggered, this, &CMainWindow::OnAbout);
     connect(actions_->Quit(), &QAction::triggered, this, &CMainWindow::close);
     connect(&theme, &CThemeSwitch::SignalThemeChanged, page_, &CListPage::OnThemeChanged);
+    connect(&theme, &CThemeSwitch::SignalThemeChanged, pages_, &CPages::OnThemeChanged);
+    connect(pages_, &CPages::SignalMessage, this,
+            [this](const QString &text) { statusBar()->showMessage(text, kStatusTime_ms); });
     connect(&reading_, &QFutureWatcher<ReadResult>::finished, this, &CMainWindow::OnFileRead);
     Retranslate();
     page_->FocusSearch();
@@ -67,6 +72,7 @@ void CMainWindow::SetList(IncidentListPtr list, const QString &name)
     list_name_ = name;
     export_name_to_retry_.clear();
     statusBar()->clearMessage(); // it speaks of the list before
+    pages_->SetList(list);
     page_->SetList(std::move(list));
     Retranslate();
 }
@@ -234,6 +240,12 @@ void CMainWindow::OnEditMenuOpens()
 {
     actions_->Copy()->setEnabled(page_->CanCopy());
     actions_->SelectAll()->setEnabled(page_->CanSelectAll());
+}
+
+void CMainWindow::OnFind()
+{
+    pages_->Show(CPages::Names().constFirst());
+    page_->FocusSearch();
 }
 
 void CMainWindow::OnAbout()

@@ -20,11 +20,12 @@ namespace Client {
 class CLanguageSwitch;
 class CListExport;
 class CListPage;
+class CPages;
 class CThemeSwitch;
 class CWindowActions;
 struct ExportResult;
 
-/// \brief The window: menus around the list page.
+/// \brief The window: menus around the list and the other pages.
 ///
 /// Files are read and workbooks written on other threads, CSV files exported in slices, so the
 /// window stays alive; it refuses to close until that is done.
@@ -40,6 +41,7 @@ public:
     void SetList(IncidentListPtr list, const QString &name);
     void SetFilter(const QString &text);
     [[nodiscard]] IncidentRows Rows() const;
+    [[nodiscard]] CPages &Pages() const { return *pages_; }
 
     /// \brief Show the CSV file \a path, or a message when it cannot be read.
     void OpenFile(const QString &path);
@@ -70,6 +72,7 @@ private Q_SLOTS:
     void OnExportXlsx();
     void OnExportCancelled();
     void OnEditMenuOpens();
+    void OnFind();
     void OnAbout();
     void OnFileRead();
     void OnExportFinished(const Client::ExportResult &result);
@@ -82,6 +85,7 @@ private:
     void ShowError(const QString &text);
 
     CListPage *const page_;
+    CPages *const pages_;
     CWindowActions *const actions_;
     QString list_name_;
     QString list_to_come_; // the one being read

@@ -56,12 +56,18 @@ void CWindowActions::BuildMenus(QMainWindow &window)
     edit_menu_->addAction(find_);
     connect(edit_menu_, &QMenu::aboutToShow, this, &CWindowActions::SignalEditMenuOpens);
     view_menu_ = bar->addMenu(QString());
+    page_menu_ = view_menu_->addMenu(QString());
     theme_menu_ = view_menu_->addMenu(QString());
     language_menu_ = view_menu_->addMenu(QString());
     view_menu_->addSeparator();
     view_menu_->addAction(file_order_);
     help_menu_ = bar->addMenu(QString());
     help_menu_->addAction(about_);
+}
+
+void CWindowActions::AddPages(const QList<QAction *> &pages)
+{
+    page_menu_->addActions(pages);
 }
 
 void CWindowActions::BuildThemeMenu()
@@ -129,6 +135,7 @@ void CWindowActions::Retranslate()
     select_all_->setText(tr("Select &all"));
     find_->setText(tr("&Find"));
     view_menu_->setTitle(tr("&View"));
+    page_menu_->setTitle(tr("&Go to"));
     theme_menu_->setTitle(tr("&Theme"));
     light_->setText(tr("&Light"));
     dark_->setText(tr("&Dark"));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QtCore/QList>
 #include <QtCore/QObject>
 
 QT_BEGIN_NAMESPACE
@@ -34,6 +35,9 @@ public:
     [[nodiscard]] QAction *FileOrder() const { return file_order_; }
     [[nodiscard]] QAction *About() const { return about_; }
 
+    /// \brief List \a pages, one of which is reached by each, in the View menu.
+    void AddPages(const QList<QAction *> &pages);
+
     void Retranslate();
 
 Q_SIGNALS:
@@ -55,6 +59,7 @@ private:
     QMenu *file_menu_ = nullptr;
     QMenu *edit_menu_ = nullptr;
     QMenu *view_menu_ = nullptr;
+    QMenu *page_menu_ = nullptr;
     QMenu *theme_menu_ = nullptr;
     QMenu *language_menu_ = nullptr;
     QMenu *help_menu_ = nullptr;

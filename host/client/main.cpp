@@ -6,6 +6,7 @@
 #include "Headless.h"
 #include "Language.h"
 #include "MainWindow.h"
+#include "Pages.h"
 #include "StopSignals.h"
 #include "Theme.h"
 
@@ -54,6 +55,8 @@ int RunWindow(const Options &options, const IncidentListPtr &list, CThemeSwitch 
         window.resize(kFirstSizePx);
     window.SetList(list, options.ListName());
     window.SetFilter(options.filter);
+    if (!options.page.isEmpty())
+        window.Pages().Show(options.page);
     window.show();
     const CStopSignals stop_signals;
     QObject::connect(&stop_signals, &CStopSignals::SignalStop, &window, &CMainWindow::Stop);

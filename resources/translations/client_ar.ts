@@ -155,6 +155,10 @@
 <context>
     <name>Client::CWindowActions</name>
     <message>
+        <source>&amp;Go to</source>
+        <translation>ا&amp;نتقل إلى</translation>
+    </message>
+    <message>
         <source>&amp;File</source>
         <translation>&amp;ملف</translation>
     </message>
@@ -249,6 +253,14 @@
 </context>
 <context>
     <name>CommandLine</name>
+    <message>
+        <source>Begin with this page: %1.</source>
+        <translation>ابدأ بهذه الصفحة: %1.</translation>
+    </message>
+    <message>
+        <source>There is no page “%1”, only: %2.</source>
+        <translation>لا توجد صفحة باسم “%1”، بل: %2.</translation>
+    </message>
     <message>
         <source>Shows, searches and exports incident reports.</source>
         <translation>يعرض تقارير الحوادث ويبحث فيها ويصدّرها.</translation>
@@ -473,6 +485,21 @@
         <source>Summary</source>
         <extracomment>Name of a sheet: at most 15 letters that are not Latin, no signs</extracomment>
         <translation>الملخص</translation>
+    </message>
+</context>
+<context>
+    <name>Pages</name>
+    <message>
+        <source>Incidents</source>
+        <translation>الحوادث</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>الألوان</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>الصفحات</translation>
     </message>
 </context>
 </TS>

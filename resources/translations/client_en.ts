@@ -151,6 +151,10 @@
 <context>
     <name>Client::CWindowActions</name>
     <message>
+        <source>&amp;Go to</source>
+        <translation>&amp;Go to</translation>
+    </message>
+    <message>
         <source>&amp;File</source>
         <translation>&amp;File</translation>
     </message>
@@ -245,6 +249,14 @@
 </context>
 <context>
     <name>CommandLine</name>
+    <message>
+        <source>Begin with this page: %1.</source>
+        <translation>Begin with this page: %1.</translation>
+    </message>
+    <message>
+        <source>There is no page “%1”, only: %2.</source>
+        <translation>There is no page “%1”, only: %2.</translation>
+    </message>
     <message>
         <source>Shows, searches and exports incident reports.</source>
         <translation>Shows, searches and exports incident reports.</translation>
@@ -461,6 +473,21 @@
         <source>Summary</source>
         <extracomment>Name of a sheet: at most 15 letters that are not Latin, no signs</extracomment>
         <translation>Summary</translation>
+    </message>
+</context>
+<context>
+    <name>Pages</name>
+    <message>
+        <source>Incidents</source>
+        <translation>Incidents</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>Colours</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>Pages</translation>
     </message>
 </context>
 </TS>

@@ -3,6 +3,7 @@
 #include "Language.h"
 #include "ListExport.h"
 #include "MainWindow.h"
+#include "Pages.h"
 #include "ProgressDialog.h"
 #include "Theme.h"
 #include "WindowActions.h"
@@ -81,6 +82,7 @@ private Q_SLOTS:
     void nextListBringsItsOwnNameAndNoOldMessage();
     void latinTextLeavesTheIconsOfAnArabicFieldWhereTheyAre();
     void editMenuCopiesWhereTheKeysGo();
+    void keysReachEveryPage();
 
 private:
     struct Bench;
@@ -434,6 +436,21 @@ void tst_client_window::editMenuCopiesWhereTheKeysGo()
     Q_EMIT actions->SignalEditMenuOpens();
     QVERIFY(actions->Copy()->isEnabled());
     QVERIFY(!actions->SelectAll()->isEnabled());
+}
+
+void tst_client_window::keysReachEveryPage()
+{
+    CPages &pages = bench_->window->Pages();
+    const QStringList names = CPages::Names();
+    for (int i = names.size(); i-- > 0;) {
+        QTest::keyClick(bench_->window.get(), Qt::Key(Qt::Key_1 + i), Qt::ControlModifier);
+        QCOMPARE(pages.Current(), names.at(i));
+    }
+    QVERIFY(!pages.Show(QStringLiteral("none such")));
+    QVERIFY(pages.Show(names.constLast()));
+    QTest::keyClick(bench_->window.get(), Qt::Key_F, Qt::ControlModifier);
+    QCOMPARE(pages.Current(), names.constFirst());
+    QVERIFY(bench_->search->hasFocus());
 }
 
 QTEST_MAIN(tst_client_window)
