@@ -2,6 +2,8 @@
 #include "support/TestGuard.h"
 
 #include <Ravel/ChaseDialog.h>
+#include <Ravel/LineEdit.h>
+#include <Ravel/LocationComboBox.h>
 #include <Ravel/MultiPairData.h>
 #include <Ravel/TextCodec.h>
 #include <Ravel/TreeViewItem.h>
@@ -11,9 +13,11 @@
 #include <QtCore/QTextCodec>
 #include <QtCore/QTimer>
 #include <QtGui/QMovie>
+#include <QtGui/QStandardItemModel>
 #include <QtTest/QAbstractItemModelTester>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QLabel>
 
 using Ravel::CTreeViewItem;
@@ -134,6 +138,63 @@ private Q_SLOTS:
 
         QCOMPARE(dialog.exec(), int(QDialog::Rejected));
         QVERIFY(!dialog.findChild<QLabel *>("ChaseText"));
+    }
+
+    void anEditTellsThatItLostTheKeysButNotToItsOwnMenu()
+    {
+        QWidget window;
+        Ravel::CLineEdit edit("typed", &window);
+        QSignalSpy out(&edit, &Ravel::CLineEdit::SignalFousOut);
+        QSignalSpy in(&edit, &Ravel::CLineEdit::SignalFocusIn);
+
+        for (const auto reason : {Qt::PopupFocusReason, Qt::TabFocusReason}) {
+            QFocusEvent focus_out(QEvent::FocusOut, reason);
+            QFocusEvent focus_in(QEvent::FocusIn, reason);
+            QCoreApplication::sendEvent(&edit, &focus_out);
+            QCoreApplication::sendEvent(&edit, &focus_in);
+        }
+
+        QCOMPARE(out.count(), 1);
+        QCOMPARE(out.first().first().toString(), QString("typed"));
+        QCOMPARE(in.count(), 1);
+    }
+
+    void ticksLeaveThePopupOpenAndNoRowCurrent()
+    {
+        QStandardItemModel model(0, 1);
+        for (const char *const text : {"a", "b", "c"}) {
+            auto *const item = new QStandardItem(text);
+            item->setCheckable(true);
+            model.appendRow(item);
+        }
+        guard_.AnnounceWarning("does not support raise"); // the offscreen platform's popups
+        guard_.AnnounceWarning("does not support grabbing the keyboard");
+        Ravel::CLocationComboBox combo;
+        combo.setModel(&model);
+        combo.setCurrentIndex(-1);
+        combo.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&combo));
+        QAbstractItemView &list = *combo.view();
+        const auto middle = [&](int row) { return list.visualRect(model.index(row, 0)).center(); };
+
+        QTest::keyClick(&combo, Qt::Key_Down);
+        QTRY_VERIFY(list.isVisible());
+        QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, middle(0)); // of the opening press
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, middle(1));
+        list.setCurrentIndex(model.index(2, 0));
+        QTest::keyClick(&list, Qt::Key_Space);
+        QTest::keyClick(&list, Qt::Key_Return);
+        QTest::keyClick(&list, Qt::Key_Space);
+
+        QVERIFY(list.isVisible());
+        QCOMPARE(model.item(0)->checkState(), Qt::Unchecked);
+        QCOMPARE(model.item(1)->checkState(), Qt::Checked);
+        QCOMPARE(model.item(2)->checkState(), Qt::Checked);
+        QCOMPARE(combo.currentIndex(), -1);
+        QTest::keyClick(&list, Qt::Key_F4);
+        QTRY_VERIFY(!list.isVisible());
+        QTest::keyClick(&combo, Qt::Key_PageDown);
+        QCOMPARE(combo.currentIndex(), -1);
     }
 
 private:

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <PlatformExport.h>
+#include <Ravel/ComboBox.h>
+
+#include <QtCore/QPersistentModelIndex>
+
+namespace Ravel {
+
+/// \brief A combo box whose rows are ticked ("Ravel--CLocationComboBox" in a theme).
+///
+/// The popup stays open while rows are ticked by click, Space or Return; Escape, F4, Tab or a click
+/// elsewhere closes it. The field shows a text that the user cannot type into, and no row is ever
+/// the current one: what is chosen is the check state (Qt::CheckStateRole) of the rows. Closed,
+/// Space, F4 and the Up and Down keys open it.
+class VANTOR_PLATFORM_EXPORT CLocationComboBox : public CComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit CLocationComboBox(QWidget *parent = nullptr);
+    ~CLocationComboBox() override;
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+protected:
+    /// \brief The user chose the row \a index of the popup. Turns its check state round.
+    virtual void ToggleRow(const QModelIndex &index);
+
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    [[nodiscard]] bool OnPopupMouse(QEvent &event);
+    [[nodiscard]] bool OnPopupKey(QKeyEvent &event);
+
+    QPersistentModelIndex pressed_row_;
+};
+
+} // namespace Ravel
