@@ -3,11 +3,15 @@
 # the one place where they are named; each line is "<class> <header>".
 set(VANTOR_FORWARDING_HEADERS
     "CCSVParser controller/CSV/CSVParser.h"
+    "CCustomEvent common/CustomEvent.h"
+    "CEventTransMgr common/EventTransMgr.h"
     "CExcelControllorWithC controller/Excel/ExcelControllorWithC.h"
     "Clxw_format_ controller/Excel/ExcelRecords.h"
     "Clxw_image_options_ controller/Excel/ExcelRecords.h"
     "CsheetFormat controller/Excel/ExcelRecords.h"
+    "CScreenStateManager controller/Screen/ScreenStateManager.h"
     "CStyleManager common/StyleManager.h"
+    "CUpdateEvent common/UpdateEvent.h"
 )
 
 # Writes the forwarding headers below `folder`/Vantor and installs them with the package. The target

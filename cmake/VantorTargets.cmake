@@ -57,6 +57,14 @@ function(vantor_add_test name)
     vantor_test_environment(${name} ${arg_LABELS})
 endfunction()
 
+# vantor_run_on_display(<test>): an X server of its own for that test, instead of the offscreen
+# platform.
+function(vantor_run_on_display test)
+    set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT "QT_QPA_PLATFORM=xcb")
+    set_target_properties(${test} PROPERTIES
+        CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tests/support/on_display)
+endfunction()
+
 # Environment every test runs in; further arguments become the test's labels.
 function(vantor_test_environment test)
     set(suppressions ${PROJECT_SOURCE_DIR}/tests/support)

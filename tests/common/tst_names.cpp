@@ -11,8 +11,12 @@
 #include <Ravel/TextCodec.h>
 #include <Ravel/WaitWatcher.h>
 #include <Vantor/CCSVParser>
+#include <Vantor/CCustomEvent>
+#include <Vantor/CEventTransMgr>
 #include <Vantor/CExcelControllorWithC>
+#include <Vantor/CScreenStateManager>
 #include <Vantor/CStyleManager>
+#include <Vantor/CUpdateEvent>
 
 #include <QtTest/QTest>
 
@@ -44,6 +48,16 @@ static_assert(IsSame<void (Parser::*)()>(&Parser::CloseFile));
 static_assert(IsSame<void (Parser::*)()>(&Parser::SignalWriteOver));
 static_assert(IsSame<QString (*)()>(&Vantor::GetLocalListSperator));
 static_assert(std::is_constructible<Parser, QWidget *>::value);
+
+using EventManager = Vantor::CEventTransMgr;
+static_assert(IsSame<bool (EventManager::*)(QEvent *)>(&EventManager::SendCustomEvent));
+static_assert(IsSame<void (EventManager::*)(QEvent *)>(&EventManager::PostCustomEvent));
+static_assert(std::is_base_of<Ravel::CMultiPairData, Vantor::CCustomEvent>::value);
+static_assert(std::is_base_of<QEvent, Vantor::CUpdateEvent>::value);
+using Screens = Vantor::CScreenStateManager;
+using Displays = std::vector<Nim::Base::MonitorDriveUtil::DeviceInfoStru>;
+static_assert(IsSame<void (Screens::*)(bool, void *, void *)>(&Screens::SetCallBack));
+static_assert(IsSame<void (Screens::*)(Displays)>(&Screens::UpdateScreenParam));
 
 static_assert(IsSame<bool (Excel::*)(const Text &, Text)>(&Excel::Init));
 static_assert(IsSame<bool (Excel::*)(const Text &)>(&Excel::AddSheetByName));

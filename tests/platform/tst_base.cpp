@@ -223,6 +223,7 @@ private Q_SLOTS:
             });
         QVERIFY(!Base::MonitorDriveUtil::SetDeviceChangeCallBack(true, nullptr, nullptr));
         Base::MonitorDriveUtil::SetBackend(nullptr);
+        // The default follows screens, of which a program without windows knows none.
         QVERIFY(!Base::MonitorDriveUtil::SetDeviceChangeCallBack(true, nullptr, nullptr));
     }
 

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Debian's Qt is not built with ThreadSanitizer, so its locks are invisible: what a QMutex protects
-// looks like a race, and so does handing a task to the thread pool and back. These calls from our
+// looks like a race, and so does handing a task to the thread pool and back, or an event to another
+// thread. These calls from our
 // library go through here, tell the sanitizer of the hand-over and call Qt's own. Nothing of our
 // code is suppressed.
 #include <dlfcn.h>
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QEvent>
 #include <QtCore/QFutureInterface>
 #include <QtCore/QMutex>
 #include <QtCore/QThreadPool>
@@ -75,3 +78,36 @@ VANTOR_SEEN void QMutex::unlock() noexcept
     __tsan_release(this);
     next(this);
 }
+
+VANTOR_SEEN void QCoreApplication::postEvent(QObject *receiver, QEvent *event, int priority)
+{
+    static const auto next = Next<void (*)(QObject *, QEvent *, int)>(
+        "_ZN16QCoreApplication9postEventEP7QObjectP6QEventi");
+    __tsan_release(event);
+    next(receiver, event, priority);
+}
+
+namespace {
+
+// Sees every event of the GUI thread before its receiver does.
+class CEventArrival : public QObject
+{
+public:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        __tsan_acquire(event);
+        return false;
+    }
+};
+
+void WatchArrivals()
+{
+    QCoreApplication *const application = QCoreApplication::instance();
+    auto *const arrival = new CEventArrival;
+    arrival->setParent(application);
+    application->installEventFilter(arrival);
+}
+
+} // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(WatchArrivals)

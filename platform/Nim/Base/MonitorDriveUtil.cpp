@@ -2,6 +2,7 @@
 #include "Nim/Base/MonitorDriveUtil.h"
 
 #include "Nim/Base/Replaceable.h"
+#include "Nim/Base/ScreenWatch.h"
 
 namespace Nim::Base::MonitorDriveUtil {
 namespace {
@@ -10,8 +11,7 @@ using CBackend = CReplaceable<bool(bool, DeviceChangeCallBack, void *)>;
 
 CBackend &CurrentBackend()
 {
-    static auto *const backend =
-        new CBackend([](bool, DeviceChangeCallBack, void *) { return false; });
+    static auto *const backend = new CBackend(&WatchScreens);
     return *backend;
 }
 

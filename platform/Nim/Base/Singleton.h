@@ -10,17 +10,23 @@
 
 namespace Nim::Base {
 
+/// \brief Whether a singleton is left to the operating system when the library is unloaded. A class
+/// that others keep the address of, beside QObjects, specialises it as true.
+template <class T> struct IsKeptAtUnload : std::is_base_of<QObject, T>
+{
+};
+
 /// \brief Lets a singleton go when the library is unloaded.
 ///
 /// That is at the end of the process, when the application object is usually gone and the window
 /// system may be too (exit() called from a slot leaves the application alive, but unloads the
 /// platform plug-in first). So a QObject is left to the operating system; everything else is
-/// deleted.
+/// deleted, see IsKeptAtUnload.
 struct ReleaseAtUnload
 {
     template <class T> void operator()(T *instance) const
     {
-        if constexpr (!std::is_base_of_v<QObject, T>)
+        if constexpr (!IsKeptAtUnload<T>::value)
             delete instance;
     }
 };

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Ravel/MultiPairData.h>
+#include <VantorExport.h>
+
+#include <QtCore/QEvent>
+
+#include <memory>
+
+namespace Vantor {
+
+struct CCustomEventDataPtr;
+
+/// \brief An event that carries key/value pairs through Qt's event queue.
+///
+/// Copies have the type and the pairs of the original and are independent of it. May be made on any
+/// thread. Receivers tell it from other events of its type by dynamic_cast: CUpdateEvent and
+/// CJoystickKeyboardEvent start at the same number.
+///
+/// The type is known to the meta-type system as "CCustomEvent&" once an event has been made, so
+/// that it can travel in the arguments of queued signals.
+class VANTOR_EXPORT CCustomEvent : public QEvent, public Ravel::CMultiPairData
+{
+public:
+    /// \brief An event of type 1000 (QEvent::User).
+    CCustomEvent();
+    /// \param type the whole number of the event, 1000 to 65535: smaller ones are Qt's own, and of
+    ///             larger ones Qt keeps the lower 16 bits.
+    explicit CCustomEvent(int type);
+    CCustomEvent(const CCustomEvent &other);
+    CCustomEvent &operator=(const CCustomEvent &other);
+    ~CCustomEvent() override;
+
+private:
+    std::shared_ptr<CCustomEventDataPtr> d_ptr_; // empty: room for what may come
+};
+
+} // namespace Vantor

@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: MIT
+#include "support/TestGuard.h"
+
+#include <Vantor/CCustomEvent>
+#include <Vantor/CEventTransMgr>
+#include <Vantor/CUpdateEvent>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QMetaType>
+#include <QtCore/QPointer>
+#include <QtCore/QThread>
+#include <QtTest/QTest>
+
+#include <functional>
+#include <thread>
+
+using Vantor::CCustomEvent;
+using Vantor::CEventTransMgr;
+using Vantor::CUpdateEvent;
+
+namespace {
+
+constexpr int kThreads = 8;
+#ifdef __SANITIZE_THREAD__
+constexpr int kPosts = 10000;
+#else
+constexpr int kPosts = 125000; // a million together
+#endif
+
+CEventTransMgr &Manager()
+{
+    return Nim::Base::CSingleton<CEventTransMgr>::Instance();
+}
+
+// Watches the manager as receivers do.
+class CReceiver : public QObject
+{
+public:
+    using Handler = std::function<bool(QEvent &)>;
+
+    explicit CReceiver(Handler handler) : handler_(std::move(handler))
+    {
+        Manager().installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        return watched == &Manager() && event->type() >= QEvent::User && handler_(*event);
+    }
+
+private:
+    Handler handler_;
+};
+
+} // namespace
+
+class tst_events : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { Manager(); }
+    void init() { guard_.Begin(); }
+
+    void cleanup()
+    {
+        const QString fault = guard_.End();
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    }
+
+    void customEventsTakeTheWholeNumberAndUpdateEventsAnOffset()
+    {
+        QCOMPARE(int(CCustomEvent().type()), 1000);
+        QCOMPARE(int(CCustomEvent(5).type()), 5);
+        QCOMPARE(int(CCustomEvent(70000).type()), 4464); // Qt keeps 16 bits
+        QCOMPARE(int(CUpdateEvent().type()), 1000);
+        QCOMPARE(int(CUpdateEvent(5).type()), 1005);
+        QVERIFY(QMetaType::type("CCustomEvent&") != QMetaType::UnknownType);
+    }
+
+    void copyHasTypeAndPairsAndIsIndependent()
+    {
+        CCustomEvent first(1234);
+        first.InsertPairData("row", 7);
+        CCustomEvent copy(first);
+        CCustomEvent assigned;
+        assigned = first;
+        first.InsertPairData("row", 8);
+
+        for (const CCustomEvent *const event : {&copy, &assigned}) {
+            QCOMPARE(int(event->type()), 1234);
+            QCOMPARE(event->GetPairData("row"), QVariant(7));
+        }
+    }
+
+    void lastReceiverIsFirstAndMayKeepTheEvent()
+    {
+        QStringList seen;
+        bool keeps = false;
+        const CReceiver first([&](QEvent &) {
+            seen << "first";
+            return false;
+        });
+        const CReceiver second([&](QEvent &event) {
+            seen << dynamic_cast<CCustomEvent &>(event).GetPairData(1).toString();
+            return keeps;
+        });
+        CCustomEvent event;
+        event.InsertPairData(1, "second");
+
+        QVERIFY(Manager().SendCustomEvent(&event));
+        QCOMPARE(seen, QStringList({"second", "first"}));
+
+        keeps = true;
+        QVERIFY(Manager().SendCustomEvent(&event));
+        QCOMPARE(seen, QStringList({"second", "first", "second"}));
+    }
+
+    void eventWithoutReceiversIsDeletedAndNullIsNothing()
+    {
+        struct Counted : CUpdateEvent
+        {
+            explicit Counted(int &counter) : counter_(counter) {}
+            ~Counted() override { ++counter_; }
+            int &counter_;
+        };
+        int deleted = 0;
+        Manager().PostCustomEvent(new Counted(deleted));
+        QCoreApplication::sendPostedEvents(&Manager());
+        QCOMPARE(deleted, 1);
+
+        Manager().PostCustomEvent(nullptr);
+        QVERIFY(!Manager().SendCustomEvent(nullptr));
+    }
+
+    void managerOutlivesAnEventThatWouldDeleteIt()
+    {
+        const QPointer<QObject> manager(&Manager());
+        CCustomEvent event(QEvent::DeferredDelete);
+        QVERIFY(Manager().SendCustomEvent(&event));
+        Manager().PostCustomEvent(new CCustomEvent(QEvent::DeferredDelete));
+        QCoreApplication::sendPostedEvents(&Manager(), QEvent::DeferredDelete);
+        QVERIFY(manager);
+    }
+
+    void receiverThatThrowsIsLogged()
+    {
+        guard_.AnnounceLogLines();
+        const CReceiver thrower([](QEvent &) -> bool { throw std::runtime_error("no room"); });
+        CUpdateEvent event;
+        QVERIFY(!Manager().SendCustomEvent(&event));
+        QVERIFY(guard_.LogLines().constLast().contains("Stopped by an exception: no room"));
+    }
+
+    void postsOfAllThreadsArriveOnceAndInOrder()
+    {
+        std::vector<int> next(kThreads, 0);
+        bool in_order = true;
+        int strays = 0;
+        const CReceiver receiver([&](QEvent &event) {
+            const auto *const custom = dynamic_cast<CCustomEvent *>(&event);
+            const int thread = custom ? custom->GetPairData("thread").toInt() : -1;
+            if (thread < 0 || QThread::currentThread() != QCoreApplication::instance()->thread())
+                return ++strays > 0;
+            in_order &= custom->GetPairData("number").toInt() == next[size_t(thread)]++;
+            return false;
+        });
+        std::vector<std::thread> posters;
+        for (int thread = 0; thread < kThreads; ++thread) {
+            posters.emplace_back([thread] {
+                for (int i = 0; i < kPosts; ++i) {
+                    auto *const event = new CCustomEvent(1000 + thread);
+                    event->InsertPairData("thread", thread);
+                    event->InsertPairData("number", i);
+                    Manager().PostCustomEvent(event);
+                }
+            });
+        }
+        const auto arrived = [&next] { return next == std::vector<int>(kThreads, kPosts); };
+        QTRY_VERIFY_WITH_TIMEOUT(arrived(), 120000);
+        for (std::thread &poster : posters)
+            poster.join();
+
+        QVERIFY(in_order);
+        QCOMPARE(strays, 0);
+    }
+
+private:
+    CTestGuard guard_;
+};
+
+QTEST_GUILESS_MAIN(tst_events)
+#include "tst_events.moc"
