@@ -1,104 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <memory>
-#include <utility>
+#include <Nim/Base/Record.h>
 
 namespace Vantor {
 
-/// Assignment between records copies field by field into the record's own structure: nothing is
-/// shared.
-struct DeepAssignment
-{
-    template <class Structure>
-    static void Assign(std::shared_ptr<Structure> &to, const std::shared_ptr<Structure> &from)
-    {
-        if (to != from)
-            *to = *from;
-    }
-};
-
-/// Assignment between records makes both use one structure. Copy construction is deep all the same.
-struct SharedAssignment
-{
-    template <class Structure>
-    static void Assign(std::shared_ptr<Structure> &to, const std::shared_ptr<Structure> &from)
-    {
-        to = from;
-    }
-};
-
-/// \brief A plain structure behind a shared pointer: the base of every record class.
-///
-/// A record always has a structure of its own; copies are deep, so a SetVal_ on one copy never
-/// shows in another. Only GetDataPtr() shares, with the one record it was asked of. There is no
-/// move: a moved-from record would have no structure left. A record may be used on any thread, by
-/// one thread at a time.
-///
-/// \code
-/// class VANTOR_EXPORT CColumnInfo : public CRecord<ColumnInfo>
-/// {
-///     VANTOR_RECORD(CColumnInfo)
-///     VANTOR_RECORD_FIELD(column_name)
-/// };
-/// VANTOR_RECORD_DEFINE(CColumnInfo); // in the .cpp
-/// \endcode
-template <class Structure, class Assignment = DeepAssignment> class CRecord
-{
-public:
-    using StructureType = Structure;
-
-    CRecord() : data_ptr_(std::make_shared<Structure>()) {}
-    explicit CRecord(const Structure &structure) : data_ptr_(std::make_shared<Structure>(structure))
-    {}
-    /// Adopts \a structure and shares it with the caller; a null pointer becomes a fresh structure.
-    explicit CRecord(std::shared_ptr<Structure> structure)
-        : data_ptr_(structure ? std::move(structure) : std::make_shared<Structure>())
-    {}
-    CRecord(const CRecord &other) : data_ptr_(std::make_shared<Structure>(*other.data_ptr_)) {}
-    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): the policy compares the structures
-    CRecord &operator=(const CRecord &other)
-    {
-        Assignment::Assign(data_ptr_, other.data_ptr_);
-        return *this;
-    }
-    virtual ~CRecord() = default;
-
-    /// \brief The structure itself; never null. Whoever keeps it sees, and makes, the changes of
-    /// this record.
-    [[nodiscard]] std::shared_ptr<Structure> GetDataPtr() const { return data_ptr_; }
-
-    /// \brief The structure, to look at while the record lives; for code that reads many fields a
-    /// million times.
-    [[nodiscard]] const Structure &Read() const { return *data_ptr_; }
-
-protected:
-    std::shared_ptr<Structure> data_ptr_;
-};
+// The library's records and the platform's follow one copy rule.
+using Nim::Base::CRecord;
+using Nim::Base::DeepAssignment;
+using Nim::Base::SharedAssignment;
 
 } // namespace Vantor
-
-/// The constructors of a record class; comes first in its body and leaves it public. The
-/// destructor, which ties the class's type information to one module, is defined by
-/// VANTOR_RECORD_DEFINE.
-#define VANTOR_RECORD(Class)                                                                       \
-public:                                                                                            \
-    using CRecord::CRecord;                                                                        \
-    Class() = default;                                                                             \
-    Class(const Class &other) = default;                                                           \
-    Class &operator=(const Class &other) = default;                                                \
-    ~Class() override;
-
-/// Goes into the .cpp of a record class.
-#define VANTOR_RECORD_DEFINE(Class) Class::~Class() = default
-
-/// The accessors of one field, named after it. The getter returns a copy, also of a nested record.
-#define VANTOR_RECORD_FIELD(field)                                                                 \
-    [[nodiscard]] decltype(StructureType::field) GetVal_##field() const                            \
-    {                                                                                              \
-        return data_ptr_->field;                                                                   \
-    }                                                                                              \
-    void SetVal_##field(const decltype(StructureType::field) &value)                               \
-    {                                                                                              \
-        data_ptr_->field = value;                                                                  \
-    }
