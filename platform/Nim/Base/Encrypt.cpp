@@ -18,4 +18,14 @@ bool Base64Decode(const std::string &text, std::string &bytes)
     return true;
 }
 
+void Wipe(std::string &secret)
+{
+    secret.resize(secret.capacity()); // an earlier, longer text may stand behind the end
+    // Through a volatile pointer: the compiler knows that nobody reads what is freed next.
+    volatile char *const bytes = secret.data();
+    for (size_t i = 0; i < secret.size(); ++i)
+        bytes[i] = 0;
+    secret.clear();
+}
+
 } // namespace Nim::Base::Encrypt

@@ -11,4 +11,9 @@ namespace Nim::Base::Encrypt {
 /// \return false for empty text and for anything that is not Base64; \a bytes is then empty.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT bool Base64Decode(const std::string &text, std::string &bytes);
 
+/// \brief Overwrite the characters of \a secret, all that its buffer holds, and empty it.
+///
+/// Copies that were made before are not reached.
+VANTOR_PLATFORM_EXPORT void Wipe(std::string &secret);
+
 } // namespace Nim::Base::Encrypt

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "BusinessCommon/NetCommManager.h"
+
+#include "BusinessCommon/ApplicationEnd.h"
+#include "BusinessCommon/HttpConnection.h"
+#include "BusinessCommon/NetExchange.h"
+#include "Nim/Base/Log.h"
+#include "Nim/Base/Replaceable.h"
+
+#include <algorithm>
+#include <chrono>
+#include <exception>
+#include <memory>
+#include <mutex>
+
+template class Nim::Base::CSingleton<BusinessCommon::CNetCommManager>;
+
+namespace BusinessCommon {
+namespace {
+
+using ClientComm::CClientRecvInfo;
+using ClientComm::CClientSendInfo;
+using CTransport = Nim::Base::CReplaceable<bool(const std::string &session, CClientRecvInfo &,
+                                                const CClientSendInfo &)>;
+
+// What every thread asks for when it sends; all under the mutex.
+struct Settings
+{
+    std::mutex mutex;
+    NetServer server;
+    std::string session;
+};
+
+Settings &CurrentSettings()
+{
+    static auto *const settings = new Settings; // threads may send until the process ends
+    return *settings;
+}
+
+template <class Change> void ChangeServer(Change &&change)
+{
+    Settings &settings = CurrentSettings();
+    const std::lock_guard<std::mutex> lock(settings.mutex);
+    change(settings.server);
+}
+
+NetServer CurrentServer()
+{
+    Settings &settings = CurrentSettings();
+    const std::lock_guard<std::mutex> lock(settings.mutex);
+    return settings.server;
+}
+
+bool SendByHttp(const std::string &session, CClientRecvInfo &recv, const CClientSendInfo &send)
+{
+    thread_local std::unique_ptr<CHttpConnection> connection;
+    const NetServer server = CurrentServer();
+    if (!connection || !(connection->Server() == server))
+        connection = std::make_unique<CHttpConnection>(server);
+    return connection->Exchange(*recv.GetDataPtr(), send.Read(), session);
+}
+
+CTransport &CurrentTransport()
+{
+    static auto *const transport = new CTransport(SendByHttp);
+    return *transport;
+}
+
+} // namespace
+
+bool ExchangeAs(const std::string &session, CClientRecvInfo &recv, const CClientSendInfo &send)
+{
+    WatchApplicationEnd();
+    try {
+        return (*CurrentTransport().Get())(session, recv, send);
+    } catch (const std::exception &failure) {
+        Nim::Base::Log::WriteFramed("BusinessCommon::CNetCommManager::ClientSynSend", __FILE__,
+                                    __LINE__, Nim::Base::Log::kError, "ClientWarningAndMore",
+                                    "Stopped by an exception: %s", failure.what());
+    } catch (...) { // as above, without words
+    }
+    recv.SetVal_Error_code({kModuleNetwork, kNetFailed, kNetSubSystem});
+    return false;
+}
+
+bool CNetCommManager::ClientSynSend(CClientRecvInfo &recv, const CClientSendInfo &send,
+                                    int /*flags*/)
+{
+    return ExchangeAs(Session(), recv, send);
+}
+
+void CNetCommManager::SetServer(const std::string &host, int port, bool tls,
+                                const std::string &ca_file)
+{
+    ChangeServer([&](NetServer &server) {
+        server.host = host;
+        server.port = port;
+        server.is_tls = tls;
+        server.ca_file = ca_file;
+    });
+}
+
+void CNetCommManager::SetCertificateCheck(bool is_checked)
+{
+    ChangeServer([is_checked](NetServer &server) { server.is_certificate_checked = is_checked; });
+}
+
+void CNetCommManager::SetTimeouts(int connect_ms, int read_ms)
+{
+    ChangeServer([connect_ms, read_ms](NetServer &server) {
+        server.connect_time = std::chrono::milliseconds(std::max(connect_ms, 1));
+        server.read_time = std::chrono::milliseconds(std::max(read_ms, 1));
+    });
+}
+
+void CNetCommManager::SetSession(const std::string &token)
+{
+    Settings &settings = CurrentSettings();
+    const std::lock_guard<std::mutex> lock(settings.mutex);
+    settings.session = token;
+}
+
+std::string CNetCommManager::Session()
+{
+    Settings &settings = CurrentSettings();
+    const std::lock_guard<std::mutex> lock(settings.mutex);
+    return settings.session;
+}
+
+void CNetCommManager::SetTransport(Transport transport)
+{
+    if (!transport) {
+        CurrentTransport().Set(nullptr);
+        return;
+    }
+    CurrentTransport().Set([transport = std::move(transport)](
+                               const std::string &, CClientRecvInfo &recv,
+                               const CClientSendInfo &send) { return transport(recv, send); });
+}
+
+void CNetCommManager::Abort()
+{
+    CutAllExchanges();
+}
+
+} // namespace BusinessCommon

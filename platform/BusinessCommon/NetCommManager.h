@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ClientComm/ClientInfo.h>
+#include <Nim/Base/Singleton.h>
+#include <PlatformExport.h>
+
+#include <functional>
+#include <string>
+
+namespace BusinessCommon {
+
+class CNetCommManager;
+
+} // namespace BusinessCommon
+
+extern template class VANTOR_PLATFORM_EXPORT Nim::Base::CSingleton<BusinessCommon::CNetCommManager>;
+
+namespace BusinessCommon {
+
+/// Modules of the error codes that ClientSynSend() fills in.
+enum NetErrorModule : int {
+    kModuleNetwork = 2, ///< the code is a NetErrorCode
+    kModuleHttp =
+        3, ///< the code is the HTTP status, 300 to 599, of a reply without words of its own
+};
+
+/// Why no reply came. The third word, the subsystem, is then kNetSubSystem.
+enum NetErrorCode : int {
+    kNetTimeout = 20,     ///< nothing, or not all of it, within the time
+    kNetConnect = 21,     ///< nobody listens there, or the name is unknown
+    kNetTls = 22,         ///< the server speaks no TLS we know
+    kNetCertificate = 23, ///< the certificate is not signed by whom we trust, or for another host
+    kNetBroken = 24,      ///< the connection broke, or Abort() cut it
+    kNetTooLarge = 25,    ///< the reply is larger than kMaximumReplyBytes
+    kNetBadRequest = 26,  ///< the URL, the method or the session is none that can be sent
+    kNetFailed = 27,      ///< anything else
+    kNetBadReply = 28,    ///< the reply is no document, or lacks what was asked for
+};
+
+constexpr int kNetSubSystem = 2000;
+constexpr size_t kMaximumReplyBytes = size_t(16) << 20;
+
+/// \brief The exchange with the management server, reached through
+/// Nim::Base::CSingleton<CNetCommManager>::Instance().
+///
+/// HTTP/1.1 (RFC 9112) or HTTPS. Each thread that sends has one connection of its own, kept alive
+/// between requests, so that nobody waits behind a slow request of another thread. All operations
+/// may be called from any thread.
+class VANTOR_PLATFORM_EXPORT CNetCommManager : public Nim::Base::CSingleton<CNetCommManager>
+{
+    friend class Nim::Base::CSingleton<CNetCommManager>;
+    CNetCommManager() = default;
+
+public:
+    using Transport =
+        std::function<bool(ClientComm::CClientRecvInfo &, const ClientComm::CClientSendInfo &)>;
+
+    /// \brief Send \a send and wait for the reply, at most the times of SetTimeouts().
+    ///
+    /// \param recv  its Receive_Data is the body of the reply, its Error_code is all 0 for a reply
+    ///              of status 2xx; else the words at "/ResponseStatus/ErrorModule" and
+    ///              "/ResponseStatus/ErrorCode" of the reply, when it has such, else
+    ///              {kModuleHttp, status}; {kModuleNetwork, NetErrorCode, kNetSubSystem} when no
+    ///              reply came.
+    /// \param flags not used, 0.
+    /// \return true when the exchange took place, whatever the status of the reply.
+    bool ClientSynSend(ClientComm::CClientRecvInfo &recv, const ClientComm::CClientSendInfo &send,
+                       int flags = 0);
+
+    /// \brief Where to send; without it every exchange fails with kNetConnect.
+    /// \param ca_file certificates to trust (PEM) instead of the system's; empty: the system's.
+    static void SetServer(const std::string &host, int port, bool tls = false,
+                          const std::string &ca_file = {});
+
+    /// \brief Check the server's certificate and host name (the default), or do not: only for a
+    /// network where nobody can get in between.
+    static void SetCertificateCheck(bool is_checked);
+
+    /// \brief Longest times in milliseconds, to connect (default 3000) and from then on until the
+    /// reply is complete (default 10000). Less than 1 counts as 1.
+    static void SetTimeouts(int connect_ms, int read_ms);
+
+    /// \brief The session that later requests belong to, sent as "Authorization: Bearer token" (RFC
+    /// 6750); empty: none.
+    static void SetSession(const std::string &token);
+    [[nodiscard]] static std::string Session();
+
+    /// \brief Let \a transport do all exchanges from now on; an empty function restores HTTP(S). An
+    /// exception it throws counts as false with kNetFailed.
+    static void SetTransport(Transport transport);
+
+    /// \brief Break off all exchanges under way, on every thread: they end with kNetBroken. Later
+    /// ones are sent as ever. Called when the application object ends.
+    static void Abort();
+};
+
+} // namespace BusinessCommon

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Nim/Base/Error.h>
+#include <Nim/Base/Record.h>
+#include <PlatformExport.h>
+
+#include <string>
+
+namespace ClientComm {
+
+/// \brief What is asked of the server. Texts are UTF-8.
+///
+/// The body may hold a password: it is overwritten when the structure goes.
+struct VANTOR_PLATFORM_EXPORT ClientSendInfo
+{
+    std::string URL;          ///< path and query, such as "/Quorra/…/SecuritySetting"
+    std::string Method;       ///< "GET", "PUT", "POST" or "DELETE"; each may have a body
+    std::string Request_Data; ///< the body; empty: none
+    int Pattern = 0;          ///< how the body is written: 2 is XML, anything else JSON
+
+    ClientSendInfo() = default;
+    ClientSendInfo(const ClientSendInfo &other) = default;
+    ClientSendInfo &operator=(const ClientSendInfo &other) = default;
+    ~ClientSendInfo();
+};
+
+/// \brief What came back.
+struct VANTOR_PLATFORM_EXPORT ClientRecvInfo
+{
+    /// All 0 when the server has answered with success, whatever its answer says. See
+    /// BusinessCommon::CNetCommManager for the codes.
+    Nim::Base::Error::ErrorCode Error_code;
+    std::string Receive_Data; ///< the body of the reply; may hold a session, so overwritten too
+
+    ClientRecvInfo() = default;
+    ClientRecvInfo(const ClientRecvInfo &other) = default;
+    ClientRecvInfo &operator=(const ClientRecvInfo &other) = default;
+    ~ClientRecvInfo();
+};
+
+/// \brief A request, as hosts write it.
+class VANTOR_PLATFORM_EXPORT CClientSendInfo : public Nim::Base::CRecord<ClientSendInfo>
+{
+    VANTOR_RECORD(CClientSendInfo)
+    VANTOR_RECORD_FIELD(URL)
+    VANTOR_RECORD_FIELD(Method)
+    VANTOR_RECORD_FIELD(Request_Data)
+    VANTOR_RECORD_FIELD(Pattern)
+};
+
+/// \brief A reply, as hosts read it.
+class VANTOR_PLATFORM_EXPORT CClientRecvInfo : public Nim::Base::CRecord<ClientRecvInfo>
+{
+    VANTOR_RECORD(CClientRecvInfo)
+    VANTOR_RECORD_FIELD(Error_code)
+    VANTOR_RECORD_FIELD(Receive_Data)
+};
+
+} // namespace ClientComm

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <PlatformExport.h>
+
+#include <memory>
+#include <string>
+
+namespace ClientComm {
+
+struct CRapidJsonProtoDataPtr;
+
+/// \brief A JSON (RFC 8259) or XML (1.0) document that is read and written by slash paths, such as
+/// "/ResponseStatus/ErrorCode".
+///
+/// A path names members of objects, or elements, from the outside in; names are UTF-8 and must not
+/// be empty. Where it comes upon an array, or upon elements of the same name, the next part may be
+/// a number, counted from 0; without one the first such element is meant, but no item of an array.
+/// Attributes of elements are not read. One thread at a time.
+///
+/// Texts are overwritten when the document goes, as far as it holds the only copy.
+class VANTOR_PLATFORM_EXPORT CRapidJsonProto
+{
+public:
+    /// The longest text that Load() takes.
+    static constexpr size_t kMaximumBytes = size_t(16) << 20;
+    /// The deepest nesting that Load() takes and SetString() makes.
+    static constexpr int kMaximumDepth = 1024;
+    /// The most elements of an XML document that Load() takes.
+    static constexpr int kMaximumElements = 1'000'000;
+
+    CRapidJsonProto();
+    ~CRapidJsonProto();
+    CRapidJsonProto(const CRapidJsonProto &) = delete;
+    CRapidJsonProto &operator=(const CRapidJsonProto &) = delete;
+
+    /// \brief Replace the document by \a text: XML when its first character that is no blank is
+    /// "<", else JSON, an object or an array.
+    ///
+    /// JSON is UTF-8, XML what it declares. A document type is refused, and with it every entity
+    /// but the five of XML.
+    /// \return false for anything that is not well-formed, too long or nested too deeply; the
+    /// document is then empty.
+    bool Load(const std::string &text);
+
+    /// \brief Put \a text at \a path and make what is missing on the way.
+    /// \return false when the path is malformed or too deep, leads through a text or an array, or
+    /// ends at what is no text.
+    bool SetString(const std::string &path, const std::string &text);
+
+    /// \brief The whole number at \a path, or written in its text in decimal digits.
+    /// \return \a preset when there is none, also for one that does not fit or has a fraction.
+    [[nodiscard]] int GetInt(const std::string &path, int preset = -1) const;
+
+    /// \brief The text at \a path, UTF-8; of a number or a Boolean what JSON writes.
+    /// \return \a preset when there is none; a null counts as none.
+    [[nodiscard]] std::string GetString(const std::string &path,
+                                        const std::string &preset = {}) const;
+
+    /// \brief The number of items in the array at \a path, or of elements of that name when there
+    /// are several, or of members of the object; 0 for a text and for nothing.
+    [[nodiscard]] int GetCount(const std::string &path) const;
+
+    /// \brief The document as compact JSON, members in any order.
+    [[nodiscard]] std::string ToJson() const;
+
+    /// \brief The document as "<?xml version="1.0" encoding="UTF-8"?>", a line feed, its elements
+    /// in the order in which they were set or read, and a line feed.
+    ///
+    /// Characters that XML cannot hold become U+FFFD.
+    /// \return an empty text when there is not exactly one outermost member, or a name is none for
+    /// an element.
+    [[nodiscard]] std::string ToXml() const;
+
+private:
+    const std::unique_ptr<CRapidJsonProtoDataPtr> d_ptr_;
+};
+
+} // namespace ClientComm
