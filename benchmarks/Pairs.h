@@ -31,17 +31,19 @@ inline double Median(std::vector<double> values)
 /// "ratio_<what>".
 ///
 /// tools/bench prints it beside \a bar, the ratio that is promised. The medians of both times go
-/// along, in seconds.
-template <class Baseline, class Ours>
-void Compare(benchmark::State &state, const std::string &what, double bar, Baseline &&baseline,
-             Ours &&ours)
+/// along, in seconds. \a prepare runs before each of the two and is not measured.
+template <class Prepare, class Baseline, class Ours>
+void ComparePrepared(benchmark::State &state, const std::string &what, double bar,
+                     Prepare &&prepare, Baseline &&baseline, Ours &&ours)
 {
     std::vector<double> baseline_s;
     std::vector<double> ours_s;
     std::vector<double> ratios;
     for (auto _ : state) {
         for (int pair = 0; pair < kPairs; ++pair) {
+            prepare();
             baseline_s.push_back(SecondsOf(baseline));
+            prepare();
             ours_s.push_back(SecondsOf(ours));
             ratios.push_back(baseline_s.back() / ours_s.back());
         }
@@ -50,6 +52,14 @@ void Compare(benchmark::State &state, const std::string &what, double bar, Basel
     state.counters["bar_" + what] = bar;
     state.counters["seconds_baseline"] = Median(baseline_s);
     state.counters["seconds_ours"] = Median(ours_s);
+}
+
+template <class Baseline, class Ours>
+void Compare(benchmark::State &state, const std::string &what, double bar, Baseline &&baseline,
+             Ours &&ours)
+{
+    ComparePrepared(
+        state, what, bar, [] {}, baseline, ours);
 }
 
 } // namespace Pairs

@@ -3,6 +3,7 @@
 # the one place where they are named; each line is "<class> <header>".
 set(VANTOR_FORWARDING_HEADERS
     "CCSVParser controller/CSV/CSVParser.h"
+    "CCopyFileThread common/CopyFileThread.h"
     "CCustomEvent common/CustomEvent.h"
     "CEventTransMgr common/EventTransMgr.h"
     "CExcelControllorWithC controller/Excel/ExcelControllorWithC.h"

@@ -11,6 +11,7 @@
 #include <Ravel/TextCodec.h>
 #include <Ravel/WaitWatcher.h>
 #include <Vantor/CCSVParser>
+#include <Vantor/CCopyFileThread>
 #include <Vantor/CCustomEvent>
 #include <Vantor/CEventTransMgr>
 #include <Vantor/CExcelControllorWithC>
@@ -25,6 +26,7 @@
 namespace {
 
 using Parser = Vantor::CCSVParser;
+using CopyThread = Vantor::CCopyFileThread;
 using Manager = Vantor::CStyleManager;
 using Excel = Vantor::CExcelControllorWithC;
 using Look = std::shared_ptr<Vantor::Clxw_format_>;
@@ -48,6 +50,11 @@ static_assert(IsSame<void (Parser::*)()>(&Parser::CloseFile));
 static_assert(IsSame<void (Parser::*)()>(&Parser::SignalWriteOver));
 static_assert(IsSame<QString (*)()>(&Vantor::GetLocalListSperator));
 static_assert(std::is_constructible<Parser, QWidget *>::value);
+
+static_assert(IsSame<void (CopyThread::*)(const QStringList &, const QStringList &, bool)>(
+    &CopyThread::SetFileInfo));
+static_assert(std::is_base_of<QThread, CopyThread>::value);
+static_assert(std::is_default_constructible<CopyThread>::value);
 
 using EventManager = Vantor::CEventTransMgr;
 static_assert(IsSame<bool (EventManager::*)(QEvent *)>(&EventManager::SendCustomEvent));
@@ -222,6 +229,12 @@ private Q_SLOTS:
         QTest::newRow("end of an export")
             << &Parser::staticMetaObject << QByteArray("Vantor::CCSVParser")
             << QByteArray("SignalWriteOver()");
+        QTest::newRow("end of a copy")
+            << &CopyThread::staticMetaObject << QByteArray("Vantor::CCopyFileThread")
+            << QByteArray("SendSaveFinish(bool,QStringList)");
+        QTest::newRow("stop of a copy")
+            << &CopyThread::staticMetaObject << QByteArray("Vantor::CCopyFileThread")
+            << QByteArray("OnStopCopyFileThread()");
         QTest::newRow("end of a wait")
             << &Ravel::CChaseDialog::staticMetaObject << QByteArray("Ravel::CChaseDialog")
             << QByteArray("OnStopChaseByAccept()");

@@ -173,15 +173,15 @@ private Q_SLOTS:
         Write("target", "old");
 
         QCOMPARE(Base::FileSystem::CopyFileW(Name("source").c_str(), Name("target").c_str(), 1),
-                 -1);
+                 -EEXIST);
         QCOMPARE(FileBytes(folder_->filePath("target")), QByteArray("old"));
         QCOMPARE(Base::FileSystem::CopyFileW(Name("source").c_str(), Name("target").c_str(), 0), 0);
         QCOMPARE(FileBytes(folder_->filePath("target")), QByteArray("new"));
         QCOMPARE(Base::FileSystem::CopyFileW(Name("missing").c_str(), Name("other").c_str(), 0),
-                 -1);
+                 -ENOENT);
         QCOMPARE(
             Base::FileSystem::CopyFileW(Name("source").c_str(), Name("no/such/folder").c_str(), 0),
-            -1);
+            -ENOENT);
 
         QCOMPARE(QDir(folder_->path()).entryList(QDir::Files), QStringList({"source", "target"}));
     }

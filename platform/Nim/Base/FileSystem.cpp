@@ -57,22 +57,32 @@ int DeleteFileW(const char *path)
 
 int CopyFileW(const char *source, const char *target, int fail_if_exists)
 {
+    return CopyFileWithProgress(source, target, fail_if_exists, {});
+}
+
+bool IsSameFile(const char *one, const char *other)
+{
     try {
         std::error_code error;
-        if (!fs::is_regular_file(source, error) || fs::is_directory(target, error))
-            return -1;
-        const std::string temporary = std::string(target) + "." + Guid::Create() + ".part";
-        bool done = fs::copy_file(source, temporary, error);
-        if (done && fail_if_exists != 0)
-            done = RenameWithoutReplacing(temporary.c_str(), target);
-        else if (done)
-            done = RenameFile(temporary.c_str(), target) == 0;
-        if (!done)
-            fs::remove(temporary, error);
-        return done ? 0 : -1;
+        return fs::equivalent(one, other, error);
     } catch (...) {
-        return -1;
+        return false;
     }
+}
+
+std::string TemporaryNameBeside(const char *target)
+{
+    // Not longer than a GUID, whatever the target is called: names have a limit of their own.
+    return FolderOf(target) + "/." + Guid::Create() + ".part";
+}
+
+std::string FolderOf(const char *target)
+{
+    const std::string path = target;
+    const auto slash = path.find_last_of(kSeparators);
+    if (slash == std::string::npos)
+        return ".";
+    return slash == 0 ? path.substr(0, 1) : path.substr(0, slash);
 }
 
 } // namespace Nim::Base::FileSystem

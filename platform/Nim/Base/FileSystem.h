@@ -5,7 +5,9 @@
 
 #include <QtCore/QString>
 
+#include <cstdint>
 #include <cstdio>
+#include <functional>
 #include <string>
 
 /// \brief File operations of the client. 8-bit paths are in the local encoding; all may be called
@@ -27,10 +29,30 @@ VANTOR_PLATFORM_EXPORT int RenameFile(const char *source, const char *target);
 /// \return 0, or -1.
 VANTOR_PLATFORM_EXPORT int DeleteFileW(const char *path);
 
-/// \brief Copy a regular file under a temporary name beside \a target, then give it that name.
-/// \param fail_if_exists 1 refuses an existing \a target, 0 replaces it.
-/// \return 0, or -1: no partial file is left and an existing \a target is as it was.
+/// \brief Told how many bytes came over since the last call, on the copying thread.
+using CopyProgress = std::function<void(std::int64_t bytes)>;
+
+/// \brief Copy a regular file with its times and its permissions (without the set-id bits).
+///
+/// The bytes go through the kernel (copy_file_range(2): file systems that can share blocks do) into
+/// a file that has no name yet, or a temporary one ".<GUID>.part" beside \a target where the file
+/// system needs one; it gets the name \a target when it is whole. A source that grows meanwhile is
+/// copied up to the size it had, one that shrinks up to its new end. Times and permissions that the
+/// target's file system cannot hold are left out. Nothing is synced to the disk.
+///
+/// \param fail_if_exists 1 refuses an existing \a target; looking and naming are one step, so of
+///                       several that copy to one name exactly one succeeds. 0 replaces it at once.
+/// \return 0, or a negative errno: no partial file is left and an existing \a target is as it was.
+///         -EEXIST is the refusal, -EINVAL a source that is no regular file.
 VANTOR_PLATFORM_EXPORT int CopyFileW(const char *source, const char *target, int fail_if_exists);
+
+/// \brief The same, telling \a on_bytes every few megabytes; it must not throw and may be empty.
+VANTOR_PLATFORM_EXPORT int CopyFileWithProgress(const char *source, const char *target,
+                                                int fail_if_exists, const CopyProgress &on_bytes);
+
+/// \brief Whether both names lead to one file: other spellings, hard and symbolic links.
+/// \return false also when one of them is missing.
+[[nodiscard]] VANTOR_PLATFORM_EXPORT bool IsSameFile(const char *one, const char *other);
 
 /// \brief Open a file so that others may read and write it meanwhile; not inherited by child
 /// processes.

@@ -1,10 +1,24 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
+
 namespace Nim::Base::FileSystem {
 
 // Gives `source` the name `target`, or returns false if that name is taken; never a moment with
 // neither.
 bool RenameWithoutReplacing(const char *source, const char *target);
+
+#ifdef _WIN32
+constexpr char kSeparators[] = "/\\";
+#else
+constexpr char kSeparators[] = "/";
+#endif
+
+// The folder that the file `target` lies or shall lie in.
+std::string FolderOf(const char *target);
+
+// A name in that folder that no other copy has. May throw std::bad_alloc.
+std::string TemporaryNameBeside(const char *target);
 
 } // namespace Nim::Base::FileSystem

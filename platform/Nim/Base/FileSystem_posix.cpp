@@ -25,10 +25,23 @@ bool RenameWithoutReplacing(const char *source, const char *target)
     if (errno != EINVAL && errno != ENOSYS)
         return false;
     // A file system without that operation: a hard link fails too when the name is taken.
-    if (link(source, target) != 0)
+    if (link(source, target) == 0) {
+        unlink(source);
+        return true;
+    }
+    if (errno != EPERM && errno != ENOSYS && errno != EOPNOTSUPP)
         return false;
-    unlink(source);
-    return true;
+    // One without hard links, such as a stick's: take the name with an empty file, replace that.
+    const int reserved = open(target, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (reserved < 0)
+        return false;
+    close(reserved);
+    if (rename(source, target) == 0)
+        return true;
+    const int error = errno;
+    unlink(target);
+    errno = error;
+    return false;
 }
 
 } // namespace Nim::Base::FileSystem
