@@ -7,6 +7,8 @@ set(VANTOR_FORWARDING_HEADERS
     "CCustomEvent common/CustomEvent.h"
     "CEventTransMgr common/EventTransMgr.h"
     "CExcelControllorWithC controller/Excel/ExcelControllorWithC.h"
+    "CFilterProxyModelEx ui/FilterTreeViewEx/FilterProxyModelEx.h"
+    "CFilterTreeViewEx ui/FilterTreeViewEx/FilterTreeViewEx.h"
     "Clxw_format_ controller/Excel/ExcelRecords.h"
     "Clxw_image_options_ controller/Excel/ExcelRecords.h"
     "CsheetFormat controller/Excel/ExcelRecords.h"

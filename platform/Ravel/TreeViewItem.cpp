@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Ravel/TreeViewItem.h"
 
+#include "Ravel/PageTag.h"
 #include "Ravel/TreeViewItem_p.h"
 
 namespace Ravel {
@@ -13,65 +14,96 @@ bool IsText(int role)
 
 } // namespace
 
-CTreeViewItem::CTreeViewItem(const QStringList &texts)
-    : d_ptr_(std::make_unique<CTreeViewItemPtr>())
-{
-    d_ptr_->list_texts_ = texts;
-}
+CTreeViewItem::CTreeViewItem(const QStringList &texts) : texts_(texts) {}
 
 CTreeViewItem::~CTreeViewItem() = default;
 
+CTreeViewItemExtras &CTreeViewItem::Extras()
+{
+    if (!ptr_extras_)
+        ptr_extras_ = std::make_unique<CTreeViewItemExtras>();
+    return *ptr_extras_;
+}
+
+// Where a top-level row's page stands; null for everything else.
+int *CTreeViewItem::PageSlot(int column, int role) const
+{
+    if (role != kPageTagRole || column != 0 || !ptr_parent_
+        || !ptr_parent_->ptr_extras_->ptr_pages_)
+        return nullptr;
+    return &(*ptr_parent_->ptr_extras_->ptr_pages_)[static_cast<size_t>(row_)];
+}
+
+void CTreeViewItem::SetPage(int &slot, const QVariant &value)
+{
+    const int page = value.userType() == QMetaType::QString ? PageOfTag(value.toString()) : kNoPage;
+    if (slot == kForeignPage)
+        ptr_extras_->map_others_.remove(qMakePair(0, kPageTagRole));
+    slot = page;
+    if (page != kNoPage || !value.isValid())
+        return;
+    Extras().map_others_.insert(qMakePair(0, kPageTagRole), value);
+    slot = kForeignPage;
+}
+
 QVariant CTreeViewItem::Data(int column, int role) const
 {
-    if (!IsText(role))
-        return d_ptr_->map_others_.value(qMakePair(column, role));
-    if (column < 0 || column >= d_ptr_->list_texts_.size())
-        return {};
-    return d_ptr_->list_texts_.at(column);
+    if (IsText(role))
+        return column >= 0 && column < texts_.Count() ? QVariant(texts_.Text(column)) : QVariant();
+    const int *const page = PageSlot(column, role);
+    if (page && *page > 0)
+        return PageTag(*page);
+    return ptr_extras_ ? ptr_extras_->map_others_.value(qMakePair(column, role)) : QVariant();
 }
 
 void CTreeViewItem::SetData(int column, int role, const QVariant &value)
 {
     if (column < 0)
         return;
-    if (!IsText(role)) {
-        d_ptr_->map_others_.insert(qMakePair(column, role), value);
+    if (int *const page = PageSlot(column, role)) {
+        SetPage(*page, value);
         return;
     }
-    while (d_ptr_->list_texts_.size() <= column)
-        d_ptr_->list_texts_.append(QString());
-    d_ptr_->list_texts_[column] = value.toString();
+    if (!IsText(role)) {
+        Extras().map_others_.insert(qMakePair(column, role), value);
+        return;
+    }
+    QStringList texts = texts_.Texts();
+    while (texts.size() <= column)
+        texts.append(QString());
+    texts[column] = value.toString();
+    texts_ = CTextBlock(texts);
 }
 
 void CTreeViewItem::AppendChild(std::unique_ptr<CTreeViewItem> child)
 {
     if (!child)
         return;
-    child->d_ptr_->ptr_parent_ = this;
-    child->d_ptr_->row_ = ChildCount();
-    d_ptr_->vec_children_.push_back(std::move(child));
+    child->ptr_parent_ = this;
+    child->row_ = ChildCount();
+    Extras().vec_children_.push_back(std::move(child));
 }
 
 int CTreeViewItem::ChildCount() const
 {
-    return static_cast<int>(d_ptr_->vec_children_.size());
+    return ptr_extras_ ? static_cast<int>(ptr_extras_->vec_children_.size()) : 0;
 }
 
 CTreeViewItem *CTreeViewItem::Child(int row) const
 {
-    return row >= 0 && row < ChildCount() ? d_ptr_->vec_children_[static_cast<size_t>(row)].get()
-                                          : nullptr;
+    return row >= 0 && row < ChildCount()
+               ? ptr_extras_->vec_children_[static_cast<size_t>(row)].get()
+               : nullptr;
 }
 
 CTreeViewItem *CTreeViewItem::Parent() const
 {
-    CTreeViewItem *const above = d_ptr_->ptr_parent_;
-    return above && !above->d_ptr_->b_root_ ? above : nullptr;
+    return ptr_parent_ && ptr_parent_->ptr_extras_->ptr_pages_ ? nullptr : ptr_parent_;
 }
 
 int CTreeViewItem::Row() const
 {
-    return d_ptr_->row_;
+    return row_;
 }
 
 } // namespace Ravel

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <PlatformExport.h>
+#include <Ravel/TextBlock.h>
 
 #include <QtCore/QStringList>
 #include <QtCore/QVariant>
@@ -10,12 +11,15 @@
 
 namespace Ravel {
 
-struct CTreeViewItemPtr;
+struct CTreeViewItemExtras;
 
 /// \brief One row of a CTreeViewModel: a text a column, data of other roles, and rows below it.
 ///
 /// An item owns the rows below it; a model owns its top-level items. Changes of an item that is in
 /// a model go through the model, which tells the views.
+///
+/// Texts are kept small for lists of a million rows, and what only some rows have (other roles,
+/// rows below) takes memory only there.
 class VANTOR_PLATFORM_EXPORT CTreeViewItem
 {
 public:
@@ -51,7 +55,15 @@ private:
     friend class CTreeViewModel;
     friend struct CTreeViewModelPtr;
 
-    const std::unique_ptr<CTreeViewItemPtr> d_ptr_;
+    CTreeViewItemExtras &Extras();
+    int *PageSlot(int column, int role) const;
+    void SetPage(int &slot, const QVariant &value);
+
+    // No private object: it would be one more piece of memory a row.
+    CTextBlock texts_;
+    std::unique_ptr<CTreeViewItemExtras> ptr_extras_; // null while there is nothing in it
+    CTreeViewItem *ptr_parent_ = nullptr;             // the model's root for a top-level item
+    int row_ = 0;                                     // place among the parent's rows
 };
 
 } // namespace Ravel

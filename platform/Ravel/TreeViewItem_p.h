@@ -10,14 +10,15 @@
 
 namespace Ravel {
 
-struct CTreeViewItemPtr
+// Pages of top-level rows are numbers beside the rows, because a flip compares a million of them.
+constexpr int kNoPage = 0;
+constexpr int kForeignPage = -1; // something else stands under the role, among the others
+
+struct CTreeViewItemExtras
 {
-    QStringList list_texts_;
     QMap<QPair<int, int>, QVariant> map_others_; // by column and role
     std::vector<std::unique_ptr<CTreeViewItem>> vec_children_;
-    CTreeViewItem *ptr_parent_ = nullptr; // the model's root for a top-level item
-    bool b_root_ = false;                 // holds a model's top-level items, shown to nobody
-    int row_ = 0;                         // place among the parent's rows
+    std::vector<int> *ptr_pages_ = nullptr; // of the rows below; only a model's root has it
 };
 
 } // namespace Ravel

@@ -1,38 +1,78 @@
 // SPDX-License-Identifier: MIT
 #include "Ravel/TreeViewModel.h"
 
+#include "Ravel/PageTag.h"
+#include "Ravel/RowFilter.h"
+#include "Ravel/TextRanks.h"
 #include "Ravel/TreeViewItem.h"
 #include "Ravel/TreeViewItem_p.h"
 
 #include <algorithm>
-#include <functional>
 #include <iterator>
 
 namespace Ravel {
 
 struct CTreeViewModelPtr
 {
-    CTreeViewModelPtr() { root_.d_ptr_->b_root_ = true; }
+    CTreeViewModelPtr() { root_.Extras().ptr_pages_ = &vec_pages_; }
+
+    std::vector<std::unique_ptr<CTreeViewItem>> &Rows() { return root_.Extras().vec_children_; }
+    const CTextBlock &Texts(int row) const { return root_.Child(row)->texts_; }
+    bool TakePlaces(const QList<CTreeViewItem *> &items);
+    void Renumber(CTreeViewItem &above, int first);
+    void AdoptPages(int first, int count);
+    void ForgetRanks() { rank_column_ = -1; }
 
     CTreeViewItem root_; // above the top-level items; never shown
     QStringList list_labels_;
+    std::vector<int> vec_pages_; // of the top-level rows
+    bool b_tree_ = false;
+    bool b_changing_rows_ = false;
+    std::vector<int> vec_ranks_;
+    int rank_column_ = -1; // the column that vec_ranks_ holds; -1 when none
 };
+
+// One walk that marks each item as placed finds null, placed and doubled ones; where it meets one
+// it takes the marks back.
+bool CTreeViewModelPtr::TakePlaces(const QList<CTreeViewItem *> &items)
+{
+    for (auto item = items.cbegin(); item != items.cend(); ++item) {
+        if (*item && !(*item)->ptr_parent_) {
+            (*item)->ptr_parent_ = &root_;
+            continue;
+        }
+        std::for_each(items.cbegin(), item,
+                      [](CTreeViewItem *taken) { taken->ptr_parent_ = nullptr; });
+        return false;
+    }
+    return true;
+}
+
+void CTreeViewModelPtr::Renumber(CTreeViewItem &above, int first)
+{
+    auto &rows = above.ptr_extras_->vec_children_;
+    for (size_t i = static_cast<size_t>(first); i < rows.size(); ++i)
+        rows[i]->row_ = static_cast<int>(i);
+}
+
+// What came under the page's role with an item moves to where the model keeps pages.
+void CTreeViewModelPtr::AdoptPages(int first, int count)
+{
+    for (int row = first; row < first + count; ++row) {
+        CTreeViewItem &item = *root_.Child(row);
+        if (!item.ptr_extras_)
+            continue;
+        b_tree_ = b_tree_ || item.ChildCount() > 0;
+        const QVariant page = item.ptr_extras_->map_others_.take(qMakePair(0, kPageTagRole));
+        item.SetPage(vec_pages_[static_cast<size_t>(row)], page);
+    }
+}
 
 CTreeViewModel::CTreeViewModel(QObject *parent)
     : QAbstractItemModel(parent), d_ptr_(std::make_unique<CTreeViewModelPtr>())
 {}
 
 CTreeViewModel::~CTreeViewModel() = default;
-
-bool CTreeViewModel::AreFreeAndDistinct(const QList<CTreeViewItem *> &items)
-{
-    std::vector<const CTreeViewItem *> sorted(items.cbegin(), items.cend());
-    std::sort(sorted.begin(), sorted.end(), std::less<>());
-    return std::adjacent_find(sorted.cbegin(), sorted.cend()) == sorted.cend()
-           && std::all_of(sorted.cbegin(), sorted.cend(), [](const CTreeViewItem *item) {
-                  return item && !item->d_ptr_->ptr_parent_;
-              });
-}
 
 void CTreeViewModel::SetHorizontalHeaderLabels(const QStringList &labels)
 {
@@ -43,43 +83,132 @@ void CTreeViewModel::SetHorizontalHeaderLabels(const QStringList &labels)
 
 bool CTreeViewModel::InsertTopLevelItems(int row, const QList<CTreeViewItem *> &items)
 {
-    if (row < 0 || row > rowCount() || !AreFreeAndDistinct(items))
+    if (d_ptr_->b_changing_rows_ || row < 0 || row > rowCount() || !d_ptr_->TakePlaces(items))
         return false;
     if (items.isEmpty())
         return true;
 
+    d_ptr_->b_changing_rows_ = true;
     beginInsertRows({}, row, row + items.size() - 1);
     std::vector<std::unique_ptr<CTreeViewItem>> owned(items.cbegin(), items.cend());
-    auto &rows = d_ptr_->root_.d_ptr_->vec_children_;
+    auto &rows = d_ptr_->Rows();
     rows.insert(rows.begin() + row, std::make_move_iterator(owned.begin()),
                 std::make_move_iterator(owned.end()));
-    for (size_t i = static_cast<size_t>(row); i < rows.size(); ++i) {
-        rows[i]->d_ptr_->ptr_parent_ = &d_ptr_->root_;
-        rows[i]->d_ptr_->row_ = static_cast<int>(i);
-    }
+    auto &pages = d_ptr_->vec_pages_;
+    pages.insert(pages.begin() + row, owned.size(), kNoPage);
+    d_ptr_->Renumber(d_ptr_->root_, row);
+    d_ptr_->AdoptPages(row, items.size());
+    d_ptr_->ForgetRanks();
     endInsertRows();
+    d_ptr_->b_changing_rows_ = false;
     return true;
 }
 
 CTreeViewItem *CTreeViewModel::ItemFromIndex(const QModelIndex &index) const
 {
-    return index.isValid() ? static_cast<CTreeViewItem *>(index.internalPointer()) : nullptr;
+    return index.isValid()
+               ? static_cast<CTreeViewItem *>(index.internalPointer())->Child(index.row())
+               : nullptr;
 }
 
+bool CTreeViewModel::IsChangingRows() const
+{
+    return d_ptr_->b_changing_rows_;
+}
+
+bool CTreeViewModel::IsTree() const
+{
+    return d_ptr_->b_tree_;
+}
+
+bool CTreeViewModel::Accepts(int row, const CRowFilter &filter) const
+{
+    return filter.Accepts(d_ptr_->Texts(row), d_ptr_->list_labels_.size());
+}
+
+std::vector<bool> CTreeViewModel::AcceptedRows(const CRowFilter &filter) const
+{
+    const auto &rows = d_ptr_->Rows();
+    std::vector<bool> accepted(rows.size());
+    const int columns = d_ptr_->list_labels_.size();
+    for (size_t row = 0; row < rows.size(); ++row)
+        accepted[row] = filter.Accepts(rows[row]->texts_, columns);
+    return accepted;
+}
+
+const int *CTreeViewModel::Ranks(int column) const
+{
+    if (column < 0 || column >= d_ptr_->list_labels_.size())
+        return nullptr;
+    if (column != d_ptr_->rank_column_) {
+        const auto &rows = d_ptr_->Rows();
+        std::vector<const CTextBlock *> texts(rows.size());
+        std::transform(rows.cbegin(), rows.cend(), texts.begin(),
+                       [](const auto &item) { return &item->texts_; });
+        d_ptr_->vec_ranks_ = TextRanks(texts, column);
+        d_ptr_->rank_column_ = column;
+    }
+    return d_ptr_->vec_ranks_.data();
+}
+
+bool CTreeViewModel::IsLess(int left, int right, int column) const
+{
+    return IsTextLess(d_ptr_->Texts(left), d_ptr_->Texts(right), column);
+}
+
+void CTreeViewModel::SetPages(const int *rows, int count, int rows_per_page)
+{
+    std::vector<int> &pages = d_ptr_->vec_pages_;
+    count = std::min(count, static_cast<int>(pages.size()));
+    int first_changed = static_cast<int>(pages.size());
+    int last_changed = -1;
+    int page = 0;
+    int left_on_page = 0;
+    for (int i = 0; i < count; ++i) {
+        if (left_on_page-- == 0) {
+            ++page;
+            left_on_page = std::max(1, rows_per_page) - 1;
+        }
+        const int row = rows ? rows[i] : i;
+        int &slot = pages[static_cast<size_t>(row)];
+        if (slot == page)
+            continue;
+        if (slot == kForeignPage)
+            d_ptr_->root_.Child(row)->SetPage(slot, {});
+        slot = page;
+        first_changed = std::min(first_changed, row);
+        last_changed = std::max(last_changed, row);
+    }
+    if (last_changed >= 0)
+        Q_EMIT dataChanged(index(first_changed, 0), index(last_changed, 0), {kPageTagRole});
+}
+
+const std::vector<int> &CTreeViewModel::Pages() const
+{
+    return d_ptr_->vec_pages_;
+}
+
+// An index carries the item above: top-level ones, asked for by the million, touch no item.
 QModelIndex CTreeViewModel::index(int row, int column, const QModelIndex &parent) const
 {
-    if (!hasIndex(row, column, parent))
+    if (row < 0 || column < 0 || column >= d_ptr_->list_labels_.size())
         return {};
-    const CTreeViewItem *const above = parent.isValid() ? ItemFromIndex(parent) : &d_ptr_->root_;
-    return createIndex(row, column, above->Child(row));
+    if (!parent.isValid())
+        return static_cast<size_t>(row) < d_ptr_->vec_pages_.size()
+                   ? createIndex(row, column, &d_ptr_->root_)
+                   : QModelIndex();
+    if (parent.column() != 0)
+        return {};
+    CTreeViewItem *const above = ItemFromIndex(parent);
+    return row < above->ChildCount() ? createIndex(row, column, above) : QModelIndex();
 }
 
 QModelIndex CTreeViewModel::parent(const QModelIndex &child) const
 {
     if (!child.isValid())
         return {};
-    CTreeViewItem *const above = ItemFromIndex(child)->Parent();
-    return above ? createIndex(above->Row(), 0, above) : QModelIndex();
+    auto *const above = static_cast<CTreeViewItem *>(child.internalPointer());
+    return above->ptr_parent_ ? createIndex(above->row_, 0, above->ptr_parent_) : QModelIndex();
 }
 
 int CTreeViewModel::rowCount(const QModelIndex &parent) const
@@ -105,6 +234,8 @@ bool CTreeViewModel::setData(const QModelIndex &index, const QVariant &value, in
         return false;
     ItemFromIndex(index)->SetData(index.column(), role, value);
     const bool is_text = role == Qt::DisplayRole || role == Qt::EditRole;
+    if (is_text && index.column() == d_ptr_->rank_column_)
+        d_ptr_->ForgetRanks();
     Q_EMIT dataChanged(index, index,
                        is_text ? QVector<int>{Qt::DisplayRole, Qt::EditRole} : QVector<int>{role});
     return true;
@@ -118,17 +249,30 @@ QVariant CTreeViewModel::headerData(int section, Qt::Orientation orientation, in
     return QAbstractItemModel::headerData(section, orientation, role);
 }
 
+Qt::ItemFlags CTreeViewModel::flags(const QModelIndex &index) const
+{
+    const Qt::ItemFlags flags = QAbstractItemModel::flags(index);
+    return data(index, Qt::CheckStateRole).isValid() ? flags | Qt::ItemIsUserCheckable : flags;
+}
+
 bool CTreeViewModel::removeRows(int row, int count, const QModelIndex &parent)
 {
-    if (row < 0 || count <= 0 || row > rowCount(parent) - count)
+    if (d_ptr_->b_changing_rows_ || row < 0 || count <= 0 || row > rowCount(parent) - count)
         return false;
     CTreeViewItem &above = parent.isValid() ? *ItemFromIndex(parent) : d_ptr_->root_;
+    d_ptr_->b_changing_rows_ = true;
     beginRemoveRows(parent, row, row + count - 1);
-    auto &rows = above.d_ptr_->vec_children_;
+    auto &rows = above.ptr_extras_->vec_children_;
     rows.erase(rows.begin() + row, rows.begin() + row + count);
-    for (size_t i = static_cast<size_t>(row); i < rows.size(); ++i)
-        rows[i]->d_ptr_->row_ = static_cast<int>(i);
+    if (!parent.isValid()) {
+        auto &pages = d_ptr_->vec_pages_;
+        pages.erase(pages.begin() + row, pages.begin() + row + count);
+        d_ptr_->ForgetRanks();
+        d_ptr_->b_tree_ = d_ptr_->b_tree_ && !rows.empty();
+    }
+    d_ptr_->Renumber(above, row);
     endRemoveRows();
+    d_ptr_->b_changing_rows_ = false;
     return true;
 }
 

@@ -64,6 +64,20 @@ protected:
     bool lessThan(const QModelIndex &left, const QModelIndex &right) const override;
 
 private:
+    class CRanksInUse;
+
+    void SetKey(int column, int role);
+    void Refilter();
+    bool IsShown(const std::vector<bool> &accepted) const;
+    bool AcceptsWords(int row, const QModelIndex &parent) const;
+    bool AcceptsText(const QModelIndex &first) const;
+    bool AcceptsPage(int row, const QModelIndex &parent) const;
+    [[nodiscard]] bool SortsTexts() const;
+    void ReadOrder() const;
+    void ForgetOrder();
+    void OnSourceRowsChange();
+    void OnSourceDestroyed();
+
     const std::unique_ptr<CFilterProxyModelExDataPtr> d_ptr_;
 };
 

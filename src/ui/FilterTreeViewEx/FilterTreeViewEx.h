@@ -95,7 +95,9 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void AddWaitingItems();
     void DoPaging();
+    void CutPages();
     void CaculateAdaptiveHight();
     void MeasureRowHeight();
 

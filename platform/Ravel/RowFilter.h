@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <PlatformExport.h>
+
+#include <QtCore/QStringList>
+
+#include <memory>
+#include <vector>
+
+namespace Ravel {
+
+class CTextBlock;
+struct CRowFilterPtr;
+
+/// \brief What a row of a CTreeViewModel has to hold to be shown, prepared for a million rows.
+///
+/// Copies share what was prepared and may be used on any thread.
+class VANTOR_PLATFORM_EXPORT CRowFilter
+{
+public:
+    /// Every row passes.
+    CRowFilter();
+
+    /// \brief The rows with \a text inside one of their cells, case-sensitively; all when it is
+    /// empty.
+    [[nodiscard]] static CRowFilter WithText(const QString &text);
+
+    /// \brief The rows whose text in column i passes \a lists [i], for every i.
+    ///
+    /// The first list is a range in code-unit order, from its first entry to its last; an empty one
+    /// lets every text pass. Each other list names the texts that pass.
+    [[nodiscard]] static CRowFilter WithLists(const std::vector<QStringList> &lists);
+
+    /// \brief Whether a row passes whose first \a columns texts count; a missing one is empty.
+    [[nodiscard]] bool Accepts(const CTextBlock &texts, int columns) const;
+
+private:
+    std::shared_ptr<const CRowFilterPtr> d_ptr_;
+};
+
+} // namespace Ravel

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "Ravel/TableDelegate.h"
+
+#include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QStyle>
+
+#include <algorithm>
+
+namespace Ravel {
+namespace {
+
+// What only the style knows how to draw.
+constexpr int kStyledRoles[] = {Qt::DecorationRole, Qt::CheckStateRole, Qt::FontRole,
+                                Qt::BackgroundRole};
+constexpr QStyle::State kMarked =
+    QStyle::State_Selected | QStyle::State_MouseOver | QStyle::State_HasFocus;
+
+QPalette::ColorGroup ColorGroup(QStyle::State state)
+{
+    if (!(state & QStyle::State_Enabled))
+        return QPalette::Disabled;
+    return state & QStyle::State_Active ? QPalette::Normal : QPalette::Inactive;
+}
+
+} // namespace
+
+CTableDelegate::CTableDelegate(QObject *parent) : QStyledItemDelegate(parent) {}
+
+void CTableDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                           const QModelIndex &index) const
+{
+    const QVariant value = index.data(Qt::DisplayRole);
+    const bool is_plain =
+        value.userType() == QMetaType::QString && !(option.state & kMarked)
+        && std::none_of(std::cbegin(kStyledRoles), std::cend(kStyledRoles),
+                        [&index](int role) { return index.data(role).isValid(); });
+    const QString text = value.toString();
+    if (!is_plain || text.contains(QLatin1Char('\n'))) {
+        QStyledItemDelegate::paint(painter, option, index);
+        return;
+    }
+    if (text.isEmpty())
+        return;
+
+    const QStyle *const style = option.widget ? option.widget->style() : QApplication::style();
+    const int margin_px =
+        style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, option.widget) + 1;
+    const QRect rect = option.rect.adjusted(margin_px, 0, -margin_px, 0);
+    const QVariant alignment = index.data(Qt::TextAlignmentRole);
+    const QVariant color = index.data(Qt::ForegroundRole);
+    painter->setPen(color.canConvert<QBrush>()
+                        ? color.value<QBrush>().color()
+                        : option.palette.color(ColorGroup(option.state), QPalette::Text));
+    const auto flags = QStyle::visualAlignment(
+        option.direction,
+        alignment.isValid() ? Qt::Alignment(alignment.toInt()) : option.displayAlignment);
+    painter->drawText(rect, static_cast<int>(flags) | Qt::TextSingleLine,
+                      option.fontMetrics.elidedText(text, option.textElideMode, rect.width()));
+}
+
+} // namespace Ravel
