@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <Vantor/CRawTimeZone>
+#include <Vantor/CRequestTimeZone>
+#include <Vantor/CTimeZoneParam>
 #include <common/Record.h>
 
 #include <QtCore/QString>
@@ -41,6 +44,35 @@ class CShared : public Vantor::CRecord<Inner, Vantor::SharedAssignment>
 VANTOR_RECORD_DEFINE(CInner);
 VANTOR_RECORD_DEFINE(COuter);
 VANTOR_RECORD_DEFINE(CShared);
+
+// The fields as hosts name them.
+template <class Type, class Class> constexpr bool IsField(Type (Class::*)() const)
+{
+    return std::is_base_of<Vantor::CRecord<typename Class::StructureType, Vantor::SharedAssignment>,
+                           Class>::value;
+}
+
+using Param = Vantor::CTimeZoneParam;
+static_assert(IsField<qint64>(&Param::GetVal_tm_dst_begin));
+static_assert(IsField<qint64>(&Param::GetVal_tm_dst_end));
+static_assert(IsField<int>(&Param::GetVal_utc_bias));
+static_assert(IsField<int>(&Param::GetVal_daylight_bias));
+static_assert(IsField<bool>(&Param::GetVal_b_dst));
+using Rule = Vantor::CDaylightSavingTime;
+static_assert(IsField<int>(&Rule::GetVal_daylight_bias));
+static_assert(IsField<std::string>(&Rule::GetVal_daylight_date));
+static_assert(IsField<bool>(&Rule::GetVal_enable));
+static_assert(IsField<std::string>(&Rule::GetVal_standard_date));
+using Raw = Vantor::CRawTimeZone;
+static_assert(IsField<int>(&Raw::GetVal_bias));
+static_assert(IsField<Rule>(&Raw::GetVal_dST));
+static_assert(IsField<int>(&Raw::GetVal_iD));
+static_assert(IsField<int>(&Raw::GetVal_time_type));
+using Request = Vantor::CRequestTimeZone;
+static_assert(IsField<bool>(&Request::GetVal_client_zone));
+static_assert(IsField<std::string>(&Request::GetVal_iD));
+static_assert(IsField<std::string>(&Request::GetVal_site_iD));
+static_assert(IsField<int>(&Request::GetVal_resource_type));
 
 static_assert(!std::is_convertible<Inner, CInner>::value, "a structure is no record by accident");
 
@@ -123,6 +155,24 @@ private Q_SLOTS:
 
         QCOMPARE(copy.GetVal_number(), 1);
         QCOMPARE(assigned.GetVal_number(), 5);
+    }
+
+    // A zone holds its rule by value: copying the zone copies the rule, setting the rule shares it.
+    void aZoneSharesTheRuleThatIsSet()
+    {
+        Vantor::CDaylightSavingTime rule;
+        Vantor::CRawTimeZone zone;
+        const Vantor::CRawTimeZone before(zone);
+        zone.SetVal_dST(rule);
+        const Vantor::CRawTimeZone copy(zone);
+
+        rule.SetVal_daylight_bias(-60);
+
+        QCOMPARE(before.GetVal_dST().GetVal_daylight_bias(), 0);
+        QCOMPARE(copy.GetVal_dST().GetVal_daylight_bias(), 0);
+        QCOMPARE(zone.GetVal_dST().GetVal_daylight_bias(), -60);
+        zone.GetVal_dST().SetVal_daylight_bias(-30); // on a copy
+        QCOMPARE(rule.GetVal_daylight_bias(), -60);
     }
 };
 
