@@ -2,6 +2,8 @@
 # Every exported class also has a header of its full name: #include <Vantor/CCSVParser>. This list is
 # the one place where they are named; each line is "<class> <header>".
 set(VANTOR_FORWARDING_HEADERS
+    "CComboBoxEx ui/FilterTreeViewEx/ComboBoxEx.h"
+    "CComboBoxModel ui/FilterTreeViewEx/ComboBoxModel.h"
     "CCSVParser controller/CSV/CSVParser.h"
     "CCopyFileThread common/CopyFileThread.h"
     "CCustomEvent common/CustomEvent.h"
@@ -10,10 +12,13 @@ set(VANTOR_FORWARDING_HEADERS
     "CExcelControllorWithC controller/Excel/ExcelControllorWithC.h"
     "CFilterProxyModelEx ui/FilterTreeViewEx/FilterProxyModelEx.h"
     "CFilterTreeViewEx ui/FilterTreeViewEx/FilterTreeViewEx.h"
-    "Clxw_format_ controller/Excel/ExcelRecords.h"
-    "Clxw_image_options_ controller/Excel/ExcelRecords.h"
+    "CFilterWidgetEx ui/FilterTreeViewEx/FilterWidgetEx.h"
+    "CMutiPageWidget ui/MutiPageWidget/MutiPageWidget.h"
+    "CMutiPageWidgetEx ui/MutiPageWidget/MutiPageWidgetEx.h"
     "CRawTimeZone common/TimeZoneRecords.h"
     "CRequestTimeZone common/TimeZoneRecords.h"
+    "Clxw_format_ controller/Excel/ExcelRecords.h"
+    "Clxw_image_options_ controller/Excel/ExcelRecords.h"
     "CsheetFormat controller/Excel/ExcelRecords.h"
     "CScreenStateManager controller/Screen/ScreenStateManager.h"
     "CStyleManager common/StyleManager.h"

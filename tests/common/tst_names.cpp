@@ -11,10 +11,15 @@
 #include <Ravel/TextCodec.h>
 #include <Ravel/WaitWatcher.h>
 #include <Vantor/CCSVParser>
+#include <Vantor/CComboBoxEx>
+#include <Vantor/CComboBoxModel>
 #include <Vantor/CCopyFileThread>
 #include <Vantor/CCustomEvent>
 #include <Vantor/CEventTransMgr>
 #include <Vantor/CExcelControllorWithC>
+#include <Vantor/CFilterWidgetEx>
+#include <Vantor/CMutiPageWidget>
+#include <Vantor/CMutiPageWidgetEx>
 #include <Vantor/CScreenStateManager>
 #include <Vantor/CStyleManager>
 #include <Vantor/CUpdateEvent>
@@ -65,6 +70,81 @@ using Screens = Vantor::CScreenStateManager;
 using Displays = std::vector<Nim::Base::MonitorDriveUtil::DeviceInfoStru>;
 static_assert(IsSame<void (Screens::*)(bool, void *, void *)>(&Screens::SetCallBack));
 static_assert(IsSame<void (Screens::*)(Displays)>(&Screens::UpdateScreenParam));
+
+using Pages = Vantor::CMutiPageWidget;
+using FilteredPages = Vantor::CMutiPageWidgetEx;
+using FilterBar = Vantor::CFilterWidgetEx;
+using TypeBox = Vantor::CComboBoxEx;
+using Lists = std::vector<QStringList>;
+
+static_assert(IsSame<void (Pages::*)()>(&Pages::SignalPageChanged));
+static_assert(IsSame<void (Pages::*)()>(&Pages::SignalBatchConfirm));
+static_assert(IsSame<void (Pages::*)(const QString &)>(&Pages::SignalErrorInfo));
+static_assert(IsSame<void (Pages::*)(int, int)>(&Pages::OnUpdatePageInfo));
+static_assert(IsSame<void (Pages::*)(int)>(&Pages::OnItemPerPageChanged));
+static_assert(IsSame<void (Pages::*)(bool, bool)>(&Pages::OnUpdateMaxMinPage));
+static_assert(IsSame<QComboBox *(Pages::*)() const>(&Pages::GetItemPerPageComboBox));
+static_assert(IsSame<Vantor::CFilterTreeViewEx *(Pages::*)() const>(&Pages::GetTreeView));
+static_assert(IsSame<QPushButton *(Pages::*)()>(&Pages::GetNextPageBtn));
+static_assert(IsSame<void (Pages::*)()>(&Pages::HideTotalPageWidget));
+static_assert(IsSame<void (Pages::*)(bool)>(&Pages::SetPageSeen));
+static_assert(IsSame<void (Pages::*)(const int &)>(&Pages::SetCustomColumnFixedWidth));
+static_assert(IsSame<void (Pages::*)(bool)>(&Pages::SetConfirmBtnVisible));
+static_assert(IsSame<void (Pages::*)(bool)>(&Pages::SetBatchAlarmsConfirmEnable));
+static_assert(IsSame<void (Pages::*)(bool)>(&Pages::SetRecordsVisible));
+static_assert(IsSame<void (Pages::*)(bool)>(&Pages::SetTotalAndComboBoxVisible));
+static_assert(IsSame<void (Pages::*)()>(&Pages::HideBottomPageWidget));
+static_assert(IsSame<void (Pages::*)(bool)>(&Pages::SetJumpFuncVisible));
+static_assert(IsSame<void (Pages::*)(Ravel::CTreeViewModel *)>(&Pages::SetModel));
+static_assert(IsSame<void (Pages::*)()>(&Pages::ClearAllItems));
+static_assert(IsSame<void (Pages::*)()>(&Pages::InitTreeView));
+static_assert(IsSame<void (Pages::*)()>(&Pages::InitPageInfo));
+static_assert(IsSame<void (Pages::*)(QList<Ravel::CTreeViewItem *> &)>(&Pages::AddTopLevelItems));
+static_assert(IsSame<int (Pages::*)()>(&Pages::TopLevelItemCount));
+static_assert(IsSame<QAbstractItemModel *(Pages::*)()>(&Pages::GetBackupModel));
+static_assert(IsSame<int (Pages::*)()>(&Pages::GetItemsPerPage));
+static_assert(IsSame<void (Pages::*)(bool)>(&Pages::SetFilterEnabled));
+static_assert(IsSame<int (Pages::*)()>(&Pages::GetCurrentPage));
+static_assert(IsSame<QList<QModelIndex> (Pages::*)() const>(&Pages::GetSelectedRows));
+static_assert(IsSame<void (Pages::*)(const QModelIndex &)>(&Pages::SetCurrentIndex));
+static_assert(IsSame<void (Pages::*)(int)>(&Pages::MoveFromTheCurrentRow));
+static_assert(IsSame<void (Pages::*)(const QString &)>(&Pages::SetFilterKeyWord));
+static_assert(IsSame<void (Pages::*)(Lists &)>(&Pages::SetFilterKeyWords));
+
+static_assert(IsSame<void (FilteredPages::*)()>(&FilteredPages::SignalPageChanged));
+static_assert(IsSame<void (FilteredPages::*)()>(&FilteredPages::SignalMoreBtnClicked));
+static_assert(IsSame<void (FilteredPages::*)()>(&FilteredPages::SignalFilterWithKeyWords));
+static_assert(IsSame<void (FilteredPages::*)()>(&FilteredPages::SignalClearFilter));
+static_assert(IsSame<void (FilteredPages::*)()>(&FilteredPages::OnShowHideBtnClicked));
+static_assert(
+    IsSame<void (FilteredPages::*)(const QString &)>(&FilteredPages::OnFilterWithKeyWord));
+static_assert(IsSame<void (FilteredPages::*)(Lists &)>(&FilteredPages::OnFilterWithKeyWords));
+static_assert(IsSame<void (FilteredPages::*)(bool)>(&FilteredPages::SetFilterWidgetShow));
+static_assert(IsSame<bool (FilteredPages::*)() const>(&FilteredPages::IsFilterWidgetShow));
+static_assert(IsSame<QAbstractItemModel *(FilteredPages::*)()>(&FilteredPages::GetBackupModel));
+
+static_assert(IsSame<void (FilterBar::*)(const QString &)>(&FilterBar::SignalFilterWithKeyWord));
+static_assert(IsSame<void (FilterBar::*)()>(&FilterBar::SignalFilterWithKeyWords));
+static_assert(IsSame<void (FilterBar::*)()>(&FilterBar::SignalMoreBtnClicked));
+static_assert(IsSame<void (FilterBar::*)()>(&FilterBar::SignalClearFilter));
+static_assert(IsSame<void (FilterBar::*)(Ravel::CTreeViewModel *)>(&FilterBar::SetModel));
+static_assert(IsSame<void (FilterBar::*)()>(&FilterBar::AddTopLevelItems));
+static_assert(IsSame<void (FilterBar::*)(int, int)>(&FilterBar::SetRelatedIndex));
+static_assert(IsSame<bool (FilterBar::*)() const>(&FilterBar::IsKeyWord));
+static_assert(IsSame<void (FilterBar::*)(const QString &)>(&FilterBar::SetKeyWord));
+static_assert(IsSame<void (FilterBar::*)(const QStringList &)>(&FilterBar::SetSelectedMainType));
+static_assert(IsSame<void (FilterBar::*)(const QStringList &)>(&FilterBar::SetSelectedSubType));
+static_assert(IsSame<void (FilterBar::*)()>(&FilterBar::OnFilterBtnClicked));
+static_assert(IsSame<void (FilterBar::*)()>(&FilterBar::OnClearFilter));
+
+static_assert(IsSame<QStringList (TypeBox::*)() const>(&TypeBox::GetSelectedStringItems));
+static_assert(IsSame<void (TypeBox::*)(const QStringList &)>(&TypeBox::SetSelectedStringItems));
+static_assert(IsSame<void (TypeBox::*)(int)>(&TypeBox::UpdateData));
+static_assert(IsSame<void (TypeBox::*)()>(&TypeBox::ClearAllItems));
+static_assert(IsSame<void (TypeBox::*)()>(&TypeBox::CheckOutSelectedItems));
+static_assert(IsSame<void (TypeBox::*)(const QString &)>(&TypeBox::OnFilterByMainType));
+static_assert(IsSame<void (Vantor::CComboBoxModel::*)(std::vector<QString> &)>(
+    &Vantor::CComboBoxModel::ConstructModel));
 
 static_assert(IsSame<bool (Excel::*)(const Text &, Text)>(&Excel::Init));
 static_assert(IsSame<bool (Excel::*)(const Text &)>(&Excel::AddSheetByName));

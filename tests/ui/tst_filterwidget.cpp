@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#include "support/TestGuard.h"
+
+#include <Ravel/TreeViewItem.h>
+#include <Ravel/TreeViewModel.h>
+#include <Vantor/CComboBoxEx>
+#include <Vantor/CComboBoxModel>
+#include <Vantor/CFilterWidgetEx>
+
+#include <QtTest/QAbstractItemModelTester>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+
+using Ravel::CTreeViewItem;
+using Vantor::CComboBoxEx;
+using Vantor::CFilterWidgetEx;
+
+class TestFilterWidget : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        guard_.Begin();
+        model_ = std::make_unique<Ravel::CTreeViewModel>();
+        model_->SetHorizontalHeaderLabels({"Time", "Kind", "Species"});
+        Add({{"1", "Bird", "Gull"},
+             {"2", "Bird", "crow"},
+             {"3", "Bat", "Red bat"},
+             {"4", "Bird (big)", "Gull"},
+             {"5", "", "unknown"}});
+        bar_ = std::make_unique<CFilterWidgetEx>();
+        bar_->SetRelatedIndex(1, 2);
+        bar_->SetModel(model_.get());
+        bar_->AddTopLevelItems();
+    }
+
+    void cleanup()
+    {
+        bar_.reset();
+        model_.reset();
+        const QString fault = guard_.End();
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    }
+
+    void typesAreListedOnceInOrderAndTicked()
+    {
+        QCOMPARE(Rows(bar_->GetMainTypeComboBox()), QString("All|Blank|Bat|Bird|Bird (big)"));
+        QCOMPARE(Rows(bar_->GetSubTypeComboBox()), QString("All|crow|Gull|Red bat|unknown"));
+        QCOMPARE(bar_->GetSelectedMainType(), QStringList({"", "Bat", "Bird", "Bird (big)"}));
+        QCOMPARE(bar_->GetMainTypeComboBox()->currentText(), QString("All"));
+        QCOMPARE(bar_->findChild<QLabel *>("pMainTypeLabel")->text(), QString("Kind:"));
+        QCOMPARE(bar_->findChild<QLabel *>("pSubTypeLabel")->text(), QString("Species:"));
+    }
+
+    void subTypesFollowTheMainTypes_data()
+    {
+        QTest::addColumn<QStringList>("main");
+        QTest::addColumn<bool>("exact");
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("subs");
+        QTest::newRow("one") << QStringList("Bat") << false << "Bat"
+                             << "All|Red bat";
+        QTest::newRow("a part of another name") << QStringList("Bird") << false << "Bird"
+                                                << "All|crow|Gull";
+        QTest::newRow("two") << QStringList({"Bird", "Bat"}) << false << "Bat;Bird"
+                             << "All|crow|Gull|Red bat";
+        QTest::newRow("none") << QStringList() << false << ""
+                              << "";
+        QTest::newRow("blank") << QStringList("") << false << "Blank"
+                               << "All|unknown";
+        QTest::newRow("an expression that matches other texts")
+            << QStringList("Bird (big)") << false << "Bird (big)"
+            << "";
+        QTest::newRow("a name taken as it is") << QStringList("Bird (big)") << true << "Bird (big)"
+                                               << "All|Gull";
+    }
+
+    void subTypesFollowTheMainTypes()
+    {
+        QFETCH(QStringList, main);
+        QFETCH(bool, exact);
+        QFETCH(QString, field);
+        QFETCH(QString, subs);
+        bar_->GetSubTypeComboBox()->SetMainTypesExact(exact);
+
+        bar_->SetSelectedMainType(main);
+
+        QCOMPARE(bar_->GetSelectedMainType(),
+                 main.size() == 2 ? QStringList({"Bat", "Bird"}) : main);
+        QCOMPARE(bar_->GetMainTypeComboBox()->currentText(), field);
+        QCOMPARE(Rows(bar_->GetSubTypeComboBox()), subs);
+        bar_->OnClearFilter();
+        QCOMPARE(Rows(bar_->GetSubTypeComboBox()), QString("All|crow|Gull|Red bat|unknown"));
+    }
+
+    void newRowsBringTheirTypesAndKeepWhatIsUnticked()
+    {
+        bar_->SetSelectedSubType({"Gull", "crow"});
+        QSignalSpy field(bar_->GetSubTypeComboBox(), &QComboBox::editTextChanged);
+
+        Add({{"6", "Bird", "Stork"}});
+        bar_->AddTopLevelItems();
+
+        QCOMPARE(bar_->GetSelectedSubType(), QStringList({"crow", "Gull"}));
+        QVERIFY(Rows(bar_->GetSubTypeComboBox()).contains("Stork"));
+        QCOMPARE(field.count(), 0);
+        bar_->OnClearFilter();
+        QCOMPARE(bar_->GetSelectedSubType().size(), 5);
+        bar_->ClearAllItems();
+        QCOMPARE(Rows(bar_->GetSubTypeComboBox()), QString());
+        QCOMPARE(bar_->GetSubTypeComboBox()->currentText(), QString());
+    }
+
+    void boxOfAllTicksWhatIsShown()
+    {
+        std::vector<QString> texts{"a", "b", "c"};
+        Vantor::CComboBoxModel items;
+        const QAbstractItemModelTester tester(
+            &items, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        items.ConstructModel(texts);
+        const QModelIndex all = items.index(0);
+
+        items.SetShown({1, 1, 0});
+        QVERIFY(items.setData(all, Qt::Unchecked, Qt::CheckStateRole));
+        QCOMPARE(items.TickedTexts(), QStringList("c"));
+        QCOMPARE(all.data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+        QVERIFY(items.setData(items.index(2), Qt::Checked, Qt::CheckStateRole));
+        QCOMPARE(all.data(Qt::CheckStateRole).toInt(), int(Qt::PartiallyChecked));
+        QVERIFY(items.setData(all, Qt::Checked, Qt::CheckStateRole));
+        QCOMPARE(items.TickedTexts().size(), 3);
+    }
+
+    void filterButtonAsksForWhatIsChosen()
+    {
+        QSignalSpy keyword(bar_.get(), &CFilterWidgetEx::SignalFilterWithKeyWord);
+        QSignalSpy types(bar_.get(), &CFilterWidgetEx::SignalFilterWithKeyWords);
+        auto *const edit = bar_->findChild<QLineEdit *>("pKeyWordEdit");
+        QVERIFY(!edit->isEnabled());
+
+        bar_->findChild<QPushButton *>("pFilterBtn")->click();
+        QCOMPARE(types.count(), 1);
+        bar_->findChild<QCheckBox *>("pKeyWordCheckBtn")->click();
+        QVERIFY(edit->isEnabled() && bar_->IsKeyWord());
+        QTest::keyClicks(edit, " two words ");
+        QTest::keyClick(edit, Qt::Key_Return);
+        QCOMPARE(keyword.count(), 1);
+        QCOMPARE(keyword.first().first().toString(), QString("two words"));
+        QCOMPARE(types.count(), 1);
+    }
+
+    void aHundredThousandTypesStayOneFieldAndOnePopup()
+    {
+        QList<CTreeViewItem *> items;
+        for (int i = 0; i < 100000; ++i)
+            items.append(new CTreeViewItem({"t", "k", QStringLiteral("type %1").arg(i)}));
+        QVERIFY(model_->InsertTopLevelItems(0, items));
+        bar_->AddTopLevelItems();
+        CComboBoxEx &combo = *bar_->GetSubTypeComboBox();
+        QSignalSpy field(&combo, &QComboBox::editTextChanged);
+
+        combo.model()->setData(combo.model()->index(1, 0), Qt::Unchecked, Qt::CheckStateRole);
+
+        QCOMPARE(combo.GetSelectedStringItems().size(), 100003);
+        QVERIFY(field.first().first().toString().size() > 1000000);
+        QVERIFY(combo.currentText().size() < 2000);
+    }
+
+private:
+    void Add(const QList<QStringList> &rows)
+    {
+        QList<CTreeViewItem *> items;
+        for (const QStringList &row : rows)
+            items.append(new CTreeViewItem(row));
+        QVERIFY(model_->InsertTopLevelItems(model_->rowCount(), items));
+    }
+
+    static QString Rows(const CComboBoxEx *combo)
+    {
+        QStringList rows;
+        for (int i = 0; i < combo->count(); ++i)
+            rows.append(combo->itemText(i));
+        return rows.join('|');
+    }
+
+    CTestGuard guard_;
+    std::unique_ptr<Ravel::CTreeViewModel> model_;
+    std::unique_ptr<CFilterWidgetEx> bar_;
+};
+
+QTEST_MAIN(TestFilterWidget)
+#include "tst_filterwidget.moc"
