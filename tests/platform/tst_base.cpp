@@ -9,12 +9,14 @@
 #include <Nim/Base/Log.h>
 #include <Nim/Base/MonitorDriveUtil.h>
 #include <Nim/Base/OS.h>
+#include <Nim/Base/Zip.h>
 #include <common/LogMacro.h>
 
 #include <sys/stat.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
@@ -52,6 +54,50 @@ private Q_SLOTS:
             QStringList(QStringLiteral(
                             "3 UserOperate [Vantor::CName::DoThis]took 3 of five[tst_base.cpp(%1)]")
                             .arg(line)));
+    }
+
+    void archivesAreReadToTheirEnd_data()
+    {
+        QTest::addColumn<int>("damaged_at");
+        QTest::addColumn<int>("cut_at");
+        QTest::addColumn<bool>("is_sound");
+        QTest::newRow("a sound one") << -1 << -1 << true;
+        QTest::newRow("a byte of a part is wrong") << 1000 << -1 << false;
+        QTest::newRow("the directory is missing") << -1 << 1500 << false;
+        QTest::newRow("nothing at all") << -1 << 0 << false;
+    }
+
+    void archivesAreReadToTheirEnd()
+    {
+        QFETCH(int, damaged_at);
+        QFETCH(int, cut_at);
+        QFETCH(bool, is_sound);
+        const QString path = folder_->filePath("a.zip");
+        const QString script = R"(
+import sys, zipfile
+with zipfile.ZipFile(sys.argv[1], "w") as archive: # the sizes of the first are in 64 bits
+    with archive.open("a/long.xml", "w", force_zip64=True) as part:
+        part.write(b"head" + 3000 * b"-" + b"tail")
+    archive.writestr("short", b"all", compress_type=zipfile.ZIP_DEFLATED)
+)";
+        QCOMPARE(QProcess::execute("/usr/bin/python3", {"-c", script, path}), 0);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(damaged_at < 0 || (file.seek(damaged_at) && file.putChar('x')));
+        QVERIFY(cut_at < 0 || file.resize(cut_at));
+        file.close();
+
+        std::vector<Base::Zip::Part> parts;
+        QCOMPARE(Base::Zip::ReadParts(path.toStdString(), parts), is_sound);
+
+        if (!is_sound)
+            return;
+        QCOMPARE(parts.size(), std::size_t{2});
+        QCOMPARE(parts[0].name, std::string("a/long.xml"));
+        QCOMPARE(parts[0].size, std::uint64_t{3008});
+        QCOMPARE(parts[0].head, "head" + std::string(Base::Zip::kEndBytes - 4, '-'));
+        QCOMPARE(parts[0].tail, std::string(Base::Zip::kEndBytes - 4, '-') + "tail");
+        QCOMPARE(parts[1].head + parts[1].tail, std::string("allall"));
     }
 
     void textFromOutsideIsNeitherFormatNorSecondLine()
