@@ -486,6 +486,28 @@ private Q_SLOTS:
         QVERIFY(QDir(folder_->filePath("FileGenerateCach")).exists());
     }
 
+    void aDroppedWorkbookLeavesNothing()
+    {
+        const QDir descriptors("/proc/self/fd");
+        const uint open_files = descriptors.count();
+        CExcelControllorWithC writer;
+        writer.Discard();
+        writer.Init(Path(), Cache());
+        for (const char *const name : {"A", "B"}) {
+            writer.AddSheetByName(name);
+            writer.SetCellString(0, 0, "x", PlainLook());
+        }
+        writer.Discard();
+
+        QCOMPARE(writer.GetWorkBook(), nullptr);
+        QCOMPARE(writer.GetSheetCount(), 0);
+        QCOMPARE(QDir(folder_->path()).count(), 2U); // . and ..
+        QCOMPARE(QDir("/proc/self/fd").count(), open_files);
+        writer.Init(Path(), Cache());
+        writer.Close();
+        QCOMPARE(writer.LastCloseResult(), 0);
+    }
+
     void looksAreAppliedAsTheRecordSays_data()
     {
         QTest::addColumn<std::function<void(Clxw_format_ &)>>("change");

@@ -46,6 +46,8 @@ std::string Repeated(const char *text, int count)
 std::string PngBytes()
 {
     QImage image(10, 10, QImage::Format_RGB32);
+    image.setDotsPerMeterX(3780); // 96 a inch
+    image.setDotsPerMeterY(3780);
     image.fill(Qt::red);
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
@@ -457,6 +459,28 @@ private:
         Row("a scale that is no number",
             PictureWith([](auto &options) { options.y_scale = std::nan(""); }), kDrawing,
             "<xdr:rowOff>95238</xdr:rowOff>");
+        const QString smaller = "a picture larger than the sheet was made smaller";
+        Row("a scale without end", PictureWith([](auto &options) { options.x_scale = 1e18; }),
+            kDrawing, "<xdr:col>511</xdr:col>", kNothing, smaller);
+        Row("a scale beyond the sheet", PictureWith([](auto &options) { options.y_scale = 1e6; }),
+            kDrawing, "<xdr:row>1638</xdr:row>", kNothing, smaller);
+        Row("offsets without end", PictureWith([](auto &options) {
+                options.x_offset = std::numeric_limits<int>::max();
+                options.y_offset = std::numeric_limits<int>::min();
+            }),
+            kDrawing, "<xdr:col>511</xdr:col>", kNothing, smaller);
+        Row(
+            "in the last cell",
+            [png](auto &writer) { writer.SetColumnPicsBuffer(1048575, 16383, png, png.size()); },
+            kDrawing, "<xdr:col>16383</xdr:col>", "16384");
+        std::string huge = png;
+        huge[17] = 1; // 65,546 pixels wide
+        Row("too wide for a picture", Picture(huge, huge.size()), no_drawing, "", kNothing,
+            kNoPicture);
+        std::string dense = png;
+        const std::size_t density = dense.find("pHYs");
+        std::fill_n(dense.begin() + static_cast<long>(density) + 4, 8, '\0');
+        Row("a density of 0", Picture(dense, dense.size()), kDrawing, "<xdr:col>0</xdr:col>");
         static char empty[] = "";
         static char stray[] = "a\xFF\x01";
         static std::string long_url = "http://h/" + std::string(2080, 'x');

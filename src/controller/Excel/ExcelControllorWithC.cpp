@@ -18,11 +18,6 @@
 #define EXCEL_FUNCTION(name) "Vantor::CExcelControllorWithC::" name
 
 namespace Vantor {
-namespace {
-
-constexpr std::uint64_t kCellBytes = 48; // what a cell takes beside its text, at least
-
-} // namespace
 
 struct CExcelControllorWithCDataPtr
 {
@@ -37,16 +32,17 @@ struct CExcelControllorWithCDataPtr
     std::map<std::string, CExcelSheet> map_checked_; // by the same names
     CExcelSheet *ptr_checked_ = nullptr;            // of the current sheet, null when there is none
     std::shared_ptr<sheetFormat> ptr_sheet_format_; // of the current sheet
-    std::uint64_t text_bytes_ = 0;                  // handed to libxlsxwriter so far
     int close_result_ = 0;
 };
 
 namespace {
 
-// The sheet to write to, or null when there is none.
-CExcelSheet *Target(CExcelControllorWithCDataPtr &data)
+// Runs `write` with the current sheet, if there is one.
+template <class Write>
+void OnSheet(const char *function, CExcelControllorWithCDataPtr &data, Write &&write)
 {
-    return data.ptr_sheet_ ? data.ptr_checked_ : nullptr;
+    if (data.ptr_sheet_)
+        RunGuarded(function, [&] { std::forward<Write>(write)(*data.ptr_checked_); });
 }
 
 lxw_format *FormatOf(CExcelControllorWithCDataPtr &data,
@@ -100,13 +96,25 @@ void RemoveCache(CExcelControllorWithCDataPtr &data)
                "delete file path = %s, result = %d", path.c_str(), is_removed ? 1 : 0);
 }
 
-void InsertPicture(CExcelControllorWithCDataPtr &data, const char *function, int row, int col,
-                   const std::string &bytes, const lxw_image_options_ &options)
+const char *CloseErrorText(int result)
 {
-    if (CExcelSheet *const sheet = Target(data))
-        sheet->InsertPicture(function, row, col,
-                             reinterpret_cast<const unsigned char *>(bytes.data()), bytes.size(),
-                             options);
+    if (result == LXW_ERROR_CREATING_TMPFILE)
+        return "its temporary files could not be written, is there room for them?";
+    return lxw_strerror(static_cast<lxw_error>(result));
+}
+
+// Forgets the workbook, which is saved or freed by now, and removes its cache directory.
+void Reset(CExcelControllorWithCDataPtr &data)
+{
+    data.formats_.Clear();
+    data.map_sheets_.clear();
+    data.map_checked_.clear();
+    data.ptr_checked_ = nullptr;
+    data.ptr_sheet_format_.reset();
+    data.ptr_sheet_ = nullptr;
+    data.str_sheet_name_.clear();
+    data.file_path_.clear();
+    RunGuarded(EXCEL_FUNCTION("Close"), [&data] { RemoveCache(data); });
 }
 
 } // namespace
@@ -130,6 +138,7 @@ bool CExcelControllorWithC::Init(const std::string &file_path, std::string file_
                "CExcelControllorWithC::Init  d_ptr_->ptr_excel_ is null  file_cache_path =%s",
                file_cache_path.c_str());
     RunGuarded(kFunction, [&] {
+        RemoveCache(*d_ptr_); // of an Init() that failed
         if (file_cache_path.empty()) {
             d_ptr_->ptr_excel_ = workbook_new(file_path.c_str());
         } else {
@@ -144,8 +153,9 @@ bool CExcelControllorWithC::Init(const std::string &file_path, std::string file_
             d_ptr_->ptr_excel_ = workbook_new_opt(file_path.c_str(), &options);
         }
         d_ptr_->file_path_ = file_path;
-        d_ptr_->text_bytes_ = 0;
     });
+    if (!d_ptr_->ptr_excel_) // Close() will have nothing to save
+        d_ptr_->close_result_ = LXW_ERROR_MEMORY_MALLOC_FAILED;
     return true;
 }
 
@@ -200,13 +210,9 @@ void CExcelControllorWithC::SetCellString(int row, int col, const std::string &t
                                           std::shared_ptr<Clxw_format_> format)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetCellString");
-    CExcelSheet *const sheet = Target(*d_ptr_);
-    if (!sheet)
-        return;
-    RunGuarded(kFunction, [&] {
+    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
         d_ptr_->ptr_sheet_format_->has_used_row = row;
-        d_ptr_->text_bytes_ += text.size() + kCellBytes;
-        sheet->WriteText(kFunction, row, col, text, FormatOf(*d_ptr_, format, true));
+        sheet.WriteText(kFunction, row, col, text, FormatOf(*d_ptr_, format, true));
     });
 }
 
@@ -214,13 +220,9 @@ void CExcelControllorWithC::SetCellString(int row, int col, const double &value,
                                           std::shared_ptr<Clxw_format_> format)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetCellString");
-    CExcelSheet *const sheet = Target(*d_ptr_);
-    if (!sheet)
-        return;
-    RunGuarded(kFunction, [&] {
+    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
         d_ptr_->ptr_sheet_format_->has_used_row = row;
-        d_ptr_->text_bytes_ += kCellBytes;
-        sheet->WriteNumber(kFunction, row, col, value, FormatOf(*d_ptr_, format, true));
+        sheet.WriteNumber(kFunction, row, col, value, FormatOf(*d_ptr_, format, true));
     });
 }
 
@@ -229,47 +231,44 @@ void CExcelControllorWithC::MergeCells(int first_row, int first_col, int last_ro
                                        std::shared_ptr<Clxw_format_> format)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("MergeCells");
-    CExcelSheet *const sheet = Target(*d_ptr_);
-    if (!sheet)
-        return;
-    RunGuarded(kFunction, [&] {
-        sheet->Merge(kFunction, {first_row, first_col, last_row, last_col}, text,
-                     FormatOf(*d_ptr_, format, false));
+    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
+        sheet.Merge(kFunction, {first_row, first_col, last_row, last_col}, text,
+                    FormatOf(*d_ptr_, format, false));
     });
 }
 
 void CExcelControllorWithC::SetCellValidCheck(int row, int col, const std::string &list)
 {
-    SetRangeValidCheck(row, col, row, col, list);
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetCellValidCheck");
+    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
+        sheet.Validate(kFunction, {row, col, row, col}, list);
+    });
 }
 
 void CExcelControllorWithC::SetRangeValidCheck(int first_row, int first_col, int last_row,
                                                int last_col, const std::string &list)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetRangeValidCheck");
-    CExcelSheet *const sheet = Target(*d_ptr_);
-    if (!sheet)
-        return;
-    RunGuarded(kFunction, [&] {
-        sheet->Validate(kFunction, {first_row, first_col, last_row, last_col}, list);
+    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
+        sheet.Validate(kFunction, {first_row, first_col, last_row, last_col}, list);
     });
 }
 
 void CExcelControllorWithC::SetColumnPics(int row, int col, std::string path)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnPics");
-    if (CExcelSheet *const sheet = Target(*d_ptr_))
-        RunGuarded(kFunction, [&] { sheet->InsertPictureFile(kFunction, row, col, path); });
+    OnSheet(kFunction, *d_ptr_,
+            [&](CExcelSheet &sheet) { sheet.InsertPictureFile(kFunction, row, col, path); });
 }
 
 void CExcelControllorWithC::SetColumnPicsBuffer(int row, int col, std::string buffer,
                                                 std::uint64_t size)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnPicsBuffer");
-    RunGuarded(kFunction, [&] {
+    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
         if (size < buffer.size())
             buffer.resize(static_cast<std::size_t>(size));
-        InsertPicture(*d_ptr_, kFunction, row, col, buffer, {});
+        sheet.InsertPicture(kFunction, row, col, buffer, {});
     });
 }
 
@@ -277,9 +276,9 @@ void CExcelControllorWithC::SetColumnPicsBufferOpt(int row, int col, const std::
                                                    std::shared_ptr<Clxw_image_options_> options)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnPicsBufferOpt");
-    RunGuarded(kFunction, [&] {
-        InsertPicture(*d_ptr_, kFunction, row, col, buffer,
-                      options ? options->Read() : lxw_image_options_());
+    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
+        sheet.InsertPicture(kFunction, row, col, buffer,
+                            options ? options->Read() : lxw_image_options_());
     });
 }
 
@@ -289,15 +288,12 @@ void CExcelControllorWithC::SetFilterCoumn(int begin_row, int begin_column, int 
                                            int end_column)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetFilterCoumn");
-    CExcelSheet *const sheet = Target(*d_ptr_);
-    if (!sheet)
-        return;
-    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
-               "CExcelControllorWithC::SetFilterCoumn begin_row =%d  begin_column =%d end_row =%d "
-               "en_column =%d",
-               begin_row, begin_column, end_row, end_column);
-    RunGuarded(kFunction, [&] {
-        sheet->SetAutofilter(kFunction, {begin_row, begin_column, end_row, end_column});
+    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
+        VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
+                   "CExcelControllorWithC::SetFilterCoumn begin_row =%d  begin_column =%d "
+                   "end_row =%d en_column =%d",
+                   begin_row, begin_column, end_row, end_column);
+        sheet.SetAutofilter(kFunction, {begin_row, begin_column, end_row, end_column});
     });
 }
 
@@ -314,68 +310,61 @@ void CExcelControllorWithC::SetFilterOneCoumnWith2Str(int, std::string, std::str
                "CExcelControllorWithC::SetFilterOneCoumnWith2Str");
 }
 
-void CExcelControllorWithC::SetFilterCoumnWithListStr(int column, std::string)
+void CExcelControllorWithC::SetFilterCoumnWithListStr(int column, std::string list)
 {
-    VANTOR_LOG(EXCEL_FUNCTION("SetFilterCoumnWithListStr"), 3, VANTOR_LOG_USER_OPERATE,
+    static constexpr char kFunction[] = EXCEL_FUNCTION("SetFilterCoumnWithListStr");
+    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
                "CExcelControllorWithC::SetFilterCoumnWithListStr filter_column =%d", column);
+    // Taken apart and let go again: the conditions are left to the user.
+    RunGuarded(kFunction, [&list] { static_cast<void>(ExcelText::SplitList(list)); });
 }
 
 void CExcelControllorWithC::SetColumnWidth(int begin_column, int end_column, int width)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnWidth");
-    CExcelSheet *const sheet = Target(*d_ptr_);
-    if (!sheet)
-        return;
-    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
-               "CExcelControllorWithC::SetColumnWidth begin_column =%d  en_column =%d i_width =%d",
-               begin_column, end_column, width);
-    RunGuarded(kFunction,
-               [&] { sheet->SetColumnWidth(kFunction, begin_column, end_column, width, false); });
+    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
+        VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
+                   "CExcelControllorWithC::SetColumnWidth begin_column =%d  en_column =%d "
+                   "i_width =%d",
+                   begin_column, end_column, width);
+        sheet.SetColumnWidth(kFunction, begin_column, end_column, width, false);
+    });
 }
 
 void CExcelControllorWithC::SetColumnWidthtWithPixels(int begin_column, int end_column, int pixels)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnWidthtWithPixels");
-    if (CExcelSheet *const sheet = Target(*d_ptr_))
-        RunGuarded(kFunction, [&] {
-            sheet->SetColumnWidth(kFunction, begin_column, end_column, pixels, true);
-        });
+    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
+        sheet.SetColumnWidth(kFunction, begin_column, end_column, pixels, true);
+    });
 }
 
 void CExcelControllorWithC::SetRowHeight(int row, int height)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetRowHeight");
-    if (CExcelSheet *const sheet = Target(*d_ptr_))
-        RunGuarded(kFunction, [&] { sheet->SetRowHeight(kFunction, row, height, false); });
+    OnSheet(kFunction, *d_ptr_,
+            [&](CExcelSheet &sheet) { sheet.SetRowHeight(kFunction, row, height, false); });
 }
 
 void CExcelControllorWithC::SetRowHeightWithPixels(int row, int pixels)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetRowHeightWithPixels");
-    if (CExcelSheet *const sheet = Target(*d_ptr_))
-        RunGuarded(kFunction, [&] { sheet->SetRowHeight(kFunction, row, pixels, true); });
+    OnSheet(kFunction, *d_ptr_,
+            [&](CExcelSheet &sheet) { sheet.SetRowHeight(kFunction, row, pixels, true); });
 }
 
 void CExcelControllorWithC::SetLinkString(int row, int col, std::string &url)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetLinkString");
-    CExcelSheet *const sheet = Target(*d_ptr_);
-    if (sheet && !url.empty())
-        RunGuarded(kFunction, [&] {
-            d_ptr_->text_bytes_ += 2 * (url.size() + kCellBytes); // the cell and the relation
-            sheet->WriteLink(kFunction, row, col, url, nullptr);
-        });
+    OnSheet(kFunction, *d_ptr_,
+            [&](CExcelSheet &sheet) { sheet.WriteLink(kFunction, row, col, url, nullptr); });
 }
 
 void CExcelControllorWithC::SetLinkString(int row, int col, std::string &url, std::string &text)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetLinkString");
-    CExcelSheet *const sheet = Target(*d_ptr_);
-    if (sheet && !url.empty())
-        RunGuarded(kFunction, [&] {
-            d_ptr_->text_bytes_ += url.size() + text.size() + 2 * kCellBytes;
-            sheet->WriteLink(kFunction, row, col, url, &text);
-        });
+    OnSheet(kFunction, *d_ptr_,
+            [&](CExcelSheet &sheet) { sheet.WriteLink(kFunction, row, col, url, &text); });
 }
 
 int CExcelControllorWithC::GetUsedRowsCount()
@@ -400,28 +389,28 @@ void CExcelControllorWithC::Close()
         d_ptr_->close_result_ = LXW_ERROR_MEMORY_MALLOC_FAILED; // unless the save gets to its end
         RunGuarded(kFunction, [&] {
             ActivateVisibleSheet(workbook);
-            const bool is_in_memory = d_ptr_->str_cache_path_.empty();
-            d_ptr_->close_result_ =
-                SaveWorkbook(workbook, d_ptr_->file_path_, d_ptr_->str_cache_path_,
-                             is_in_memory ? d_ptr_->text_bytes_ : 0);
+            d_ptr_->close_result_ = SaveWorkbook(workbook, d_ptr_->file_path_);
         });
         VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
                    "file  close success, file_path_ = %s , close result = %d",
                    d_ptr_->file_path_.c_str(), d_ptr_->close_result_);
         if (d_ptr_->close_result_ != LXW_NO_ERROR)
             VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING, "The workbook %s was not saved: %s",
-                       d_ptr_->file_path_.c_str(),
-                       lxw_strerror(static_cast<lxw_error>(d_ptr_->close_result_)));
+                       d_ptr_->file_path_.c_str(), CloseErrorText(d_ptr_->close_result_));
     }
-    d_ptr_->formats_.Clear();
-    d_ptr_->map_sheets_.clear();
-    d_ptr_->map_checked_.clear();
-    d_ptr_->ptr_checked_ = nullptr;
-    d_ptr_->ptr_sheet_format_.reset();
-    d_ptr_->ptr_sheet_ = nullptr;
-    d_ptr_->str_sheet_name_.clear();
-    d_ptr_->file_path_.clear();
-    RunGuarded(kFunction, [this] { RemoveCache(*d_ptr_); });
+    Reset(*d_ptr_);
+}
+
+void CExcelControllorWithC::Discard()
+{
+    static constexpr char kFunction[] = EXCEL_FUNCTION("Discard");
+    lxw_workbook *const workbook = std::exchange(d_ptr_->ptr_excel_, nullptr);
+    if (!workbook)
+        return;
+    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE, "The workbook %s is dropped",
+               d_ptr_->file_path_.c_str());
+    RunGuarded(kFunction, [workbook] { FreeWorkbook(workbook); });
+    Reset(*d_ptr_);
 }
 
 int CExcelControllorWithC::LastCloseResult() const

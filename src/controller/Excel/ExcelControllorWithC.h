@@ -33,7 +33,7 @@ struct CExcelControllorWithCDataPtr;
 /// its own: Close() removes the directory.
 ///
 /// Use it from one thread at a time, any thread. No member throws. The destructor neither saves nor
-/// frees an open workbook.
+/// frees an open workbook: Close() saves it, Discard() drops it.
 class VANTOR_EXPORT CExcelControllorWithC : public QObject
 {
     Q_OBJECT
@@ -99,8 +99,10 @@ public:
     /// \brief Does nothing; hosts' code that calls it still links.
     void SetColumnPics(int row, int col, QList<std::string> paths, QSize size);
 
-    /// \brief Show filter buttons on the range. The next three only log: conditions are left to the
-    /// user.
+    /// \brief Show filter buttons on the range; the next call replaces it. In constant-memory mode
+    /// a range that ends above the current row is extended to it.
+    ///
+    /// The next three only log: conditions are left to the user.
     void SetFilterCoumn(int begin_row, int begin_column, int end_row, int end_column);
     void SetFilterOneCoumnWith1Str(int column, std::string rule);
     void SetFilterOneCoumnWith2Str(int column, std::string rule1, std::string rule2);
@@ -131,12 +133,20 @@ public:
     /// \brief Save the workbook, close it and remove its cache directory. The writer can then be
     /// used again.
     ///
-    /// The file appears whole: it is written under a temporary name in its folder and renamed. When
-    /// that fails, no partial file is left and an existing one is as it was.
+    /// The file appears whole: it is written under a temporary name in its folder, read back and
+    /// renamed, and a link is written through. When that fails, no partial file is left and an
+    /// existing one is as it was. So the folder must be writable, not only the file.
     void Close();
+
+    /// \brief Drop the workbook without saving it: free it and remove its cache directory. The
+    /// writer can then be used again. Does nothing when none is open.
+    void Discard();
 
     /// \brief How the last Close() ended: 0 saved, or libxlsxwriter's error code (lxw_error); 0
     /// before the first.
+    ///
+    /// Not 0 too after an Init() that could not make a workbook. 3 (LXW_ERROR_CREATING_TMPFILE)
+    /// means that there was no room for the temporary files.
     [[nodiscard]] int LastCloseResult() const;
 
     bool event(QEvent *event) override;

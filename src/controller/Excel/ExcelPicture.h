@@ -7,7 +7,7 @@
 namespace Vantor {
 
 // Whether `bytes` begin like a picture that libxlsxwriter embeds (PNG, JPEG, BMP, GIF) and name a
-// size above 0: it takes a truncated one for whole.
+// size of 1 to 65,535 pixels a side: it takes a truncated one for whole.
 bool IsPicture(const unsigned char *bytes, std::size_t size);
 
 // The whole file in `bytes`; false when it cannot be read.

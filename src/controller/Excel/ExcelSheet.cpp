@@ -22,6 +22,8 @@ constexpr int kMaxWidth = 255;   // characters
 constexpr int kMaxWidth_px = 1790;
 constexpr int kMaxHeight = 409; // points
 constexpr int kMaxHeight_px = 545;
+constexpr int kMaxPicture_px = 32767; // a side, and the way to it from its cell
+constexpr double kScreenDpi = 96;
 constexpr char kReplaced[] = "what a workbook cannot hold was replaced in a text";
 
 lxw_row_t Row(int row)
@@ -68,6 +70,29 @@ bool IsLink(const std::string &target)
 double ScaleOf(double scale)
 {
     return std::isfinite(scale) && scale > 0 ? scale : 1;
+}
+
+// Pixels from the cell `at` to the end of the sheet, as far as a picture may reach.
+int Room(lxw_row_t at, int count, uint32_t cell_px)
+{
+    return static_cast<int>(
+        std::min<std::int64_t>(kMaxPicture_px, (count - std::int64_t{at}) * cell_px));
+}
+
+int OffsetOf(int offset_px, int room_px)
+{
+    return std::clamp(offset_px, -kMaxPicture_px, room_px - 1);
+}
+
+// Makes the scaled size end within the room; true when it had to.
+bool Clamp(double &scale, double &dpi, double size, int offset_px, double room_px)
+{
+    if (!std::isfinite(dpi) || dpi <= 0) // as the picture's header has it
+        dpi = kScreenDpi;
+    const double most = (room_px - std::max(offset_px, 0)) * dpi / (size * kScreenDpi);
+    const bool is_more = scale > most;
+    scale = std::min(scale, most);
+    return is_more;
 }
 
 std::string WithDoubledQuotes(std::string text)
@@ -169,7 +194,7 @@ void CExcelSheet::Validate(const char *function, const CellRange &range, const s
 void CExcelSheet::WriteLink(const char *function, int row, int col, const std::string &url,
                             const std::string *text)
 {
-    if (!Holds(function, CellAt(row, col)))
+    if (url.empty() || !Holds(function, CellAt(row, col)))
         return;
     const std::string address = FitAttribute(function, url);
     const std::string target = ExcelText::LinkTarget(address);
@@ -189,18 +214,19 @@ void CExcelSheet::WriteLink(const char *function, int row, int col, const std::s
                                             shown, text ? "" : nullptr));
 }
 
-void CExcelSheet::InsertPicture(const char *function, int row, int col, const unsigned char *bytes,
-                                std::size_t size, const lxw_image_options_ &options)
+void CExcelSheet::InsertPicture(const char *function, int row, int col, const std::string &picture,
+                                const lxw_image_options_ &options)
 {
     if (!Holds(function, CellAt(row, col)))
         return;
-    if (!IsPicture(bytes, size)) {
+    const auto *const bytes = reinterpret_cast<const unsigned char *>(picture.data());
+    if (!IsPicture(bytes, picture.size())) {
         LogOnce(function, "what is no PNG, JPEG, BMP or GIF picture was left out");
         return;
     }
     lxw_image_options placed{};
-    placed.x_offset = options.x_offset;
-    placed.y_offset = options.y_offset;
+    placed.x_offset = OffsetOf(options.x_offset, Room(col, kColumns, sheet_->default_col_pixels));
+    placed.y_offset = OffsetOf(options.y_offset, Room(row, kRows, sheet_->default_row_pixels));
     placed.x_scale = ScaleOf(options.x_scale);
     placed.y_scale = ScaleOf(options.y_scale);
     placed.object_position = options.object_position;
@@ -218,8 +244,24 @@ void CExcelSheet::InsertPicture(const char *function, int row, int col, const un
     placed.description = options.description ? description.data() : nullptr;
     placed.url = is_link ? url.data() : nullptr;
     placed.tip = options.tip ? tip.data() : nullptr;
-    Check(function,
-          worksheet_insert_image_buffer_opt(sheet_, Row(row), Column(col), bytes, size, &placed));
+    lxw_object_properties **const added = sheet_->image_props->stqh_last; // where it will be
+    if (Check(function, worksheet_insert_image_buffer_opt(sheet_, Row(row), Column(col), bytes,
+                                                          picture.size(), &placed)))
+        KeepInside(function, **added);
+}
+
+// libxlsxwriter 1.1.4 counts cell by cell where a picture ends, however far that is, and names
+// cells that no sheet has.
+void CExcelSheet::KeepInside(const char *function, lxw_object_properties &picture)
+{
+    const double width = Room(picture.col, kColumns, sheet_->default_col_pixels);
+    const double height = Room(picture.row, kRows, sheet_->default_row_pixels);
+    const bool is_narrowed =
+        Clamp(picture.x_scale, picture.x_dpi, picture.width, picture.x_offset, width);
+    const bool is_lowered =
+        Clamp(picture.y_scale, picture.y_dpi, picture.height, picture.y_offset, height);
+    if (is_narrowed || is_lowered)
+        LogOnce(function, "a picture larger than the sheet was made smaller");
 }
 
 void CExcelSheet::InsertPictureFile(const char *function, int row, int col, const std::string &path)
@@ -234,8 +276,7 @@ void CExcelSheet::InsertPictureFile(const char *function, int row, int col, cons
     std::string description = path.substr(path.find_last_of('/') + 1); // npos + 1 is 0: all of it
     lxw_image_options_ options;
     options.description = description.data();
-    InsertPicture(function, row, col, reinterpret_cast<const unsigned char *>(bytes.data()),
-                  bytes.size(), options);
+    InsertPicture(function, row, col, bytes, options);
 }
 
 void CExcelSheet::SetAutofilter(const char *function, const CellRange &range)

@@ -9,6 +9,7 @@
 #include <string>
 
 struct lxw_format;
+struct lxw_object_properties;
 struct lxw_worksheet;
 
 namespace Vantor {
@@ -37,12 +38,12 @@ public:
     void Merge(const char *function, const CellRange &range, const std::string &text,
                lxw_format *format);
     void Validate(const char *function, const CellRange &range, const std::string &list);
-    // `text` null shows the address.
+    // `text` null shows the address; nothing is written for an empty one.
     void WriteLink(const char *function, int row, int col, const std::string &url,
                    const std::string *text);
-    // A picture's bytes; `options` is copied.
-    void InsertPicture(const char *function, int row, int col, const unsigned char *bytes,
-                       std::size_t size, const lxw_image_options_ &options);
+    // The bytes of a picture; `options` is copied.
+    void InsertPicture(const char *function, int row, int col, const std::string &picture,
+                       const lxw_image_options_ &options);
     // The picture file `path`, read now: a file that goes before the workbook is closed would take
     // the picture along.
     void InsertPictureFile(const char *function, int row, int col, const std::string &path);
@@ -61,6 +62,7 @@ private:
     [[nodiscard]] bool OverlapsMerged(const CellRange &range) const;
     void RememberMerged(const CellRange &range);
     void MergeInConstantMemory(const CellRange &range, const std::string &text, lxw_format *format);
+    void KeepInside(const char *function, lxw_object_properties &picture);
     // Whether `result` is success; a failure is logged once.
     bool Check(const char *function, int result);
     void LogOnce(const char *function, const std::string &what);
