@@ -12,42 +12,21 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QLocale>
-#include <QtCore/QStorageInfo>
 #include <QtCore/QTemporaryDir>
-
-#include <algorithm>
-#include <cstdio>
 
 namespace Client {
 namespace {
-
-constexpr qint64 kSpareBytes = qint64{1024} * 1024;
 
 struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(XlsxExport)
 };
 
-// Ends a workbook that shall not be saved. Its writer neither saves nor frees it then.
-void FreeUnsaved(lxw_workbook *workbook)
-{
-    if (!workbook)
-        return;
-    // libxlsxwriter 1.1.4 closes the sheets' temporary files only on the way of saving.
-    lxw_worksheet *sheet = nullptr;
-    STAILQ_FOREACH(sheet, workbook->worksheets, list_pointers)
-    {
-        if (sheet->optimize_tmpfile)
-            std::fclose(sheet->optimize_tmpfile);
-    }
-    lxw_workbook_free(workbook);
-}
-
 class CXlsxWriter : public CRowWriter
 {
 public:
     explicit CXlsxWriter(int rows_per_sheet) : rows_per_sheet_(rows_per_sheet) {}
-    ~CXlsxWriter() override { FreeUnsaved(writer_.GetWorkBook()); }
+    ~CXlsxWriter() override { writer_.Discard(); }
 
     bool Open(const QString &path, const IncidentRows &rows) override;
     void Append(int begin, int end) override;
@@ -62,7 +41,6 @@ private:
 
     const int rows_per_sheet_;
     QTemporaryDir cache_; // of this writer alone: closing removes what is in it
-    qint64 cache_room_ = 0;
     Vantor::CExcelControllorWithC writer_;
     const XlsxLook look_;
     IncidentRows rows_;
@@ -79,7 +57,6 @@ bool CXlsxWriter::Open(const QString &path, const IncidentRows &rows)
             Texts::tr("Cannot make a folder for temporary files: %1").arg(cache_.errorString());
         return false;
     }
-    cache_room_ = QStorageInfo(cache_.path()).bytesAvailable();
     rows_ = rows;
     for (int column = 0; column < rows.list->ColumnCount(); ++column)
         kinds_.append(KindOf(*rows.list, column));
@@ -110,17 +87,12 @@ void CXlsxWriter::Write()
 
 bool CXlsxWriter::Close()
 {
-    const qint64 room = QStorageInfo(cache_.path()).bytesAvailable();
     writer_.Close();
-    if (writer_.LastCloseResult() == LXW_NO_ERROR)
-        return true;
-    // Saving copies what the rows took so far. Where the file system is unknown, so is the room
-    // (-1).
-    if (room >= 0 && room < std::max(cache_room_ - room, qint64{0}) + kSpareBytes)
+    if (writer_.LastCloseResult() == LXW_ERROR_CREATING_TMPFILE)
         error_ =
             Texts::tr("There is not enough room for temporary files in %1. Nothing was exported.")
                 .arg(QDir::toNativeSeparators(QDir::tempPath()));
-    return false;
+    return writer_.LastCloseResult() == LXW_NO_ERROR;
 }
 
 void CXlsxWriter::StartSheet()
