@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Nim/Base/Error.h>
+#include <PlatformExport.h>
+
+#include <QtCore/QString>
+
+#include <functional>
+
+namespace ErrorText {
+
+using Source = std::function<QString(const Nim::Base::Error::ErrorCode &code)>;
+
+/// \brief What a user is told of \a code, in the language of the installed translators; never
+/// empty. Any thread.
+///
+/// A code that is not known is told by its numbers.
+[[nodiscard]] VANTOR_PLATFORM_EXPORT QString
+GetErrorInfoByErrorCode(const Nim::Base::Error::ErrorCode &code);
+
+/// \brief Take the texts from \a source, which may be called from any thread; an empty function
+/// restores the default. When it gives an empty text or throws, the default speaks.
+VANTOR_PLATFORM_EXPORT void SetSource(Source source);
+
+} // namespace ErrorText

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Faceplate/InfoTipsData.h>
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QFrame>
+
+namespace Faceplate {
+
+/// \brief The window that CNewInfoDlg shows by default; it deletes itself.
+class CInfoTip : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit CInfoTip(const CStruInfoTipsData &tip);
+    ~CInfoTip() override;
+
+    /// \brief Show it above those that are there already.
+    void Appear();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+
+private:
+    void FadeAway();
+
+    QTimer timer_;
+};
+
+} // namespace Faceplate

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QPointer>
+#include <QtCore/QString>
+#include <QtWidgets/QWidget>
+
+namespace Faceplate {
+
+/// \brief What one pop-up at the edge of the screen says.
+struct CStruInfoTipsData
+{
+    int text_type = 0;        ///< 0 normal text, shown as it is.
+    int information_type = 0; ///< Kind of news; a theme sees it as the property "informationType".
+    QString text;             ///< Plain text.
+    QPointer<QWidget> parent; ///< Its screen is the one that shows it; null: the primary screen.
+};
+
+} // namespace Faceplate

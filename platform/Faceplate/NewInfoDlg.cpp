@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include "Faceplate/NewInfoDlg.h"
+
+#include "Faceplate/InfoTip.h"
+#include "Nim/Base/Replaceable.h"
+
+namespace Faceplate {
+namespace {
+
+using CPresenter = Nim::Base::CReplaceable<void(const CStruInfoTipsData &)>;
+
+void ShowTip(const CStruInfoTipsData &data)
+{
+    if (!data.text.isEmpty())
+        (new CInfoTip(data))->Appear(); // deletes itself when it closes
+}
+
+CPresenter &CurrentPresenter()
+{
+    static auto *const presenter = new CPresenter(&ShowTip);
+    return *presenter;
+}
+
+} // namespace
+
+void CNewInfoDlg::ShowInformationAtScreenRightBottom_V3(const CStruInfoTipsData &data)
+{
+    try {
+        (*CurrentPresenter().Get())(data);
+    } catch (...) { // a host's presenter may throw; whoever had something to tell goes on
+    }
+}
+
+void CNewInfoDlg::SetPresenter(Presenter presenter)
+{
+    CurrentPresenter().Set(std::move(presenter));
+}
+
+} // namespace Faceplate

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include "support/TestGuard.h"
+
+#include <BusinessCommon/NetCommManager.h>
+#include <ErrorText/ErrorText.h>
+#include <Faceplate/GUIMessageTipManager.h>
+#include <Faceplate/NewInfoDlg.h>
+
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QFrame>
+#include <QtWidgets/QLabel>
+
+#include <memory>
+#include <stdexcept>
+
+using Faceplate::CGUIMessageTipManager;
+using Faceplate::CNewInfoDlg;
+
+namespace {
+
+QList<QWidget *> Popups()
+{
+    QList<QWidget *> popups;
+    const auto windows = QApplication::topLevelWidgets();
+    for (QWidget *const window : windows) {
+        if (window->objectName() == "InfoTip" && window->isVisible())
+            popups.append(window);
+    }
+    return popups;
+}
+
+} // namespace
+
+class TestFaceplate : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { guard_.Begin(); }
+
+    void cleanup()
+    {
+        CGUIMessageTipManager::SetPresenter(nullptr);
+        CNewInfoDlg::SetPresenter(nullptr);
+        ErrorText::SetSource(nullptr);
+        const QString fault = guard_.End();
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    }
+
+    void aWidgetHasOneTipThatKeepsInsideAndLeavesTheFocus()
+    {
+        QWidget window;
+        window.resize(300, 200);
+        window.show();
+        CGUIMessageTipManager::ShowMessage(&window, "first", 1, 1, 15);
+        CGUIMessageTipManager::ShowMessage(&window, QString("<b>long</b> ").repeated(8), 1, 1, 15);
+
+        const auto tips = window.findChildren<QFrame *>("MessageTip");
+        QCOMPARE(tips.size(), 1);
+        QFrame *const tip = tips.first();
+        QVERIFY(tip->isVisible());
+        QVERIFY(!tip->isWindow());
+        QVERIFY(tip->findChild<QLabel *>()->text().contains("<b>")); // plain text
+        QVERIFY(window.rect().contains(tip->geometry()));
+        QVERIFY(tip->height() > 40); // it is wrapped
+        window.resize(900, 200);
+        QVERIFY(window.rect().contains(tip->geometry()));
+        QVERIFY(qAbs(tip->geometry().center().x() - 450) <= 1);
+        QTest::mouseClick(tip, Qt::LeftButton);
+        QVERIFY(!tip->isVisible());
+        CGUIMessageTipManager::ShowMessage(&window, "again", 0, 0, 0);
+        QVERIFY(tip->isVisible());
+        QVERIFY(tip->geometry().bottom() > 150);
+        CGUIMessageTipManager::ShowMessage(&window, QString(), 0, 0, 0);
+        QVERIFY(!tip->isVisible());
+        CGUIMessageTipManager::ShowMessage(nullptr, "nowhere", 1, 1, 1);
+    }
+
+    void popupsPileUpAndGoWithTheirParent()
+    {
+        auto parent = std::make_unique<QWidget>();
+        Faceplate::CStruInfoTipsData data;
+        data.parent = parent.get();
+        CNewInfoDlg::ShowInformationAtScreenRightBottom_V3(data); // empty: nothing
+        QVERIFY(Popups().isEmpty());
+        for (const char *const text : {"one", "two"}) {
+            data.text = text;
+            CNewInfoDlg::ShowInformationAtScreenRightBottom_V3(data);
+        }
+
+        const auto popups = Popups();
+        QCOMPARE(popups.size(), 2);
+        QVERIFY(!popups.at(0)->geometry().intersects(popups.at(1)->geometry()));
+        QVERIFY(!QApplication::activeModalWidget());
+        for (const QWidget *const popup : popups)
+            QVERIFY(popup->windowFlags() & Qt::WindowDoesNotAcceptFocus);
+        QTest::mouseClick(popups.at(0), Qt::LeftButton);
+        QTRY_COMPARE(Popups().size(), 1);
+        parent.reset();
+        QVERIFY(Popups().isEmpty());
+    }
+
+    void aPresenterTakesOverAndMayThrow()
+    {
+        QStringList told;
+        CGUIMessageTipManager::SetPresenter([&told](QWidget *, const QString &text, int kind,
+                                                    int place, int time_s) {
+            told.append(QStringLiteral("%1 %2 %3 %4").arg(text).arg(kind).arg(place).arg(time_s));
+            throw std::runtime_error("no screen");
+        });
+        CNewInfoDlg::SetPresenter([&told](const Faceplate::CStruInfoTipsData &data) {
+            told.append(data.text);
+            throw std::runtime_error("no screen");
+        });
+        Faceplate::CStruInfoTipsData data;
+        data.text = "popup";
+
+        CGUIMessageTipManager::ShowMessage(nullptr, "tip", 1, 2, 15);
+        CNewInfoDlg::ShowInformationAtScreenRightBottom_V3(data);
+
+        QCOMPARE(told, (QStringList{"tip 1 2 15", "popup"}));
+    }
+
+    void anErrorAlwaysHasAText()
+    {
+        const Nim::Base::Error::ErrorCode timeout{BusinessCommon::kModuleNetwork,
+                                                  BusinessCommon::kNetTimeout, 0};
+        const QString preset = ErrorText::GetErrorInfoByErrorCode(timeout);
+        QVERIFY(preset.contains("does not answer"));
+        QVERIFY(ErrorText::GetErrorInfoByErrorCode({9, 77, 0}).contains("9-77"));
+        ErrorText::SetSource([](const Nim::Base::Error::ErrorCode &code) -> QString {
+            if (code.module_code == 9)
+                throw std::runtime_error("no table");
+            return code.error_code == 20 ? "own words" : QString();
+        });
+
+        QCOMPARE(ErrorText::GetErrorInfoByErrorCode(timeout), QString("own words"));
+        QVERIFY(ErrorText::GetErrorInfoByErrorCode({9, 77, 0}).contains("9-77"));
+        QVERIFY(!ErrorText::GetErrorInfoByErrorCode({3, 413, 0}).isEmpty());
+    }
+
+private:
+    CTestGuard guard_;
+};
+
+QTEST_MAIN(TestFaceplate)
+#include "tst_faceplate.moc"
