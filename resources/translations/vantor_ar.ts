@@ -86,5 +86,97 @@
         <source>Please wait</source>
         <translation>يرجى الانتظار</translation>
     </message>
+    <message>
+        <source>Columns</source>
+        <translation>الأعمدة</translation>
+    </message>
+    <message>
+        <source>Choose columns</source>
+        <translation>اختيار الأعمدة</translation>
+    </message>
+    <message>
+        <source>All columns</source>
+        <translation>كل الأعمدة</translation>
+    </message>
+    <message>
+        <source>Loading…</source>
+        <translation>جارٍ التحميل…</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>إعادة الضبط</translation>
+    </message>
+    <message>
+        <source>Shows the columns as they were at first.</source>
+        <translation>يعرض الأعمدة كما كانت في البداية.</translation>
+    </message>
+    <message>
+        <source>Space shows and hides a column, Alt and the arrow keys move it.</source>
+        <translation>يُظهر مفتاح المسافة العمود ويخفيه، وينقله مفتاح Alt مع مفاتيح الأسهم.</translation>
+    </message>
+    <message>
+        <source>Column width</source>
+        <translation>عرض الأعمدة</translation>
+    </message>
+    <message>
+        <source>Minimum width</source>
+        <translation>أقل عرض</translation>
+    </message>
+    <message>
+        <source>Maximum width</source>
+        <translation>أكبر عرض</translation>
+    </message>
+    <message>
+        <source>Peltra.9778d4835a7946b6ab94c46d137616dc.name</source>
+        <translation>تعذّر تحميل اختيار الأعمدة أو حفظه. %1</translation>
+    </message>
+    <message>
+        <source>The server does not answer.</source>
+        <translation>الخادم لا يستجيب.</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached.</source>
+        <translation>تعذّر الوصول إلى الخادم.</translation>
+    </message>
+    <message>
+        <source>There is no secure connection to the server.</source>
+        <translation>لا يوجد اتصال آمن بالخادم.</translation>
+    </message>
+    <message>
+        <source>The certificate of the server is not trusted.</source>
+        <translation>شهادة الخادم غير موثوق بها.</translation>
+    </message>
+    <message>
+        <source>The connection to the server broke.</source>
+        <translation>انقطع الاتصال بالخادم.</translation>
+    </message>
+    <message>
+        <source>The answer of the server is too large.</source>
+        <translation>إجابة الخادم كبيرة جدًا.</translation>
+    </message>
+    <message>
+        <source>The answer of the server makes no sense.</source>
+        <translation>إجابة الخادم غير مفهومة.</translation>
+    </message>
+    <message>
+        <source>You are not logged in.</source>
+        <translation>لم تسجّل الدخول.</translation>
+    </message>
+    <message>
+        <source>You may not do this.</source>
+        <translation>غير مسموح لك بذلك.</translation>
+    </message>
+    <message>
+        <source>This is more than the server takes.</source>
+        <translation>هذا أكثر مما يقبله الخادم.</translation>
+    </message>
+    <message>
+        <source>The server refused the request.</source>
+        <translation>رفض الخادم الطلب.</translation>
+    </message>
+    <message>
+        <source>Something went wrong.</source>
+        <translation>حدث خطأ ما.</translation>
+    </message>
 </context>
 </TS>

@@ -86,5 +86,97 @@
         <source>Please wait</source>
         <translation>Please wait</translation>
     </message>
+    <message>
+        <source>Columns</source>
+        <translation>Columns</translation>
+    </message>
+    <message>
+        <source>Choose columns</source>
+        <translation>Choose columns</translation>
+    </message>
+    <message>
+        <source>All columns</source>
+        <translation>All columns</translation>
+    </message>
+    <message>
+        <source>Loading…</source>
+        <translation>Loading…</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Reset</translation>
+    </message>
+    <message>
+        <source>Shows the columns as they were at first.</source>
+        <translation>Shows the columns as they were at first.</translation>
+    </message>
+    <message>
+        <source>Space shows and hides a column, Alt and the arrow keys move it.</source>
+        <translation>Space shows and hides a column, Alt and the arrow keys move it.</translation>
+    </message>
+    <message>
+        <source>Column width</source>
+        <translation>Column width</translation>
+    </message>
+    <message>
+        <source>Minimum width</source>
+        <translation>Minimum width</translation>
+    </message>
+    <message>
+        <source>Maximum width</source>
+        <translation>Maximum width</translation>
+    </message>
+    <message>
+        <source>Peltra.9778d4835a7946b6ab94c46d137616dc.name</source>
+        <translation>The choice of columns could not be loaded or saved. %1</translation>
+    </message>
+    <message>
+        <source>The server does not answer.</source>
+        <translation>The server does not answer.</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached.</source>
+        <translation>The server cannot be reached.</translation>
+    </message>
+    <message>
+        <source>There is no secure connection to the server.</source>
+        <translation>There is no secure connection to the server.</translation>
+    </message>
+    <message>
+        <source>The certificate of the server is not trusted.</source>
+        <translation>The certificate of the server is not trusted.</translation>
+    </message>
+    <message>
+        <source>The connection to the server broke.</source>
+        <translation>The connection to the server broke.</translation>
+    </message>
+    <message>
+        <source>The answer of the server is too large.</source>
+        <translation>The answer of the server is too large.</translation>
+    </message>
+    <message>
+        <source>The answer of the server makes no sense.</source>
+        <translation>The answer of the server makes no sense.</translation>
+    </message>
+    <message>
+        <source>You are not logged in.</source>
+        <translation>You are not logged in.</translation>
+    </message>
+    <message>
+        <source>You may not do this.</source>
+        <translation>You may not do this.</translation>
+    </message>
+    <message>
+        <source>This is more than the server takes.</source>
+        <translation>This is more than the server takes.</translation>
+    </message>
+    <message>
+        <source>The server refused the request.</source>
+        <translation>The server refused the request.</translation>
+    </message>
+    <message>
+        <source>Something went wrong.</source>
+        <translation>Something went wrong.</translation>
+    </message>
 </context>
 </TS>

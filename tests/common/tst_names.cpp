@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Names are interface, misspelt or not: hosts compile against every one of them. Whatever is
 // renamed fails here.
+#include <ErrorText/ErrorText.h>
+#include <Faceplate/GUIMessageTipManager.h>
+#include <Faceplate/NewInfoDlg.h>
 #include <Nim/Base/Encrypt.h>
 #include <Nim/Base/Error.h>
 #include <Nim/Base/FileSystem.h>
@@ -10,14 +13,21 @@
 #include <Ravel/ObjectSingleton.h>
 #include <Ravel/TextCodec.h>
 #include <Ravel/WaitWatcher.h>
+#include <Vantor/CAdaptiveColumnWidthController>
+#include <Vantor/CAdaptiveColumnWidthWidget>
 #include <Vantor/CCSVParser>
 #include <Vantor/CComboBoxEx>
 #include <Vantor/CComboBoxModel>
 #include <Vantor/CCopyFileThread>
 #include <Vantor/CCustomEvent>
+#include <Vantor/CCustomListItemDelegate>
+#include <Vantor/CCustomizeColumnButton>
+#include <Vantor/CCustomizeColumnWidget>
 #include <Vantor/CEventTransMgr>
 #include <Vantor/CExcelControllorWithC>
 #include <Vantor/CFilterWidgetEx>
+#include <Vantor/CItemDragMovableListView>
+#include <Vantor/CListSightCheckModel>
 #include <Vantor/CMutiPageWidget>
 #include <Vantor/CMutiPageWidgetEx>
 #include <Vantor/CScreenStateManager>
@@ -279,6 +289,76 @@ static_assert(IsSame<QByteArray (*)(const QString &, QTextCodec *)>(&Ravel::Conv
 static_assert(Nim::Base::Error::ErrorCode{}.module_code == 0
               && Nim::Base::Error::ErrorCode{}.error_code == 0
               && Nim::Base::Error::ErrorCode{}.sub_system == 0);
+
+using ColumnButton = Vantor::CCustomizeColumnButton;
+using ColumnWidget = Vantor::CCustomizeColumnWidget;
+using WidthController = Vantor::CAdaptiveColumnWidthController;
+using WidthWidget = Vantor::CAdaptiveColumnWidthWidget;
+using Columns = QVector<Vantor::CColumnInfo>;
+static_assert(
+    IsSame<void (ColumnButton::*)(const QString &, const QString &, const Columns &, QWidget *)>(
+        &ColumnButton::InitCustomizeListByModuleNameANdFunction));
+static_assert(IsSame<void (ColumnButton::*)()>(&ColumnButton::UnInitCustomizeList));
+static_assert(IsSame<void (ColumnButton::*)(QStringList &) const>(
+    qOverload<QStringList &>(&ColumnButton::GetCustomizeListCurrentContent)));
+static_assert(IsSame<void (ColumnButton::*)(QStringList &, QList<int> &) const>(
+    qOverload<QStringList &, QList<int> &>(&ColumnButton::GetCustomizeListCurrentContent)));
+static_assert(IsSame<void (ColumnButton::*)()>(&ColumnButton::StopWork));
+static_assert(IsSame<void (ColumnButton::*)()>(&ColumnButton::UpdateAfterSwitchUser));
+static_assert(IsSame<void (ColumnButton::*)()>(&ColumnButton::SignalGetCurrentCustomizelistShow));
+static_assert(std::is_base_of<QPushButton, ColumnButton>::value);
+static_assert(IsSame<void (ColumnWidget::*)(const Columns &)>(&ColumnWidget::InitCustomizeWidget));
+static_assert(
+    IsSame<void (ColumnWidget::*)(const Columns &)>(&ColumnWidget::SetCustomizeWidgetListItems));
+static_assert(IsSame<void (ColumnWidget::*)(QStringList &, QList<int> &) const>(
+    qOverload<QStringList &, QList<int> &>(&ColumnWidget::GetCustomlistItemsContent)));
+static_assert(IsSame<void (ColumnWidget::*)(QStringList &) const>(
+    qOverload<QStringList &>(&ColumnWidget::GetCustomlistItemsContent)));
+static_assert(IsSame<void (ColumnWidget::*)(Columns &) const>(
+    qOverload<Columns &>(&ColumnWidget::GetCustomlistItemsContent)));
+static_assert(
+    IsSame<void (ColumnWidget::*)(Columns &) const>(&ColumnWidget::GetCustomlistItemsContentInit));
+static_assert(
+    IsSame<void (ColumnWidget::*)(const QVector<QWidget *> &)>(&ColumnWidget::SetRelateWidget));
+static_assert(IsSame<void (ColumnWidget::*)()>(&ColumnWidget::ClearCustomizeListItemsContent));
+static_assert(
+    IsSame<void (ColumnWidget::*)(Columns &) const>(&ColumnWidget::GetPreChangedCustomListState));
+static_assert(IsSame<void (ColumnWidget::*)()>(&ColumnWidget::SignalCutomizelistChanged));
+static_assert(IsSame<void (ColumnWidget::*)()>(&ColumnWidget::SignalLeaveWidget));
+static_assert(IsSame<void (ColumnWidget::*)()>(&ColumnWidget::SignalColumnWidgetFinishChanged));
+static_assert(IsSame<void (WidthController::*)(const BusinessCommon::AdaptiveLayout &)>(
+    &WidthController::AdaptiveGetOrPostLayoutCurrentColumnState));
+static_assert(IsSame<void (WidthController::*)(const QString &)>(
+    &WidthController::SignalGetLayoutDataSuccess));
+static_assert(
+    IsSame<void (WidthController::*)(const bool &)>(&WidthController::SignalPostLayoutDataSuccess));
+static_assert(IsSame<void (WidthController::*)(const int &, const int &, const int &)>(
+    &WidthController::SignalRequestDataFailed));
+static_assert(
+    std::is_base_of<BusinessCommon::CAdaptiveColumnWidthObserver, WidthController>::value);
+static_assert(IsSame<void (WidthWidget::*)(const int &)>(&WidthWidget::UpdateRaddioButtonState));
+static_assert(IsSame<void (WidthWidget::*)(QWidget *)>(&WidthWidget::SetRelateWidget));
+static_assert(
+    IsSame<void (WidthWidget::*)(const int &)>(&WidthWidget::SignalColumnWidthStateChanged));
+static_assert(std::is_base_of<QStandardItemModel, Vantor::CListSightCheckModel>::value);
+static_assert(std::is_base_of<QListView, Vantor::CItemDragMovableListView>::value);
+static_assert(std::is_base_of<QStyledItemDelegate, Vantor::CCustomListItemDelegate>::value);
+static_assert(IsSame<int (Vantor::CColumnInfo::*)() const>(&Vantor::CColumnInfo::GetVal_column_No));
+static_assert(IsSame<int (Vantor::CColumnInfo::*)() const>(&Vantor::CColumnInfo::GetVal_column_id));
+static_assert(
+    IsSame<QString (Vantor::CColumnInfo::*)() const>(&Vantor::CColumnInfo::GetVal_column_name));
+static_assert(IsSame<Qt::CheckState (Vantor::CColumnInfo::*)() const>(
+    &Vantor::CColumnInfo::GetVal_column_checked));
+static_assert(
+    IsSame<bool (Vantor::CColumnInfo::*)() const>(&Vantor::CColumnInfo::GetVal_b_manual_check));
+static_assert(
+    IsSame<bool (Vantor::CColumnInfo::*)() const>(&Vantor::CColumnInfo::GetVal_b_manual_sort));
+static_assert(IsSame<void (*)(const Faceplate::CStruInfoTipsData &)>(
+    &Faceplate::CNewInfoDlg::ShowInformationAtScreenRightBottom_V3));
+static_assert(IsSame<void (*)(QWidget *, const QString &, int, int, int)>(
+    &Faceplate::CGUIMessageTipManager::ShowMessage));
+static_assert(
+    IsSame<QString (*)(const Nim::Base::Error::ErrorCode &)>(&ErrorText::GetErrorInfoByErrorCode));
 
 // The three templates as hosts use them on classes of their own.
 class CHostObject : public QObject, public Ravel::CObjectSingleton<CHostObject>
