@@ -120,12 +120,12 @@ QByteArray WriteXml(const Node &root)
     if (root.kind != Node::Kind::Object || root.children.size() != 1
         || root.children.front().kind == Node::Kind::Array)
         return {};
-    QByteArray text = kDeclaration;
+    QByteArray text;
     QXmlStreamWriter writer(&text);
     writer.setCodec("UTF-8");
     if (!WriteElement(writer, root.children.front(), root.children.front().name))
         return {};
-    return text + '\n';
+    return kDeclaration + text + '\n';
 }
 
 Node NodeOf(const QString &name, const QJsonValue &value)

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Nim/Base/Encrypt.h>
+
+#include <QtCore/QJsonObject>
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+namespace Server {
+
+/// Module words of the errors in a reply.
+constexpr int kModuleServer = 1; ///< the code is one of LoginCode
+constexpr int kModuleHttp = 3;   ///< the code is the status of the reply
+
+/// Statuses that the server answers with, of RFC 9110.
+enum Status : int {
+    kOk = 200,
+    kBadRequest = 400,
+    kUnauthorized = 401,
+    kNotFound = 404,
+    kWrongMethod = 405,
+    kTooLarge = 413,
+    kServerError = 500,
+};
+
+/// \brief A request as it came in. Its texts may be secrets and are overwritten.
+struct Request
+{
+    std::string method;
+    std::string path;    ///< without the query
+    std::string session; ///< the token; empty: none
+    std::string address; ///< of the client
+    std::string body;
+    bool is_too_large = false; ///< the body was not kept
+
+    Request() = default;
+    Request(const Request &) = delete;
+    Request &operator=(const Request &) = delete;
+    ~Request()
+    {
+        Nim::Base::Encrypt::Wipe(body);
+        Nim::Base::Encrypt::Wipe(session);
+    }
+};
+
+/// \brief What is answered: the words of the error and what stands at "/ResponseStatus/Data".
+struct Reply
+{
+    int status = kOk;
+    int module = 0;
+    int code = 0;
+    QJsonObject data;
+
+    static Reply Refusal(int status) { return {status, kModuleHttp, status, {}}; }
+};
+
+using Handler = std::function<Reply(const Request &)>;
+
+/// \brief Ends the handling of a request with its status; nothing is changed.
+struct Refused : std::runtime_error
+{
+    explicit Refused(int with) : std::runtime_error("refused"), status(with) {}
+    int status;
+};
+
+} // namespace Server

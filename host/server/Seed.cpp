@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "Accounts.h"
+#include "Database.h"
+#include "Records.h"
+#include "SampleAccounts.h"
+
+#include <CsvParse/CsvParse.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QStringList>
+
+#include <vector>
+
+namespace Server {
+namespace {
+
+constexpr int kMaximumColumns = 100;
+constexpr int kMaximumName = 256;
+constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
+
+struct Setting
+{
+    const char *name;
+    int value;
+};
+
+// Durations are minutes, days are days.
+constexpr Setting kSettings[] = {
+    {"IPLock/Enable", 1},           {"IPLock/FailCount", 5},          {"IPLock/Duration", 10},
+    {"PasswordStrength/Enable", 1}, {"PasswordStrength/Strength", 2}, {"PasswordExpiry/Enable", 0},
+    {"PasswordExpiry/Config", 0},   {"PasswordExpiry/Day", 90},       {"ClientLock/Enable", 1},
+    {"ClientLock/Config", 0},       {"ClientLock/Duration", 10},
+};
+
+using Rows = std::vector<QStringList>;
+
+Rows ReadCsv(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw DatabaseError(QStringLiteral("%1: %2").arg(path, file.errorString()).toStdString());
+    const QByteArray bytes = file.readAll();
+    const int begin = bytes.startsWith(kByteOrderMark) ? int(sizeof kByteOrderMark) - 1 : 0;
+    struct
+    {
+        Rows rows;
+        QStringList fields;
+    } read;
+    const auto on_field = [](void *field, size_t length, void *data) {
+        static_cast<decltype(read) *>(data)->fields.append(
+            QString::fromUtf8(static_cast<const char *>(field), static_cast<int>(length)));
+    };
+    const auto on_row = [](int, void *data) {
+        auto *const target = static_cast<decltype(read) *>(data);
+        target->rows.push_back(target->fields);
+        target->fields.clear();
+    };
+    csvparse_parser parser;
+    csvparse_init(&parser, 0);
+    csvparse_parse(&parser, bytes.constData() + begin, static_cast<size_t>(bytes.size() - begin),
+                   on_field, on_row, &read);
+    csvparse_fini(&parser, on_field, on_row, &read);
+    csvparse_free(&parser);
+    if (read.rows.empty() || read.rows.front().size() > kMaximumColumns)
+        throw DatabaseError(QStringLiteral("%1 holds no list").arg(path).toStdString());
+    return read.rows;
+}
+
+void SeedIncidents(CDatabase &database, const Rows &rows)
+{
+    const QStringList &titles = rows.front();
+    QStringList columns;
+    QStringList marks;
+    for (int column = 0; column < titles.size(); ++column) {
+        database.Run(QStringLiteral("INSERT INTO incident_title VALUES (?, ?)"),
+                     {column, titles.at(column)});
+        columns.append(QStringLiteral("c%1 TEXT NOT NULL").arg(column));
+        marks.append(QStringLiteral("?"));
+    }
+    database.Run(QStringLiteral("CREATE TABLE incident (id INTEGER PRIMARY KEY, %1)")
+                     .arg(columns.join(QLatin1String(", "))));
+    const QString insert = QStringLiteral("INSERT INTO incident VALUES (NULL, %1)")
+                               .arg(marks.join(QLatin1String(", ")));
+    for (size_t row = 1; row < rows.size(); ++row) {
+        QVariantList values;
+        for (int column = 0; column < titles.size(); ++column)
+            values.append(rows[row].value(column, QLatin1String("")));
+        database.Run(insert, values);
+    }
+}
+
+} // namespace
+
+void SetDefaults(CDatabase &database)
+{
+    database.Write([&database] {
+        for (const Setting &setting : kSettings)
+            database.Run(QStringLiteral("INSERT OR IGNORE INTO setting VALUES (?, ?)"),
+                         {QLatin1String(setting.name), setting.value});
+    });
+}
+
+void SetAccount(CDatabase &database, const QString &name, const std::string &password)
+{
+    if (name.isEmpty() || name.toUtf8().size() > kMaximumName || password.empty())
+        throw Refused(kBadRequest);
+    const QString hash = HashPassword(password);
+    database.Write([&] {
+        database.Run(
+            QStringLiteral("INSERT INTO account (name, password) VALUES (?, ?) ON CONFLICT "
+                           "DO UPDATE SET password = excluded.password"),
+            {name, hash});
+    });
+}
+
+void Seed(CDatabase &database, const QString &path)
+{
+    if (database.Value(QStringLiteral("SELECT count(*) FROM account")).toInt() > 0)
+        return;
+    const Rows rows = ReadCsv(path);
+    QVariantList hashes; // each takes its time, so outside the transaction
+    for (const SampleAccount &account : kSampleAccounts)
+        hashes.append(HashPassword(account.password));
+    database.Write([&] {
+        int next = 0;
+        for (const SampleAccount &account : kSampleAccounts)
+            database.Run(QStringLiteral("INSERT INTO account (name, password) VALUES (?, ?)"),
+                         {QLatin1String(account.name), hashes.at(next++)});
+        SeedIncidents(database, rows);
+    });
+}
+
+} // namespace Server

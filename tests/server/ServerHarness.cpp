@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "server/ServerHarness.h"
+
+#include <QtCore/QFile>
+
+using BusinessCommon::CNetCommManager;
+
+Answered Ask(const std::string &method, const std::string &path, const std::string &body)
+{
+    ClientComm::CClientSendInfo send;
+    send.SetVal_URL("/Quorra/Brisent/Platform/V0" + path);
+    send.SetVal_Method(method);
+    send.SetVal_Request_Data(body);
+    send.SetVal_Pattern(!body.empty() && body.front() == '<' ? 2 : 0);
+    ClientComm::CClientRecvInfo recv;
+    Answered answered;
+    answered.is_sent =
+        Nim::Base::CSingleton<CNetCommManager>::Instance().ClientSynSend(recv, send, 0);
+    answered.error = recv.GetVal_Error_code();
+    answered.document->Load(recv.GetVal_Receive_Data());
+    return answered;
+}
+
+bool LogIn(const std::string &user, const std::string &password)
+{
+    ClientComm::CRapidJsonProto body;
+    body.SetString("/LoginRequest/UserName", user);
+    body.SetString("/LoginRequest/PassWord", password);
+    const std::string session = Ask("POST", "/Session", body.ToJson()).Text("/Data/Session");
+    CNetCommManager::SetSession(session);
+    return !session.empty();
+}
+
+CTestServer::CTestServer()
+{
+    QFile seed(folder_.filePath("seed.csv"));
+    if (seed.open(QIODevice::WriteOnly)) {
+        seed.write("Airport,Costs,Note\r\n");
+        for (int row = 1; row <= 250; ++row)
+            seed.write(QStringLiteral("Gate %1,%2,\"50% of, all_%1\"\r\n")
+                           .arg(row)
+                           .arg((row * 7) % 250)
+                           .toUtf8());
+    }
+}
+
+QString CTestServer::Start(int port)
+{
+    Server::ServerOptions options;
+    options.data_path = DataPath();
+    options.seed_path = folder_.filePath("seed.csv");
+    options.port = port;
+    options.clock = [this] { return now_s.load(); };
+    options.code_source = [] { return QString("W7kx"); };
+    server_ = std::make_unique<Server::CServer>(options);
+    const QString error = server_->Start();
+    CNetCommManager::SetServer("127.0.0.1", server_->Port());
+    CNetCommManager::SetSession({});
+    return error;
+}

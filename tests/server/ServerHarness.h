@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <BusinessCommon/NetCommManager.h>
+#include <ClientComm/RapidJsonProto.h>
+
+#include <server/Server.h>
+
+#include <QtCore/QTemporaryDir>
+
+#include <atomic>
+#include <memory>
+#include <string>
+
+/// \brief One request and its reply, read.
+struct Answered
+{
+    bool is_sent = false;
+    Nim::Base::Error::ErrorCode error;
+    std::shared_ptr<ClientComm::CRapidJsonProto> document =
+        std::make_shared<ClientComm::CRapidJsonProto>();
+
+    int Int(const std::string &path) const { return document->GetInt("/ResponseStatus" + path); }
+    std::string Text(const std::string &path) const
+    {
+        return document->GetString("/ResponseStatus" + path);
+    }
+};
+
+/// \brief Send through the client's exchange; \a path is the part behind the version.
+Answered Ask(const std::string &method, const std::string &path, const std::string &body = {});
+
+/// \brief Log \a user in and set the session. \return false when the server refuses.
+bool LogIn(const std::string &user, const std::string &password);
+
+/// \brief A seeded server in this process, with a folder and a clock of its own, that the client's
+/// exchange talks to.
+class CTestServer
+{
+public:
+    CTestServer();
+
+    /// \return an empty text, or why it cannot.
+    QString Start(int port = 0);
+    void Stop() { server_.reset(); }
+    int Port() const { return server_->Port(); }
+    QString DataPath() const { return folder_.filePath("server.sqlite"); }
+    QString FilePath(const QString &name) const { return folder_.filePath(name); }
+
+    std::atomic<qint64> now_s{1'700'000'000};
+
+private:
+    QTemporaryDir folder_;
+    std::unique_ptr<Server::CServer> server_;
+};
