@@ -28,10 +28,15 @@ set(VANTOR_FORWARDING_HEADERS
     "Clxw_format_ controller/Excel/ExcelRecords.h"
     "Clxw_image_options_ controller/Excel/ExcelRecords.h"
     "CsheetFormat controller/Excel/ExcelRecords.h"
+    "CJoystickKeyboardControlManager controller/JoystickKeyBoardControl/JoystickKeyboardControlManager/JoystickKeyboardControlManager.h"
+    "CJoystickKeyboardEvent controller/JoystickKeyBoardControl/JoystickKeyboardControlManager/JoystickKeyboardEvent.h"
     "CScreenStateManager controller/Screen/ScreenStateManager.h"
     "CStyleManager common/StyleManager.h"
     "CTimeZoneParam common/TimeZoneRecords.h"
+    "CUSBJoystickControlManager controller/JoystickKeyBoardControl/USBJoystickControlManager/USBJoystickControlManager.h"
     "CUpdateEvent common/UpdateEvent.h"
+    "CZellSerialKeyboardControlManager controller/JoystickKeyBoardControl/ZellSerialKeyboardControlManager/ZellSerialKeyboardControlManager.h"
+    "CZellUSBKeyboardControlManager controller/JoystickKeyBoardControl/ZellUSBKeyboardControlManager/ZellUSBKeyboardControlManager.h"
 )
 
 # Writes the forwarding headers below `folder`/Vantor and installs them with the package. The target

@@ -83,6 +83,38 @@
 <context>
     <name>Vantor</name>
     <message>
+        <source>TheUSBKeyboardIsDetected</source>
+        <translation>اكتُشفت لوحة مفاتيح USB</translation>
+    </message>
+    <message>
+        <source>TheUSBKeyboardDisconnected</source>
+        <translation>فُصلت لوحة مفاتيح USB</translation>
+    </message>
+    <message>
+        <source>USBJoystickDeviceIsFound</source>
+        <translation>عُثر على عصا تحكم USB</translation>
+    </message>
+    <message>
+        <source>TheUSBJoystickDisconnected</source>
+        <translation>فُصلت عصا تحكم USB</translation>
+    </message>
+    <message>
+        <source>USBJoystickIsCurrentjebLzucZ</source>
+        <translation>التحكم في النوافذ مفعّل</translation>
+    </message>
+    <message>
+        <source>USBRockerIsCurrentlyDLwSBpeZ</source>
+        <translation>التحكم في الكاميرا مفعّل</translation>
+    </message>
+    <message>
+        <source>SwitchToWallModeAJryBrmWGiU</source>
+        <translation>وضع الجدار مفعّل</translation>
+    </message>
+    <message>
+        <source>SwitchToVideoModeMrVWQzLOUDm</source>
+        <translation>وضع الفيديو مفعّل</translation>
+    </message>
+    <message>
         <source>Please wait</source>
         <translation>يرجى الانتظار</translation>
     </message>

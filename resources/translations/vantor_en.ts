@@ -83,6 +83,38 @@
 <context>
     <name>Vantor</name>
     <message>
+        <source>TheUSBKeyboardIsDetected</source>
+        <translation>USB keyboard detected</translation>
+    </message>
+    <message>
+        <source>TheUSBKeyboardDisconnected</source>
+        <translation>USB keyboard disconnected</translation>
+    </message>
+    <message>
+        <source>USBJoystickDeviceIsFound</source>
+        <translation>USB joystick found</translation>
+    </message>
+    <message>
+        <source>TheUSBJoystickDisconnected</source>
+        <translation>USB joystick disconnected</translation>
+    </message>
+    <message>
+        <source>USBJoystickIsCurrentjebLzucZ</source>
+        <translation>Window control is on</translation>
+    </message>
+    <message>
+        <source>USBRockerIsCurrentlyDLwSBpeZ</source>
+        <translation>Camera control is on</translation>
+    </message>
+    <message>
+        <source>SwitchToWallModeAJryBrmWGiU</source>
+        <translation>Wall mode is on</translation>
+    </message>
+    <message>
+        <source>SwitchToVideoModeMrVWQzLOUDm</source>
+        <translation>Video mode is on</translation>
+    </message>
+    <message>
         <source>Please wait</source>
         <translation>Please wait</translation>
     </message>

@@ -30,9 +30,14 @@
 #include <Vantor/CListSightCheckModel>
 #include <Vantor/CMutiPageWidget>
 #include <Vantor/CMutiPageWidgetEx>
+#include <Vantor/CJoystickKeyboardControlManager>
+#include <Vantor/CJoystickKeyboardEvent>
 #include <Vantor/CScreenStateManager>
 #include <Vantor/CStyleManager>
+#include <Vantor/CUSBJoystickControlManager>
 #include <Vantor/CUpdateEvent>
+#include <Vantor/CZellSerialKeyboardControlManager>
+#include <Vantor/CZellUSBKeyboardControlManager>
 
 #include <QtTest/QTest>
 
@@ -155,6 +160,48 @@ static_assert(IsSame<void (TypeBox::*)()>(&TypeBox::CheckOutSelectedItems));
 static_assert(IsSame<void (TypeBox::*)(const QString &)>(&TypeBox::OnFilterByMainType));
 static_assert(IsSame<void (Vantor::CComboBoxModel::*)(std::vector<QString> &)>(
     &Vantor::CComboBoxModel::ConstructModel));
+namespace Keys = Vantor::KeyboradData;
+using Key = Keys::KeyOperation::Type;
+using UsbFunction = Key (*)(Keys::USBKeyboardOperation::KeyType);
+using StickFunction = Key (*)(Keys::JoystickOperation::KeyType);
+using Com = ResourceManager::SystemConfig::COMJoystick;
+using Devices = Vantor::CJoystickKeyboardControlManager;
+using SerialKeyboard = Vantor::CZellSerialKeyboardControlManager;
+using UsbKeyboard = Vantor::CZellUSBKeyboardControlManager;
+using Joystick = Vantor::CUSBJoystickControlManager;
+template <class T> using ControlSignal = void (T::*)(Key, bool, int, int, bool, bool);
+template <class T> using ModeSignal = void (T::*)(Keys::ModUsb);
+static_assert(
+    IsSame<bool (Devices::*)(Com, UsbFunction, StickFunction, QWidget *)>(&Devices::InitKeyBoard));
+static_assert(IsSame<bool (Devices::*)()>(&Devices::UnInitKeyBoard));
+static_assert(IsSame<bool (Devices::*)(Com)>(&Devices::OpenPCSerial));
+static_assert(IsSame<bool (Devices::*)()>(&Devices::ClosePCSerial));
+static_assert(IsSame<void (Devices::*)(QWidget *)>(&Devices::SetTipInfoParentWnd));
+static_assert(IsSame<QWidget *(Devices::*)() const>(&Devices::GetTipInfoParentWnd));
+static_assert(IsSame<bool (Devices::*)() const>(&Devices::GetEventStatus));
+static_assert(IsSame<void (Devices::*)(bool)>(&Devices::SetEventStatus));
+static_assert(IsSame<ControlSignal<Devices>>(&Devices::SignalJoystickKeyboardControl));
+static_assert(IsSame<void (Devices::*)(Key, bool, int, int, bool)>(
+    &Devices::SignalJoystickKeyboardControlWall));
+static_assert(IsSame<bool (SerialKeyboard::*)()>(&SerialKeyboard::InitZellSerialKeyboard));
+static_assert(IsSame<bool (SerialKeyboard::*)()>(&SerialKeyboard::UnInitZellSerialKeyboard));
+static_assert(IsSame<void (SerialKeyboard::*)(quint32, quint32)>(&SerialKeyboard::InputEvent));
+static_assert(
+    IsSame<ControlSignal<SerialKeyboard>>(&SerialKeyboard::SignalZellSerialKeyboardControl));
+static_assert(IsSame<bool (UsbKeyboard::*)()>(&UsbKeyboard::InitZellUSBKeyboard));
+static_assert(IsSame<bool (UsbKeyboard::*)()>(&UsbKeyboard::UnInitZellUSBKeyboard));
+static_assert(
+    IsSame<Keys::ModUsb (UsbKeyboard::*)() const>(&UsbKeyboard::ConnetZellUSBJoystickType));
+static_assert(IsSame<void (UsbKeyboard::*)(quint32, quint32, quint32, UsbFunction)>(
+    &UsbKeyboard::InputEvent));
+static_assert(IsSame<ControlSignal<UsbKeyboard>>(&UsbKeyboard::SignalZellUSBKeyboardControl));
+static_assert(IsSame<ModeSignal<UsbKeyboard>>(&UsbKeyboard::SignalSwitchToUsbKeyboardMode));
+static_assert(IsSame<bool (Joystick::*)()>(&Joystick::InitUSBJoystick));
+static_assert(IsSame<bool (Joystick::*)()>(&Joystick::UnInitUSBJoystick));
+static_assert(IsSame<Keys::ModUsb (Joystick::*)() const>(&Joystick::ConnetZellUSBJoystickType));
+static_assert(IsSame<void (Joystick::*)(quint32, quint32, StickFunction)>(&Joystick::InputEvent));
+static_assert(IsSame<ControlSignal<Joystick>>(&Joystick::SignalUSBJostickControl));
+static_assert(IsSame<ModeSignal<Joystick>>(&Joystick::SignalSwitchToUsbJostickMode));
 
 static_assert(IsSame<bool (Excel::*)(const Text &, Text)>(&Excel::Init));
 static_assert(IsSame<bool (Excel::*)(const Text &)>(&Excel::AddSheetByName));

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "controller/JoystickKeyBoardControl/KeyboradData.h"
+
+#include <Ravel/ObjectSingleton.h>
+#include <VantorExport.h>
+
+#include <QtCore/QObject>
+
+#include <memory>
+
+namespace Vantor {
+
+class CUSBJoystickControlManager;
+
+} // namespace Vantor
+
+extern template class VANTOR_EXPORT Ravel::CObjectSingleton<Vantor::CUSBJoystickControlManager>;
+
+namespace Vantor {
+
+struct CUSBJoystickControlManagerDataPtr;
+
+/// \brief Translates what a joystick at USB sends. GUI thread; made by
+/// CJoystickKeyboardControlManager, whose signal hosts connect to.
+class VANTOR_EXPORT CUSBJoystickControlManager
+    : public QObject,
+      public Ravel::CObjectSingleton<CUSBJoystickControlManager>
+{
+    Q_OBJECT
+
+public:
+    ~CUSBJoystickControlManager() override;
+
+    /// What the host says a button stands for.
+    using TranslateFunction =
+        KeyboradData::KeyOperation::Type (*)(KeyboradData::JoystickOperation::KeyType key);
+
+    /// \brief Begin anew, with window control. \return true.
+    bool InitUSBJoystick();
+    /// \brief Forget what was sent last, back to window control. Events are still translated.
+    /// \return true.
+    bool UnInitUSBJoystick();
+
+    /// \brief Whether a joystick is plugged in.
+    [[nodiscard]] KeyboradData::ModUsb ConnetZellUSBJoystickType() const;
+
+    /// \param first_param  the move, the button's edge or the news of the device, see
+    ///                     docs/devices.md; one that is not there is ignored.
+    /// \param second_param speed, or the button from 0.
+    /// \param translate    may be null: buttons do nothing.
+    void InputEvent(quint32 first_param, quint32 second_param, TranslateFunction translate);
+
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    /// As CJoystickKeyboardControlManager::SignalJoystickKeyboardControl().
+    void SignalUSBJostickControl(KeyboradData::KeyOperation::Type enum_oper_type,
+                                 bool b_stop_action, int i_speed, int i_select_index,
+                                 bool b_wnd_ctrl, bool is_from_PC);
+    /// A joystick came or went.
+    void SignalSwitchToUsbJostickMode(KeyboradData::ModUsb mode_usb);
+
+private:
+    friend class Ravel::CObjectSingleton<CUSBJoystickControlManager>;
+    explicit CUSBJoystickControlManager(QObject *parent);
+
+    void OnDevice(bool is_found);
+    void ToggleMode();
+    [[nodiscard]] static KeyboradData::KeyOperation::KeyOperationMode
+    GetOperationType(KeyboradData::KeyOperation::Type operation);
+
+    const std::unique_ptr<CUSBJoystickControlManagerDataPtr> d_ptr_;
+};
+
+} // namespace Vantor

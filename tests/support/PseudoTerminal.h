@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+/// \brief A serial port without wires: what is written here is read at Path().
+class CPseudoTerminal
+{
+public:
+    CPseudoTerminal();
+    ~CPseudoTerminal();
+    CPseudoTerminal(const CPseudoTerminal &) = delete;
+    CPseudoTerminal &operator=(const CPseudoTerminal &) = delete;
+
+    [[nodiscard]] bool IsOpen() const { return handle_ >= 0; }
+    [[nodiscard]] QString Path() const;
+
+    /// \brief Write all of \a bytes; waits while the reader is slow.
+    void Write(const QByteArray &bytes);
+
+private:
+    int handle_;
+};
