@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <BusinessCommon/TimeZoneInfor.h>
+#include <PlatformExport.h>
+
+#include <QtCore/QtGlobal>
+
+#include <optional>
+
+QT_BEGIN_NAMESPACE
+class QTimeZone;
+QT_END_NAMESPACE
+
+namespace BusinessCommon {
+
+/// \brief What the clocks of a zone do in one calendar year.
+struct ZoneYear
+{
+    TimeZoneInfor infor;
+    qint64 dst_begin_s = 0; ///< start of daylight saving, seconds since 1970 UTC; 0 without
+    qint64 dst_end_s = 0;   ///< its end; before dst_begin_s south of the equator
+};
+
+/// \brief \a zone in \a year of UTC, 1 to 9999, by the system's zone database.
+/// \return nothing when biases and one period of daylight saving cannot tell it: the standard time
+///         changes in that year, daylight saving has other than one start and one end, or the
+///         offset is no whole minute.
+[[nodiscard]] VANTOR_PLATFORM_EXPORT std::optional<ZoneYear> ZoneYearOf(const QTimeZone &zone,
+                                                                        int year);
+
+/// \brief Daylight saving in \a year for a zone of which only the biases are known.
+///
+/// Biases alone do not tell the rule. The client's own zone decides when it has these biases in
+/// that year; else the rule that most zones of the system's database with these biases keep. A
+/// zone without daylight saving gives a year without. The first call reads the whole database,
+/// about 50 ms. Any thread.
+/// \return nothing when no zone has these biases.
+[[nodiscard]] VANTOR_PLATFORM_EXPORT std::optional<ZoneYear>
+FindZoneYear(const TimeZoneInfor &infor, int year);
+
+} // namespace BusinessCommon

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Nim/Base/Singleton.h>
+#include <PlatformExport.h>
+
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace ResourceManager {
+
+class CWorkStationManager;
+
+} // namespace ResourceManager
+
+extern template class VANTOR_PLATFORM_EXPORT
+    Nim::Base::CSingleton<ResourceManager::CWorkStationManager>;
+
+namespace ResourceManager {
+
+/// \brief A workstation at a site of its own.
+class VANTOR_PLATFORM_EXPORT CWorkStation
+{
+public:
+    /// \param time_zones whole hours east of Greenwich.
+    CWorkStation(unsigned int id, int time_zones);
+
+    [[nodiscard]] unsigned int GetID() const;
+    /// \brief The site's offset from UTC in whole hours, east positive.
+    [[nodiscard]] int GetTimeZones() const;
+
+private:
+    unsigned int id_;
+    int time_zones_;
+};
+
+/// \brief The workstations that the client knows, none until they are set. Reached through
+/// Nim::Base::CSingleton<CWorkStationManager>::Instance(). Any thread.
+class VANTOR_PLATFORM_EXPORT CWorkStationManager : public Nim::Base::CSingleton<CWorkStationManager>
+{
+    friend class Nim::Base::CSingleton<CWorkStationManager>;
+    CWorkStationManager() = default;
+
+public:
+    /// \return null when there is none; else it stays as it is, also when others are set. The first
+    ///         of several with the same id.
+    [[nodiscard]] std::shared_ptr<const CWorkStation> FindWorkStationByID(unsigned int id) const;
+
+    /// \brief Know \a workstations from now on, instead of those before.
+    void SetWorkStations(std::vector<CWorkStation> workstations);
+
+private:
+    using WorkStations = std::vector<CWorkStation>;
+
+    mutable std::mutex mutex_;
+    std::shared_ptr<const WorkStations> vec_workstations_; // under mutex_; null: none
+};
+
+} // namespace ResourceManager

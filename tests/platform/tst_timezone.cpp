@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: MIT
+#include "support/TestGuard.h"
+
+#include <BusinessCommon/FrameSystemConfigMgr.h>
+#include <BusinessCommon/IsoTime.h>
+#include <BusinessCommon/TimeZoneManager.h>
+#include <ResourceManager/WorkStationManager.h>
+
+#include <QtTest/QTest>
+
+#include <limits>
+#include <stdexcept>
+
+namespace {
+
+using BusinessCommon::CTimeZoneInfor;
+using BusinessCommon::CTimeZoneManager;
+
+template <class Manager> Manager &The()
+{
+    return Nim::Base::CSingleton<Manager>::Instance();
+}
+
+struct DstDate
+{
+    std::tm begin{};
+    qint64 begin_s = 7;
+    std::tm end{};
+    qint64 end_s = 7;
+    bool is_known = false;
+};
+
+DstDate Ask(int year, const std::shared_ptr<CTimeZoneInfor> &infor)
+{
+    DstDate date;
+    date.is_known = The<CTimeZoneManager>().GetDstDate(date.begin, date.begin_s, date.end,
+                                                       date.end_s, year - 1900, infor);
+    return date;
+}
+
+std::shared_ptr<CTimeZoneInfor> Infor(int utc_bias, bool has_dst, int daylight_bias)
+{
+    return std::make_shared<CTimeZoneInfor>(
+        BusinessCommon::TimeZoneInfor{utc_bias, has_dst, daylight_bias});
+}
+
+bool IsClientDst(qint64 seconds)
+{
+    const std::time_t time = seconds;
+    std::tm local{};
+    return localtime_r(&time, &local)->tm_isdst > 0;
+}
+
+class CHostZones : public BusinessCommon::ITimeZoneService
+{
+public:
+    explicit CHostZones(bool is_broken) : is_broken_(is_broken) {}
+
+    qint64 ISOTimeToTimeT(const std::string &text) override
+    {
+        return is_broken_ ? throw std::runtime_error("no zones") : qint64(text.size());
+    }
+    bool GetDstDate(std::tm & /*begin*/, qint64 &begin_s, std::tm & /*end*/, qint64 &end_s,
+                    int years_since_1900, const std::shared_ptr<CTimeZoneInfor> &infor) override
+    {
+        begin_s = years_since_1900;
+        end_s = infor->GetVal_utc_bias();
+        return is_broken_ ? throw std::runtime_error("no zones") : true;
+    }
+    void GetClientTimeZoneInfor(std::shared_ptr<CTimeZoneInfor> &infor) override
+    {
+        infor = is_broken_ ? nullptr : Infor(-345, false, 0);
+    }
+
+private:
+    bool is_broken_;
+};
+
+} // namespace
+
+class TestTimeZone : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { guard_.Begin(); }
+
+    void cleanup()
+    {
+        CTimeZoneManager::SetService(nullptr);
+        const QString fault = guard_.End();
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    }
+
+    void isoTextIsReadAsFarAsItFits_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<qint64>("seconds");
+        constexpr qint64 kTen = 1714557600;
+        QTest::newRow("UTC") << QByteArray("2024-05-01T10:00:00Z") << kTen;
+        QTest::newRow("east") << QByteArray("2024-05-01T18:00:00+8:00") << kTen;
+        QTest::newRow("west") << QByteArray("2024-05-01T05:00:00-5:00") << kTen;
+        QTest::newRow("the minus of an offset without hours")
+            << QByteArray("2024-05-01T09:30:00-0:30") << kTen;
+        QTest::newRow("an offset before Z is not read")
+            << QByteArray("2024-05-01T10:00:00-5:00Z") << kTen;
+        QTest::newRow("a fraction hides the offset")
+            << QByteArray("2024-05-01T10:00:00.5+8:00") << kTen;
+        QTest::newRow("so do missing seconds") << QByteArray("2024-05-01T10:00+8:00") << kTen;
+        QTest::newRow("blanks before numbers") << QByteArray(" 2024- 05-\t01T10:00:00") << kTen;
+        QTest::newRow("a sign before the year") << QByteArray("+2024-05-01T10:00:00") << kTen;
+        QTest::newRow("values carry over") << QByteArray("2023-16-30T33:59:60Z") << kTen;
+        QTest::newRow("a year alone: month 0, day 0")
+            << QByteArray("2024") << qint64(1701302400); // 2023-11-30
+        QTest::newRow("an offset alone is the year") << QByteArray("+8:00") << qint64(-61917523200);
+        QTest::newRow("ends at NUL") << QByteArray("2024-05-01T10:00:00\0+8:00", 25) << kTen;
+        QTest::newRow("the last second that 32 bits hold")
+            << QByteArray("2106-02-07T06:28:15Z") << qint64(4294967295);
+        QTest::newRow("nine digits")
+            << QByteArray("-999999999-01-01T00:00:00Z") << qint64(-31557014135596800);
+        QTest::newRow("ten digits") << QByteArray("2024-05-01T10:00:0000000000Z") << qint64(-1);
+        QTest::newRow("no number") << QByteArray("May 1, 2024") << qint64(-1);
+        QTest::newRow("a sign and no number") << QByteArray("-") << qint64(-1);
+        QTest::newRow("empty") << QByteArray() << qint64(-1);
+    }
+
+    void isoTextIsReadAsFarAsItFits()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(qint64, seconds);
+
+        QCOMPARE(The<CTimeZoneManager>().ISOTimeToTimeT(text.toStdString()), seconds);
+    }
+
+    void dstDatesComeFromTheSystemsZones_data()
+    {
+        QTest::addColumn<int>("utc_bias");
+        QTest::addColumn<int>("daylight_bias");
+        QTest::addColumn<int>("year");
+        QTest::addColumn<qint64>("begin");
+        QTest::addColumn<qint64>("end");
+        QTest::newRow("Berlin") << -60 << -60 << 2024 << qint64(1711846800) << qint64(1729990800);
+        QTest::newRow("New York") << 300 << -60 << 2024 << qint64(1710054000) << qint64(1730613600);
+        QTest::newRow("Sydney wraps")
+            << -600 << -60 << 2024 << qint64(1728144000) << qint64(1712419200);
+        QTest::newRow("Lord Howe, half an hour")
+            << -630 << -30 << 2024 << qint64(1728142200) << qint64(1712415600);
+        QTest::newRow("the rule of most, not Cairo's")
+            << -120 << -60 << 2024 << qint64(1711846800) << qint64(1729990800);
+        QTest::newRow("far away") << -60 << -60 << 2100 << qint64(4109878800) << qint64(4128627600);
+    }
+
+    void dstDatesComeFromTheSystemsZones()
+    {
+        QFETCH(int, utc_bias);
+        QFETCH(int, daylight_bias);
+        QFETCH(int, year);
+        QFETCH(qint64, begin);
+        QFETCH(qint64, end);
+
+        const DstDate date = Ask(year, Infor(utc_bias, true, daylight_bias));
+
+        QVERIFY(date.is_known);
+        QCOMPARE(date.begin_s, begin);
+        QCOMPARE(date.end_s, end);
+        std::tm copy = date.begin;
+        QCOMPARE(qint64(timegm(&copy)), begin); // which fills in the days
+        QCOMPARE(date.begin.tm_wday, copy.tm_wday);
+        QCOMPARE(date.begin.tm_yday, copy.tm_yday);
+        copy = date.end;
+        QCOMPARE(qint64(timegm(&copy)), end);
+    }
+
+    void noDaylightSavingIsKnownAndUnknownIsNot()
+    {
+        const DstDate without = Ask(2024, Infor(-480, false, 0));
+        const DstDate unknown = Ask(2024, Infor(-480, true, -17));
+        const DstDate null = Ask(2024, nullptr);
+        const DstDate never = Ask(std::numeric_limits<int>::max(), Infor(-60, true, -60));
+
+        QVERIFY(without.is_known);
+        QVERIFY(!unknown.is_known);
+        QVERIFY(!null.is_known);
+        QVERIFY(!never.is_known);
+        for (const DstDate &date : {without, unknown, null, never}) {
+            QCOMPARE(date.begin_s, qint64(0));
+            QCOMPARE(date.end_s, qint64(0));
+        }
+    }
+
+    // Runs once more in Cairo, whose rule is not that of most, see CMakeLists.txt.
+    void theClientsOwnZoneComesFirst()
+    {
+        std::shared_ptr<CTimeZoneInfor> client;
+        The<CTimeZoneManager>().GetClientTimeZoneInfor(client);
+        const int year = QDate::currentDate().year();
+
+        const DstDate date = Ask(year, client);
+
+        QVERIFY(date.is_known);
+        const bool has_dst = client->GetVal_b_dst();
+        QCOMPARE(has_dst, qEnvironmentVariableIsSet("EXPECTED_DST"));
+        QCOMPARE(client->GetVal_utc_bias(), has_dst ? -120 : 0);
+        QCOMPARE(IsClientDst(date.begin_s), has_dst);
+        QVERIFY(!IsClientDst(date.begin_s - 1));
+        QCOMPARE(IsClientDst(date.end_s - 1), has_dst);
+        QVERIFY(!IsClientDst(date.end_s));
+    }
+
+    void aHostsServiceAnswersAndItsFaultsStayInside()
+    {
+        CTimeZoneManager::SetService(std::make_unique<CHostZones>(false));
+
+        QCOMPARE(The<CTimeZoneManager>().ISOTimeToTimeT("four"), qint64(4));
+        const DstDate date = Ask(2024, Infor(-60, true, 0));
+        QVERIFY(date.is_known);
+        QCOMPARE(date.begin_s, qint64(124));
+        QCOMPARE(date.end_s, qint64(-60));
+        std::shared_ptr<CTimeZoneInfor> client;
+        The<CTimeZoneManager>().GetClientTimeZoneInfor(client);
+        QCOMPARE(client->GetVal_utc_bias(), -345);
+
+        guard_.AnnounceLogLines();
+        CTimeZoneManager::SetService(std::make_unique<CHostZones>(true));
+
+        QCOMPARE(The<CTimeZoneManager>().ISOTimeToTimeT("four"), qint64(-1));
+        QVERIFY(!Ask(2024, Infor(-60, true, 0)).is_known);
+        QCOMPARE(Ask(2024, Infor(-60, true, 0)).begin_s, qint64(0));
+        The<CTimeZoneManager>().GetClientTimeZoneInfor(client);
+        QVERIFY(client);
+        QCOMPARE(guard_.LogLines().filter("no zones").size(), 3);
+    }
+
+    void workstationsAreFoundById()
+    {
+        using ResourceManager::CWorkStation;
+        auto &manager = The<ResourceManager::CWorkStationManager>();
+        QVERIFY(!manager.FindWorkStationByID(7));
+        manager.SetWorkStations({CWorkStation(3, 8), CWorkStation(7, -5)});
+
+        const auto found = manager.FindWorkStationByID(7);
+        manager.SetWorkStations({});
+
+        QVERIFY(!manager.FindWorkStationByID(7));
+        QCOMPARE(found->GetTimeZones(), -5); // still there for who holds it
+    }
+
+private:
+    CTestGuard guard_;
+};
+
+QTEST_GUILESS_MAIN(TestTimeZone)
+#include "tst_timezone.moc"
