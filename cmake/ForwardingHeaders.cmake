@@ -2,6 +2,9 @@
 # Every exported class also has a header of its full name: #include <Vantor/CCSVParser>. This list is
 # the one place where they are named; each line is "<class> <header>".
 set(VANTOR_FORWARDING_HEADERS
+    "CAbstractDelegate ui/AnimationProgressBar/AbstractDelegate.h"
+    "CAnimationProgressBar ui/AnimationProgressBar/AnimationProgressBar.h"
+    "CBaseFileProgressBar ui/AnimationProgressBar/BaseFileProgressBar.h"
     "CComboBoxEx ui/FilterTreeViewEx/ComboBoxEx.h"
     "CComboBoxModel ui/FilterTreeViewEx/ComboBoxModel.h"
     "CAdaptiveColumnWidthController ui/CustomizeColumnButton/AdaptiveColumnWidthController.h"
@@ -32,11 +35,14 @@ set(VANTOR_FORWARDING_HEADERS
     "CJoystickKeyboardEvent controller/JoystickKeyBoardControl/JoystickKeyboardControlManager/JoystickKeyboardEvent.h"
     "CScreenStateManager controller/Screen/ScreenStateManager.h"
     "CStyleManager common/StyleManager.h"
+    "CTimeBarDelegate ui/TimeBarDelegate/TimeBarDelegate.h"
+    "CTimeBarParam ui/TimeBarDelegate/TimeBarParam.h"
     "CTimeZoneParam common/TimeZoneRecords.h"
     "CUSBJoystickControlManager controller/JoystickKeyBoardControl/USBJoystickControlManager/USBJoystickControlManager.h"
     "CUpdateEvent common/UpdateEvent.h"
     "CZellSerialKeyboardControlManager controller/JoystickKeyBoardControl/ZellSerialKeyboardControlManager/ZellSerialKeyboardControlManager.h"
     "CZellUSBKeyboardControlManager controller/JoystickKeyBoardControl/ZellUSBKeyboardControlManager/ZellUSBKeyboardControlManager.h"
+    "TimeSliderFile ui/TimeBarDelegate/TimeSliderFile.h"
 )
 
 # Writes the forwarding headers below `folder`/Vantor and installs them with the package. The target

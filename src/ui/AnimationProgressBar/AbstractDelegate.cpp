@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "ui/AnimationProgressBar/AbstractDelegate_p.h"
+
+namespace Vantor {
+
+CAbstractDelegate::CAbstractDelegate(int type, QObject *parent)
+    : QObject(parent), d_ptr_(std::make_unique<CAbstractDelegateDataPtr>())
+{
+    d_ptr_->type_ = type;
+}
+
+CAbstractDelegate::~CAbstractDelegate() = default;
+
+int CAbstractDelegate::GetDelegateType() const
+{
+    return d_ptr_->type_;
+}
+
+CAnimationProgressBar *CAbstractDelegate::AnimationProgressBar() const
+{
+    return d_ptr_->ptr_bar_;
+}
+
+void CAbstractDelegate::Clear() {}
+
+QVariantList CAbstractDelegate::GetValidPixmapInfo()
+{
+    return {};
+}
+
+QVariantList CAbstractDelegate::GetValidTipInfo()
+{
+    return {};
+}
+
+void CAbstractDelegate::UpdateValidPixmapInfo() {}
+
+bool CAbstractDelegate::ShouldRespondAtPos(QPoint /*pos*/)
+{
+    return false;
+}
+
+void CAbstractDelegate::Paint(QPainter * /*painter*/) {}
+
+bool CAbstractDelegate::event(QEvent *event)
+{
+    return QObject::event(event);
+}
+
+bool CAbstractDelegate::eventFilter(QObject *watched, QEvent *event)
+{
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace Vantor

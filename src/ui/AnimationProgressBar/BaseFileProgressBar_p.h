@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/AnimationProgressBar/BaseFileProgressBar.h"
+#include "ui/TimeBarDelegate/TimeBarDelegate.h"
+
+#include <QtCore/QPointer>
+
+namespace Vantor {
+
+struct CBaseFileProgressBarDataPtr
+{
+    QList<int> list_types_;
+    QPointer<CTimeBarDelegate> ptr_time_bars_;
+};
+
+} // namespace Vantor
