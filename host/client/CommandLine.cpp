@@ -4,6 +4,7 @@
 #include "ExportFormat.h"
 #include "IncidentList.h"
 #include "Pages.h"
+#include "ServerLink.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>
@@ -24,7 +25,8 @@ struct Parser
     {
         parser.setApplicationDescription(
             Texts::tr("Shows, searches and exports incident reports."));
-        parser.addOptions({headless, out, open, rows, filter, page, exported, help, version});
+        parser.addOptions(
+            {headless, out, open, rows, filter, page, server, exported, help, version});
     }
 
     QCommandLineOption headless{
@@ -45,6 +47,10 @@ struct Parser
         QStringLiteral("page"),
         Texts::tr("Begin with this page: %1.").arg(CPages::Names().join(QStringLiteral(", "))),
         QStringLiteral("NAME")};
+    QCommandLineOption server{
+        QStringLiteral("server"),
+        Texts::tr("Use this management server, [https://]HOST:PORT, instead of one of its own."),
+        QStringLiteral("ADDRESS")};
     QCommandLineOption exported{QStringLiteral("export"),
                                 Texts::tr("Export the list to this .csv or .xlsx file and exit."),
                                 QStringLiteral("FILE")};
@@ -65,6 +71,9 @@ QString FindUsageError(const Parser &line)
         if (parser.isSet(*option) && parser.value(*option).isEmpty())
             return Texts::tr("--%1 needs a name.").arg(option->names().constFirst());
     }
+    if (parser.isSet(line.server) && !CServerLink::IsAddress(parser.value(line.server)))
+        return Texts::tr("--server takes [https://]HOST:PORT, not “%1”.")
+            .arg(parser.value(line.server));
     if (parser.isSet(line.headless) && parser.isSet(line.exported))
         return Texts::tr("--headless and --export cannot be used together.");
     if (parser.isSet(line.page) && !CPages::Names().contains(parser.value(line.page)))
@@ -148,6 +157,7 @@ CommandLine ReadCommandLine(const QStringList &arguments)
     options.open_path = line.parser.value(line.open);
     options.export_path = line.parser.value(line.exported);
     options.filter = line.parser.value(line.filter);
+    options.server = line.parser.value(line.server);
     options.page = line.parser.value(line.page);
     if (line.parser.isSet(line.out))
         options.out_folder = line.parser.value(line.out);

@@ -14,8 +14,9 @@ struct Options
     QString export_path; ///< not empty: export and exit
     QString out_folder = QStringLiteral("out");
     QString filter;
-    QString page; ///< empty: the list
-    int rows = 0; ///< 0: as many as the list has
+    QString server; ///< empty: one of the client's own
+    QString page;   ///< empty: the list
+    int rows = 0;   ///< 0: as many as the list has
 
     /// \brief The file that holds the list: the user's or the one in the program.
     [[nodiscard]] QString ListPath() const;

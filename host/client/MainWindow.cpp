@@ -7,6 +7,7 @@
 #include "ListPage.h"
 #include "Pages.h"
 #include "ProgressDialog.h"
+#include "ServerLink.h"
 #include "Theme.h"
 #include "WindowActions.h"
 
@@ -85,6 +86,16 @@ void CMainWindow::SetFilter(const QString &text)
 IncidentRows CMainWindow::Rows() const
 {
     return page_->Rows();
+}
+
+void CMainWindow::SetServerLink(CServerLink &link)
+{
+    actions_->AddUsers(link);
+    connect(&link, &CServerLink::SignalFailed, this,
+            [this](const QString &text) { statusBar()->showMessage(text, kStatusTime_ms); });
+    connect(&link, &CServerLink::SignalUserChanged, this, [this](const QString &user) {
+        statusBar()->showMessage(tr("Logged in as %1").arg(user), kStatusTime_ms);
+    });
 }
 
 void CMainWindow::OpenFile(const QString &path)

@@ -21,6 +21,7 @@ class CLanguageSwitch;
 class CListExport;
 class CListPage;
 class CPages;
+class CServerLink;
 class CThemeSwitch;
 class CWindowActions;
 struct ExportResult;
@@ -42,6 +43,10 @@ public:
     void SetFilter(const QString &text);
     [[nodiscard]] IncidentRows Rows() const;
     [[nodiscard]] CPages &Pages() const { return *pages_; }
+
+    /// \brief Offer the users of \a link, which outlives the window, and tell what goes wrong
+    /// there.
+    void SetServerLink(CServerLink &link);
 
     /// \brief Show the CSV file \a path, or a message when it cannot be read.
     void OpenFile(const QString &path);

@@ -2,6 +2,7 @@
 #include "WindowActions.h"
 
 #include "Language.h"
+#include "ServerLink.h"
 #include "Theme.h"
 
 #include <QtWidgets/QAction>
@@ -61,6 +62,8 @@ void CWindowActions::BuildMenus(QMainWindow &window)
     language_menu_ = view_menu_->addMenu(QString());
     view_menu_->addSeparator();
     view_menu_->addAction(file_order_);
+    user_menu_ = bar->addMenu(QString());
+    user_menu_->menuAction()->setVisible(false); // until there is a server
     help_menu_ = bar->addMenu(QString());
     help_menu_->addAction(about_);
 }
@@ -68,6 +71,28 @@ void CWindowActions::BuildMenus(QMainWindow &window)
 void CWindowActions::AddPages(const QList<QAction *> &pages)
 {
     page_menu_->addActions(pages);
+}
+
+void CWindowActions::AddUsers(CServerLink &link)
+{
+    auto *const group = new QActionGroup(this);
+    const QStringList users = CServerLink::Users();
+    for (const QString &user : users) {
+        QAction *const action = user_menu_->addAction(user);
+        action->setCheckable(true);
+        action->setChecked(user == link.User());
+        group->addAction(action);
+        connect(action, &QAction::triggered, &link, [&link, user] { link.SwitchUser(user); });
+    }
+    // What is checked is who is logged in, not who was asked for.
+    const auto show_user = [group, &link] {
+        const auto actions = group->actions();
+        for (QAction *const action : actions)
+            action->setChecked(action->text() == link.User());
+    };
+    connect(&link, &CServerLink::SignalUserChanged, group, show_user);
+    connect(&link, &CServerLink::SignalFailed, group, show_user);
+    user_menu_->menuAction()->setVisible(true);
 }
 
 void CWindowActions::BuildThemeMenu()
@@ -143,6 +168,7 @@ void CWindowActions::Retranslate()
     toggle_theme_->setIconText(tr("Theme"));
     language_menu_->setTitle(tr("&Language"));
     file_order_->setText(tr("&Original order"));
+    user_menu_->setTitle(tr("Switch &user"));
     help_menu_->setTitle(tr("&Help"));
     about_->setText(tr("&About"));
     tool_bar_->setWindowTitle(tr("Tool bar"));

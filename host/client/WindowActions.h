@@ -14,6 +14,7 @@ QT_END_NAMESPACE
 namespace Client {
 
 class CLanguageSwitch;
+class CServerLink;
 class CThemeSwitch;
 
 /// \brief The menus and the tool bar of the window. Theme and language switch by themselves; the
@@ -38,6 +39,9 @@ public:
     /// \brief List \a pages, one of which is reached by each, in the View menu.
     void AddPages(const QList<QAction *> &pages);
 
+    /// \brief Show the menu that switches the user of \a link, which outlives this.
+    void AddUsers(CServerLink &link);
+
     void Retranslate();
 
 Q_SIGNALS:
@@ -60,6 +64,7 @@ private:
     QMenu *edit_menu_ = nullptr;
     QMenu *view_menu_ = nullptr;
     QMenu *page_menu_ = nullptr;
+    QMenu *user_menu_ = nullptr;
     QMenu *theme_menu_ = nullptr;
     QMenu *language_menu_ = nullptr;
     QMenu *help_menu_ = nullptr;

@@ -7,6 +7,7 @@
 #include "Language.h"
 #include "MainWindow.h"
 #include "Pages.h"
+#include "ServerLink.h"
 #include "StopSignals.h"
 #include "Theme.h"
 
@@ -50,7 +51,11 @@ void IgnoreFileSizeSignal()
 int RunWindow(const Options &options, const IncidentListPtr &list, CThemeSwitch &theme,
               CLanguageSwitch &language, QSettings &settings)
 {
+    CServerLink link;
     CMainWindow window(theme, language);
+    window.SetServerLink(link);
+    const QString user = QStringLiteral("user");
+    link.Start(options.server, settings.value(user, CServerLink::Users().constFirst()).toString());
     if (!window.restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray()))
         window.resize(kFirstSizePx);
     window.SetList(list, options.ListName());
@@ -67,6 +72,8 @@ int RunWindow(const Options &options, const IncidentListPtr &list, CThemeSwitch 
                                                    ? QStringLiteral("dark")
                                                    : QStringLiteral("light"));
     settings.setValue(QStringLiteral("language"), language.Current());
+    if (!link.User().isEmpty())
+        settings.setValue(user, link.User());
     return status;
 }
 

@@ -115,13 +115,16 @@ void SetAccount(CDatabase &database, const QString &name, const std::string &pas
 
 void Seed(CDatabase &database, const QString &path)
 {
-    if (database.Value(QStringLiteral("SELECT count(*) FROM account")).toInt() > 0)
+    const QString accounts = QStringLiteral("SELECT count(*) FROM account");
+    if (database.Value(accounts).toInt() > 0)
         return;
     const Rows rows = ReadCsv(path);
     QVariantList hashes; // each takes its time, so outside the transaction
     for (const SampleAccount &account : kSampleAccounts)
         hashes.append(HashPassword(account.password));
     database.Write([&] {
+        if (database.Value(accounts).toInt() > 0)
+            return; // another process has been quicker
         int next = 0;
         for (const SampleAccount &account : kSampleAccounts)
             database.Run(QStringLiteral("INSERT INTO account (name, password) VALUES (?, ?)"),

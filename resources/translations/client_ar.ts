@@ -88,6 +88,10 @@
 <context>
     <name>Client::CMainWindow</name>
     <message>
+        <source>Logged in as %1</source>
+        <translation>تم تسجيل الدخول باسم ‎%1</translation>
+    </message>
+    <message>
         <source>Reading %1…</source>
         <translation>جارٍ قراءة ‎%1…</translation>
     </message>
@@ -153,7 +157,26 @@
     </message>
 </context>
 <context>
+    <name>Client::CServerLink</name>
+    <message>
+        <source>There is no server: %1</source>
+        <translation>لا يوجد خادم: ‎%1</translation>
+    </message>
+    <message>
+        <source>Cannot log in as %1.</source>
+        <translation>تعذّر تسجيل الدخول باسم ‎%1.</translation>
+    </message>
+    <message>
+        <source>Cannot make the folder %1.</source>
+        <translation>تعذّر إنشاء المجلد ‎%1.</translation>
+    </message>
+</context>
+<context>
     <name>Client::CWindowActions</name>
+    <message>
+        <source>Switch &amp;user</source>
+        <translation>ت&amp;بديل المستخدم</translation>
+    </message>
     <message>
         <source>&amp;Go to</source>
         <translation>ا&amp;نتقل إلى</translation>
@@ -253,6 +276,14 @@
 </context>
 <context>
     <name>CommandLine</name>
+    <message>
+        <source>--server takes [https://]HOST:PORT, not “%1”.</source>
+        <translation>يأخذ ‎--server القيمة [https://]HOST:PORT وليس “%1”.</translation>
+    </message>
+    <message>
+        <source>Use this management server, [https://]HOST:PORT, instead of one of its own.</source>
+        <translation>استخدام خادم الإدارة هذا، [https://]HOST:PORT، بدلًا من خادم البرنامج نفسه.</translation>
+    </message>
     <message>
         <source>Begin with this page: %1.</source>
         <translation>ابدأ بهذه الصفحة: %1.</translation>

@@ -84,6 +84,10 @@
 <context>
     <name>Client::CMainWindow</name>
     <message>
+        <source>Logged in as %1</source>
+        <translation>Logged in as %1</translation>
+    </message>
+    <message>
         <source>Reading %1…</source>
         <translation>Reading %1…</translation>
     </message>
@@ -149,7 +153,26 @@
     </message>
 </context>
 <context>
+    <name>Client::CServerLink</name>
+    <message>
+        <source>There is no server: %1</source>
+        <translation>There is no server: %1</translation>
+    </message>
+    <message>
+        <source>Cannot log in as %1.</source>
+        <translation>Cannot log in as %1.</translation>
+    </message>
+    <message>
+        <source>Cannot make the folder %1.</source>
+        <translation>Cannot make the folder %1.</translation>
+    </message>
+</context>
+<context>
     <name>Client::CWindowActions</name>
+    <message>
+        <source>Switch &amp;user</source>
+        <translation>Switch &amp;user</translation>
+    </message>
     <message>
         <source>&amp;Go to</source>
         <translation>&amp;Go to</translation>
@@ -249,6 +272,14 @@
 </context>
 <context>
     <name>CommandLine</name>
+    <message>
+        <source>--server takes [https://]HOST:PORT, not “%1”.</source>
+        <translation>--server takes [https://]HOST:PORT, not “%1”.</translation>
+    </message>
+    <message>
+        <source>Use this management server, [https://]HOST:PORT, instead of one of its own.</source>
+        <translation>Use this management server, [https://]HOST:PORT, instead of one of its own.</translation>
+    </message>
     <message>
         <source>Begin with this page: %1.</source>
         <translation>Begin with this page: %1.</translation>

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QFutureWatcher>
+#include <QtCore/QObject>
+#include <QtCore/QStringList>
+
+#include <memory>
+#include <string>
+
+namespace Server {
+
+class CServer;
+
+} // namespace Server
+
+namespace Client {
+
+/// \brief The management server that the client talks to, its own or another one, and the user who
+/// is logged in there.
+///
+/// Connecting and logging in happen on another thread; the window never waits. There is one link at
+/// most in a process. When it goes, what the user changed last is stored first, within a second.
+class CServerLink : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CServerLink(QObject *parent = nullptr);
+    ~CServerLink() override;
+
+    /// \brief The one there is, for pages; null when the client runs without a server.
+    [[nodiscard]] static CServerLink *Current();
+
+    /// \brief Whether \a server is HOST:PORT, http://HOST:PORT or https://HOST:PORT.
+    [[nodiscard]] static bool IsAddress(const QString &server);
+
+    /// \brief Connect and log \a user in.
+    /// \param server an address as above; empty: a server in this process, on this machine only.
+    void Start(const QString &server, const QString &user);
+    /// \brief Log another user in; the one before stays when that fails.
+    void SwitchUser(const QString &user);
+
+    /// \brief Who is logged in; empty: nobody yet.
+    [[nodiscard]] QString User() const { return user_; }
+    /// \brief The accounts to choose from.
+    [[nodiscard]] static QStringList Users();
+
+Q_SIGNALS:
+    /// Another user is logged in: what is kept for each user is to be read again.
+    void SignalUserChanged(const QString &user);
+    /// There is no server, or it did not let the user in.
+    void SignalFailed(const QString &text);
+
+private:
+    struct Outcome
+    {
+        QString user;
+        std::string session;
+        QString error;
+        std::shared_ptr<Server::CServer> server; // the one that was started
+    };
+
+    void OnFinished();
+
+    QFutureWatcher<Outcome> watcher_;
+    std::shared_ptr<Server::CServer> server_;
+    QString user_;
+    QString next_user_; // asked for while another one was being logged in
+};
+
+} // namespace Client
