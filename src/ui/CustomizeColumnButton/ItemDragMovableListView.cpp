@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/CustomizeColumnButton/ItemDragMovableListView.h"
 
+#include "common/StyleManager.h"
 #include "ui/CustomizeColumnButton/ListSightCheckModel.h"
 
 #include <QtCore/QBasicTimer>
@@ -19,9 +20,15 @@ namespace {
 
 constexpr int kNoRow = -1;
 constexpr int kLinePx = 2;
-constexpr qreal kFloatingOpacity = 0.85;
 constexpr int kScroll_ms = 40;
 constexpr int kScrollPx = 8;
+
+// A theme's colour for selected rows is too faint for a line.
+QColor Accent(const QPalette &palette)
+{
+    const QColor brand = Nim::Base::CSingleton<CStyleManager>::Instance().BrandColor();
+    return brand.isValid() ? brand : palette.color(QPalette::Highlight);
+}
 
 } // namespace
 
@@ -203,15 +210,19 @@ void CItemDragMovableListView::paintEvent(QPaintEvent *event)
     QPainter painter(viewport());
     const QRect source = visualRect(model()->index(d_ptr_->dragged_row_, 0));
     painter.fillRect(source, palette().color(QPalette::Base)); // its place is empty meanwhile
-    if (d_ptr_->target_row_ != d_ptr_->dragged_row_) {
-        const QRect target = visualRect(model()->index(d_ptr_->target_row_, 0));
-        const bool is_down = d_ptr_->target_row_ > d_ptr_->dragged_row_;
-        const int y = is_down ? target.bottom() + 1 : target.top();
-        painter.fillRect(target.x(), std::clamp(y - kLinePx / 2, 0, viewport()->height() - kLinePx),
-                         target.width(), kLinePx, palette().color(QPalette::Highlight));
-    }
-    painter.setOpacity(kFloatingOpacity);
-    painter.drawPixmap(source.x(), d_ptr_->mouse_y_ - d_ptr_->grip_y_, d_ptr_->floating_);
+    const QColor accent = Accent(palette());
+    QRect floating = source;
+    floating.moveTop(d_ptr_->mouse_y_ - d_ptr_->grip_y_);
+    painter.drawPixmap(floating.topLeft(), d_ptr_->floating_);
+    painter.setPen(accent);
+    painter.drawRect(floating.adjusted(0, 0, -1, -1));
+    if (d_ptr_->target_row_ == d_ptr_->dragged_row_)
+        return;
+    const QRect target = visualRect(model()->index(d_ptr_->target_row_, 0));
+    const bool is_down = d_ptr_->target_row_ > d_ptr_->dragged_row_;
+    const int y = (is_down ? target.bottom() + 1 : target.top()) - kLinePx / 2;
+    painter.fillRect(target.x(), std::clamp(y, 0, std::max(0, viewport()->height() - kLinePx)),
+                     target.width(), kLinePx, accent);
 }
 
 } // namespace Vantor
