@@ -1,160 +1,27 @@
 // SPDX-License-Identifier: MIT
+#include "ColumnSteps.h"
+#include "ColumnTable.h"
 #include "LayoutStore.h"
 #include "support/TestGuard.h"
 
 #include <Faceplate/GUIMessageTipManager.h>
-#include <Vantor/CAdaptiveColumnWidthController>
 #include <Vantor/CCustomizeColumnButton>
-#include <Vantor/CCustomizeColumnWidget>
-#include <Vantor/CItemDragMovableListView>
-#include <Vantor/CListSightCheckModel>
 
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
-#include <QtCore/QPointer>
-#include <QtCore/QRandomGenerator>
 #include <QtTest/QAbstractItemModelTester>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QCheckBox>
 
 #include <memory>
 #include <thread>
 
 using Vantor::CColumnInfo;
 using Vantor::CCustomizeColumnButton;
-using Vantor::CCustomizeColumnWidget;
-using Columns = QVector<CColumnInfo>;
 
 namespace {
 
-constexpr char kStoredKey[] = "anna/CListModuleFunctionCustomizeList";
-
-// Columns A, B and so on with the ids 10, 11 and so on, all shown, numbered from 1.
-Columns MakeColumns(int count)
-{
-    Columns columns;
-    for (int i = 0; i < count; ++i) {
-        CColumnInfo column;
-        column.SetVal_column_No(i + 1);
-        column.SetVal_column_id(10 + i);
-        column.SetVal_column_name(QString(QChar('A' + i)));
-        columns.append(column);
-    }
-    return columns;
-}
-
-// What a host reads from the stored text: the shown columns in order.
-QString Stored(const QByteArray &text, const Columns &defaults)
-{
-    const QJsonArray items =
-        QJsonDocument::fromJson(text).object().value("CustomizeListItems").toArray();
-    QMap<int, QString> shown;
-    for (int i = 0; i < items.size(); ++i) {
-        const QJsonObject item = items.at(i).toObject();
-        if (item.value("ColumnChecked").toInt() == 2)
-            shown.insert(item.value("ColumnLocation").toInt(), defaults.at(i).GetVal_column_name());
-    }
-    return shown.values().join(QString());
-}
+const QString kAnnasKey = QStringLiteral("anna/") + kColumnKey;
 
 } // namespace
-
-/// A table with a column button, as a host has it.
-class CTable : public QWidget
-{
-public:
-    explicit CTable(const Columns &columns) : button(new CCustomizeColumnButton(this))
-    {
-        resize(800, 600);
-        button->setGeometry(700, 10, 30, 30);
-        connect(button.data(), &CCustomizeColumnButton::SignalGetCurrentCustomizelistShow, this,
-                [this] { OnSettled(); });
-        button->InitCustomizeListByModuleNameANdFunction("Module", "Function", columns, nullptr);
-    }
-
-    void Open()
-    {
-        show();
-        QTest::mouseClick(button, Qt::LeftButton);
-    }
-
-    // What the host shows, what the drop-down would give, and what its rows say.
-    [[nodiscard]] QString Given() const
-    {
-        QStringList names;
-        button->GetCustomizeListCurrentContent(names);
-        return names.join(QString());
-    }
-
-    [[nodiscard]] QString Rows(bool is_checked_only = true) const
-    {
-        QString names;
-        for (int row = 0; row < Model()->rowCount(); ++row) {
-            const QModelIndex index = Model()->index(row, 0);
-            if (!is_checked_only || index.data(Qt::CheckStateRole).toInt() == Qt::Checked)
-                names += index.data().toString();
-        }
-        return names;
-    }
-
-    [[nodiscard]] CCustomizeColumnWidget *DropDown() const
-    {
-        return button->findChild<CCustomizeColumnWidget *>();
-    }
-    [[nodiscard]] Vantor::CItemDragMovableListView *List() const
-    {
-        return button->findChild<Vantor::CItemDragMovableListView *>();
-    }
-    [[nodiscard]] QAbstractItemModel *Model() const { return List()->model(); }
-    [[nodiscard]] QCheckBox *AllBox() const { return button->findChild<QCheckBox *>(); }
-    [[nodiscard]] QPushButton *Reset() const
-    {
-        return button->findChild<QPushButton *>("ptr_reset_button_");
-    }
-
-    [[nodiscard]] QPoint RowCentre(int row) const
-    {
-        return List()->visualRect(Model()->index(row, 0)).center();
-    }
-    void ClickRow(int row) const
-    {
-        QTest::mouseClick(List()->viewport(), Qt::LeftButton, {}, RowCentre(row));
-    }
-    void DragTo(int from, int to) const
-    {
-        QTest::mousePress(List()->viewport(), Qt::LeftButton, {}, RowCentre(from));
-        MoveMouse(RowCentre(to));
-    }
-    void Drop() const { QTest::mouseRelease(List()->viewport(), Qt::LeftButton, {}, mouse_); }
-
-    QPointer<CCustomizeColumnButton> button;
-    QString shown; ///< as of the last signal
-    int settled = 0;
-    bool is_deleting_button = false;
-
-private:
-    void OnSettled()
-    {
-        shown = Given();
-        ++settled;
-        if (is_deleting_button)
-            delete button;
-    }
-
-    // With the button held; QTest::mouseMove() holds none.
-    void MoveMouse(const QPoint &place) const
-    {
-        mouse_ = place;
-        QMouseEvent move(QEvent::MouseMove, place, List()->viewport()->mapToGlobal(place),
-                         Qt::NoButton, Qt::LeftButton, {});
-        QApplication::sendEvent(List()->viewport(), &move);
-    }
-
-    mutable QPoint mouse_;
-};
 
 class TestCustomizeColumn : public QObject
 {
@@ -180,79 +47,13 @@ private Q_SLOTS:
         QVERIFY2(fault.isEmpty(), qPrintable(fault));
     }
 
-    void anyStepsKeepTableDropDownAndStoreInAgreement_data()
-    {
-        QTest::addColumn<quint32>("seed");
-        QTest::newRow("seed 1") << 1U;
-        QTest::newRow("seed 20261121") << 20261121U;
-    }
-
-    // Checks, moves, resets, restarts and changes of the user; expected_ is what each user last
-    // left.
     void anyStepsKeepTableDropDownAndStoreInAgreement()
     {
-        QFETCH(quint32, seed);
-        QRandomGenerator random(seed);
-        Columns columns = MakeColumns(8);
-        columns[2].SetVal_b_manual_check(false);
-        columns[5].SetVal_b_manual_sort(false);
-        QHash<QString, QString> left_by;
-        auto table = std::make_unique<CTable>(columns);
-        table->Open();
-        QTRY_COMPARE(table->settled, 1);
-        for (int step = 0; step < 1000; ++step) {
-            const int writes = store_->writes;
-            const int settled = table->settled;
-            const QString before = table->Rows(false);
-            bool is_load = false;
-            switch (random.bounded(10)) {
-            case 0:
-                QTest::mouseClick(table->Reset(), Qt::LeftButton);
-                break;
-            case 1:
-                QTest::keyClick(table->AllBox(), Qt::Key_Space);
-                break;
-            case 2:
-                is_load = true;
-                table = std::make_unique<CTable>(columns);
-                table->Open();
-                break;
-            case 3:
-                is_load = true;
-                store_->user = random.bounded(2) ? "anna" : "bert";
-                table->button->UpdateAfterSwitchUser();
-                break;
-            case 4:
-            case 5:
-                table->DragTo(random.bounded(8), random.bounded(8));
-                table->Drop();
-                break;
-            case 6:
-                table->List()->setCurrentIndex(table->Model()->index(random.bounded(8), 0));
-                QTest::keyClick(table->List(), random.bounded(2) ? Qt::Key_Up : Qt::Key_Down,
-                                Qt::AltModifier);
-                break;
-            default:
-                table->ClickRow(random.bounded(8));
-            }
-            if (is_load) {
-                QTRY_VERIFY(table->settled > 0 && table->List()->isEnabled());
-                QCOMPARE(store_->writes, writes);
-                QCOMPARE(table->shown, left_by.value(store_->user, QStringLiteral("ABCDEFGH")));
-            } else if (store_->writes > writes) {
-                QTRY_COMPARE(table->settled, settled + 1);
-            } else { // a locked row, or a move that is refused
-                QCOMPARE(table->Rows(false), before);
-            }
-            const QByteArray text = store_->texts.value(store_->user + QString(kStoredKey).mid(4));
-            QCOMPARE(table->Given(), table->shown);
-            QCOMPARE(table->Rows(), table->shown);
-            if (!text.isEmpty())
-                QCOMPARE(Stored(text, columns), table->shown);
-            QCOMPARE(table->Rows(false).indexOf('F'), 5); // it keeps its place
-            QVERIFY(table->shown.contains('C'));
-            left_by[store_->user] = table->shown;
-        }
+        TakeColumnSteps(1, {[this](const QString &user) { store_->user = user; },
+                            [this](const QString &user) {
+                                return store_->texts.value(user + '/' + kColumnKey);
+                            },
+                            [this] { return store_->writes; }});
         QVERIFY(messages_.isEmpty());
     }
 
@@ -287,12 +88,12 @@ private Q_SLOTS:
         QCOMPARE(messages_.size(), refusals);
         table.ClickRow(3); // the next change works
         QTRY_COMPARE(table.shown, QString(shown).remove('D'));
-        QCOMPARE(Stored(store_->texts.value(kStoredKey), MakeColumns(4)), table.shown);
+        QCOMPARE(Stored(store_->texts.value(kAnnasKey), MakeColumns(4)), table.shown);
     }
 
     void aChoiceThatCannotBeReadIsAskedForAgainWhenOpened()
     {
-        store_->texts[kStoredKey] = R"({"CustomizeListItems":[{"ColumnLocation":1,"ColumnChecked":0,
+        store_->texts[kAnnasKey] = R"({"CustomizeListItems":[{"ColumnLocation":1,"ColumnChecked":0,
             "ColumnManualCheck":"true","ColumnManualSort":"true"}]})";
         store_->refusals = 1;
         CTable table(MakeColumns(3));
