@@ -18,6 +18,7 @@ namespace BusinessCommon {
 namespace {
 
 constexpr char kCategory[] = "ClientWarningAndMore";
+constexpr char kGetDstDate[] = "BusinessCommon::CTimeZoneManager::GetDstDate";
 constexpr int kTmYearBase = 1900;
 constexpr int kSecondsPerMinute = 60;
 
@@ -49,8 +50,13 @@ public:
         constexpr int kNoYear = 100000; // beyond all that are known
         const auto found =
             FindZoneYear(infor->Read(), std::min(years_since_1900, kNoYear) + kTmYearBase);
-        if (!found)
+        if (!found) {
+            Nim::Base::Log::WriteFramed(
+                kGetDstDate, __FILE__, __LINE__, Nim::Base::Log::kWarning, kCategory,
+                "No zone of the system has utc_bias %d and daylight_bias %d in that year.",
+                infor->GetVal_utc_bias(), infor->GetVal_daylight_bias());
             return false;
+        }
         begin_s = found->dst_begin_s;
         end_s = found->dst_end_s;
         begin = ToTm(begin_s);
@@ -125,7 +131,7 @@ bool CTimeZoneManager::GetDstDate(std::tm &begin, qint64 &begin_s, std::tm &end,
     clear();
     bool is_known = false;
     if (infor) {
-        AskService("BusinessCommon::CTimeZoneManager::GetDstDate", [&](ITimeZoneService &service) {
+        AskService(kGetDstDate, [&](ITimeZoneService &service) {
             is_known = service.GetDstDate(begin, begin_s, end, end_s, years_since_1900, infor);
         });
     }

@@ -53,7 +53,7 @@ public:
     /// \brief The start and the end of daylight saving in a year, in UTC.
     ///
     /// By default, a zone without daylight saving gives true and 0/0, and one with it what
-    /// FindZoneYear() finds: never true and 0/0.
+    /// FindZoneYear() finds: never true and 0/0, but false and a log line of level 4.
     /// \return false, with the results all 0, when \a infor is null or no period is known.
     static bool GetDstDate(std::tm &begin, qint64 &begin_s, std::tm &end, qint64 &end_s,
                            int years_since_1900, const std::shared_ptr<CTimeZoneInfor> &infor);

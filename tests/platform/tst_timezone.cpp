@@ -173,6 +173,8 @@ private Q_SLOTS:
 
     void noDaylightSavingIsKnownAndUnknownIsNot()
     {
+        guard_.AnnounceLogLines();
+
         const DstDate without = Ask(2024, Infor(-480, false, 0));
         const DstDate unknown = Ask(2024, Infor(-480, true, -17));
         const DstDate null = Ask(2024, nullptr);
@@ -186,6 +188,7 @@ private Q_SLOTS:
             QCOMPARE(date.begin_s, qint64(0));
             QCOMPARE(date.end_s, qint64(0));
         }
+        QCOMPARE(guard_.LogLines().filter("No zone of the system").size(), 2);
     }
 
     // Runs once more in Cairo, whose rule is not that of most, see CMakeLists.txt.
