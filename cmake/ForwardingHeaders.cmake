@@ -24,6 +24,7 @@ set(VANTOR_FORWARDING_HEADERS
     "CFilterWidgetEx ui/FilterTreeViewEx/FilterWidgetEx.h"
     "CMutiPageWidget ui/MutiPageWidget/MutiPageWidget.h"
     "CMutiPageWidgetEx ui/MutiPageWidget/MutiPageWidgetEx.h"
+    "COneDayTimeBox ui/OneDayTimeBox/OneDayTimeBox.h"
     "CRawTimeZone common/TimeZoneRecords.h"
     "CRequestTimeZone common/TimeZoneRecords.h"
     "CItemDragMovableListView ui/CustomizeColumnButton/ItemDragMovableListView.h"

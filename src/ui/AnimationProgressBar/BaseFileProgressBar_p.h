@@ -4,12 +4,15 @@
 #include "ui/AnimationProgressBar/BaseFileProgressBar.h"
 #include "ui/TimeBarDelegate/TimeBarDelegate.h"
 
+#include <BusinessCommon/TimeZoneInfor.h>
+
 #include <QtCore/QPointer>
 
 namespace Vantor {
 
 struct CBaseFileProgressBarDataPtr
 {
+    BusinessCommon::CTimeZoneInfor device_zone_; // given last, shown or not
     QList<int> list_types_;
     QPointer<CTimeBarDelegate> ptr_time_bars_;
 };
