@@ -3,7 +3,9 @@
 # the one place where they are named; each line is "<class> <header>".
 set(VANTOR_FORWARDING_HEADERS
     "CAbstractDelegate ui/AnimationProgressBar/AbstractDelegate.h"
+    "CAbstractDockFrame ui/DockManager/AbstractDockFrame.h"
     "CAnimationProgressBar ui/AnimationProgressBar/AnimationProgressBar.h"
+    "CBaseDockFrame ui/DockManager/BaseDockFrame.h"
     "CBaseFileProgressBar ui/AnimationProgressBar/BaseFileProgressBar.h"
     "CComboBoxEx ui/FilterTreeViewEx/ComboBoxEx.h"
     "CComboBoxModel ui/FilterTreeViewEx/ComboBoxModel.h"
@@ -17,6 +19,9 @@ set(VANTOR_FORWARDING_HEADERS
     "CCustomListItemDelegate ui/CustomizeColumnButton/CustomListItemDelegate.h"
     "CCustomizeColumnButton ui/CustomizeColumnButton/CustomizeColumnButton.h"
     "CCustomizeColumnWidget ui/CustomizeColumnButton/CustomizeColumnWidget.h"
+    "CDockManager ui/DockManager/DockManager.h"
+    "CDockWidget ui/DockManager/DockWidget.h"
+    "CDockWidgetPosRule ui/DockManager/DockWidgetPosRule.h"
     "CEventTransMgr common/EventTransMgr.h"
     "CExcelControllorWithC controller/Excel/ExcelControllorWithC.h"
     "CFilterProxyModelEx ui/FilterTreeViewEx/FilterProxyModelEx.h"

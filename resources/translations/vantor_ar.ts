@@ -210,5 +210,13 @@
         <source>Something went wrong.</source>
         <translation>حدث خطأ ما.</translation>
     </message>
+    <message>
+        <source>Confirm</source>
+        <translation>تأكيد</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>إلغاء</translation>
+    </message>
 </context>
 </TS>

@@ -210,5 +210,13 @@
         <source>Something went wrong.</source>
         <translation>Something went wrong.</translation>
     </message>
+    <message>
+        <source>Confirm</source>
+        <translation>Confirm</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
 </context>
 </TS>

@@ -4,6 +4,8 @@
 #include <ErrorText/ErrorText.h>
 #include <Faceplate/GUIMessageTipManager.h>
 #include <Faceplate/NewInfoDlg.h>
+#include <Faceplate/GUIFullScreenWidget.h>
+#include <Lookout/BaseWidget.h>
 #include <Nim/Base/Encrypt.h>
 #include <Nim/Base/Error.h>
 #include <Nim/Base/FileSystem.h>
@@ -15,6 +17,7 @@
 #include <Ravel/WaitWatcher.h>
 #include <Vantor/CAdaptiveColumnWidthController>
 #include <Vantor/CAdaptiveColumnWidthWidget>
+#include <Vantor/CBaseDockFrame>
 #include <Vantor/CCSVParser>
 #include <Vantor/CComboBoxEx>
 #include <Vantor/CComboBoxModel>
@@ -23,6 +26,9 @@
 #include <Vantor/CCustomListItemDelegate>
 #include <Vantor/CCustomizeColumnButton>
 #include <Vantor/CCustomizeColumnWidget>
+#include <Vantor/CDockManager>
+#include <Vantor/CDockWidget>
+#include <Vantor/CDockWidgetPosRule>
 #include <Vantor/CEventTransMgr>
 #include <Vantor/CExcelControllorWithC>
 #include <Vantor/CFilterWidgetEx>
@@ -406,6 +412,47 @@ static_assert(IsSame<void (*)(QWidget *, const QString &, int, int, int)>(
     &Faceplate::CGUIMessageTipManager::ShowMessage));
 static_assert(
     IsSame<QString (*)(const Nim::Base::Error::ErrorCode &)>(&ErrorText::GetErrorInfoByErrorCode));
+using Docks = Vantor::CDockManager;
+using Dock = Vantor::CDockWidget;
+using Frame = Vantor::CAbstractDockFrame;
+using BaseFrame = Vantor::CBaseDockFrame;
+using Rule = QPointer<Vantor::CDockWidgetPosRule>;
+static_assert(IsSame<void (Docks::*)(QWidget *)>(&Docks::SetMainWindow));
+static_assert(IsSame<QWidget *(Docks::*)() const>(&Docks::GetMainWindow));
+static_assert(IsSame<void (Docks::*)(Frame *, int, bool, QWidget *)>(
+    qOverload<Frame *, int, bool, QWidget *>(&Docks::SetDockWidget)));
+static_assert(IsSame<void (Docks::*)(Frame *, Rule, int)>(
+    qOverload<Frame *, Rule, int>(&Docks::SetDockWidget)));
+static_assert(IsSame<void (Docks::*)()>(&Docks::HideDockWidget));
+static_assert(IsSame<Dock *(Docks::*)() const>(&Docks::GetDockWidget));
+static_assert(IsSame<void (Docks::*)(Docks::ContentType)>(&Docks::SetContentType));
+static_assert(Docks::Common == 1 && Docks::Export == 2);
+static_assert(IsSame<void (Dock::*)(Frame *, int, bool)>(&Dock::SetDockWidget));
+static_assert(IsSame<void (Dock::*)(Frame *, Rule, int)>(&Dock::SetDockWidgetWithPosRule));
+static_assert(IsSame<void (Dock::*)()>(&Dock::ShowInAnimation));
+static_assert(IsSame<void (Dock::*)()>(&Dock::HideInAnimation));
+static_assert(IsSame<void (Dock::*)(int)>(&Dock::SetContentType));
+static_assert(IsSame<QWidget *(Dock::*)() const>(&Dock::GetParentWidget));
+static_assert(IsSame<void (Dock::*)()>(&Dock::UpdatePostion));
+static_assert(IsSame<void (Dock::*)()>(&Dock::OnHideFinished));
+static_assert(IsSame<void (Dock::*)()>(&Dock::OnShowFinished));
+static_assert(IsSame<bool (Frame::*)() const>(&Frame::IsAutoHide));
+static_assert(IsSame<void (Frame::*)(bool)>(&Frame::SetAutoHide));
+static_assert(IsSame<void (BaseFrame::*)(const QString &)>(&BaseFrame::SetTitleText));
+static_assert(IsSame<void (BaseFrame::*)(bool)>(&BaseFrame::SetBottomFrameVisible));
+static_assert(IsSame<void (BaseFrame::*)(bool)>(&BaseFrame::SetHideEmit));
+static_assert(IsSame<void (BaseFrame::*)(bool)>(&BaseFrame::SetResetButtonVisible));
+static_assert(IsSame<void (BaseFrame::*)(bool)>(&BaseFrame::SetCancelButtonVisible));
+static_assert(IsSame<void (BaseFrame::*)(const QString &)>(&BaseFrame::SetSaveBtnText));
+static_assert(IsSame<void (BaseFrame::*)(bool)>(&BaseFrame::SetSaveEnabeld));
+static_assert(IsSame<void (BaseFrame::*)(QWidget *)>(&BaseFrame::SetContentWnd));
+static_assert(IsSame<QWidget *(BaseFrame::*)() const>(&BaseFrame::GetSetUpUiWidget));
+static_assert(IsSame<QFrame *(BaseFrame::*)() const>(&BaseFrame::GetTitleFrame));
+static_assert(IsSame<QScrollArea *(BaseFrame::*)() const>(&BaseFrame::GetScrollArea));
+static_assert(IsSame<QWidget *(BaseFrame::*)() const>(&BaseFrame::GetButtonWidget));
+static_assert(IsSame<void (BaseFrame::*)()>(&BaseFrame::signalConfirm));
+static_assert(IsSame<void (BaseFrame::*)()>(&BaseFrame::signalCancel));
+static_assert(IsSame<void (BaseFrame::*)()>(&BaseFrame::signalReset));
 
 // The three templates as hosts use them on classes of their own.
 class CHostObject : public QObject, public Ravel::CObjectSingleton<CHostObject>
@@ -436,6 +483,13 @@ private Q_SLOTS:
         QTest::newRow("end of an export")
             << &Parser::staticMetaObject << QByteArray("Vantor::CCSVParser")
             << QByteArray("SignalWriteOver()");
+        QTest::newRow("a window that fills the screen")
+            << &Faceplate::CGUIFullScreenWidget::staticMetaObject
+            << QByteArray("Faceplate::CGUIFullScreenWidget")
+            << QByteArray("SignalFullScreenModeChanged(bool)");
+        QTest::newRow("a plug-in's window")
+            << &Lookout::CBaseWidget::staticMetaObject << QByteArray("Lookout::CBaseWidget")
+            << QByteArray("close()");
         QTest::newRow("end of a copy")
             << &CopyThread::staticMetaObject << QByteArray("Vantor::CCopyFileThread")
             << QByteArray("SendSaveFinish(bool,QStringList)");

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <PlatformExport.h>
+
+#include <QtWidgets/QWidget>
+
+#include <functional>
+
+namespace Faceplate {
+
+/// \brief A window that can fill its screen, such as a live view ("Faceplate--CGUIFullScreenWidget"
+/// in a theme).
+class VANTOR_PLATFORM_EXPORT CGUIFullScreenWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CGUIFullScreenWidget(QWidget *parent = nullptr, Qt::WindowFlags flags = {});
+    ~CGUIFullScreenWidget() override;
+
+    /// \brief Fill the screen, or come back to the size and the state from before. A widget inside
+    /// a window is left as it is.
+    void SetFullScreenMode(bool on);
+
+Q_SIGNALS:
+    /// Emitted after the mode changed, also when the window system changed it.
+    void SignalFullScreenModeChanged(bool on);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    bool was_full_screen_ = false;
+};
+
+/// \brief Whether \a widget is in full-screen mode; null is not. GUI thread.
+[[nodiscard]] VANTOR_PLATFORM_EXPORT bool IsFullScreenMode(const QWidget *widget);
+
+/// \brief Ask \a source in place of QWidget::isFullScreen(): for windows that fill the screen in a
+/// way of their own. An empty function restores the default; one that throws counts as "no".
+VANTOR_PLATFORM_EXPORT void
+SetFullScreenModeSource(std::function<bool(const QWidget *widget)> source);
+
+} // namespace Faceplate

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <PlatformExport.h>
+
+#include <QtCore/QPointer>
+#include <QtGui/QColor>
+#include <QtWidgets/QWidget>
+
+namespace Ravel {
+
+/// \brief A soft shadow that a panel throws on the window below it.
+///
+/// It is a child of that window, drawn over its content and invisible to the mouse, so it needs no
+/// compositing window system; it cannot be seen beyond the window. It follows the panel that it
+/// wraps, comes and goes with it, and is deleted with it. GUI thread only.
+///
+/// In a theme: \code Ravel--CShadowWidget { qproperty-ShadowColor: rgba(0, 0, 0, 110); } \endcode
+class VANTOR_PLATFORM_EXPORT CShadowWidget : public QWidget
+{
+    Q_OBJECT
+    /// The darkest tone, at the edge of the panel.
+    Q_PROPERTY(QColor ShadowColor READ ShadowColor WRITE SetShadowColor)
+
+public:
+    enum ShadowMode : int {
+        kNoShadow = 0,
+        kShadowAround = 1, ///< on all four sides
+    };
+
+    /// How far the shadow reaches, in pixels.
+    static constexpr int kReachPx = 14;
+
+    /// \param window to throw the shadow on.
+    explicit CShadowWidget(QWidget *window);
+    ~CShadowWidget() override;
+
+    /// \brief Follow \a panel, a window or a widget, from now on; hidden until that is shown next.
+    void Wrap(QWidget *panel, int mode);
+
+    [[nodiscard]] QColor ShadowColor() const { return color_; }
+    void SetShadowColor(const QColor &color);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void Follow();
+
+    QPointer<QWidget> panel_;
+    int mode_ = kNoShadow;
+    QColor color_;
+};
+
+} // namespace Ravel

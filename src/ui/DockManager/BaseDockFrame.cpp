@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: MIT
+#include "ui/DockManager/BaseDockFrame.h"
+
+#include "common/Translate.h"
+
+#include <QtCore/QEvent>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollArea>
+
+namespace Vantor {
+namespace {
+
+constexpr int kMarginPx = 16;
+constexpr int kSpacingPx = 8;
+
+QPushButton *NewButton(const char *name, QWidget *parent)
+{
+    auto *const button = new QPushButton(parent);
+    button->setObjectName(QLatin1String(name));
+    return button;
+}
+
+} // namespace
+
+struct CBaseDockFramePtr
+{
+    QWidget *ptr_ui_ = nullptr;
+    QFrame *ptr_title_frame_ = nullptr;
+    QLabel *ptr_title_ = nullptr;
+    QScrollArea *ptr_scroll_area_ = nullptr;
+    QWidget *ptr_buttons_ = nullptr;
+    QPushButton *ptr_reset_ = nullptr;
+    QPushButton *ptr_cancel_ = nullptr;
+    QPushButton *ptr_save_ = nullptr;
+    QString str_save_text_; // the host's; empty: our own
+    bool b_hide_emit_ = false;
+};
+
+CBaseDockFrame::CBaseDockFrame(QWidget *parent)
+    : CAbstractDockFrame(parent), d_ptr_(std::make_unique<CBaseDockFramePtr>())
+{
+    d_ptr_->ptr_ui_ = new QWidget(this);
+    d_ptr_->ptr_ui_->setObjectName(QStringLiteral("DockUi"));
+    auto *const around = new QVBoxLayout(this);
+    around->setContentsMargins(0, 0, 0, 0);
+    around->addWidget(d_ptr_->ptr_ui_);
+
+    d_ptr_->ptr_title_frame_ = new QFrame(d_ptr_->ptr_ui_);
+    d_ptr_->ptr_title_frame_->setObjectName(QStringLiteral("DockTitleFrame"));
+    d_ptr_->ptr_title_ = new QLabel(d_ptr_->ptr_title_frame_);
+    d_ptr_->ptr_title_->setObjectName(QStringLiteral("DockTitle"));
+    d_ptr_->ptr_title_->setTextFormat(Qt::PlainText);
+    d_ptr_->ptr_title_->setWordWrap(true);
+    auto *const title = new QHBoxLayout(d_ptr_->ptr_title_frame_);
+    title->setContentsMargins(kMarginPx, kMarginPx, kMarginPx, kMarginPx);
+    title->addWidget(d_ptr_->ptr_title_);
+
+    d_ptr_->ptr_scroll_area_ = new QScrollArea(d_ptr_->ptr_ui_);
+    d_ptr_->ptr_scroll_area_->setObjectName(QStringLiteral("DockScrollArea"));
+    d_ptr_->ptr_scroll_area_->setWidgetResizable(true);
+    d_ptr_->ptr_scroll_area_->setFrameShape(QFrame::NoFrame);
+
+    d_ptr_->ptr_buttons_ = new QFrame(d_ptr_->ptr_ui_);
+    d_ptr_->ptr_buttons_->setObjectName(QStringLiteral("DockButtons"));
+    d_ptr_->ptr_reset_ = NewButton("DockResetButton", d_ptr_->ptr_buttons_);
+    d_ptr_->ptr_cancel_ = NewButton("DockCancelButton", d_ptr_->ptr_buttons_);
+    d_ptr_->ptr_save_ = NewButton("DockSaveButton", d_ptr_->ptr_buttons_);
+    d_ptr_->ptr_save_->setDefault(true);
+    auto *const buttons = new QHBoxLayout(d_ptr_->ptr_buttons_);
+    buttons->setContentsMargins(kMarginPx, kMarginPx, kMarginPx, kMarginPx);
+    buttons->setSpacing(kSpacingPx);
+    buttons->addWidget(d_ptr_->ptr_reset_);
+    buttons->addStretch();
+    buttons->addWidget(d_ptr_->ptr_cancel_);
+    buttons->addWidget(d_ptr_->ptr_save_);
+
+    auto *const layout = new QVBoxLayout(d_ptr_->ptr_ui_);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(d_ptr_->ptr_title_frame_);
+    layout->addWidget(d_ptr_->ptr_scroll_area_, 1);
+    layout->addWidget(d_ptr_->ptr_buttons_);
+
+    connect(d_ptr_->ptr_save_, &QPushButton::clicked, this, &CBaseDockFrame::signalConfirm);
+    connect(d_ptr_->ptr_cancel_, &QPushButton::clicked, this, &CBaseDockFrame::signalCancel);
+    connect(d_ptr_->ptr_reset_, &QPushButton::clicked, this, &CBaseDockFrame::signalReset);
+    Retranslate();
+}
+
+CBaseDockFrame::~CBaseDockFrame() = default;
+
+void CBaseDockFrame::SetTitleText(const QString &title)
+{
+    d_ptr_->ptr_title_->setText(title);
+    setWindowTitle(title); // the dock takes it over, for those who hear the screen
+}
+
+void CBaseDockFrame::SetContentWnd(QWidget *content)
+{
+    if (content && content == d_ptr_->ptr_scroll_area_->widget())
+        return;
+    // A scroll area deletes the widget that it had.
+    if (QWidget *const old = d_ptr_->ptr_scroll_area_->takeWidget()) {
+        old->hide();
+        old->setParent(this);
+    }
+    if (!content)
+        return;
+    d_ptr_->ptr_scroll_area_->setWidget(content);
+    content->show();
+}
+
+void CBaseDockFrame::SetBottomFrameVisible(bool visible)
+{
+    d_ptr_->ptr_buttons_->setVisible(visible);
+}
+
+void CBaseDockFrame::SetResetButtonVisible(bool visible)
+{
+    d_ptr_->ptr_reset_->setVisible(visible);
+}
+
+void CBaseDockFrame::SetCancelButtonVisible(bool visible)
+{
+    d_ptr_->ptr_cancel_->setVisible(visible);
+}
+
+void CBaseDockFrame::SetSaveBtnText(const QString &text)
+{
+    d_ptr_->str_save_text_ = text;
+    Retranslate();
+}
+
+void CBaseDockFrame::SetSaveEnabeld(bool enabled)
+{
+    d_ptr_->ptr_save_->setEnabled(enabled);
+}
+
+void CBaseDockFrame::SetHideEmit(bool emits)
+{
+    d_ptr_->b_hide_emit_ = emits;
+}
+
+QWidget *CBaseDockFrame::GetSetUpUiWidget() const
+{
+    return d_ptr_->ptr_ui_;
+}
+
+QFrame *CBaseDockFrame::GetTitleFrame() const
+{
+    return d_ptr_->ptr_title_frame_;
+}
+
+QScrollArea *CBaseDockFrame::GetScrollArea() const
+{
+    return d_ptr_->ptr_scroll_area_;
+}
+
+QWidget *CBaseDockFrame::GetButtonWidget() const
+{
+    return d_ptr_->ptr_buttons_;
+}
+
+void CBaseDockFrame::OnDockHide()
+{
+    if (d_ptr_->b_hide_emit_)
+        Q_EMIT signalCancel();
+}
+
+bool CBaseDockFrame::event(QEvent *event)
+{
+    return CAbstractDockFrame::event(event);
+}
+
+bool CBaseDockFrame::eventFilter(QObject *watched, QEvent *event)
+{
+    return CAbstractDockFrame::eventFilter(watched, event);
+}
+
+void CBaseDockFrame::changeEvent(QEvent *event)
+{
+    CAbstractDockFrame::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        Retranslate();
+}
+
+// As in a dialog, which the dock's window is not: Enter presses the button that has the keys, and
+// confirms where a field has them.
+void CBaseDockFrame::keyPressEvent(QKeyEvent *event)
+{
+    const bool is_enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!is_enter || event->isAutoRepeat() || d_ptr_->ptr_buttons_->isHidden()) {
+        CAbstractDockFrame::keyPressEvent(event);
+        return;
+    }
+    auto *button = qobject_cast<QPushButton *>(focusWidget());
+    (button ? button : d_ptr_->ptr_save_)->click();
+}
+
+void CBaseDockFrame::Retranslate()
+{
+    d_ptr_->ptr_save_->setText(d_ptr_->str_save_text_.isEmpty()
+                                   ? Translate(QStringLiteral("Confirm"))
+                                   : d_ptr_->str_save_text_);
+    d_ptr_->ptr_cancel_->setText(Translate(QStringLiteral("Cancel")));
+    d_ptr_->ptr_reset_->setText(Translate(QStringLiteral("Reset")));
+}
+
+} // namespace Vantor

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/DockManager/AbstractDockFrame.h"
+
+QT_BEGIN_NAMESPACE
+class QScrollArea;
+QT_END_NAMESPACE
+
+namespace Vantor {
+
+struct CBaseDockFramePtr;
+
+/// \brief A panel with a title, a content that scrolls, and buttons that confirm, cancel and reset.
+///
+/// The buttons only tell; the host acts and slides the dock out. Enter in a field of the content
+/// confirms too. Object names for style sheets stand in docs/styling.md. GUI thread only.
+class VANTOR_EXPORT CBaseDockFrame : public CAbstractDockFrame
+{
+    Q_OBJECT
+
+public:
+    explicit CBaseDockFrame(QWidget *parent = nullptr);
+    ~CBaseDockFrame() override;
+
+    void SetTitleText(const QString &title);
+
+    /// \brief Show \a content, which the frame owns from now on; null shows none.
+    ///
+    /// A content that was there stays a hidden child of the frame: reparent or delete it yourself.
+    void SetContentWnd(QWidget *content);
+
+    void SetBottomFrameVisible(bool visible); ///< The row of buttons; shown by default.
+    void SetResetButtonVisible(bool visible);
+    void SetCancelButtonVisible(bool visible);
+    /// \brief The text of the confirming button; an empty one is "Confirm" in the user's language.
+    void SetSaveBtnText(const QString &text);
+    /// \brief Whether the user can confirm.
+    void SetSaveEnabeld(bool enabled);
+    /// \brief Whether signalCancel() is emitted when the dock lets the frame go; off by default.
+    void SetHideEmit(bool emits);
+
+    [[nodiscard]] QWidget *GetSetUpUiWidget() const; ///< Carries title, content and buttons.
+    [[nodiscard]] QFrame *GetTitleFrame() const;
+    [[nodiscard]] QScrollArea *GetScrollArea() const;
+    [[nodiscard]] QWidget *GetButtonWidget() const; ///< The row of buttons.
+
+    void OnDockHide() override;
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    void signalConfirm();
+    void signalCancel();
+    void signalReset();
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void Retranslate();
+
+    const std::unique_ptr<CBaseDockFramePtr> d_ptr_;
+};
+
+} // namespace Vantor

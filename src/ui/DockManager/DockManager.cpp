@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "ui/DockManager/DockManager.h"
+
+#include "common/Guard.h"
+#include "ui/DockManager/AbstractDockFrame.h"
+#include "ui/DockManager/DockWidget.h"
+#include "ui/DockManager/DockWidgetPosRule.h"
+
+#include <Ravel/ShadowWidget.h>
+
+#include <QtCore/QVariant>
+
+#include <utility>
+
+template class Ravel::CUiSingleton<Vantor::CDockManager>;
+
+namespace Vantor {
+namespace {
+
+constexpr char kAttachTo[] = "__dock_frame_attach_to__";
+
+constexpr char kSetDockWidget[] = "Vantor::CDockManager::SetDockWidget";
+
+// Hosts store either kind of pointer.
+QWidget *AttachedTo(const CDockWidgetPosRule &rule)
+{
+    const QVariant value = rule.property(kAttachTo);
+    if (auto *const widget = value.value<QWidget *>())
+        return widget;
+    return qobject_cast<QWidget *>(value.value<QObject *>());
+}
+
+} // namespace
+
+struct CDockManagerPtr
+{
+    QPointer<CDockWidget> ptr_dock_widget_;
+    QPointer<QWidget> ptr_main_window_;
+    QPointer<Ravel::CShadowWidget> ptr_shadow_;
+    CDockManager::ContentType content_type_ = CDockManager::Common;
+    bool b_replacing_ = false;
+};
+
+namespace {
+
+// Then the call around this one is about to show its own frame.
+bool IsReplacing(const CDockManagerPtr &data)
+{
+    if (data.b_replacing_) {
+        VANTOR_LOG(kSetDockWidget, 4, VANTOR_LOG_WARNING,
+                   "Refused: another frame is just being shown.");
+    }
+    return data.b_replacing_;
+}
+
+// Hosts hear of the frames that they lose, and may do or throw anything.
+template <class Body> void Replace(CDockManagerPtr &data, Body body)
+{
+    data.b_replacing_ = true;
+    RunGuarded(kSetDockWidget, body);
+    data.b_replacing_ = false;
+}
+
+} // namespace
+
+CDockManager::CDockManager() : d_ptr_(std::make_unique<CDockManagerPtr>()) {}
+
+CDockManager::~CDockManager() = default;
+
+void CDockManager::SetMainWindow(QWidget *window)
+{
+    if (window)
+        d_ptr_->ptr_main_window_ = window;
+}
+
+QWidget *CDockManager::GetMainWindow() const
+{
+    return d_ptr_->ptr_main_window_;
+}
+
+void CDockManager::SetDockWidget(CAbstractDockFrame *frame, int width, bool find_parent,
+                                 QWidget *parent)
+{
+    if (!frame || (!d_ptr_->ptr_main_window_ && !parent) || IsReplacing(*d_ptr_))
+        return;
+    const QPointer<CAbstractDockFrame> wanted = frame;
+    const QPointer<QWidget> owner = parent ? parent : d_ptr_->ptr_main_window_.data();
+    Replace(*d_ptr_, [this] {
+        if (CDockWidget *const old = std::exchange(d_ptr_->ptr_dock_widget_, nullptr))
+            old->Retire();
+    });
+    if (!wanted || !owner)
+        return;
+    MakeDock(owner);
+    CDockWidget *const dock = d_ptr_->ptr_dock_widget_;
+    if (d_ptr_->content_type_ == Common) {
+        dock->SetContentType(Common);
+        VANTOR_LOG(kSetDockWidget, 3, VANTOR_LOG_FRAMEWORK,
+                   "d_ptr_->ptr_dock_widget_->SetContentType(Common);");
+    } else if (d_ptr_->content_type_ == Export) {
+        dock->SetContentType(Export);
+        VANTOR_LOG(kSetDockWidget, 3, VANTOR_LOG_FRAMEWORK,
+                   "d_ptr_->ptr_dock_widget_->SetContentType(Export);");
+    }
+    VANTOR_LOG(kSetDockWidget, 3, VANTOR_LOG_FRAMEWORK,
+               "d_ptr_->ptr_dock_widget_->SetDockWidget[width:%d]", width);
+    dock->SetDockWidget(wanted, width, find_parent);
+    if (d_ptr_->ptr_dock_widget_) // the frame's host has heard of its showing
+        d_ptr_->ptr_dock_widget_->ShowInAnimation();
+}
+
+void CDockManager::SetDockWidget(CAbstractDockFrame *frame, QPointer<CDockWidgetPosRule> rule,
+                                 int width)
+{
+    if (!frame || IsReplacing(*d_ptr_))
+        return;
+    if (!d_ptr_->ptr_main_window_ && rule)
+        d_ptr_->ptr_main_window_ = AttachedTo(*rule);
+    if (!d_ptr_->ptr_main_window_)
+        return;
+    if (!d_ptr_->ptr_dock_widget_)
+        MakeDock(d_ptr_->ptr_main_window_);
+    Replace(*d_ptr_, [&] {
+        d_ptr_->ptr_dock_widget_->SetDockWidgetWithPosRule(frame, std::move(rule), width);
+    });
+    if (d_ptr_->ptr_dock_widget_)
+        d_ptr_->ptr_dock_widget_->ShowInAnimation();
+}
+
+void CDockManager::MakeDock(QWidget *parent)
+{
+    d_ptr_->ptr_dock_widget_ = new CDockWidget(parent);
+    QWidget *const window = d_ptr_->ptr_main_window_ ? d_ptr_->ptr_main_window_.data() : parent;
+    d_ptr_->ptr_shadow_ = new Ravel::CShadowWidget(window);
+    d_ptr_->ptr_shadow_->Wrap(d_ptr_->ptr_dock_widget_, Ravel::CShadowWidget::kShadowAround);
+}
+
+void CDockManager::HideDockWidget()
+{
+    static constexpr char kFunction[] = "Vantor::CDockManager::HideDockWidget";
+    if (!d_ptr_->ptr_dock_widget_)
+        return;
+    VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK, "CDockManager::HideDockWidget()");
+    d_ptr_->ptr_dock_widget_->HideInAnimation();
+}
+
+CDockWidget *CDockManager::GetDockWidget() const
+{
+    return d_ptr_->ptr_dock_widget_;
+}
+
+int CDockManager::GetDockWidgetHeight() const
+{
+    return d_ptr_->ptr_dock_widget_ ? d_ptr_->ptr_dock_widget_->height() : 0;
+}
+
+void CDockManager::SetContentType(ContentType type)
+{
+    d_ptr_->content_type_ = type;
+}
+
+} // namespace Vantor
