@@ -2,6 +2,7 @@
 #include "Pages.h"
 
 #include "ColoursPage.h"
+#include "DevicesPage.h"
 #include "Page.h"
 #include "Theme.h"
 
@@ -38,6 +39,7 @@ struct PageEntry
 // The pages in their order. One line adds a page.
 constexpr PageEntry kPages[] = {
     {"list", QT_TRANSLATE_NOOP("Pages", "Incidents"), "list", nullptr},
+    {"devices", QT_TRANSLATE_NOOP("Pages", "Devices"), "devices", &New<CDevicesPage>},
     {"colours", QT_TRANSLATE_NOOP("Pages", "Colours"), "colours", &New<CColoursPage>},
 };
 

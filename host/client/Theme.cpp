@@ -29,9 +29,8 @@ QByteArray ReadResource(const QString &path)
 }
 
 // For what a style sheet does not reach: file dialogs' texts, links, disabled texts.
-QPalette MakePalette()
+QPalette MakePalette(const Vantor::CStyleManager &colours)
 {
-    const Vantor::CStyleManager &colours = Manager();
     QPalette palette;
     palette.setColor(QPalette::Window, colours.BackColor());
     palette.setColor(QPalette::Base, colours.PanelColor());
@@ -67,12 +66,18 @@ void CThemeSwitch::Apply(Theme theme)
     theme_ = theme;
     const QString path = theme == Theme::Dark ? QStringLiteral(":/Vantor/Themes/dark.qss")
                                               : QStringLiteral(":/Vantor/Themes/light.qss");
-    qApp->setStyleSheet(QString::fromUtf8(ReadResource(path)));
+    const QString sheet = QString::fromUtf8(ReadResource(path));
+    // The palette goes first: widgets take over the colours that no rule names while they are
+    // polished for the sheet. The colours themselves come out of the sheet.
+    Vantor::CStyleManager sample;
+    sample.setStyleSheet(sheet);
+    sample.ensurePolished();
+    QApplication::setPalette(MakePalette(sample));
+    qApp->setStyleSheet(sheet);
     // Qt polishes the manager again with later sheets only when it was made under one.
     Vantor::CStyleManager &manager = Manager();
     manager.style()->unpolish(&manager);
     manager.style()->polish(&manager);
-    QApplication::setPalette(MakePalette());
     Q_EMIT SignalThemeChanged();
 }
 

@@ -521,6 +521,10 @@
 <context>
     <name>Pages</name>
     <message>
+        <source>Devices</source>
+        <translation>الأجهزة</translation>
+    </message>
+    <message>
         <source>Incidents</source>
         <translation>الحوادث</translation>
     </message>
@@ -531,6 +535,154 @@
     <message>
         <source>Pages</source>
         <translation>الصفحات</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenKeyboard</name>
+    <message>
+        <source>Up and left</source>
+        <translation>أعلى ويسار</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>أعلى</translation>
+    </message>
+    <message>
+        <source>Up and right</source>
+        <translation>أعلى ويمين</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>يسار</translation>
+    </message>
+    <message>
+        <source>Switch between camera and windows</source>
+        <translation>التبديل بين الكاميرا والنوافذ</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>يمين</translation>
+    </message>
+    <message>
+        <source>Down and left</source>
+        <translation>أسفل ويسار</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>أسفل</translation>
+    </message>
+    <message>
+        <source>Down and right</source>
+        <translation>أسفل ويمين</translation>
+    </message>
+    <message>
+        <source>Zoom in</source>
+        <translation>تكبير</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>تصغير</translation>
+    </message>
+    <message>
+        <source>Select the first window</source>
+        <translation>اختيار النافذة الأولى</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CScreenKeyboard</name>
+    <message>
+        <source>&amp;Plugged in</source>
+        <translation>مو&amp;صولة</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>السرعة</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CPtzView</name>
+    <message>
+        <source>Pan %1°  Tilt %2°  Zoom %3×</source>
+        <translation>الدوران ‎%1°  الميل ‎%2°  التكبير ‎%3×</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CDevicesPage</name>
+    <message>
+        <source>Display</source>
+        <translation>شاشة</translation>
+    </message>
+    <message>
+        <source>stop of %1</source>
+        <translation>إيقاف ‎%1</translation>
+    </message>
+    <message>
+        <source>%1, index %2</source>
+        <translation>‎%1، الفهرس ‎%2</translation>
+    </message>
+    <message>
+        <source>%1 at speed %2</source>
+        <translation>‎%1 بسرعة ‎%2</translation>
+    </message>
+    <message>
+        <source>windows</source>
+        <translation>النوافذ</translation>
+    </message>
+    <message>
+        <source>camera</source>
+        <translation>الكاميرا</translation>
+    </message>
+    <message>
+        <source>%1 – %2</source>
+        <translation>%1 – %2</translation>
+    </message>
+    <message>
+        <source>The serial keyboard at COM%1 cannot be opened.</source>
+        <translation>تعذّر فتح لوحة المفاتيح التسلسلية عند COM%1.</translation>
+    </message>
+    <message>
+        <source>%1: %2 × %3 at %4, %5</source>
+        <translation>‎%1: %2 × %3 ‎(%4, %5)</translation>
+    </message>
+    <message>
+        <source>%1 (primary)</source>
+        <translation>%1 (الأساسية)</translation>
+    </message>
+    <message>
+        <source>A joystick is connected.</source>
+        <translation>عصا تحكم متصلة.</translation>
+    </message>
+    <message>
+        <source>No joystick is connected; the keys below stand for a control keyboard.</source>
+        <translation>لا توجد عصا تحكم متصلة؛ المفاتيح أدناه تقوم مقام لوحة تحكم.</translation>
+    </message>
+    <message>
+        <source>Window control is on.</source>
+        <translation>التحكم في النوافذ مفعّل.</translation>
+    </message>
+    <message>
+        <source>Camera control is on.</source>
+        <translation>التحكم في الكاميرا مفعّل.</translation>
+    </message>
+    <message>
+        <source>&amp;Serial keyboard</source>
+        <translation>لوحة المفاتيح ال&amp;تسلسلية</translation>
+    </message>
+    <message>
+        <source>Keyboard on the screen</source>
+        <translation>لوحة مفاتيح على الشاشة</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>الأوامر</translation>
+    </message>
+    <message>
+        <source>Displays</source>
+        <translation>الشاشات</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>لا شيء</translation>
     </message>
 </context>
 </TS>

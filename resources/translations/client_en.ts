@@ -509,6 +509,10 @@
 <context>
     <name>Pages</name>
     <message>
+        <source>Devices</source>
+        <translation>Devices</translation>
+    </message>
+    <message>
         <source>Incidents</source>
         <translation>Incidents</translation>
     </message>
@@ -519,6 +523,154 @@
     <message>
         <source>Pages</source>
         <translation>Pages</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenKeyboard</name>
+    <message>
+        <source>Up and left</source>
+        <translation>Up and left</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Up</translation>
+    </message>
+    <message>
+        <source>Up and right</source>
+        <translation>Up and right</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Left</translation>
+    </message>
+    <message>
+        <source>Switch between camera and windows</source>
+        <translation>Switch between camera and windows</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Right</translation>
+    </message>
+    <message>
+        <source>Down and left</source>
+        <translation>Down and left</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Down</translation>
+    </message>
+    <message>
+        <source>Down and right</source>
+        <translation>Down and right</translation>
+    </message>
+    <message>
+        <source>Zoom in</source>
+        <translation>Zoom in</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>Zoom out</translation>
+    </message>
+    <message>
+        <source>Select the first window</source>
+        <translation>Select the first window</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CScreenKeyboard</name>
+    <message>
+        <source>&amp;Plugged in</source>
+        <translation>&amp;Plugged in</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Speed</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CPtzView</name>
+    <message>
+        <source>Pan %1°  Tilt %2°  Zoom %3×</source>
+        <translation>Pan %1°  Tilt %2°  Zoom %3×</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CDevicesPage</name>
+    <message>
+        <source>Display</source>
+        <translation>Display</translation>
+    </message>
+    <message>
+        <source>stop of %1</source>
+        <translation>stop of %1</translation>
+    </message>
+    <message>
+        <source>%1, index %2</source>
+        <translation>%1, index %2</translation>
+    </message>
+    <message>
+        <source>%1 at speed %2</source>
+        <translation>%1 at speed %2</translation>
+    </message>
+    <message>
+        <source>windows</source>
+        <translation>windows</translation>
+    </message>
+    <message>
+        <source>camera</source>
+        <translation>camera</translation>
+    </message>
+    <message>
+        <source>%1 – %2</source>
+        <translation>%1 – %2</translation>
+    </message>
+    <message>
+        <source>The serial keyboard at COM%1 cannot be opened.</source>
+        <translation>The serial keyboard at COM%1 cannot be opened.</translation>
+    </message>
+    <message>
+        <source>%1: %2 × %3 at %4, %5</source>
+        <translation>%1: %2 × %3 at %4, %5</translation>
+    </message>
+    <message>
+        <source>%1 (primary)</source>
+        <translation>%1 (primary)</translation>
+    </message>
+    <message>
+        <source>A joystick is connected.</source>
+        <translation>A joystick is connected.</translation>
+    </message>
+    <message>
+        <source>No joystick is connected; the keys below stand for a control keyboard.</source>
+        <translation>No joystick is connected; the keys below stand for a control keyboard.</translation>
+    </message>
+    <message>
+        <source>Window control is on.</source>
+        <translation>Window control is on.</translation>
+    </message>
+    <message>
+        <source>Camera control is on.</source>
+        <translation>Camera control is on.</translation>
+    </message>
+    <message>
+        <source>&amp;Serial keyboard</source>
+        <translation>&amp;Serial keyboard</translation>
+    </message>
+    <message>
+        <source>Keyboard on the screen</source>
+        <translation>Keyboard on the screen</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Commands</translation>
+    </message>
+    <message>
+        <source>Displays</source>
+        <translation>Displays</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>None</translation>
     </message>
 </context>
 </TS>
