@@ -233,6 +233,7 @@ static_assert(IsSame<void (Excel::*)(int, int)>(&Excel::SetRowHeightWithPixels))
 static_assert(IsSame<int (Excel::*)()>(&Excel::GetUsedRowsCount));
 static_assert(IsSame<void (Excel::*)(int)>(&Excel::UpdateSheetUsedRow));
 static_assert(IsSame<void (Excel::*)()>(&Excel::Close));
+static_assert(IsSame<void (Excel::*)()>(&Excel::Discard));
 static_assert(IsSame<int (Excel::*)() const>(&Excel::LastCloseResult));
 static_assert(IsSame<void (Excel::*)(int, int, const Text &, Look)>(
     qOverload<int, int, const Text &, Look>(&Excel::SetCellString)));

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ExcelParts.h"
 
+#include <QtCore/QBuffer>
 #include <QtCore/QProcess>
 #include <QtCore/QXmlStreamReader>
+#include <QtGui/QImage>
 
 namespace {
 
@@ -37,6 +39,19 @@ QProcess &RunPython(QProcess &process, const char *script, const QString &argume
     return process;
 }
 
+// The first part that is not well-formed XML; empty when all are.
+QString DamagedPart(const Parts &parts)
+{
+    for (auto part = parts.cbegin(); part != parts.cend(); ++part) {
+        QXmlStreamReader reader(part.value());
+        while (!part.key().startsWith("xl/media/") && !reader.atEnd())
+            reader.readNext();
+        if (reader.hasError())
+            return part.key() + ": " + reader.errorString();
+    }
+    return {};
+}
+
 } // namespace
 
 Parts ReadParts(const QString &path)
@@ -56,18 +71,39 @@ Parts ReadParts(const QString &path)
     return parts;
 }
 
-QString DamagedPart(const Parts &parts)
+Parts WrittenParts(const QString &path,
+                   const std::function<void(Vantor::CExcelControllorWithC &)> &fill,
+                   const std::string &name, const std::string &cache)
 {
-    for (auto part = parts.cbegin(); part != parts.cend(); ++part) {
-        if (part.key().startsWith("xl/media/"))
-            continue;
-        QXmlStreamReader reader(part.value());
-        while (!reader.atEnd())
-            reader.readNext();
-        if (reader.hasError())
-            return part.key() + ": " + reader.errorString();
-    }
+    Vantor::CExcelControllorWithC writer;
+    writer.Init(path.toStdString(), cache);
+    writer.AddSheetByName(name);
+    fill(writer);
+    writer.Close();
+    const Parts parts = writer.LastCloseResult() == 0 ? ReadParts(path) : Parts();
+    const QString fault =
+        parts.isEmpty() ? QStringLiteral("nothing was saved") : DamagedPart(parts);
+    if (fault.isEmpty())
+        return parts;
+    qWarning("%s", qPrintable(fault));
     return {};
+}
+
+std::shared_ptr<Vantor::Clxw_format_> AnyLook()
+{
+    return std::make_shared<Vantor::Clxw_format_>();
+}
+
+std::string PngBytes(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.setDotsPerMeterX(3780);
+    image.setDotsPerMeterY(3780);
+    image.fill(Qt::darkCyan);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return buffer.data().toStdString();
 }
 
 QString ComparePairs(const QString &folder)

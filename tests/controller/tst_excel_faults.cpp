@@ -117,12 +117,12 @@ bool refuse_workbooks = false;
 } // namespace
 
 // Stands in for libxlsxwriter's own, which gives none only when memory runs out.
-extern "C" Q_DECL_EXPORT lxw_workbook *workbook_new_opt(const char *path,
+extern "C" Q_DECL_EXPORT lxw_workbook *workbook_new_opt(const char *filename,
                                                         lxw_workbook_options *options)
 {
     static const auto next =
         reinterpret_cast<decltype(&workbook_new_opt)>(dlsym(RTLD_NEXT, "workbook_new_opt"));
-    return refuse_workbooks ? nullptr : next(path, options);
+    return refuse_workbooks ? nullptr : next(filename, options);
 }
 
 Q_DECLARE_METATYPE(Full)
