@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Nim/Base/Zip.h"
 
-#include <unzip.h>
+#include <zip.h>
 
 #include <algorithm>
 #include <memory>
@@ -10,17 +10,6 @@ namespace Nim::Base::Zip {
 namespace {
 
 constexpr std::size_t kPieceBytes = std::size_t{64} * 1024;
-
-bool ReadName(unzFile archive, std::string &name)
-{
-    unz_file_info64 info{};
-    if (unzGetCurrentFileInfo64(archive, &info, nullptr, 0, nullptr, 0, nullptr, 0) != UNZ_OK)
-        return false;
-    name.resize(info.size_filename);
-    return unzGetCurrentFileInfo64(archive, &info, name.data(), info.size_filename, nullptr, 0,
-                                   nullptr, 0)
-           == UNZ_OK;
-}
 
 // Adds the next `size` bytes to what is kept of the part.
 void Keep(Part &part, const char *bytes, std::size_t size)
@@ -32,18 +21,18 @@ void Keep(Part &part, const char *bytes, std::size_t size)
     part.tail.erase(0, part.tail.size() - before).append(bytes + (size - last), last);
 }
 
-bool ReadPart(unzFile archive, std::vector<char> &piece, Part &part)
+bool ReadPart(zip_t *archive, zip_uint64_t index, std::vector<char> &piece, Part &part)
 {
-    if (!ReadName(archive, part.name) || unzOpenCurrentFile(archive) != UNZ_OK)
+    const char *const name = zip_get_name(archive, index, ZIP_FL_ENC_RAW);
+    const std::unique_ptr<zip_file_t, decltype(&zip_fclose)> file(
+        zip_fopen_index(archive, index, 0), &zip_fclose);
+    if (!name || !file)
         return false;
-    int length = 0;
-    do {
-        length = unzReadCurrentFile(archive, piece.data(), static_cast<unsigned>(piece.size()));
-        if (length > 0)
-            Keep(part, piece.data(), static_cast<std::size_t>(length));
-    } while (length > 0);
-    // Closing is what compares the sum.
-    return unzCloseCurrentFile(archive) == UNZ_OK && length == 0;
+    part.name = name;
+    zip_int64_t length = 0;
+    while ((length = zip_fread(file.get(), piece.data(), piece.size())) > 0)
+        Keep(part, piece.data(), static_cast<std::size_t>(length));
+    return length == 0; // the last read compares the sum
 }
 
 } // namespace
@@ -51,18 +40,16 @@ bool ReadPart(unzFile archive, std::vector<char> &piece, Part &part)
 bool ReadParts(const std::string &path, std::vector<Part> &parts)
 {
     try {
-        const std::unique_ptr<void, decltype(&unzClose)> archive(unzOpen64(path.c_str()),
-                                                                 &unzClose);
-        if (!archive)
-            return false;
+        const std::unique_ptr<zip_t, decltype(&zip_discard)> archive(
+            zip_open(path.c_str(), ZIP_RDONLY, nullptr), &zip_discard);
+        const zip_int64_t count = archive ? zip_get_num_entries(archive.get(), 0) : 0;
         std::vector<char> piece(kPieceBytes);
-        int step = unzGoToFirstFile(archive.get());
-        for (; step == UNZ_OK; step = unzGoToNextFile(archive.get())) {
+        for (zip_int64_t i = 0; i < count; ++i) {
             parts.emplace_back();
-            if (!ReadPart(archive.get(), piece, parts.back()))
+            if (!ReadPart(archive.get(), static_cast<zip_uint64_t>(i), piece, parts.back()))
                 return false;
         }
-        return step == UNZ_END_OF_LIST_OF_FILE && !parts.empty();
+        return count > 0;
     } catch (...) { // memory
         return false;
     }
