@@ -33,7 +33,7 @@ inline void TakeColumnSteps(quint32 seed, const ColumnKeeper &keeper)
     keeper.log_in(user);
     auto table = std::make_unique<CTable>(columns);
     table->Open();
-    QTRY_COMPARE(table->settled, 1);
+    QVERIFY(table->WaitSettled(1));
     for (int step = 0; step < kSteps; ++step) {
         const int writes = keeper.writes();
         const int settled = table->settled;
@@ -51,14 +51,14 @@ inline void TakeColumnSteps(quint32 seed, const ColumnKeeper &keeper)
             is_load = true;
             table = std::make_unique<CTable>(columns);
             table->Open();
-            QTRY_COMPARE(table->settled, 1);
+            QVERIFY(table->WaitSettled(1));
             break;
         case 3:
             is_load = true;
             user = random.bounded(2) ? "operator" : "visitor";
             keeper.log_in(user);
             table->button->UpdateAfterSwitchUser();
-            QTRY_COMPARE(table->settled, settled + 1);
+            QVERIFY(table->WaitSettled(settled + 1));
             break;
         case 4:
         case 5:
@@ -78,7 +78,7 @@ inline void TakeColumnSteps(quint32 seed, const ColumnKeeper &keeper)
             QCOMPARE(table->shown, left_by.value(user, QStringLiteral("ABCDEFGH")));
         } else if (keeper.writes() > writes) {
             QCOMPARE(keeper.writes(), writes + 1);
-            QTRY_COMPARE(table->settled, settled + 1);
+            QVERIFY(table->WaitSettled(settled + 1));
         } else { // a fixed column
             QCOMPARE(table->Rows(false), before);
         }

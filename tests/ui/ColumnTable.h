@@ -6,6 +6,7 @@
 #include <Vantor/CItemDragMovableListView>
 #include <Vantor/CListSightCheckModel>
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -17,6 +18,7 @@
 
 using Columns = QVector<Vantor::CColumnInfo>;
 
+constexpr int kPatience_ms = 5000;
 constexpr char kColumnKey[] = "CListModuleFunctionCustomizeList";
 
 // Columns A, B and so on with the ids 10, 11 and so on, all shown, numbered from 1.
@@ -58,12 +60,24 @@ public:
         connect(button.data(), &Vantor::CCustomizeColumnButton::SignalGetCurrentCustomizelistShow,
                 this, [this] { OnSettled(); });
         button->InitCustomizeListByModuleNameANdFunction("Module", "Function", columns, nullptr);
+        connect(DropDown(), &Vantor::CCustomizeColumnWidget::SignalCutomizelistChanged, this,
+                [] { ++changes; });
     }
 
     void Open()
     {
         show();
         QTest::mouseClick(button, Qt::LeftButton);
+    }
+
+    /// \brief Wait until the columns have been settled \a count times; QTRY_ macros sleep between
+    /// looks.
+    [[nodiscard]] bool WaitSettled(int count) const
+    {
+        const QDeadlineTimer deadline(kPatience_ms);
+        while (settled < count && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+        return settled == count;
     }
 
     // What the host shows, what the drop-down would give, and what its rows say.
@@ -119,6 +133,7 @@ public:
     QString shown; ///< as of the last signal
     int settled = 0;
     bool is_deleting_button = false;
+    inline static int changes = 0; ///< by the user, of all tables: each is written
 
 private:
     void OnSettled()
