@@ -3,8 +3,8 @@
 
 #include "common/Guard.h"
 #include "ui/AnimationProgressBar/AnimationProgressBar.h"
-#include "ui/TimeBarDelegate/TimeBarFiller.h"
 #include "ui/TimeBarDelegate/TimeBarRow.h"
+#include "ui/TimeBarDelegate/TimeBarRuns.h"
 
 #include <QtCore/QMap>
 #include <QtCore/QPointF>
@@ -40,9 +40,9 @@ struct CTimeBarDelegateDataPtr
     bool b_sync_ = false;
 
     [[nodiscard]] bool IsShown(int type) const { return map_visible_.value(type, false); }
-    void PaintMainRow(CTimeBarFiller &filler, const TimeBarView &view, int type,
+    void PaintMainRow(CTimeBarRuns &runs, const TimeBarView &view, int type,
                       double lower_height_px) const;
-    void PaintSyncRow(CTimeBarFiller &filler, const TimeBarView &view, int type) const;
+    void PaintSyncRow(CTimeBarRuns &runs, const TimeBarView &view, int type) const;
 };
 
 namespace {
@@ -60,22 +60,29 @@ double LowerHeight(const CAnimationProgressBar &bar)
 
 } // namespace
 
-void CTimeBarDelegateDataPtr::PaintMainRow(CTimeBarFiller &filler, const TimeBarView &view,
-                                           int type, double lower_height_px) const
+void CTimeBarDelegateDataPtr::PaintMainRow(CTimeBarRuns &runs, const TimeBarView &view, int type,
+                                           double lower_height_px) const
 {
     const CTimeBarIndex *const index = main_row_.Index(type);
     if (!index)
         return;
+    const auto fill = [&] {
+        runs.Fill(0, kUpperHeightPx, kFaintOpacity);
+        runs.Fill(kUpperHeightPx, lower_height_px, 1.0);
+        runs.Clear();
+    };
     index->ForEachVisible(view, [&](double x1, double x2, const QColor &colour) {
         const TimeBarSpan span = CheckOverlap(last_span, {x1, TimeBarView::WidthOf(x1, x2)});
-        if (span.IsEmpty() || filler.IsBetweenPixels(span))
+        if (span.IsEmpty())
             return;
-        filler.Fill(span, 0, kUpperHeightPx, colour, kFaintOpacity);
-        filler.Fill(span, kUpperHeightPx, lower_height_px, colour, 1.0);
+        runs.Add(span, colour, false);
+        if (!runs.AreWholePixels()) // the bands share a row of pixels: bar by bar, in their order
+            fill();
     });
+    fill();
 }
 
-void CTimeBarDelegateDataPtr::PaintSyncRow(CTimeBarFiller &filler, const TimeBarView &view,
+void CTimeBarDelegateDataPtr::PaintSyncRow(CTimeBarRuns &runs, const TimeBarView &view,
                                            int type) const
 {
     const CTimeBarIndex *const index = sync_row_.Index(type);
@@ -85,8 +92,10 @@ void CTimeBarDelegateDataPtr::PaintSyncRow(CTimeBarFiller &filler, const TimeBar
         const TimeBarSpan whole{x1, TimeBarView::WidthOf(x1, x2)};
         // The check only decides: hosts know this row with whole bars.
         if (!CheckOverlap(last_span, whole).IsEmpty())
-            filler.Fill(whole, kSyncTopPx, kSyncHeightPx, colour, 1.0);
+            runs.Add(whole, colour, true);
     });
+    runs.Fill(kSyncTopPx, kSyncHeightPx, 1.0);
+    runs.Clear();
 }
 
 CTimeBarDelegate::CTimeBarDelegate(QObject *parent)
@@ -264,16 +273,16 @@ void CTimeBarDelegate::Paint(QPainter *painter)
     painter->setOpacity(double(d_ptr_->opacity_));
     const TimeBarView view = ViewOf(*bar);
     const double lower_height_px = d_ptr_->b_sync_ ? kSyncHeightPx : LowerHeight(*bar);
-    CTimeBarFiller filler(*painter);
+    CTimeBarRuns runs(*painter);
     for (const int type : qAsConst(d_ptr_->list_types_)) {
         last_span = {};
         if (!d_ptr_->IsShown(type))
             continue;
-        d_ptr_->PaintMainRow(filler, view, type, lower_height_px);
+        d_ptr_->PaintMainRow(runs, view, type, lower_height_px);
         if (!d_ptr_->b_sync_)
             continue;
         last_span = {};
-        d_ptr_->PaintSyncRow(filler, view, type);
+        d_ptr_->PaintSyncRow(runs, view, type);
     }
     painter->restore();
 }

@@ -4,25 +4,10 @@
 #include <algorithm>
 
 namespace Vantor {
-namespace {
-
-// Brings to each place `first` + i the bar of number order[i], by exchanging structures.
-void Permute(QVector<CTimeBarParam> &bars, int first, std::vector<int> &order)
+bool CTimeBarRow::IsBefore(const Key &a, const Key &b)
 {
-    for (int start = first; start < bars.size(); ++start) {
-        int place = start;
-        int from = order[size_t(place - first)];
-        while (from != start) {
-            bars[place].Swap(bars[from]);
-            order[size_t(place - first)] = place;
-            place = from;
-            from = order[size_t(place - first)];
-        }
-        order[size_t(place - first)] = place;
-    }
+    return a.start_s != b.start_s ? a.start_s < b.start_s : a.number < b.number;
 }
-
-} // namespace
 
 void CTimeBarRow::Append(const QVector<CTimeBarParam> &bars)
 {
@@ -36,9 +21,8 @@ void CTimeBarRow::Append(const QVector<CTimeBarParam> &bars)
     std::vector<Key> keys(static_cast<size_t>(count));
     for (int i = 0; i < count; ++i)
         keys[size_t(i)] = {all[old_count + i].Read().dtStart, old_count + i};
-    const auto is_less = [](const Key &a, const Key &b) { return a.start_s < b.start_s; };
-    if (!std::is_sorted(keys.begin(), keys.end(), is_less))
-        std::stable_sort(keys.begin(), keys.end(), is_less);
+    if (!std::is_sorted(keys.begin(), keys.end(), IsBefore))
+        std::sort(keys.begin(), keys.end(), IsBefore);
 
     QHash<int, std::vector<TimeBarEntry>> entries_of_type;
     for (const Key &key : keys) {
@@ -52,28 +36,36 @@ void CTimeBarRow::Append(const QVector<CTimeBarParam> &bars)
 
 void CTimeBarRow::Sort(const std::vector<Key> &keys)
 {
-    // What starts before the first new bar stays where it is.
-    const auto old_count = std::ptrdiff_t(starts_s_.size());
-    const auto moved_from =
-        std::upper_bound(starts_s_.begin(), starts_s_.end(), keys.front().start_s)
-        - starts_s_.begin();
-    std::vector<int> order;
-    order.reserve(size_t(bars_.size() - moved_from));
-    auto key = keys.begin();
-    for (auto i = moved_from; i < old_count; ++i) {
-        for (; key != keys.end() && key->start_s < starts_s_[size_t(i)]; ++key)
-            order.push_back(key->number);
-        order.push_back(int(i));
+    size_t old = starts_s_.size();
+    size_t left = keys.size();
+    size_t place = old + left;
+    const bool is_behind = old == 0 || starts_s_.back() <= keys.front().start_s;
+    const bool is_in_order = std::is_sorted(
+        keys.begin(), keys.end(), [](const Key &a, const Key &b) { return a.number < b.number; });
+    if (is_behind && is_in_order) {
+        for (const Key &key : keys)
+            starts_s_.push_back(key.start_s);
+        return;
     }
-    for (; key != keys.end(); ++key)
-        order.push_back(key->number);
-
-    for (const Key &added : keys)
-        starts_s_.push_back(added.start_s);
-    std::inplace_merge(starts_s_.begin() + moved_from, starts_s_.begin() + old_count,
-                       starts_s_.end());
-    if (!std::is_sorted(order.begin(), order.end()))
-        Permute(bars_, int(moved_from), order);
+    CTimeBarParam *const row = bars_.data(); // first of all: a row that is shared is copied here
+    // The new bars in their order, sharing their structures with the places they are in.
+    std::vector<CTimeBarParam> added;
+    added.reserve(left);
+    for (const Key &key : keys)
+        added.emplace_back(row[key.number].GetDataPtr());
+    starts_s_.resize(place);
+    while (left > 0) { // from behind: a place is filled when what was there has moved
+        --place;
+        if (old > 0 && starts_s_[old - 1] > keys[left - 1].start_s) {
+            --old;
+            starts_s_[place] = starts_s_[old];
+            row[place].Swap(row[old]);
+        } else {
+            --left;
+            starts_s_[place] = keys[left].start_s;
+            row[place].Swap(added[left]);
+        }
+    }
 }
 
 void CTimeBarRow::Clear()

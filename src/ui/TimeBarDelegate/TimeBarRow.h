@@ -33,6 +33,7 @@ private:
         int number; // in the vector, before it is sorted
     };
 
+    static bool IsBefore(const Key &a, const Key &b);
     void Sort(const std::vector<Key> &keys);
 
     QVector<CTimeBarParam> bars_;
