@@ -267,7 +267,7 @@ private Q_SLOTS:
             zone.utc_bias = random.bounded(-840, 721);
             zone.daylight_bias = -random.bounded(0, 121);
             zone.b_dst = random.bounded(2) == 1;
-            zone.tm_dst_begin = random.bounded(-4000000000.0);
+            zone.tm_dst_begin = -qint64(random.bounded(4000000000.0));
             zone.tm_dst_end = zone.tm_dst_begin + qint64(random.bounded(8000000000.0)) - 4000000000;
             const qint64 s = qint64(random.bounded(1e11)) - qint64(5e10);
             const qint64 daylight_s = -zone.daylight_bias * qint64(60);
