@@ -110,7 +110,7 @@ std::vector<char> CIncidentList::FindText(const QString &text) const
     for (const IncidentColumn &column : columns_) {
         is_match.clear();
         for (const QString &candidate : column.texts)
-            is_match.push_back(candidate.contains(text, Qt::CaseInsensitive) ? 1 : 0);
+            is_match.push_back(candidate.contains(text) ? 1 : 0);
         if (std::find(is_match.begin(), is_match.end(), 1) == is_match.end())
             continue;
         for (size_t row = 0; row < found.size(); ++row) {

@@ -52,8 +52,8 @@ public:
     /// \brief The same list, cut or repeated to \a rows rows; null when there is nothing to repeat.
     [[nodiscard]] std::shared_ptr<const CIncidentList> Resized(int rows) const;
 
-    /// \brief For each row before any repetition whether one of its cells holds \a text, in upper
-    /// or lower case.
+    /// \brief For each row before any repetition whether one of its cells holds \a text, with
+    /// regard to case as in the window's list.
     [[nodiscard]] std::vector<char> FindText(const QString &text) const;
 
     /// \brief For each row before any repetition its rank in the order of \a column; equal cells

@@ -21,8 +21,7 @@ public:
 
     /// \brief Show \a list in its own order, filtered as before. Never null.
     void SetList(IncidentListPtr list);
-    /// \brief Show only the rows that hold \a text in some cell, in upper or lower case; all when
-    /// it is empty.
+    /// \brief Show only the rows that hold \a text in some cell; all when it is empty.
     void SetFilter(const QString &text);
 
     [[nodiscard]] QString Filter() const { return filter_; }

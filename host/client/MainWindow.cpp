@@ -43,6 +43,7 @@ CMainWindow::CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget
     setCentralWidget(pages_);
     actions_->AddPages(pages_->Actions());
     statusBar()->setSizeGripEnabled(false);
+    statusBar()->addPermanentWidget(page_->Totals());
     connect(actions_->Open(), &QAction::triggered, this, &CMainWindow::OnOpen);
     connect(actions_->ExportCsv(), &QAction::triggered, this, &CMainWindow::OnExportCsv);
     connect(actions_->ExportXlsx(), &QAction::triggered, this, &CMainWindow::OnExportXlsx);

@@ -24,8 +24,7 @@ QVector<QTextLayout::FormatRange> FindMarks(const QString &text, const QString &
     QTextLayout::FormatRange mark;
     mark.format.setBackground(colour);
     mark.length = search.size();
-    for (int at = text.indexOf(search, 0, Qt::CaseInsensitive); at >= 0;
-         at = text.indexOf(search, at + mark.length, Qt::CaseInsensitive)) {
+    for (int at = text.indexOf(search); at >= 0; at = text.indexOf(search, at + mark.length)) {
         mark.start = at;
         marks.append(mark);
     }

@@ -4,6 +4,7 @@
 #include "ColoursPage.h"
 #include "DevicesPage.h"
 #include "Page.h"
+#include "ServerListPage.h"
 #include "Theme.h"
 
 #include <QtCore/QCoreApplication>
@@ -40,6 +41,7 @@ struct PageEntry
 constexpr PageEntry kPages[] = {
     {"list", QT_TRANSLATE_NOOP("Pages", "Incidents"), "list", nullptr},
     {"devices", QT_TRANSLATE_NOOP("Pages", "Devices"), "devices", &New<CDevicesPage>},
+    {"server", QT_TRANSLATE_NOOP("Pages", "Server list"), "server", &New<CServerListPage>},
     {"colours", QT_TRANSLATE_NOOP("Pages", "Colours"), "colours", &New<CColoursPage>},
 };
 

@@ -43,10 +43,7 @@ void CTableDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
     if (text.isEmpty())
         return;
 
-    const QStyle *const style = option.widget ? option.widget->style() : QApplication::style();
-    const int margin_px =
-        style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, option.widget) + 1;
-    const QRect rect = option.rect.adjusted(margin_px, 0, -margin_px, 0);
+    const QRect rect = TextRect(option);
     const QVariant alignment = index.data(Qt::TextAlignmentRole);
     const QVariant color = index.data(Qt::ForegroundRole);
     painter->setPen(color.canConvert<QBrush>()
@@ -55,8 +52,37 @@ void CTableDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
     const auto flags = QStyle::visualAlignment(
         option.direction,
         alignment.isValid() ? Qt::Alignment(alignment.toInt()) : option.displayAlignment);
-    painter->drawText(rect, static_cast<int>(flags) | Qt::TextSingleLine,
+    // A name in Latin letters keeps its own direction in a mirrored list, or "B*" becomes "*B".
+    const int direction = text.isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
+    painter->drawText(rect,
+                      static_cast<int>(flags | Qt::AlignAbsolute) | direction | Qt::TextSingleLine,
                       option.fontMetrics.elidedText(text, option.textElideMode, rect.width()));
+}
+
+void CTableDelegate::ForgetStyle()
+{
+    inset_ = QRect();
+}
+
+// Where the style would put the text, so that a cell does not jump when it is selected.
+QRect CTableDelegate::TextRect(const QStyleOptionViewItem &option) const
+{
+    if (inset_.isNull()) {
+        const QStyle *const style = option.widget ? option.widget->style() : QApplication::style();
+        QStyleOptionViewItem cell = option;
+        cell.features |= QStyleOptionViewItem::HasDisplay;
+        cell.text = QStringLiteral("x");
+        cell.displayAlignment = Qt::AlignCenter;
+        cell.showDecorationSelected = true;
+        const QRect text = style->subElementRect(QStyle::SE_ItemViewItemText, &cell, option.widget);
+        const int margin_px =
+            style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, option.widget) + 1;
+        inset_.setCoords(text.left() - option.rect.left() + margin_px,
+                         text.top() - option.rect.top(),
+                         text.right() - option.rect.right() - margin_px,
+                         text.bottom() - option.rect.bottom());
+    }
+    return option.rect.adjusted(inset_.left(), inset_.top(), inset_.right(), inset_.bottom());
 }
 
 } // namespace Ravel

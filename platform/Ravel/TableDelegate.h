@@ -18,6 +18,14 @@ public:
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
+
+    /// \brief The style has changed: ask it anew where texts lie.
+    void ForgetStyle();
+
+private:
+    [[nodiscard]] QRect TextRect(const QStyleOptionViewItem &option) const;
+
+    mutable QRect inset_; // from a cell's edges to its text's; null while the style is to be asked
 };
 
 } // namespace Ravel

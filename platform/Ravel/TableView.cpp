@@ -3,18 +3,26 @@
 
 #include "Ravel/TableDelegate.h"
 
+#include <QtCore/QEvent>
 #include <QtWidgets/QHeaderView>
 
 namespace Ravel {
 
-CTableView::CTableView(QWidget *parent) : QTreeView(parent)
+CTableView::CTableView(QWidget *parent) : QTreeView(parent), delegate_(new CTableDelegate(this))
 {
     // Without it a changed cell is looked up row by row, and pixel scrolling measures every row.
     setUniformRowHeights(true);
     setRootIsDecorated(false);
     setAllColumnsShowFocus(true);
     setSelectionBehavior(QAbstractItemView::SelectRows);
-    setItemDelegate(new CTableDelegate(this));
+    setItemDelegate(delegate_);
+}
+
+void CTableView::changeEvent(QEvent *event)
+{
+    QTreeView::changeEvent(event);
+    if (event->type() == QEvent::StyleChange || event->type() == QEvent::LayoutDirectionChange)
+        delegate_->ForgetStyle();
 }
 
 void CTableView::SetSectionFixed(int column)

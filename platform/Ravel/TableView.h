@@ -7,6 +7,8 @@
 
 namespace Ravel {
 
+class CTableDelegate;
+
 /// \brief The client's table in the shape of a tree: rows of one height, drawn lean, no branches.
 ///
 /// Made for lists that are flipped and filtered under the user's hand: all rows have the height of
@@ -23,6 +25,12 @@ public:
     /// \brief Keep \a column at its present width: the user cannot drag it any more. A column that
     /// does not exist is ignored.
     void SetSectionFixed(int column);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    CTableDelegate *const delegate_;
 };
 
 } // namespace Ravel

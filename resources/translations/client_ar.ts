@@ -61,10 +61,6 @@
         <translation>البحث في جميع الأعمدة</translation>
     </message>
     <message>
-        <source>Search</source>
-        <translation>بحث</translation>
-    </message>
-    <message>
         <source>Shows the incidents that hold this text. Escape clears it.</source>
         <translation>يعرض الحوادث التي تحتوي على هذا النص. يمسحه مفتاح Escape.</translation>
     </message>
@@ -77,8 +73,8 @@
         <translation>الحوادث المعروضة</translation>
     </message>
     <message>
-        <source>No incident holds this text</source>
-        <translation>لا توجد حوادث تحتوي على هذا النص</translation>
+        <source>No incident matches</source>
+        <translation>لا توجد حوادث مطابقة</translation>
     </message>
     <message>
         <source>%1 of %2</source>
@@ -272,6 +268,40 @@
     <message>
         <source>Export XLSX</source>
         <translation>تصدير XLSX</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CPageSource</name>
+    <message>
+        <source>The server did not send the page (error %1).</source>
+        <translation>لم يُرسل الخادم الصفحة (الخطأ %1).</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CServerListPage</name>
+    <message>
+        <source>There is no server.</source>
+        <translation>لا يوجد خادم.</translation>
+    </message>
+    <message>
+        <source>Loading…</source>
+        <translation>جارٍ التحميل…</translation>
+    </message>
+    <message>
+        <source>Search on the server</source>
+        <translation>البحث على الخادم</translation>
+    </message>
+    <message>
+        <source>Count the pages</source>
+        <translation>عدّ الصفحات</translation>
+    </message>
+    <message>
+        <source>Off: turn page by page, as with a server that cannot count</source>
+        <translation>عند الإيقاف: التنقل صفحة بعد صفحة، كما مع خادم لا يستطيع العدّ</translation>
+    </message>
+    <message>
+        <source>Incidents</source>
+        <translation>الحوادث</translation>
     </message>
 </context>
 <context>
@@ -527,6 +557,10 @@
     <message>
         <source>Incidents</source>
         <translation>الحوادث</translation>
+    </message>
+    <message>
+        <source>Server list</source>
+        <translation>قائمة الخادم</translation>
     </message>
     <message>
         <source>Colours</source>

@@ -57,10 +57,6 @@
         <translation>Search all columns</translation>
     </message>
     <message>
-        <source>Search</source>
-        <translation>Search</translation>
-    </message>
-    <message>
         <source>Shows the incidents that hold this text. Escape clears it.</source>
         <translation>Shows the incidents that hold this text. Escape clears it.</translation>
     </message>
@@ -73,8 +69,8 @@
         <translation>Shown incidents</translation>
     </message>
     <message>
-        <source>No incident holds this text</source>
-        <translation>No incident holds this text</translation>
+        <source>No incident matches</source>
+        <translation>No incident matches</translation>
     </message>
     <message>
         <source>%1 of %2</source>
@@ -268,6 +264,40 @@
     <message>
         <source>Export XLSX</source>
         <translation>Export XLSX</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CPageSource</name>
+    <message>
+        <source>The server did not send the page (error %1).</source>
+        <translation>The server did not send the page (error %1).</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CServerListPage</name>
+    <message>
+        <source>There is no server.</source>
+        <translation>There is no server.</translation>
+    </message>
+    <message>
+        <source>Loading…</source>
+        <translation>Loading…</translation>
+    </message>
+    <message>
+        <source>Search on the server</source>
+        <translation>Search on the server</translation>
+    </message>
+    <message>
+        <source>Count the pages</source>
+        <translation>Count the pages</translation>
+    </message>
+    <message>
+        <source>Off: turn page by page, as with a server that cannot count</source>
+        <translation>Off: turn page by page, as with a server that cannot count</translation>
+    </message>
+    <message>
+        <source>Incidents</source>
+        <translation>Incidents</translation>
     </message>
 </context>
 <context>
@@ -515,6 +545,10 @@
     <message>
         <source>Incidents</source>
         <translation>Incidents</translation>
+    </message>
+    <message>
+        <source>Server list</source>
+        <translation>Server list</translation>
     </message>
     <message>
         <source>Colours</source>

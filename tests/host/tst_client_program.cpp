@@ -266,7 +266,7 @@ void tst_client_program::exportTakesTheRowsThatMatch()
 {
     const Outcome outcome =
         Run({QStringLiteral("--rows"), QStringLiteral("20000"), QStringLiteral("--filter"),
-             QStringLiteral("herring gull"), QStringLiteral("--export"), Path("gulls.csv")});
+             QStringLiteral("Herring gull"), QStringLiteral("--export"), Path("gulls.csv")});
 
     QCOMPARE(outcome.status, 0);
     QCOMPARE(outcome.errors, QStringList());

@@ -167,8 +167,6 @@ private Q_SLOTS:
             item->setCheckable(true);
             model.appendRow(item);
         }
-        guard_.AnnounceWarning("does not support raise"); // the offscreen platform's popups
-        guard_.AnnounceWarning("does not support grabbing the keyboard");
         Ravel::CLocationComboBox combo;
         combo.setModel(&model);
         combo.setCurrentIndex(-1);

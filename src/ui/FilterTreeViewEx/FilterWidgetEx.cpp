@@ -155,6 +155,11 @@ bool CFilterWidgetEx::IsKeyWord() const
     return d_ptr_->ptr_keyword_check_->isChecked();
 }
 
+void CFilterWidgetEx::SetByKeyWord(bool by_keyword)
+{
+    d_ptr_->ptr_keyword_check_->setChecked(by_keyword);
+}
+
 QString CFilterWidgetEx::GetKeyWord() const
 {
     return d_ptr_->ptr_keyword_edit_->text();
@@ -162,7 +167,7 @@ QString CFilterWidgetEx::GetKeyWord() const
 
 void CFilterWidgetEx::SetKeyWord(const QString &keyword)
 {
-    d_ptr_->ptr_keyword_check_->setChecked(true);
+    SetByKeyWord(true);
     d_ptr_->ptr_keyword_edit_->setText(keyword);
 }
 
@@ -191,6 +196,11 @@ QLineEdit *CFilterWidgetEx::GetKeyWordEdit() const
     return d_ptr_->ptr_keyword_edit_;
 }
 
+QPushButton *CFilterWidgetEx::GetMoreBtn() const
+{
+    return d_ptr_->ptr_more_btn_;
+}
+
 CComboBoxEx *CFilterWidgetEx::GetMainTypeComboBox() const
 {
     return d_ptr_->ptr_main_combo_;
@@ -203,7 +213,7 @@ CComboBoxEx *CFilterWidgetEx::GetSubTypeComboBox() const
 
 void CFilterWidgetEx::FocusKeyWord()
 {
-    d_ptr_->ptr_keyword_check_->setChecked(true);
+    SetByKeyWord(true);
     d_ptr_->ptr_keyword_edit_->setFocus(Qt::ShortcutFocusReason);
     d_ptr_->ptr_keyword_edit_->selectAll();
 }

@@ -10,6 +10,7 @@
 
 QT_BEGIN_NAMESPACE
 class QLineEdit;
+class QPushButton;
 QT_END_NAMESPACE
 
 namespace Ravel {
@@ -46,6 +47,8 @@ public:
     void SetRelatedIndex(int mainColumn, int subColumn);
 
     [[nodiscard]] bool IsKeyWord() const;
+    /// \brief Ask for a keyword, or for types.
+    void SetByKeyWord(bool by_keyword);
     /// \brief The keyword as typed.
     [[nodiscard]] QString GetKeyWord() const;
     /// \brief Ask for \a keyword from now on; nothing is emitted.
@@ -59,6 +62,7 @@ public:
 
     /// \brief The children, for hosts that want more of them.
     [[nodiscard]] QLineEdit *GetKeyWordEdit() const;
+    [[nodiscard]] QPushButton *GetMoreBtn() const;
     [[nodiscard]] CComboBoxEx *GetMainTypeComboBox() const;
     [[nodiscard]] CComboBoxEx *GetSubTypeComboBox() const;
     /// \brief Give the keys to the keyword, and turn to asking for one.
