@@ -383,27 +383,32 @@ private Q_SLOTS:
 
     void aFrameComesBackAlive_data()
     {
-        QTest::addColumn<bool>("has_parent");
+        QTest::addColumn<QString>("owner");
         QTest::addColumn<QString>("way");
-        for (const bool has_parent : {false, true}) {
+        for (const char *const owner : {"nobody", "elsewhere", "window", "page"}) {
             for (const char *const way :
-                 {"hidden", "twice", "replaced", "by a rule", "dock deleted", "window deleted"}) {
-                QTest::addRow("%s %s", has_parent ? "child" : "parentless", way)
-                    << has_parent << way;
-            }
+                 {"hidden", "twice", "replaced", "by a rule", "dock deleted", "window deleted"})
+                QTest::addRow("of %s, %s", owner, way) << owner << way;
         }
     }
 
     void aFrameComesBackAlive()
     {
-        QFETCH(bool, has_parent);
+        QFETCH(QString, owner);
         QFETCH(QString, way);
-        QWidget page; // of a host that outlives the main window
-        const QPointer<CFrame> frame = new CFrame(has_parent ? &page : nullptr);
+        QWidget elsewhere; // of a host that outlives the main window
+        auto *const page = new QWidget(window_.get());
+        QWidget *const parent = owner == "elsewhere" ? &elsewhere
+                                : owner == "window"  ? window_.get()
+                                : owner == "page"    ? page
+                                                     : nullptr;
+        const QPointer<QWidget> home = parent;
+        const QPointer<CFrame> frame = new CFrame(parent);
+        QWidget *const place = owner == "elsewhere" ? &elsewhere : window_.get();
         CFrame other;
         CRule rule;
         Manager().SetDockWidget(frame, 300);
-        QCOMPARE(Dock()->GetParentWidget(), has_parent ? &page : window_.get());
+        QCOMPARE(Dock()->GetParentWidget(), place);
         const QPointer<CDockWidget> first = Dock();
 
         if (way == "hidden")
@@ -424,10 +429,10 @@ private Q_SLOTS:
         QCOMPARE(first.isNull(), way != "hidden" && way != "by a rule");
         if (way == "twice") {
             QVERIFY(frame->isVisible());
-            QCOMPARE(Dock()->GetParentWidget(), has_parent ? &page : window_.get());
+            QCOMPARE(Dock()->GetParentWidget(), place);
             delete Dock();
         }
-        QCOMPARE(frame->parentWidget(), has_parent ? &page : nullptr);
+        QCOMPARE(frame->parentWidget(), home.data());
         QVERIFY(frame->isHidden());
         delete frame;
     }
@@ -530,8 +535,11 @@ private Q_SLOTS:
         QWidget home;
         CRule rule;
         std::vector<QPointer<CFrame>> frames;
+        const auto home_of = [&](int i) {
+            return i == 0 ? &home : i == 1 ? window_.get() : nullptr;
+        };
         for (int i = 0; i < 4; ++i)
-            frames.emplace_back(new CFrame(i % 2 == 0 ? &home : nullptr));
+            frames.emplace_back(new CFrame(home_of(i)));
         frames[3]->on_hide = [&] { Manager().SetDockWidget(frames[2], 200); };
         frames[2]->SetAutoHide(false);
         for (int step = 0; step < 10000; ++step) {
@@ -568,6 +576,8 @@ private Q_SLOTS:
                 break;
             case 10:
                 if (dice() % 8 == 0) {
+                    if (frames[1]->window() != Dock()) // else the dock keeps it
+                        frames[1]->setParent(nullptr);
                     window_ = std::make_unique<QWidget>();
                     window_->resize(600, 400);
                     window_->show();
@@ -587,14 +597,14 @@ private Q_SLOTS:
             for (int i = 0; i < 4; ++i) {
                 QVERIFY2(frames[size_t(i)], qPrintable(QString::number(step)));
                 const QWidget *const parent = frames[size_t(i)]->parentWidget();
-                const bool is_home = parent == (i % 2 == 0 ? &home : nullptr);
+                const bool is_home = parent == home_of(i) || (i == 1 && !parent);
                 QVERIFY(is_home || (Dock() && frames[size_t(i)]->window() == Dock()));
             }
         }
         frames[3]->on_hide = {};
         delete Dock();
-        delete frames[1];
-        delete frames[3];
+        for (const QPointer<CFrame> &frame : frames)
+            delete frame;
     }
 
 private:

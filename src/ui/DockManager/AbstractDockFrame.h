@@ -14,7 +14,8 @@ struct CAbstractDockFramePtr;
 /// \brief What a dock can show: derive from it, or fill a CBaseDockFrame.
 ///
 /// The frame stays its host's. While it is shown it is a child of the dock; when the dock lets it
-/// go, it goes back, hidden, to the parent it had. GUI thread only.
+/// go, it goes back, hidden, to the parent it had; to the main window if that is gone; and if that
+/// is going too, it is left without a parent, for its host to delete. GUI thread only.
 class VANTOR_EXPORT CAbstractDockFrame : public QFrame
 {
     Q_OBJECT

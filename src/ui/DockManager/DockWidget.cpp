@@ -45,6 +45,18 @@ template <class Condition> bool AnyOwner(const QWidget *widget, Condition condit
     return widget != nullptr;
 }
 
+// Watches the whole line of parents: a dying window still looks alive to its children, but to get
+// one more child would crash it. It tells before it takes them along.
+QVector<QMetaObject::Connection> WatchOwners(QWidget *widget, const QObject *context, bool &is_gone)
+{
+    QVector<QMetaObject::Connection> watches;
+    for (; widget; widget = widget->parentWidget()) {
+        watches.append(
+            QObject::connect(widget, &QObject::destroyed, context, [&is_gone] { is_gone = true; }));
+    }
+    return watches;
+}
+
 } // namespace
 
 struct CDockWidgetPtr
@@ -61,10 +73,13 @@ struct CDockWidgetPtr
     bool b_find_parent_ = false;
     bool b_hiding_ = false;
     bool b_retired_ = false;
+    bool b_dying_ = false; // the dock is about to go with its window
 
     // What the frame was before it was taken.
     QPointer<QWidget> ptr_previous_parent_;
     bool b_had_parent_ = false;
+    bool b_owner_gone_ = false; // that parent, or what it was part of, has died or is dying
+    QVector<QMetaObject::Connection> vec_owner_watch_;
     Qt::WindowFlags previous_flags_;
 };
 
@@ -72,6 +87,7 @@ CDockWidget::CDockWidget(QWidget *parent)
     : QFrame(parent, Qt::FramelessWindowHint | Qt::Dialog),
       d_ptr_(std::make_unique<CDockWidgetPtr>())
 {
+    WatchOwners(parent, this, d_ptr_->b_dying_);
     setWindowFlag(Qt::WindowStaysOnTopHint, true);
     setFocusPolicy(Qt::StrongFocus);
     // In no layout of the dock, which would squeeze the frame or stop the slide at its least width.
@@ -169,6 +185,8 @@ bool CDockWidget::Take(CAbstractDockFrame *frame, int width)
     d_ptr_->ptr_previous_parent_ = taken->parentWidget();
     d_ptr_->b_had_parent_ = taken->parentWidget() != nullptr;
     d_ptr_->previous_flags_ = taken->windowFlags();
+    d_ptr_->b_owner_gone_ = false;
+    d_ptr_->vec_owner_watch_ = WatchOwners(taken->parentWidget(), this, d_ptr_->b_owner_gone_);
     return true;
 }
 
@@ -189,14 +207,15 @@ QPointer<CAbstractDockFrame> CDockWidget::Release()
     if (!frame)
         return frame;
     d_ptr_->ptr_layout_->removeWidget(frame);
-    QWidget *owner = d_ptr_->ptr_previous_parent_;
-    if (!owner && d_ptr_->b_had_parent_)
+    for (const QMetaObject::Connection &watch : qAsConst(d_ptr_->vec_owner_watch_))
+        disconnect(watch);
+    QWidget *owner = d_ptr_->b_owner_gone_ ? nullptr : d_ptr_->ptr_previous_parent_.data();
+    if (!owner && d_ptr_->b_had_parent_ && !d_ptr_->b_dying_)
         owner = parentWidget();
     const Qt::WindowFlags flags = d_ptr_->previous_flags_;
     const bool is_ours = frame->parentWidget() == d_ptr_->ptr_inner_;
     frame->hide();
-    // Not when its host has put it elsewhere meanwhile. A dying owner takes it along, as it would
-    // have without us.
+    // Not when its host has put it elsewhere meanwhile.
     if (frame && is_ours)
         frame->setParent(owner, flags);
     return frame;
@@ -281,6 +300,30 @@ void CDockWidget::Retire()
         static_cast<void>(Release()); // it was not shown
 }
 
+DockSituation CDockWidget::SituationAt(int width) const
+{
+    const QWidget *const parent = d_ptr_->ptr_parent_widget_;
+    const QRect frame = parent->frameGeometry();
+    DockSituation situation;
+    situation.top_left = parent->mapToGlobal(QPoint(0, 0));
+    situation.bottom_right = IsFullScreenWidget(parent)
+                                 ? parent->mapToGlobal(QPoint(frame.width(), frame.height()))
+                                 : parent->mapToGlobal(parent->rect().bottomRight());
+    situation.width = width;
+    situation.is_parent_found = d_ptr_->b_find_parent_;
+    situation.content_type = d_ptr_->content_type_;
+    situation.direction = parent->layoutDirection();
+    return situation;
+}
+
+void CDockWidget::SetSlideSize(const QSize &size)
+{
+    std::optional<QPoint> position;
+    if (d_ptr_->ptr_content_ && d_ptr_->ptr_parent_widget_ && !d_ptr_->ptr_rule_)
+        position = DockPosition(SituationAt(size.width()));
+    setGeometry(QRect(position.value_or(pos()), size));
+}
+
 void CDockWidget::UpdatePostion()
 {
     static constexpr char kFunction[] = "Vantor::CDockWidget::UpdatePostion";
@@ -288,15 +331,7 @@ void CDockWidget::UpdatePostion()
     if (!d_ptr_->ptr_content_ || !parent)
         return;
     const QRect frame = parent->frameGeometry();
-    DockSituation situation;
-    situation.top_left = parent->mapToGlobal(QPoint(0, 0));
-    situation.bottom_right = IsFullScreenWidget(parent)
-                                 ? parent->mapToGlobal(QPoint(frame.width(), frame.height()))
-                                 : parent->mapToGlobal(parent->rect().bottomRight());
-    situation.width = width();
-    situation.is_parent_found = d_ptr_->b_find_parent_;
-    situation.content_type = d_ptr_->content_type_;
-    situation.direction = parent->layoutDirection();
+    const DockSituation situation = SituationAt(width());
     VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK,
                "DockWidget:pt_base_frame_topleft(%d,%d),pt_base_frame_bottonright(%d,%d),"
                "pt_global_topleft(%d,%d),pt_global_bottonright(%d,%d)",

@@ -13,6 +13,7 @@ namespace Vantor {
 class CAbstractDockFrame;
 class CDockWidgetPosRule;
 struct CDockWidgetPtr;
+struct DockSituation;
 
 /// \brief The frameless window that slides in at the edge of another and carries a frame; usually
 /// reached through CDockManager.
@@ -24,6 +25,9 @@ struct CDockWidgetPtr;
 class VANTOR_EXPORT CDockWidget : public QFrame
 {
     Q_OBJECT
+    // In place of QWidget's: a step of the slide moves and resizes in one request, or a window
+    // system shows the edge that shall stand still jump back and forth.
+    Q_PROPERTY(QSize size READ size WRITE SetSlideSize DESIGNABLE false STORED false)
 
 public:
     /// \param parent owns the dock; where it stands is for the frame's window to say.
@@ -80,6 +84,8 @@ private:
     void Insert();
     [[nodiscard]] QPointer<CAbstractDockFrame> Release();
     [[nodiscard]] QWidget *FindParent(QWidget *window) const;
+    void SetSlideSize(const QSize &size);
+    [[nodiscard]] DockSituation SituationAt(int width) const;
     void Reposition();
     void Animate(int from, int to);
     void StopAnimation();
