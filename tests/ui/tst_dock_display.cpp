@@ -68,7 +68,8 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         auto *const dock = qobject_cast<CDockWidget *>(watched);
-        if (dock && dock->width() > 0 && event->type() == QEvent::Move) {
+        // The server's reports of steps that are past come in between.
+        if (dock && dock->width() > 0 && event->type() == QEvent::Move && !event->spontaneous()) {
             edges.insert(dock->geometry().right());
             ++steps;
         }
