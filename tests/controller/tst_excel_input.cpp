@@ -342,7 +342,7 @@ private:
             "<formula1>\"" + QByteArray("中").repeated(86) + "\"</formula1>");
         Row("255 Chinese characters", CheckList(Repeated("中", 255)), kSheet, "type=\"list\"");
         Row("256 characters", CheckList(Repeated("中", 256)), kSheet, kAnything, "formula1",
-            long_list);
+            "WithC::SetCellValidCheck]Sheet Sheet: " + long_list);
         Row("255 characters before the last comma", CheckList(Repeated("a,", 128) + "b"), kSheet,
             kAnything, "formula1", long_list);
         Row("exactly 255", CheckList(Repeated("a,", 127) + "b"), kSheet, ",a,b\"</formula1>");
