@@ -719,4 +719,43 @@
         <translation>لا شيء</translation>
     </message>
 </context>
+<context>
+    <name>Client::CZoneSwitch</name>
+    <message>
+        <source>The clocks do not change.</source>
+        <translation>الساعات لا تتغير.</translation>
+    </message>
+    <message>
+        <source>The clocks go forward at %1.</source>
+        <translation>تُقدَّم الساعات في %1.</translation>
+    </message>
+    <message>
+        <source>The clocks go back at %1.</source>
+        <translation>تُؤخَّر الساعات في %1.</translation>
+    </message>
+    <message>
+        <source>Time &amp;zone</source>
+        <translation>الم&amp;نطقة الزمنية</translation>
+    </message>
+    <message>
+        <source>Time zone</source>
+        <translation>المنطقة الزمنية</translation>
+    </message>
+    <message>
+        <source>&amp;Earlier change</source>
+        <translation>التغيير ال&amp;سابق</translation>
+    </message>
+    <message>
+        <source>&amp;Later change</source>
+        <translation>التغيير ال&amp;لاحق</translation>
+    </message>
+    <message>
+        <source>Go to where the clocks of this zone were changed last</source>
+        <translation>انتقل إلى آخر تغيير لساعات هذه المنطقة</translation>
+    </message>
+    <message>
+        <source>Go to where the clocks of this zone are changed next</source>
+        <translation>انتقل إلى التغيير القادم لساعات هذه المنطقة</translation>
+    </message>
+</context>
 </TS>

@@ -707,4 +707,43 @@
         <translation>None</translation>
     </message>
 </context>
+<context>
+    <name>Client::CZoneSwitch</name>
+    <message>
+        <source>The clocks do not change.</source>
+        <translation>The clocks do not change.</translation>
+    </message>
+    <message>
+        <source>The clocks go forward at %1.</source>
+        <translation>The clocks go forward at %1.</translation>
+    </message>
+    <message>
+        <source>The clocks go back at %1.</source>
+        <translation>The clocks go back at %1.</translation>
+    </message>
+    <message>
+        <source>Time &amp;zone</source>
+        <translation>Time &amp;zone</translation>
+    </message>
+    <message>
+        <source>Time zone</source>
+        <translation>Time zone</translation>
+    </message>
+    <message>
+        <source>&amp;Earlier change</source>
+        <translation>&amp;Earlier change</translation>
+    </message>
+    <message>
+        <source>&amp;Later change</source>
+        <translation>&amp;Later change</translation>
+    </message>
+    <message>
+        <source>Go to where the clocks of this zone were changed last</source>
+        <translation>Go to where the clocks of this zone were changed last</translation>
+    </message>
+    <message>
+        <source>Go to where the clocks of this zone are changed next</source>
+        <translation>Go to where the clocks of this zone are changed next</translation>
+    </message>
+</context>
 </TS>

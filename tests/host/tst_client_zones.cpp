@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "ZoneSwitch.h"
+#include "support/TestGuard.h"
+
+#include <Vantor/CAnimationProgressBar>
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+
+using Client::CZoneSwitch;
+
+class tst_client_zones : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        guard_.Begin();
+        bar_ = std::make_unique<Vantor::CAnimationProgressBar>();
+        zones_ = std::make_unique<CZoneSwitch>(bar_.get());
+    }
+
+    void cleanup()
+    {
+        zones_.reset();
+        bar_.reset();
+        const QString fault = guard_.End();
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    }
+
+    void typedNamesAreZonesOrTakenBack()
+    {
+        auto *const names = zones_->findChild<QComboBox *>("ZoneNames");
+        const QSignalSpy changed(zones_.get(), &CZoneSwitch::SignalZoneChanged);
+
+        names->lineEdit()->setText("Asia/Kathmandu");
+        QTest::keyClick(names->lineEdit(), Qt::Key_Return);
+        names->lineEdit()->setText("Asia/Atlantis");
+        QTest::keyClick(names->lineEdit(), Qt::Key_Return);
+
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(zones_->Zone().id(), QByteArray("Asia/Kathmandu"));
+        QCOMPARE(names->currentText(), QString("Asia/Kathmandu"));
+        QVERIFY(!zones_->SetZone("Asia/Atlantis"));
+    }
+
+    // Through a change a year, a year with two Ramadans, and 2038, where Qt's tables end.
+    void theLineShowsTheZonesTimeWhereverItGoes_data()
+    {
+        QTest::addColumn<QByteArray>("zone");
+        QTest::addColumn<int>("first_year");
+        QTest::addColumn<int>("changes");
+        QTest::newRow("north") << QByteArray("Europe/Berlin") << 2023 << 9;
+        QTest::newRow("south") << QByteArray("Australia/Sydney") << 2023 << 9;
+        QTest::newRow("four changes a year") << QByteArray("Africa/Casablanca") << 2012 << 12;
+        QTest::newRow("another standard time") << QByteArray("Asia/Pyongyang") << 2015 << 2;
+        QTest::newRow("the end of the tables") << QByteArray("America/Miquelon") << 2036 << 9;
+    }
+
+    void theLineShowsTheZonesTimeWhereverItGoes()
+    {
+        QFETCH(QByteArray, zone);
+        QFETCH(int, first_year);
+        QFETCH(int, changes);
+        QVERIFY(zones_->SetZone(zone));
+        bar_->SetPosition(QDateTime({first_year, 1, 1}, {0, 0}, Qt::UTC).toMSecsSinceEpoch());
+        auto *const later = zones_->findChild<QPushButton *>("LaterChange");
+
+        for (int i = 0; i < changes; ++i) {
+            later->click();
+            const qint64 change_s = bar_->GetCurrentUTCTime();
+            for (const qint64 s : {change_s - 1, change_s}) {
+                bar_->SetPosition(s * 1000);
+                const QDateTime utc = QDateTime::fromSecsSinceEpoch(s, Qt::UTC);
+                QCOMPARE(bar_->GetCurrentDateTime(),
+                         utc.addSecs(zones_->Zone().offsetFromUtc(utc)));
+            }
+            QVERIFY(zones_->Zone().offsetFromUtc(QDateTime::fromSecsSinceEpoch(change_s))
+                    != zones_->Zone().offsetFromUtc(QDateTime::fromSecsSinceEpoch(change_s - 1)));
+        }
+
+        const qint64 last_ms = bar_->Position();
+        zones_->findChild<QPushButton *>("EarlierChange")->click();
+        QVERIFY(bar_->Position() < last_ms);
+        later->click();
+        QCOMPARE(bar_->Position(), last_ms);
+    }
+
+    void theNextChangeIsTold()
+    {
+        auto *const state = zones_->findChild<QLabel *>("ZoneState");
+        zones_->setLocale(QLocale::c());
+        bar_->SetPosition(QDateTime({2024, 7, 1}, {0, 0}, Qt::UTC).toMSecsSinceEpoch());
+
+        zones_->SetZone("Europe/Berlin");
+        QCOMPARE(state->text(), QString("The clocks go back at 27 Oct 2024 03:00:00."));
+        zones_->GoToLaterChange();
+        QCOMPARE(state->text(), QString("The clocks go forward at 30 Mar 2025 02:00:00."));
+        zones_->SetZone("UTC");
+
+        QCOMPARE(state->text(), QString("The clocks do not change."));
+        QVERIFY(!zones_->findChild<QPushButton *>("LaterChange")->isEnabled());
+        bar_.reset();
+        zones_->GoToLaterChange();
+    }
+
+private:
+    CTestGuard guard_;
+    std::unique_ptr<Vantor::CAnimationProgressBar> bar_;
+    std::unique_ptr<CZoneSwitch> zones_;
+};
+
+QTEST_MAIN(tst_client_zones)
+#include "tst_client_zones.moc"
