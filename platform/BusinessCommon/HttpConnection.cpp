@@ -248,7 +248,8 @@ int CHttpConnection::SendOnce(httplib::Request &request, ClientComm::ClientRecvI
         recv.Receive_Data.append(bytes, size);
         return true;
     };
-    auto deadline = Clock::now() + server_.read_time;
+    const auto begin = Clock::now();
+    auto deadline = begin + server_.read_time;
     if (client_->is_socket_open() == 0)
         deadline += server_.connect_time;
     httplib::Response response;
@@ -260,9 +261,12 @@ int CHttpConnection::SendOnce(httplib::Request &request, ClientComm::ClientRecvI
         return kNetTooLarge;
     if (cut != CExchanges::Cut::No && !is_sent)
         return cut == CExchanges::Cut::Late ? kNetTimeout : kNetBroken;
-    if (!is_sent)
-        return CodeOf(error) == kNetBroken && Clock::now() >= deadline ? kNetTimeout
-                                                                       : CodeOf(error);
+    if (!is_sent) {
+        // The library calls a timeout a failed read.
+        const bool is_late =
+            CodeOf(error) == kNetBroken && Clock::now() - begin >= server_.read_time;
+        return is_late ? kNetTimeout : CodeOf(error);
+    }
     status = response.status;
     return 0;
 }

@@ -54,7 +54,13 @@ QString CTestServer::Start(int port)
     options.code_source = [] { return QString("W7kx"); };
     server_ = std::make_unique<Server::CServer>(options);
     const QString error = server_->Start();
-    CNetCommManager::SetServer("127.0.0.1", server_->Port());
-    CNetCommManager::SetSession({});
+    Use();
     return error;
+}
+
+void CTestServer::Use() const
+{
+    CNetCommManager::SetServer("127.0.0.1", server_->Port());
+    CNetCommManager::SetTimeouts(3000, 10000);
+    CNetCommManager::SetSession({});
 }

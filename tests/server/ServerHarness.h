@@ -42,7 +42,10 @@ public:
 
     /// \return an empty text, or why it cannot.
     QString Start(int port = 0);
+    /// Let the client's exchange talk to it, patiently and for nobody.
+    void Use() const;
     void Stop() { server_.reset(); }
+    bool IsRunning() const { return server_ != nullptr; }
     int Port() const { return server_->Port(); }
     QString DataPath() const { return folder_.filePath("server.sqlite"); }
     QString FilePath(const QString &name) const { return folder_.filePath(name); }

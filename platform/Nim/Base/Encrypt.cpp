@@ -3,6 +3,8 @@
 
 #include <QtCore/QByteArray>
 
+#include <cstring>
+
 namespace Nim::Base::Encrypt {
 
 bool Base64Decode(const std::string &text, std::string &bytes)
@@ -20,11 +22,10 @@ bool Base64Decode(const std::string &text, std::string &bytes)
 
 void Wipe(std::string &secret)
 {
+    // The compiler knows that nobody reads what is freed next, but not what this points at.
+    static void *(*const volatile fill)(void *, int, size_t) = std::memset;
     secret.resize(secret.capacity()); // an earlier, longer text may stand behind the end
-    // Through a volatile pointer: the compiler knows that nobody reads what is freed next.
-    volatile char *const bytes = secret.data();
-    for (size_t i = 0; i < secret.size(); ++i)
-        bytes[i] = 0;
+    fill(secret.data(), 0, secret.size());
     secret.clear();
 }
 

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+// Bytes become a document, JSON or XML, and then paths into it. Whatever is read is written and
+// read again; both forms must give the same values.
+#include <ClientComm/RapidJsonProto.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+using ClientComm::CRapidJsonProto;
+
+void Require(bool holds, const char *what)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "%s\n", what);
+    std::abort();
+}
+
+// The first line is a path, the second a text to set there, the rest the document.
+std::string TakeLine(std::string &input)
+{
+    const size_t end = input.find('\n');
+    const std::string line = input.substr(0, end);
+    input.erase(0, end == std::string::npos ? end : end + 1);
+    return line;
+}
+
+void CompareCopy(const CRapidJsonProto &document, const std::string &path)
+{
+    CRapidJsonProto copy;
+    const std::string json = document.ToJson();
+    Require(copy.Load(json), "what is written as JSON is read");
+    Require(copy.GetString(path, "-") == document.GetString(path, "-"), "the text is the same");
+    Require(copy.GetInt(path) == document.GetInt(path), "the number is the same");
+    Require(copy.ToJson() == json, "and so is the rest");
+    const std::string xml = document.ToXml();
+    Require(xml.empty() || copy.Load(xml), "what is written as XML is read");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    std::string input(reinterpret_cast<const char *>(data), size);
+    const std::string path = TakeLine(input);
+    const std::string text = TakeLine(input);
+    CRapidJsonProto document;
+    if (document.Load(input)) {
+        static_cast<void>(document.GetCount(path));
+        CompareCopy(document, path);
+    }
+    if (document.SetString(path, text))
+        CompareCopy(document, path);
+    return 0;
+}

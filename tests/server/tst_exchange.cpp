@@ -1,0 +1,397 @@
+// SPDX-License-Identifier: MIT
+#include "server/ServerHarness.h"
+#include "support/RawServer.h"
+#include "support/TestGuard.h"
+
+#include <BusinessCommon/AdaptiveColumnWidthManager.h>
+
+#include <server/SampleAccounts.h>
+#include <unistd.h>
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QThread>
+#include <QtTest/QTest>
+
+#include <stdexcept>
+#include <thread>
+#include <vector>
+
+using namespace BusinessCommon;
+using Param = CAdaptiveColumnWidthObserver::Param;
+
+namespace {
+
+constexpr int kReadTime_ms = 300;
+
+// What a server may do wrong, once a request is in.
+enum Fault {
+    Closes,
+    Silence,
+    Trickle,
+    EndlessHeaders,
+    Garbage,
+    HalfBody,
+    HugeAnnounced,
+    HugeStream,
+    WrongTypes,
+    Status500,
+    WordsOfItsOwn,
+    NoDocument,
+};
+
+void Serve(int socket, Fault fault)
+{
+    const auto send = [socket](const std::string &bytes) {
+        return CRawServer::Send(socket, bytes);
+    };
+    if (CRawServer::ReadRequest(socket).empty())
+        return;
+    switch (fault) {
+    case Closes:
+        return;
+    case Silence:
+        CRawServer::ReadRequest(socket);
+        return; // until the client goes
+    case Trickle:
+        send("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n");
+        while (send("x"))
+            usleep(20000);
+        return;
+    case EndlessHeaders:
+        send("HTTP/1.1 200 OK\r\n");
+        while (send("X: y\r\n"))
+            usleep(20000);
+        return;
+    case Garbage:
+        send(std::string(5000, '\xfe') + "\r\n\r\n");
+        return;
+    case HalfBody:
+        send("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n{\"Resp");
+        return;
+    case HugeAnnounced:
+        send("HTTP/1.1 200 OK\r\nContent-Length: 99999999999\r\n\r\n{}");
+        return;
+    case HugeStream:
+        send("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n");
+        while (send("100000\r\n" + std::string(1 << 20, 'x') + "\r\n")) {
+        }
+        return;
+    case WrongTypes:
+        send(CRawServer::ReplyWith("{\"ResponseStatus\":{\"ErrorCode\":0,\"Data\":"
+                                   "{\"AdaptiveLayout\":{\"LayoutData\":[1]}}}}"));
+        break;
+    case Status500:
+        send(CRawServer::ReplyWith("sorry", "500 Oh no"));
+        break;
+    case WordsOfItsOwn:
+        send(CRawServer::ReplyWith("{\"ResponseStatus\":{\"ErrorModule\":7,\"ErrorCode\":77}}",
+                                   "403 No"));
+        break;
+    case NoDocument:
+        send(CRawServer::ReplyWith("hello"));
+        break;
+    }
+    CRawServer::ReadRequest(socket);
+}
+
+class CRecorder : public CAdaptiveColumnWidthObserver
+{
+public:
+    void UpdateAdaptiveColumnWidthCurrentState(const Param &param) override
+    {
+        QCOMPARE(QThread::currentThread(), qApp->thread());
+        answers.push_back(param);
+        if (on_answer)
+            on_answer();
+    }
+
+    QStringList Texts() const
+    {
+        QStringList texts;
+        for (const Param &param : answers)
+            texts.append(QString::fromStdString(param.result.receive_data));
+        return texts;
+    }
+
+    std::vector<Param> answers;
+    std::function<void()> on_answer;
+};
+
+std::shared_ptr<AdaptiveLayout> Layout(const std::string &key, const std::string &text = {})
+{
+    return std::make_shared<AdaptiveLayout>(AdaptiveLayout{key, 1, text});
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Fault)
+
+class TestExchange : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QCOMPARE(healthy_.Start(), QString()); }
+    void cleanupTestCase() { healthy_.Stop(); }
+
+    void init()
+    {
+        guard_.Begin();
+        CNetCommManager::SetTimeouts(kReadTime_ms, kReadTime_ms);
+        CNetCommManager::SetSession({});
+    }
+
+    void cleanup()
+    {
+        CNetCommManager::SetTransport(nullptr);
+        CAdaptiveColumnWidthManager::SetHandler(nullptr);
+        QVERIFY(CAdaptiveColumnWidthManager::FinishWrites(5000));
+        const QString fault = guard_.End();
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    }
+
+    void faultsOfTheServerAreToldInTime_data()
+    {
+        QTest::addColumn<Fault>("fault");
+        QTest::addColumn<int>("module"); // of the exchange; 0: it is fine
+        QTest::addColumn<int>("code");
+        QTest::addColumn<int>("layout_code");
+        const auto row = [](const char *name, Fault fault, int module, int code,
+                            int layout_code = 0) {
+            QTest::newRow(name) << fault << module << code
+                                << (layout_code != 0 ? layout_code : code);
+        };
+        row("closes at once", Closes, kModuleNetwork, kNetBroken);
+        row("says nothing", Silence, kModuleNetwork, kNetTimeout);
+        row("sends a byte now and then", Trickle, kModuleNetwork, kNetTimeout);
+        row("never ends its headers", EndlessHeaders, kModuleNetwork, kNetTimeout);
+        row("speaks another language", Garbage, kModuleNetwork, kNetBroken);
+        row("ends within the body", HalfBody, kModuleNetwork, kNetBroken);
+        row("announces too much", HugeAnnounced, kModuleNetwork, kNetTooLarge);
+        row("sends without end", HugeStream, kModuleNetwork, kNetTooLarge);
+        row("gives an array for a text", WrongTypes, 0, 0, kNetBadReply);
+        row("fails", Status500, kModuleHttp, 500);
+        row("refuses in its own words", WordsOfItsOwn, 7, 77);
+        row("sends no document", NoDocument, 0, 0, kNetBadReply);
+    }
+
+    void faultsOfTheServerAreToldInTime()
+    {
+        QFETCH(Fault, fault);
+        QFETCH(int, module);
+        CRawServer server([fault](int socket) { Serve(socket, fault); });
+        CNetCommManager::SetServer("127.0.0.1", server.Port());
+        QElapsedTimer time;
+        time.start();
+
+        const Answered answer = Ask("GET", "/AdaptiveLayout", "{}");
+
+        QVERIFY2(time.elapsed() < 10 * kReadTime_ms, "nobody may wait for ever");
+        QCOMPARE(answer.is_sent, module != kModuleNetwork);
+        QCOMPARE(answer.error.module_code, module);
+        QTEST(answer.error.error_code, "code");
+        QCOMPARE(answer.error.sub_system, module == kModuleNetwork ? kNetSubSystem : 0);
+
+        // The layout manager tells of it, and its next request gets through.
+        CAdaptiveColumnWidthManager manager;
+        CRecorder recorder;
+        manager.RegisterObserver(&recorder);
+        manager.AsyRequestAdaptiveColumnWidth(Layout("list"));
+        QTRY_COMPARE(recorder.answers.size(), size_t(1));
+        QCOMPARE(recorder.answers[0].current_column_state, 0);
+        QTEST(recorder.answers[0].error_code.second, "layout_code");
+        healthy_.Use();
+        QVERIFY(LogIn(Server::kSampleAccounts[0].name, Server::kSampleAccounts[0].password));
+        manager.AsyRequestAdaptiveColumnWidth(Layout("list", "text"));
+        QTRY_COMPARE(recorder.answers.size(), size_t(2));
+        QCOMPARE(recorder.answers[1].current_column_state, 1);
+        QCOMPARE(recorder.answers[1].get_or_post, 1);
+    }
+
+    void whatCannotBeSentIsRefused()
+    {
+        CNetCommManager::SetServer("127.0.0.1", 1); // nobody listens
+        QCOMPARE(Ask("GET", "/x").error.error_code, int(kNetConnect));
+        CNetCommManager::SetServer("", 0);
+        QCOMPARE(Ask("GET", "/x").error.error_code, int(kNetConnect));
+        CNetCommManager::SetServer("127.0.0.1", 1);
+        QCOMPARE(Ask("GET /x HTTP/1.1\r\nEvil: 1\r\n", "/x").error.error_code, int(kNetBadRequest));
+        CNetCommManager::SetSession("token\r\nEvil: 1");
+        QCOMPARE(Ask("GET", "/x").error.error_code, int(kNetBadRequest));
+
+        guard_.AnnounceLogLines();
+        CNetCommManager::SetSession({});
+        CNetCommManager::SetTransport(
+            [](ClientComm::CClientRecvInfo &, const ClientComm::CClientSendInfo &) -> bool {
+                throw std::runtime_error("unplugged");
+            });
+        QCOMPARE(Ask("GET", "/x").error.error_code, int(kNetFailed));
+        QVERIFY(guard_.LogLines().constLast().contains("unplugged"));
+    }
+
+    void requestsWithBodiesShareTheThreadsConnection()
+    {
+        std::mutex mutex;
+        std::vector<std::string> seen;
+        CRawServer server([&](int socket) {
+            for (;;) {
+                const std::string request = CRawServer::ReadRequest(socket);
+                if (request.empty())
+                    return;
+                {
+                    const std::lock_guard<std::mutex> lock(mutex);
+                    seen.push_back(request.substr(0, request.find(' '))
+                                   + request.substr(request.find("\r\n") + 2));
+                }
+                CRawServer::Send(socket, CRawServer::ReplyWith("{}"));
+            }
+        });
+        CNetCommManager::SetServer("127.0.0.1", server.Port());
+
+        Ask("GET", "/a", "{\"a\":1}");
+        Ask("PUT", "/b", "{\"b\":2}");
+        Ask("GET", "/c", "<c/>");
+        QCOMPARE(server.Connections(), 1);
+        std::thread([] { Ask("GET", "/d", "{\"d\":4}"); }).join();
+
+        QCOMPARE(server.Connections(), 2);
+        const std::lock_guard<std::mutex> lock(mutex);
+        QCOMPARE(seen, (std::vector<std::string>{"GET{\"a\":1}", "PUT{\"b\":2}", "GET<c/>",
+                                                 "GET{\"d\":4}"}));
+    }
+
+    void abortEndsWhatIsUnderWay()
+    {
+        CNetCommManager::SetTimeouts(60000, 60000);
+        CRawServer server([](int socket) { Serve(socket, Silence); });
+        CNetCommManager::SetServer("127.0.0.1", server.Port());
+        std::vector<std::thread> threads;
+        std::atomic<int> broken{0};
+        for (int i = 0; i < 3; ++i) {
+            threads.emplace_back(
+                [&broken] { broken += Ask("GET", "/x").error.error_code == kNetBroken ? 1 : 0; });
+        }
+        QTRY_COMPARE(server.Connections(), 3);
+
+        QElapsedTimer time;
+        time.start();
+        CNetCommManager::Abort();
+        for (std::thread &thread : threads)
+            thread.join();
+
+        QVERIFY(time.elapsed() < 1000);
+        QCOMPARE(broken, 3);
+    }
+
+    void answersComeInTheOrderOfTheRequests()
+    {
+        std::vector<CAdaptiveColumnWidthManager::Answer> held;
+        CAdaptiveColumnWidthManager::SetHandler(
+            [&held](const AdaptiveLayout &, CAdaptiveColumnWidthManager::Answer answer) {
+                held.push_back(std::move(answer));
+            });
+        CAdaptiveColumnWidthManager manager;
+        CRecorder recorder;
+        manager.RegisterObserver(&recorder);
+        manager.RegisterObserver(&recorder); // still told once
+        for (int i = 0; i < 3; ++i)
+            manager.AsyRequestAdaptiveColumnWidth(Layout("k", i == 1 ? "text" : ""));
+        const auto answer_with = [&held](size_t which, const std::string &text) {
+            Param param;
+            param.current_column_state = 1;
+            param.result.receive_data = text;
+            std::thread([&] { held[which](param); }).join();
+        };
+
+        answer_with(2, "third");
+        QCoreApplication::processEvents();
+        QVERIFY(recorder.answers.empty());
+        answer_with(0, "first");
+        QTRY_COMPARE(recorder.Texts(), QStringList({"first"}));
+        held.clear(); // the second is dropped: a failure, and then the third may come
+        QTRY_COMPARE(recorder.Texts(), QStringList({"first", "", "third"}));
+
+        QCOMPARE(recorder.answers[1].current_column_state, 0);
+        QCOMPARE(recorder.answers[1].get_or_post, 1);
+        QCOMPARE(recorder.answers[1].error_code,
+                 std::make_pair(int(kModuleNetwork), int(kNetBroken)));
+    }
+
+    void aManagerMayGoWhileItsAnswersAreOnTheWay()
+    {
+        healthy_.Use();
+        QVERIFY(LogIn(Server::kSampleAccounts[0].name, Server::kSampleAccounts[0].password));
+        CRecorder told;
+        for (int round = 0; round < 20; ++round) {
+            auto manager = std::make_unique<CAdaptiveColumnWidthManager>();
+            CRecorder recorder;
+            manager->RegisterObserver(&recorder);
+            recorder.on_answer = [&manager] { manager.reset(); }; // from within the answer
+            const std::string text = "text " + std::to_string(round);
+            manager->AsyRequestAdaptiveColumnWidth(Layout("k", text));
+            manager->AsyRequestAdaptiveColumnWidth(Layout("k"));
+            if (round % 2 == 0)
+                QTRY_COMPARE(recorder.answers.size(), size_t(1));
+        }
+
+        CAdaptiveColumnWidthManager last;
+        last.RegisterObserver(&told);
+        last.AsyRequestAdaptiveColumnWidth(Layout("k"));
+        QTRY_COMPARE(told.Texts(), QStringList({"text 19"})); // the writes got through
+        last.UnRegisterObserver(&told);
+        last.AsyRequestAdaptiveColumnWidth(Layout("k"));
+        last.AsyRequestAdaptiveColumnWidth(nullptr);
+        guard_.AnnounceLogLines();
+    }
+
+    void aRequestBelongsToTheUserWhoMadeIt()
+    {
+        healthy_.Use();
+        const auto &first = Server::kSampleAccounts[0];
+        const auto &second = Server::kSampleAccounts[1];
+        CAdaptiveColumnWidthManager manager;
+        CRecorder recorder;
+        manager.RegisterObserver(&recorder);
+        QVERIFY(LogIn(second.name, second.password));
+        const std::string session = CNetCommManager::Session();
+        QVERIFY(LogIn(first.name, first.password));
+
+        for (int i = 0; i < 20; ++i)
+            manager.AsyRequestAdaptiveColumnWidth(Layout("k" + std::to_string(i), "the first's"));
+        CNetCommManager::SetSession(session); // most of them are still to be sent
+        manager.AsyRequestAdaptiveColumnWidth(Layout("k19"));
+
+        QVERIFY(CAdaptiveColumnWidthManager::FinishWrites(10000));
+        QTRY_COMPARE(recorder.answers.size(), size_t(21));
+        QCOMPARE(recorder.answers[19].current_column_state, 1);
+        QCOMPARE(recorder.answers[20].result.receive_data, std::string());
+    }
+
+    void theEndDoesNotWaitForADeadServer()
+    {
+        CRawServer server([](int socket) { Serve(socket, Silence); });
+        CNetCommManager::SetTimeouts(60000, 60000);
+        CNetCommManager::SetServer("127.0.0.1", server.Port());
+        CAdaptiveColumnWidthManager manager;
+        CRecorder recorder;
+        manager.RegisterObserver(&recorder);
+        for (int i = 0; i < 3; ++i)
+            manager.AsyRequestAdaptiveColumnWidth(Layout("k", "text"));
+
+        QElapsedTimer time;
+        time.start();
+        QVERIFY(!CAdaptiveColumnWidthManager::FinishWrites(100));
+        CNetCommManager::Abort();
+
+        QTRY_COMPARE(recorder.answers.size(), size_t(3)); // failures, all of them
+        QVERIFY(time.elapsed() < 2000);
+        QCOMPARE(recorder.answers[2].error_code.second, int(kNetBroken));
+    }
+
+private:
+    CTestGuard guard_;
+    CTestServer healthy_;
+};
+
+QTEST_MAIN(TestExchange)
+#include "tst_exchange.moc"
