@@ -109,14 +109,18 @@ struct CRapidJsonProtoDataPtr
 {
     QJsonValue json_;
     bool b_json_ = false; // the document is json_, else root_
+    bool b_set_ = false;  // texts were set: they may be secrets
     Node root_;
 
     void Clear()
     {
         b_json_ = false;
         json_ = {};
-        Wipe(root_);
+        if (b_set_)
+            Wipe(root_);
+        b_set_ = false;
         root_ = {};
+        root_.kind = Node::Kind::Object;
     }
 };
 
@@ -127,13 +131,12 @@ CRapidJsonProto::CRapidJsonProto() : d_ptr_(std::make_unique<CRapidJsonProtoData
 
 CRapidJsonProto::~CRapidJsonProto()
 {
-    Wipe(d_ptr_->root_);
+    d_ptr_->Clear();
 }
 
 bool CRapidJsonProto::Load(const std::string &text)
 {
     d_ptr_->Clear();
-    d_ptr_->root_.kind = Node::Kind::Object;
     if (text.size() > kMaximumBytes)
         return false;
     constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
@@ -191,6 +194,7 @@ bool CRapidJsonProto::SetString(const std::string &path, const std::string &text
         node = &node->children.back();
     }
     Wipe(*node);
+    d_ptr_->b_set_ = true;
     node->kind = Node::Kind::Text;
     node->text = QString::fromStdString(text);
     return true;
