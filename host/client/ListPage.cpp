@@ -4,6 +4,7 @@
 #include "IncidentModel.h"
 #include "MatchDelegate.h"
 #include "ShareBar.h"
+#include "TableColumns.h"
 #include "Theme.h"
 
 #include <Vantor/CComboBoxEx>
@@ -35,7 +36,6 @@
 namespace Client {
 namespace {
 
-constexpr int kWidestColumnPx = 240;
 constexpr int kMarginPx = 16;
 constexpr int kSpacingPx = 12;
 constexpr int kSearchWidthPx = 200;
@@ -130,6 +130,8 @@ void CListPage::BuildTable()
     table->header()->setResizeContentsPrecision(kMeasuredRows);
     connect(table, &Vantor::CFilterTreeViewEx::SignalPageReset, this, &CListPage::OnPageReset);
 
+    columns_ = new CTableColumns(*model_, *table, *this);
+
     nothing_found_ = new QLabel(table->viewport());
     nothing_found_->setObjectName(QStringLiteral("NothingFound"));
     nothing_found_->setAlignment(Qt::AlignCenter);
@@ -150,7 +152,7 @@ void CListPage::SetList(IncidentListPtr list)
     QList<Ravel::CTreeViewItem *> items = model_->NewItems(0, model_->List()->RowCount());
     Paging()->AddTopLevelItems(items); // which also ends an earlier search
     FillTypes();
-    FitColumns();
+    columns_->OnListChanged();
     OnSearch();
     if (is_long)
         QGuiApplication::restoreOverrideCursor();
@@ -215,6 +217,11 @@ void CListPage::RestoreOrder()
     Table()->header()->setSortIndicator(-1, Qt::AscendingOrder);
 }
 
+void CListPage::OnUserChanged()
+{
+    columns_->OnUserChanged();
+}
+
 void CListPage::OnThemeChanged()
 {
     search_icon_->setIcon(CThemeSwitch::Icon(QStringLiteral("search")));
@@ -256,7 +263,7 @@ void CListPage::OnRebuild()
     delete list_;
     Build(keyword);
     FillTypes();
-    FitColumns();
+    columns_->OnListChanged();
     Paging()->GetItemPerPageComboBox()->setCurrentIndex(choice);
     if (is_keyword) {
         SetFilter(keyword);
@@ -363,16 +370,6 @@ void CListPage::Retranslate()
     total_->setAccessibleName(tr("Shown incidents"));
     nothing_found_->setText(tr("No incident matches"));
     OnPageReset(Paging()->TopLevelItemCount());
-}
-
-void CListPage::FitColumns()
-{
-    QHeaderView *const header = Table()->header();
-    for (int column = 0; column < model_->columnCount(); ++column) {
-        header->moveSection(header->visualIndex(model_->ViewOrder().at(column)), column);
-        Table()->resizeColumnToContents(column);
-        Table()->setColumnWidth(column, std::min(Table()->columnWidth(column), kWidestColumnPx));
-    }
 }
 
 } // namespace Client

@@ -27,6 +27,7 @@ namespace Client {
 class CIncidentModel;
 class CMatchDelegate;
 class CShareBar;
+class CTableColumns;
 
 /// \brief The list: a filter bar, the incidents page by page, the paging bar.
 ///
@@ -58,6 +59,8 @@ public:
     void RestoreOrder();
 
 public Q_SLOTS:
+    /// \brief Another user is logged in: show the columns that he chose.
+    void OnUserChanged();
     /// \brief Take over what a style sheet cannot give: icons, and a fainter colour for hints.
     void OnThemeChanged();
 
@@ -81,7 +84,6 @@ private:
     void FillTypes();
     [[nodiscard]] std::vector<QStringList> TypeLists() const;
     void Retranslate();
-    void FitColumns();
     [[nodiscard]] QLineEdit *Search() const;
     [[nodiscard]] Vantor::CMutiPageWidget *Paging() const;
     [[nodiscard]] Vantor::CFilterTreeViewEx *Table() const;
@@ -98,6 +100,7 @@ private:
     QAbstractItemDelegate *plain_delegate_ = nullptr;
     QAction *search_icon_ = nullptr;
     QLabel *nothing_found_ = nullptr;
+    CTableColumns *columns_ = nullptr;
 };
 
 } // namespace Client

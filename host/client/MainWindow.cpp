@@ -94,6 +94,7 @@ void CMainWindow::SetServerLink(CServerLink &link)
     actions_->AddUsers(link);
     connect(&link, &CServerLink::SignalFailed, this,
             [this](const QString &text) { statusBar()->showMessage(text, kStatusTime_ms); });
+    connect(&link, &CServerLink::SignalUserChanged, page_, &CListPage::OnUserChanged);
     connect(&link, &CServerLink::SignalUserChanged, this, [this](const QString &user) {
         statusBar()->showMessage(tr("Logged in as %1").arg(user), kStatusTime_ms);
     });

@@ -758,4 +758,15 @@
         <translation>انتقل إلى التغيير القادم لساعات هذه المنطقة</translation>
     </message>
 </context>
+<context>
+    <name>Client::CTableColumns</name>
+    <message>
+        <source>The column width could not be saved. %1</source>
+        <translation>تعذّر حفظ عرض الأعمدة. %1</translation>
+    </message>
+    <message>
+        <source>Choose how wide columns are</source>
+        <translation>اختيار عرض الأعمدة</translation>
+    </message>
+</context>
 </TS>

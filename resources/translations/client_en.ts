@@ -746,4 +746,15 @@
         <translation>Go to where the clocks of this zone are changed next</translation>
     </message>
 </context>
+<context>
+    <name>Client::CTableColumns</name>
+    <message>
+        <source>The column width could not be saved. %1</source>
+        <translation>The column width could not be saved. %1</translation>
+    </message>
+    <message>
+        <source>Choose how wide columns are</source>
+        <translation>Choose how wide columns are</translation>
+    </message>
+</context>
 </TS>
