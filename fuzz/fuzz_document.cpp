@@ -29,16 +29,18 @@ std::string TakeLine(std::string &input)
     return line;
 }
 
-void CompareCopy(const CRapidJsonProto &document, const std::string &path)
+void CompareCopy(const CRapidJsonProto &document, const std::string &path, bool is_xml)
 {
-    CRapidJsonProto copy;
     const std::string json = document.ToJson();
-    Require(copy.Load(json), "what is written as JSON is read");
+    const std::string xml = document.ToXml();
+    CRapidJsonProto as_xml;
+    Require(xml.empty() || as_xml.Load(xml), "what is written as XML is read");
+    CRapidJsonProto as_json;
+    Require(as_json.Load(json), "what is written as JSON is read");
+    const CRapidJsonProto &copy = is_xml ? as_xml : as_json;
     Require(copy.GetString(path, "-") == document.GetString(path, "-"), "the text is the same");
     Require(copy.GetInt(path) == document.GetInt(path), "the number is the same");
-    Require(copy.ToJson() == json, "and so is the rest");
-    const std::string xml = document.ToXml();
-    Require(xml.empty() || copy.Load(xml), "what is written as XML is read");
+    Require(copy.GetCount(path) == document.GetCount(path), "the count is the same");
 }
 
 } // namespace
@@ -50,10 +52,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const std::string text = TakeLine(input);
     CRapidJsonProto document;
     if (document.Load(input)) {
-        static_cast<void>(document.GetCount(path));
-        CompareCopy(document, path);
+        // Elements of one name have a first one, where an array has none: XML is compared with XML.
+        const size_t first = input.find_first_not_of(" \t\r\n\xEF\xBB\xBF");
+        CompareCopy(document, path, input[first] == '<');
     }
+    CRapidJsonProto made;
+    if (made.SetString(path, text))
+        CompareCopy(made, path, false);
     if (document.SetString(path, text))
-        CompareCopy(document, path);
+        Require(document.GetString(path, "-") == made.GetString(path, "-"),
+                "what was set is there");
     return 0;
 }

@@ -61,7 +61,7 @@ void AddText(Node &node, const QXmlStreamReader &reader)
 }
 
 // Letters, digits, "-", "." and "_", no digit, "-" or "." in front: what servers use, and XML's
-// rule for ASCII. Beyond ASCII every letter and digit goes.
+// rule for ASCII.
 bool IsElementName(const QString &name)
 {
     const auto may_start = [](QChar c) { return c.isLetter() || c == QLatin1Char('_'); };
@@ -84,6 +84,19 @@ QString XmlText(QString text)
     return text;
 }
 
+// Readers take a carriage return as it stands for a line feed.
+void WriteText(QXmlStreamWriter &writer, const QString &text)
+{
+    for (int begin = 0; begin < text.size();) {
+        const int end = text.indexOf(QLatin1Char('\r'), begin);
+        writer.writeCharacters(text.mid(begin, end < 0 ? -1 : end - begin));
+        if (end < 0)
+            break;
+        writer.writeEntityReference(QStringLiteral("#13"));
+        begin = end + 1;
+    }
+}
+
 bool WriteElement(QXmlStreamWriter &writer, const Node &node, const QString &name)
 {
     if (node.kind == Node::Kind::Array) {
@@ -93,8 +106,7 @@ bool WriteElement(QXmlStreamWriter &writer, const Node &node, const QString &nam
     if (!IsElementName(name))
         return false;
     writer.writeStartElement(name);
-    if (!node.text.isEmpty())
-        writer.writeCharacters(XmlText(node.text));
+    WriteText(writer, XmlText(node.text));
     const bool is_written =
         std::all_of(node.children.begin(), node.children.end(),
                     [&](const Node &child) { return WriteElement(writer, child, child.name); });
@@ -149,7 +161,11 @@ QByteArray WriteXml(const Node &root)
     writer.setCodec("UTF-8");
     if (!WriteElement(writer, root.children.front(), root.children.front().name))
         return {};
-    return kDeclaration + text + '\n';
+    text = kDeclaration + text + '\n';
+    // Which letters beyond ASCII a name may hold is for the reader to say.
+    Node copy;
+    copy.kind = Node::Kind::Object;
+    return ReadXml(text, copy) ? text : QByteArray();
 }
 
 Node NodeOf(const QString &name, const QJsonValue &value)

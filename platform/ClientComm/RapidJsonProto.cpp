@@ -181,6 +181,8 @@ bool CRapidJsonProto::SetString(const std::string &path, const std::string &text
         const Node *const child = NamedChild(*node, parts[known]);
         if (!child)
             break;
+        if (NamedChild(*node, parts[known], 1))
+            return false; // elements of one name are an array
         node = const_cast<Node *>(child);
     }
     if (known == parts.size() && node->kind != Node::Kind::Text

@@ -45,8 +45,8 @@ public:
     bool Load(const std::string &text);
 
     /// \brief Put \a text at \a path and make what is missing on the way.
-    /// \return false when the path is malformed or too deep, leads through a text or an array, or
-    /// ends at what is no text.
+    /// \return false when the path is malformed or too deep, leads through a text, an array or
+    /// several elements of one name, or ends at what is no text.
     bool SetString(const std::string &path, const std::string &text);
 
     /// \brief The whole number at \a path, or written in its text in decimal digits.
