@@ -11,14 +11,14 @@
 namespace Vantor {
 namespace {
 
-constexpr QLatin1String kItems("CustomizeListItems");
-constexpr QLatin1String kId("ColumnID");
-constexpr QLatin1String kLocation("ColumnLocation");
-constexpr QLatin1String kChecked("ColumnChecked");
-constexpr QLatin1String kManualCheck("ColumnManualCheck");
-constexpr QLatin1String kManualSort("ColumnManualSort");
-constexpr QLatin1String kTrue("true");
-constexpr QLatin1String kFalse("false");
+const QLatin1String kItems("CustomizeListItems");
+const QLatin1String kId("ColumnID");
+const QLatin1String kLocation("ColumnLocation");
+const QLatin1String kChecked("ColumnChecked");
+const QLatin1String kManualCheck("ColumnManualCheck");
+const QLatin1String kManualSort("ColumnManualSort");
+const QLatin1String kTrue("true");
+const QLatin1String kFalse("false");
 
 // Flags are kept as texts: other clients of the server read them so.
 QString FlagText(bool flag)
