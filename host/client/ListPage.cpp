@@ -93,7 +93,7 @@ void CListPage::Build(const QString &keyword)
     list_->SetRelatedIndex(kMainColumn, kSubColumn);
     list_->SetModel(model_);
     list_->OnShowHideBtnClicked(); // unfold
-    list_->SetKeyWord(keyword); // before its clear button is there, which would fade in
+    list_->SetKeyWord(keyword);    // before its clear button is there, which would fade in
     list_->GetFilterWidget()->GetSubTypeComboBox()->SetMainTypesExact(true);
     list_->GetFilterWidget()->GetMoreBtn()->hide(); // there is no more to filter by
     Paging()->SetPageSeen(true);
@@ -129,6 +129,8 @@ void CListPage::BuildTable()
     plain_delegate_ = table->itemDelegate();
     table->header()->setResizeContentsPrecision(kMeasuredRows);
     connect(table, &Vantor::CFilterTreeViewEx::SignalPageReset, this, &CListPage::OnPageReset);
+    connect(table, &QAbstractItemView::clicked, this, &CListPage::SignalRowChosen);
+    connect(table, &QAbstractItemView::activated, this, &CListPage::SignalRowChosen);
 
     columns_ = new CTableColumns(*model_, *table, *this);
 

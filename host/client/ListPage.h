@@ -12,6 +12,7 @@ class QAbstractItemDelegate;
 class QAction;
 class QLabel;
 class QLineEdit;
+class QModelIndex;
 QT_END_NAMESPACE
 
 namespace Vantor {
@@ -57,6 +58,10 @@ public:
     [[nodiscard]] bool CanSelectAll() const;
     /// \brief Show the list in the order of its file.
     void RestoreOrder();
+
+Q_SIGNALS:
+    /// The user clicked the row of \a index or pressed Enter on it.
+    void SignalRowChosen(const QModelIndex &index);
 
 public Q_SLOTS:
     /// \brief Another user is logged in: show the columns that he chose.

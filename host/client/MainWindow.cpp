@@ -6,6 +6,7 @@
 #include "ListExport.h"
 #include "ListPage.h"
 #include "Pages.h"
+#include "Panels.h"
 #include "ProgressDialog.h"
 #include "ServerLink.h"
 #include "Theme.h"
@@ -38,7 +39,7 @@ constexpr int kStatusTime_ms = 15000;
 
 CMainWindow::CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget *parent)
     : QMainWindow(parent), page_(new CListPage(this)), pages_(new CPages(page_, this)),
-      actions_(new CWindowActions(*this, theme, language))
+      actions_(new CWindowActions(*this, theme, language)), panels_(new CPanels(this))
 {
     setCentralWidget(pages_);
     actions_->AddPages(pages_->Actions());
@@ -47,6 +48,12 @@ CMainWindow::CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget
     connect(actions_->Open(), &QAction::triggered, this, &CMainWindow::OnOpen);
     connect(actions_->ExportCsv(), &QAction::triggered, this, &CMainWindow::OnExportCsv);
     connect(actions_->ExportXlsx(), &QAction::triggered, this, &CMainWindow::OnExportXlsx);
+    connect(actions_->ExportPanel(), &QAction::triggered, this,
+            [this] { panels_->ShowExport(page_->Rows().rows.size()); });
+    connect(panels_, &CPanels::SignalExportCsv, this, &CMainWindow::OnExportCsv);
+    connect(panels_, &CPanels::SignalExportXlsx, this, &CMainWindow::OnExportXlsx);
+    connect(panels_, &CPanels::SignalMessage, this, &CMainWindow::OnMessage);
+    connect(page_, &CListPage::SignalRowChosen, panels_, &CPanels::ShowDetails);
     connect(actions_->Copy(), &QAction::triggered, page_, &CListPage::Copy);
     connect(actions_->SelectAll(), &QAction::triggered, page_, &CListPage::SelectAll);
     connect(actions_, &CWindowActions::SignalEditMenuOpens, this, &CMainWindow::OnEditMenuOpens);
@@ -56,8 +63,7 @@ CMainWindow::CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget
     connect(actions_->Quit(), &QAction::triggered, this, &CMainWindow::close);
     connect(&theme, &CThemeSwitch::SignalThemeChanged, page_, &CListPage::OnThemeChanged);
     connect(&theme, &CThemeSwitch::SignalThemeChanged, pages_, &CPages::OnThemeChanged);
-    connect(pages_, &CPages::SignalMessage, this,
-            [this](const QString &text) { statusBar()->showMessage(text, kStatusTime_ms); });
+    connect(pages_, &CPages::SignalMessage, this, &CMainWindow::OnMessage);
     connect(&reading_, &QFutureWatcher<ReadResult>::finished, this, &CMainWindow::OnFileRead);
     Retranslate();
     page_->FocusSearch();
@@ -255,6 +261,11 @@ void CMainWindow::OnEditMenuOpens()
     actions_->SelectAll()->setEnabled(page_->CanSelectAll());
 }
 
+void CMainWindow::OnMessage(const QString &text)
+{
+    statusBar()->showMessage(text, kStatusTime_ms);
+}
+
 void CMainWindow::OnFind()
 {
     pages_->Show(CPages::Names().constFirst());
@@ -285,6 +296,7 @@ void CMainWindow::UpdateActions()
     actions_->Open()->setEnabled(!IsBusy());
     actions_->ExportCsv()->setEnabled(!IsBusy());
     actions_->ExportXlsx()->setEnabled(!IsBusy());
+    actions_->ExportPanel()->setEnabled(!IsBusy());
 }
 
 bool CMainWindow::IsBusy() const

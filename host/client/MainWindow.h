@@ -21,6 +21,7 @@ class CLanguageSwitch;
 class CListExport;
 class CListPage;
 class CPages;
+class CPanels;
 class CServerLink;
 class CThemeSwitch;
 class CWindowActions;
@@ -78,6 +79,7 @@ private Q_SLOTS:
     void OnExportCancelled();
     void OnEditMenuOpens();
     void OnFind();
+    void OnMessage(const QString &text);
     void OnAbout();
     void OnFileRead();
     void OnExportFinished(const Client::ExportResult &result);
@@ -92,6 +94,7 @@ private:
     CListPage *const page_;
     CPages *const pages_;
     CWindowActions *const actions_;
+    CPanels *const panels_;
     QString list_name_;
     QString list_to_come_; // the one being read
     QFutureWatcher<ReadResult> reading_;

@@ -3,6 +3,7 @@
 
 #include "ColoursPage.h"
 #include "DevicesPage.h"
+#include "EvidencePage.h"
 #include "Page.h"
 #include "ServerListPage.h"
 #include "Theme.h"
@@ -42,6 +43,7 @@ constexpr PageEntry kPages[] = {
     {"list", QT_TRANSLATE_NOOP("Pages", "Incidents"), "list", nullptr},
     {"devices", QT_TRANSLATE_NOOP("Pages", "Devices"), "devices", &New<CDevicesPage>},
     {"server", QT_TRANSLATE_NOOP("Pages", "Server list"), "server", &New<CServerListPage>},
+    {"evidence", QT_TRANSLATE_NOOP("Pages", "Evidence"), "evidence", &New<CEvidencePage>},
     {"colours", QT_TRANSLATE_NOOP("Pages", "Colours"), "colours", &New<CColoursPage>},
 };
 

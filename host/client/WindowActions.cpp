@@ -21,14 +21,16 @@ constexpr QSize kIconSizePx(20, 20);
 
 CWindowActions::CWindowActions(QMainWindow &window, CThemeSwitch &theme, CLanguageSwitch &language)
     : QObject(&window), theme_(theme), language_(language), open_(new QAction(this)),
-      export_csv_(new QAction(this)), export_xlsx_(new QAction(this)), quit_(new QAction(this)),
-      copy_(new QAction(this)), select_all_(new QAction(this)), find_(new QAction(this)),
-      file_order_(new QAction(this)), light_(new QAction(this)), dark_(new QAction(this)),
-      toggle_theme_(new QAction(this)), about_(new QAction(this))
+      export_csv_(new QAction(this)), export_xlsx_(new QAction(this)),
+      export_panel_(new QAction(this)), quit_(new QAction(this)), copy_(new QAction(this)),
+      select_all_(new QAction(this)), find_(new QAction(this)), file_order_(new QAction(this)),
+      light_(new QAction(this)), dark_(new QAction(this)), toggle_theme_(new QAction(this)),
+      about_(new QAction(this))
 {
     open_->setShortcut(QKeySequence::Open);
     export_csv_->setShortcut(Qt::CTRL | Qt::Key_E);
     export_xlsx_->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_E);
+    export_panel_->setShortcut(Qt::CTRL | Qt::ALT | Qt::Key_E);
     quit_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     quit_->setMenuRole(QAction::QuitRole);
     copy_->setShortcut(QKeySequence::Copy);
@@ -48,7 +50,7 @@ void CWindowActions::BuildMenus(QMainWindow &window)
 {
     QMenuBar *const bar = window.menuBar();
     file_menu_ = bar->addMenu(QString());
-    file_menu_->addActions({open_, export_csv_, export_xlsx_});
+    file_menu_->addActions({open_, export_csv_, export_xlsx_, export_panel_});
     file_menu_->addSeparator();
     file_menu_->addAction(quit_);
     edit_menu_ = bar->addMenu(QString());
@@ -154,6 +156,7 @@ void CWindowActions::Retranslate()
     export_csv_->setIconText(tr("Export CSV"));
     export_xlsx_->setText(tr("Export as &XLSX…"));
     export_xlsx_->setIconText(tr("Export XLSX"));
+    export_panel_->setText(tr("Export &panel"));
     quit_->setText(tr("&Quit"));
     edit_menu_->setTitle(tr("&Edit"));
     copy_->setText(tr("&Copy"));

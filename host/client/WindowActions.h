@@ -29,6 +29,7 @@ public:
     [[nodiscard]] QAction *Open() const { return open_; }
     [[nodiscard]] QAction *ExportCsv() const { return export_csv_; }
     [[nodiscard]] QAction *ExportXlsx() const { return export_xlsx_; }
+    [[nodiscard]] QAction *ExportPanel() const { return export_panel_; }
     [[nodiscard]] QAction *Quit() const { return quit_; }
     [[nodiscard]] QAction *Copy() const { return copy_; }
     [[nodiscard]] QAction *SelectAll() const { return select_all_; }
@@ -72,6 +73,7 @@ private:
     QAction *const open_;
     QAction *const export_csv_;
     QAction *const export_xlsx_;
+    QAction *const export_panel_;
     QAction *const quit_;
     QAction *const copy_;
     QAction *const select_all_;

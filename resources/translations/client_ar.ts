@@ -269,6 +269,10 @@
         <source>Export XLSX</source>
         <translation>تصدير XLSX</translation>
     </message>
+    <message>
+        <source>Export &amp;panel</source>
+        <translation>&amp;لوحة التصدير</translation>
+    </message>
 </context>
 <context>
     <name>Client::CPageSource</name>
@@ -570,6 +574,10 @@
         <source>Pages</source>
         <translation>الصفحات</translation>
     </message>
+    <message>
+        <source>Evidence</source>
+        <translation>الأدلة</translation>
+    </message>
 </context>
 <context>
     <name>ScreenKeyboard</name>
@@ -767,6 +775,143 @@
     <message>
         <source>Choose how wide columns are</source>
         <translation>اختيار عرض الأعمدة</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CDetailPanel</name>
+    <message>
+        <source>The incident is in the clipboard</source>
+        <translation>نُسخت الحادثة إلى الحافظة</translation>
+    </message>
+    <message>
+        <source>Incident</source>
+        <translation>حادثة</translation>
+    </message>
+    <message>
+        <source>Incident %1</source>
+        <translation>الحادثة %1</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>نسخ</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CExportPanel</name>
+    <message>
+        <source>Export the list</source>
+        <translation>تصدير القائمة</translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation>تصدير…</translation>
+    </message>
+    <message>
+        <source>Rows that the list shows, in its order: %1</source>
+        <translation>الصفوف المعروضة في القائمة، بترتيبها: %1</translation>
+    </message>
+    <message>
+        <source>XLSX workbook</source>
+        <translation>مصنف XLSX</translation>
+    </message>
+    <message>
+        <source>With a summary and charts, for a spreadsheet.</source>
+        <translation>مع ملخص ومخططات، لبرامج الجداول.</translation>
+    </message>
+    <message>
+        <source>CSV file</source>
+        <translation>ملف CSV</translation>
+    </message>
+    <message>
+        <source>Plain text, for other programs.</source>
+        <translation>نص عادي، لبرامج أخرى.</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CEvidencePage</name>
+    <message>
+        <source>Add evidence files</source>
+        <translation>إضافة ملفات الأدلة</translation>
+    </message>
+    <message>
+        <source>Copy to</source>
+        <translation>النسخ إلى</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>تعذّر إنشاء المجلد %1.</translation>
+    </message>
+    <message>
+        <source>Stopping after the file at hand…</source>
+        <translation>سيتوقف بعد الملف الحالي…</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files, %3 of %4</source>
+        <translation>%1 من %2 ملفات، %3 من %4</translation>
+    </message>
+    <message>
+        <source>All %1 files have arrived.</source>
+        <translation>وصلت كل الملفات (%1).</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files have arrived; the others are listed with the reason.</source>
+        <translation>وصل %1 من %2 ملفات؛ والبقية مدرجة مع السبب.</translation>
+    </message>
+    <message>
+        <source>Copied as %1</source>
+        <translation>نُسخ باسم %1</translation>
+    </message>
+    <message>
+        <source>Not copied: %1</source>
+        <translation>لم يُنسخ: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Add files…</source>
+        <translation>إ&amp;ضافة ملفات…</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>إ&amp;زالة</translation>
+    </message>
+    <message>
+        <source>Copy &amp;to</source>
+        <translation>النسخ إ&amp;لى</translation>
+    </message>
+    <message>
+        <source>&amp;Browse…</source>
+        <translation>است&amp;عراض…</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;نسخ</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>إي&amp;قاف</translation>
+    </message>
+    <message>
+        <source>Progress of the copy</source>
+        <translation>تقدم النسخ</translation>
+    </message>
+    <message>
+        <source>Evidence files</source>
+        <translation>ملفات الأدلة</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>الملف</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>الحجم</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>النتيجة</translation>
+    </message>
+    <message>
+        <source>Add files, or drop them here</source>
+        <translation>أضف ملفات أو أفلتها هنا</translation>
     </message>
 </context>
 </TS>

@@ -265,6 +265,10 @@
         <source>Export XLSX</source>
         <translation>Export XLSX</translation>
     </message>
+    <message>
+        <source>Export &amp;panel</source>
+        <translation>Export &amp;panel</translation>
+    </message>
 </context>
 <context>
     <name>Client::CPageSource</name>
@@ -558,6 +562,10 @@
         <source>Pages</source>
         <translation>Pages</translation>
     </message>
+    <message>
+        <source>Evidence</source>
+        <translation>Evidence</translation>
+    </message>
 </context>
 <context>
     <name>ScreenKeyboard</name>
@@ -755,6 +763,143 @@
     <message>
         <source>Choose how wide columns are</source>
         <translation>Choose how wide columns are</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CDetailPanel</name>
+    <message>
+        <source>The incident is in the clipboard</source>
+        <translation>The incident is in the clipboard</translation>
+    </message>
+    <message>
+        <source>Incident</source>
+        <translation>Incident</translation>
+    </message>
+    <message>
+        <source>Incident %1</source>
+        <translation>Incident %1</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copy</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CExportPanel</name>
+    <message>
+        <source>Export the list</source>
+        <translation>Export the list</translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation>Export…</translation>
+    </message>
+    <message>
+        <source>Rows that the list shows, in its order: %1</source>
+        <translation>Rows that the list shows, in its order: %1</translation>
+    </message>
+    <message>
+        <source>XLSX workbook</source>
+        <translation>XLSX workbook</translation>
+    </message>
+    <message>
+        <source>With a summary and charts, for a spreadsheet.</source>
+        <translation>With a summary and charts, for a spreadsheet.</translation>
+    </message>
+    <message>
+        <source>CSV file</source>
+        <translation>CSV file</translation>
+    </message>
+    <message>
+        <source>Plain text, for other programs.</source>
+        <translation>Plain text, for other programs.</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CEvidencePage</name>
+    <message>
+        <source>Add evidence files</source>
+        <translation>Add evidence files</translation>
+    </message>
+    <message>
+        <source>Copy to</source>
+        <translation>Copy to</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>The folder %1 cannot be made.</translation>
+    </message>
+    <message>
+        <source>Stopping after the file at hand…</source>
+        <translation>Stopping after the file at hand…</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files, %3 of %4</source>
+        <translation>%1 of %2 files, %3 of %4</translation>
+    </message>
+    <message>
+        <source>All %1 files have arrived.</source>
+        <translation>All %1 files have arrived.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files have arrived; the others are listed with the reason.</source>
+        <translation>%1 of %2 files have arrived; the others are listed with the reason.</translation>
+    </message>
+    <message>
+        <source>Copied as %1</source>
+        <translation>Copied as %1</translation>
+    </message>
+    <message>
+        <source>Not copied: %1</source>
+        <translation>Not copied: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Add files…</source>
+        <translation>&amp;Add files…</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Remove</translation>
+    </message>
+    <message>
+        <source>Copy &amp;to</source>
+        <translation>Copy &amp;to</translation>
+    </message>
+    <message>
+        <source>&amp;Browse…</source>
+        <translation>&amp;Browse…</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Copy</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Stop</translation>
+    </message>
+    <message>
+        <source>Progress of the copy</source>
+        <translation>Progress of the copy</translation>
+    </message>
+    <message>
+        <source>Evidence files</source>
+        <translation>Evidence files</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Size</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Result</translation>
+    </message>
+    <message>
+        <source>Add files, or drop them here</source>
+        <translation>Add files, or drop them here</translation>
     </message>
 </context>
 </TS>

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Vantor/CBaseDockFrame>
+
+QT_BEGIN_NAMESPACE
+class QLabel;
+class QRadioButton;
+QT_END_NAMESPACE
+
+namespace Client {
+
+/// \brief What to export and how; where to is asked for afterwards.
+class CExportPanel : public Vantor::CBaseDockFrame
+{
+    Q_OBJECT
+
+public:
+    explicit CExportPanel(QWidget *parent);
+
+    /// \brief Tell how many rows would be exported.
+    void SetRowCount(int rows);
+
+Q_SIGNALS:
+    void SignalExportCsv();
+    void SignalExportXlsx();
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private Q_SLOTS:
+    void OnConfirm();
+
+private:
+    void Retranslate();
+
+    QLabel *const summary_;
+    QRadioButton *const csv_;
+    QLabel *const csv_hint_;
+    QRadioButton *const xlsx_;
+    QLabel *const xlsx_hint_;
+    int rows_ = 0;
+};
+
+} // namespace Client
