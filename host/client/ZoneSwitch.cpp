@@ -139,16 +139,16 @@ bool CZoneSwitch::SetZone(const QByteArray &id)
     if (zone == zone_)
         return true;
     zone_ = zone;
-    ApplyZone();
+    ApplyZone(bar_ ? bar_->GetCurrentUTCTime() : 0);
     Q_EMIT SignalZoneChanged(id);
     return true;
 }
 
-void CZoneSwitch::ApplyZone()
+void CZoneSwitch::ApplyZone(qint64 seconds)
 {
     if (!bar_)
         return;
-    const Stretch stretch = StretchAt(zone_, bar_->GetCurrentUTCTime());
+    const Stretch stretch = StretchAt(zone_, seconds);
     applied_from_s_ = stretch.from_s;
     applied_to_s_ = stretch.to_s;
     applied_ = Vantor::CTimeZoneParam(stretch.zone);
@@ -161,9 +161,19 @@ void CZoneSwitch::OnPositionChanged()
 {
     const qint64 seconds = bar_->GetCurrentUTCTime();
     if (seconds < applied_from_s_ || seconds >= applied_to_s_)
-        ApplyZone();
+        ApplyZone(seconds);
     else
         ShowState();
+}
+
+void CZoneSwitch::SlideToWallClock(const QDateTime &wall_clock, int duration_ms)
+{
+    const QDateTime fields(wall_clock.date(), wall_clock.time(), Qt::UTC);
+    if (!bar_ || !fields.isValid())
+        return;
+    ApplyZone(fields.addSecs(-zone_.offsetFromUtc(fields)).toSecsSinceEpoch());
+    bar_->SetCurrentDateTime(fields, true, duration_ms);
+    OnPositionChanged(); // the line may be held, and stay in its year
 }
 
 void CZoneSwitch::OnNameEntered()

@@ -39,6 +39,10 @@ public:
     /// \brief What the line has at the moment, for other lines beside it; a record of its own.
     [[nodiscard]] Vantor::CTimeZoneParam Applied() const { return applied_; }
 
+    /// \brief Slide to the wall-clock time in the fields of \a wall_clock, of any year: a line by
+    /// itself takes it for a time of the year it is in.
+    void SlideToWallClock(const QDateTime &wall_clock, int duration_ms);
+
 public Q_SLOTS:
     /// \brief Slide to where the clocks changed last, or change next; stay when they never do.
     void GoToEarlierChange();
@@ -57,7 +61,7 @@ private Q_SLOTS:
     void OnNameEntered();
 
 private:
-    void ApplyZone();
+    void ApplyZone(qint64 seconds);
     void GoTo(const QDateTime &change);
     void ShowState();
     void Retranslate();

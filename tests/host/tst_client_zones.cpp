@@ -91,6 +91,20 @@ private Q_SLOTS:
         QCOMPARE(bar_->Position(), last_ms);
     }
 
+    void wallClockTimesAreOfTheirOwnYear()
+    {
+        const QDateTime summer({2027, 7, 1}, {12, 0}, Qt::UTC);
+        zones_->SetZone("Europe/Berlin");
+
+        zones_->SlideToWallClock(summer, 0);
+
+        QCOMPARE(bar_->GetCurrentUTCTime(), summer.toSecsSinceEpoch() - 7200);
+        QCOMPARE(bar_->GetCurrentDateTime(), summer);
+        bar_->SetPressed(true);
+        zones_->SlideToWallClock(summer.addYears(1), 0);
+        QCOMPARE(bar_->GetCurrentDateTime(), summer);
+    }
+
     void theNextChangeIsTold()
     {
         auto *const state = zones_->findChild<QLabel *>("ZoneState");
