@@ -6,6 +6,21 @@
 #include <algorithm>
 
 namespace Client {
+namespace {
+
+// How many digits the longest number of `column` has; 0 unless all are whole and not negative.
+int DigitCount(const CIncidentList &list, int column)
+{
+    int most = 0;
+    for (const QString &text : list.Texts(column)) {
+        if (!std::all_of(text.cbegin(), text.cend(), [](QChar letter) { return letter.isDigit(); }))
+            return 0;
+        most = std::max(most, text.size());
+    }
+    return most;
+}
+
+} // namespace
 
 void CIncidentModel::SetList(IncidentListPtr list)
 {
@@ -21,9 +36,11 @@ void CIncidentModel::SetList(IncidentListPtr list)
             columns_.append(column);
     }
     view_order_.resize(columns_.size());
+    digits_.clear();
     QStringList titles;
     for (int column = 0; column < columns_.size(); ++column) {
         view_order_[columns_.at(column)] = column;
+        digits_.append(DigitCount(*list_, columns_.at(column)));
         titles.append(list_->Title(columns_.at(column)));
     }
     SetHorizontalHeaderLabels(titles);
@@ -37,8 +54,13 @@ QList<Ravel::CTreeViewItem *> CIncidentModel::NewItems(int begin, int end) const
     texts.reserve(columns_.size());
     for (int row = begin; row < end; ++row) {
         texts.erase(texts.begin(), texts.end());
-        for (const int column : columns_)
-            texts.append(list_->Text(row, column));
+        for (int column = 0; column < columns_.size(); ++column) {
+            const QString &text = list_->Text(row, columns_.at(column));
+            // Lists are sorted as texts: blanks in front put 9 before 10.
+            texts.append(text.size() < digits_.at(column) && !text.isEmpty()
+                             ? text.rightJustified(digits_.at(column))
+                             : text);
+        }
         items.append(new Ravel::CTreeViewItem(texts));
     }
     return items;

@@ -18,6 +18,7 @@ namespace Client {
 ///
 /// The column that is filtered by a range comes first, main type and sub type next, because keyword
 /// lists go by the columns' places; ViewOrder() tells how to show them as the file has them.
+/// Numbers have blanks in front, so that they sort by size.
 class CIncidentModel : public Ravel::CTreeViewModel
 {
     Q_OBJECT
@@ -51,6 +52,7 @@ private:
     bool has_types_ = false;
     QVector<int> columns_; // of the list, for each of this model
     QVector<int> view_order_;
+    QVector<int> digits_; // that the numbers of each column are filled up to; 0: as they are
 };
 
 } // namespace Client

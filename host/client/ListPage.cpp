@@ -200,7 +200,7 @@ void CListPage::Copy()
     if (Search()->hasFocus())
         Search()->copy();
     else if (CanCopy())
-        QGuiApplication::clipboard()->setText(Table()->currentIndex().data().toString());
+        QGuiApplication::clipboard()->setText(Table()->currentIndex().data().toString().trimmed());
 }
 
 bool CListPage::CanSelectAll() const

@@ -123,23 +123,26 @@ void CServerListPage::OnPage(const ServerPage &page)
     if (!page.error.isEmpty())
         return; // what was there stays
     list_->InitTreeView();
-    SetTitles(page.titles);
+    const bool is_other_list = page.titles != titles_;
+    if (is_other_list)
+        model_->SetHorizontalHeaderLabels(page.titles);
+    titles_ = page.titles;
     QList<Ravel::CTreeViewItem *> items;
     for (const QStringList &row : page.rows)
         items.append(new Ravel::CTreeViewItem(row));
     list_->OnUpdatePageInfo(page.total, page.page);
     list_->AddTopLevelItems(items);
+    if (is_other_list)
+        FitColumns();
 }
 
-void CServerListPage::SetTitles(const QStringList &titles)
+void CServerListPage::FitColumns()
 {
-    if (titles == titles_)
-        return;
-    titles_ = titles;
-    model_->SetHorizontalHeaderLabels(titles);
-    QHeaderView *const header = list_->GetTreeView()->header();
-    for (int column = 0; column < titles.size(); ++column)
-        header->resizeSection(column, std::min(header->sectionSizeHint(column), kWidestColumnPx));
+    Vantor::CFilterTreeViewEx *const table = list_->GetTreeView();
+    for (int column = 0; column < titles_.size(); ++column) {
+        table->resizeColumnToContents(column);
+        table->setColumnWidth(column, std::min(table->columnWidth(column), kWidestColumnPx));
+    }
 }
 
 void CServerListPage::changeEvent(QEvent *event)

@@ -48,7 +48,7 @@ private Q_SLOTS:
 private:
     void Build();
     void Ask(int page);
-    void SetTitles(const QStringList &titles);
+    void FitColumns();
     void Retranslate();
 
     Ravel::CTreeViewModel *const model_;

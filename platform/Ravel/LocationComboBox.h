@@ -22,6 +22,7 @@ public:
     explicit CLocationComboBox(QWidget *parent = nullptr);
     ~CLocationComboBox() override;
 
+    void showPopup() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:

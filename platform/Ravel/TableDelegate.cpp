@@ -53,10 +53,24 @@ void CTableDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
         option.direction,
         alignment.isValid() ? Qt::Alignment(alignment.toInt()) : option.displayAlignment);
     // A name in Latin letters keeps its own direction in a mirrored list, or "B*" becomes "*B".
-    const int direction = text.isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
+    const int direction =
+        text.isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
     painter->drawText(rect,
                       static_cast<int>(flags | Qt::AlignAbsolute) | direction | Qt::TextSingleLine,
                       option.fontMetrics.elidedText(text, option.textElideMode, rect.width()));
+}
+
+// Marked cells are the style's, which is to write and to cut their texts as paint() does.
+void CTableDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    constexpr auto kBesideText =
+        QStyleOptionViewItem::HasDecoration | QStyleOptionViewItem::HasCheckIndicator;
+    if (option->features & kBesideText || option->text.isEmpty())
+        return; // these have their own side
+    option->displayAlignment =
+        QStyle::visualAlignment(option->direction, option->displayAlignment) | Qt::AlignAbsolute;
+    option->direction = option->text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
 }
 
 void CTableDelegate::ForgetStyle()
@@ -77,10 +91,9 @@ QRect CTableDelegate::TextRect(const QStyleOptionViewItem &option) const
         const QRect text = style->subElementRect(QStyle::SE_ItemViewItemText, &cell, option.widget);
         const int margin_px =
             style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, option.widget) + 1;
-        inset_.setCoords(text.left() - option.rect.left() + margin_px,
-                         text.top() - option.rect.top(),
-                         text.right() - option.rect.right() - margin_px,
-                         text.bottom() - option.rect.bottom());
+        inset_.setCoords(
+            text.left() - option.rect.left() + margin_px, text.top() - option.rect.top(),
+            text.right() - option.rect.right() - margin_px, text.bottom() - option.rect.bottom());
     }
     return option.rect.adjusted(inset_.left(), inset_.top(), inset_.right(), inset_.bottom());
 }

@@ -22,6 +22,9 @@ public:
     /// \brief The style has changed: ask it anew where texts lie.
     void ForgetStyle();
 
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
+
 private:
     [[nodiscard]] QRect TextRect(const QStyleOptionViewItem &option) const;
 

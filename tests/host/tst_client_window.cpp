@@ -10,7 +10,9 @@
 #include "support/Files.h"
 #include "support/TestGuard.h"
 
+#include <Vantor/CFilterProxyModelEx>
 #include <Vantor/CFilterTreeViewEx>
+#include <Vantor/CMutiPageWidgetEx>
 #include <Vantor/CStyleManager>
 
 #include <QtCore/QDir>
@@ -22,10 +24,12 @@
 #include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QToolButton>
 
@@ -83,6 +87,8 @@ private Q_SLOTS:
     void latinTextLeavesTheIconsOfAnArabicFieldWhereTheyAre();
     void editMenuCopiesWhereTheKeysGo();
     void keysReachEveryPage();
+    void typesAreFilteredByTheButton();
+    void keysTurnPagesAndLeaveThemWhole();
 
 private:
     struct Bench;
@@ -439,7 +445,8 @@ void tst_client_window::editMenuCopiesWhereTheKeysGo()
     bench_->Table()->setCurrentIndex(bench_->Table()->model()->index(2, 1));
     actions->Copy()->trigger();
 
-    QCOMPARE(QGuiApplication::clipboard()->text(), bench_->Table()->currentIndex().data().toString());
+    QCOMPARE(QGuiApplication::clipboard()->text(),
+             bench_->Table()->currentIndex().data().toString());
     Q_EMIT actions->SignalEditMenuOpens();
     QVERIFY(actions->Copy()->isEnabled());
     QVERIFY(!actions->SelectAll()->isEnabled());
@@ -458,6 +465,45 @@ void tst_client_window::keysReachEveryPage()
     QTest::keyClick(bench_->window.get(), Qt::Key_F, Qt::ControlModifier);
     QCOMPARE(pages.Current(), names.constFirst());
     QVERIFY(bench_->Search()->hasFocus());
+}
+
+void tst_client_window::typesAreFilteredByTheButton()
+{
+    auto *const list = bench_->window->findChild<Vantor::CMutiPageWidgetEx *>();
+    QTest::mouseClick(bench_->window->findChild<QWidget *>(QStringLiteral("pKeyWordCheckBtn")),
+                      Qt::LeftButton, {}, {8, 8});
+    list->SetSelectedMainType({QStringLiteral("Texas")});
+    list->SetSelectedSubType({QStringLiteral("HOUSTON-HOBBY")});
+
+    bench_->window->findChild<QPushButton *>(QStringLiteral("pFilterBtn"))->click();
+
+    const IncidentRows rows = bench_->window->Rows();
+    QVERIFY(rows.rows.size() > 0 && rows.rows.size() < 10000);
+    for (const int row : rows.rows)
+        QCOMPARE(rows.list->Text(row, 0), QStringLiteral("HOUSTON-HOBBY"));
+    QCOMPARE(rows.filter, QStringLiteral("Texas / HOUSTON-HOBBY"));
+
+    bench_->window->findChild<QPushButton *>(QStringLiteral("pClearBtn"))->click();
+    QCOMPARE(bench_->window->Rows().rows.size(), 10000);
+    QCOMPARE(bench_->window->Rows().filter, QString());
+}
+
+void tst_client_window::keysTurnPagesAndLeaveThemWhole()
+{
+    Vantor::CFilterTreeViewEx *const table = bench_->Table();
+    const auto first = [table] { return table->model()->index(0, 0).data().toString(); };
+    table->setFocus();
+    table->setCurrentIndex(table->model()->index(0, 0));
+    const QString of_first_page = first();
+
+    QTest::keyClick(table, Qt::Key_PageDown);
+    QCOMPARE(first(), of_first_page);
+    QVERIFY(table->currentIndex().row() > 0);
+    QTest::keyClick(table, Qt::Key_PageDown, Qt::ControlModifier);
+    QCOMPARE(table->GetBackupModel()->index(table->GetItemsPerPage(), 0).data().toString(),
+             first());
+    table->header()->setSortIndicator(13, Qt::DescendingOrder); // knots
+    QCOMPARE(table->model()->index(0, 13).data().toString(), QStringLiteral("350"));
 }
 
 QTEST_MAIN(tst_client_window)
