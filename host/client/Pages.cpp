@@ -7,6 +7,7 @@
 #include "Page.h"
 #include "ServerListPage.h"
 #include "Theme.h"
+#include "TimeLinePage.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
@@ -41,6 +42,7 @@ struct PageEntry
 // The pages in their order. One line adds a page.
 constexpr PageEntry kPages[] = {
     {"list", QT_TRANSLATE_NOOP("Pages", "Incidents"), "list", nullptr},
+    {"timeline", QT_TRANSLATE_NOOP("Pages", "Time line"), "timeline", &New<CTimeLinePage>},
     {"devices", QT_TRANSLATE_NOOP("Pages", "Devices"), "devices", &New<CDevicesPage>},
     {"server", QT_TRANSLATE_NOOP("Pages", "Server list"), "server", &New<CServerListPage>},
     {"evidence", QT_TRANSLATE_NOOP("Pages", "Evidence"), "evidence", &New<CEvidencePage>},

@@ -555,6 +555,10 @@
 <context>
     <name>Pages</name>
     <message>
+        <source>Time line</source>
+        <translation>الخط الزمني</translation>
+    </message>
+    <message>
         <source>Devices</source>
         <translation>الأجهزة</translation>
     </message>
@@ -912,6 +916,76 @@
     <message>
         <source>Add files, or drop them here</source>
         <translation>أضف ملفات أو أفلتها هنا</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CTimeLinePage</name>
+    <message>
+        <source>Making the recordings …</source>
+        <translation>جارٍ إعداد التسجيلات …</translation>
+    </message>
+    <message>
+        <source>%1 recordings</source>
+        <translation>التسجيلات: ‎%1</translation>
+    </message>
+    <message>
+        <source>Nothing was recorded at this time.</source>
+        <translation>لم يُسجَّل شيء في هذا الوقت.</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>من %1 إلى %2</translation>
+    </message>
+    <message>
+        <source>&amp;Time</source>
+        <translation>الوقت</translation>
+    </message>
+    <message>
+        <source>&amp;Recordings</source>
+        <translation>التسجيلات</translation>
+    </message>
+    <message>
+        <source>Day by day</source>
+        <translation>يومًا بيوم</translation>
+    </message>
+    <message>
+        <source>&amp;Second camera</source>
+        <translation>الكاميرا الثانية</translation>
+    </message>
+    <message>
+        <source>Recordings</source>
+        <translation>التسجيلات</translation>
+    </message>
+    <message>
+        <source>Overview</source>
+        <translation>نظرة عامة</translation>
+    </message>
+    <message>
+        <source>At the cursor line</source>
+        <translation>عند خط المؤشر</translation>
+    </message>
+    <message>
+        <source>The wheel zooms about the pointer, dragging pans, a click slides there. Keys: Left and Right move, with Shift by more and with Ctrl to the next recording; Page Up and Page Down by what is visible; Home and End to the first and last recording; + and - zoom, 0 goes back; Space tells what lies under the line.</source>
+        <translation>تكبّر العجلة حول المؤشر، والسحب يحرّك الخط، والنقر ينتقل إلى الموضع. المفاتيح: يسار ويمين للتحريك، ومع Shift بمقدار أكبر ومع Ctrl إلى التسجيل التالي؛ Page Up وPage Down بمقدار ما يظهر؛ Home وEnd إلى أول تسجيل وآخره؛ + و- للتكبير والتصغير، و0 للعودة؛ والمسافة تعرض ما تحت الخط.</translation>
+    </message>
+</context>
+<context>
+    <name>Recordings</name>
+    <message>
+        <source>Continuous</source>
+        <translation>مستمر</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>حركة</translation>
+    </message>
+    <message>
+        <source>Alarm</source>
+        <translation>إنذار</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>محمي</translation>
     </message>
 </context>
 </TS>

@@ -543,6 +543,10 @@
 <context>
     <name>Pages</name>
     <message>
+        <source>Time line</source>
+        <translation>Time line</translation>
+    </message>
+    <message>
         <source>Devices</source>
         <translation>Devices</translation>
     </message>
@@ -900,6 +904,76 @@
     <message>
         <source>Add files, or drop them here</source>
         <translation>Add files, or drop them here</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CTimeLinePage</name>
+    <message>
+        <source>Making the recordings …</source>
+        <translation>Making the recordings …</translation>
+    </message>
+    <message>
+        <source>%1 recordings</source>
+        <translation>%1 recordings</translation>
+    </message>
+    <message>
+        <source>Nothing was recorded at this time.</source>
+        <translation>Nothing was recorded at this time.</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 to %2</translation>
+    </message>
+    <message>
+        <source>&amp;Time</source>
+        <translation>&amp;Time</translation>
+    </message>
+    <message>
+        <source>&amp;Recordings</source>
+        <translation>&amp;Recordings</translation>
+    </message>
+    <message>
+        <source>Day by day</source>
+        <translation>Day by day</translation>
+    </message>
+    <message>
+        <source>&amp;Second camera</source>
+        <translation>&amp;Second camera</translation>
+    </message>
+    <message>
+        <source>Recordings</source>
+        <translation>Recordings</translation>
+    </message>
+    <message>
+        <source>Overview</source>
+        <translation>Overview</translation>
+    </message>
+    <message>
+        <source>At the cursor line</source>
+        <translation>At the cursor line</translation>
+    </message>
+    <message>
+        <source>The wheel zooms about the pointer, dragging pans, a click slides there. Keys: Left and Right move, with Shift by more and with Ctrl to the next recording; Page Up and Page Down by what is visible; Home and End to the first and last recording; + and - zoom, 0 goes back; Space tells what lies under the line.</source>
+        <translation>The wheel zooms about the pointer, dragging pans, a click slides there. Keys: Left and Right move, with Shift by more and with Ctrl to the next recording; Page Up and Page Down by what is visible; Home and End to the first and last recording; + and - zoom, 0 goes back; Space tells what lies under the line.</translation>
+    </message>
+</context>
+<context>
+    <name>Recordings</name>
+    <message>
+        <source>Continuous</source>
+        <translation>Continuous</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>Motion</translation>
+    </message>
+    <message>
+        <source>Alarm</source>
+        <translation>Alarm</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>Locked</translation>
     </message>
 </context>
 </TS>

@@ -219,4 +219,22 @@
         <translation>إلغاء</translation>
     </message>
 </context>
+<context>
+    <name>Vantor::CAnimationProgressBar</name>
+    <message>
+        <source>Time line</source>
+        <translation>الخط الزمني</translation>
+    </message>
+</context>
+<context>
+    <name>Vantor::CBaseFileProgressBar</name>
+    <message>
+        <source>Start: %1</source>
+        <translation>البداية: %1</translation>
+    </message>
+    <message>
+        <source>End: %1</source>
+        <translation>النهاية: %1</translation>
+    </message>
+</context>
 </TS>

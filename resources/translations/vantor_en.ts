@@ -219,4 +219,22 @@
         <translation>Cancel</translation>
     </message>
 </context>
+<context>
+    <name>Vantor::CAnimationProgressBar</name>
+    <message>
+        <source>Time line</source>
+        <translation>Time line</translation>
+    </message>
+</context>
+<context>
+    <name>Vantor::CBaseFileProgressBar</name>
+    <message>
+        <source>Start: %1</source>
+        <translation>Start: %1</translation>
+    </message>
+    <message>
+        <source>End: %1</source>
+        <translation>End: %1</translation>
+    </message>
+</context>
 </TS>

@@ -172,11 +172,12 @@ QString OffsetText(qint64 offset_s, const QLocale &locale)
         return utc;
     const qint64 minutes = qAbs(offset_s) / kMinute;
     QString text =
-        utc + (offset_s < 0 ? QChar(0x2212) : QLatin1Char('+')) + locale.toString(minutes / 60);
+        utc + (offset_s < 0 ? QChar(0x2212) : QChar(u'+')) + locale.toString(minutes / 60);
     if (minutes % 60 != 0)
         text +=
             QLatin1Char(':') + locale.toString(minutes % 60).rightJustified(2, locale.zeroDigit());
-    return text;
+    // Stays in this order inside right-to-left text.
+    return QChar(0x202A) + text + QChar(0x202C);
 }
 
 } // namespace Vantor
