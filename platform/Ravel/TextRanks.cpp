@@ -118,6 +118,11 @@ public:
     }
 
 private:
+    std::vector<CEntry>::iterator At(size_t place)
+    {
+        return entries_.begin() + static_cast<std::ptrdiff_t>(place);
+    }
+
     void SortByKey(const CGroup &group)
     {
         bool differ = false;
@@ -127,10 +132,8 @@ private:
                                        : LatinKey(texts.Latin(column_), group.offset);
             differ = differ || entries_[i].key != entries_[group.begin].key;
         }
-        const auto begin = entries_.begin();
         if (differ)
-            std::sort(begin + static_cast<std::ptrdiff_t>(group.begin),
-                      begin + static_cast<std::ptrdiff_t>(group.end),
+            std::sort(At(group.begin), At(group.end),
                       [](const CEntry &left, const CEntry &right) { return left.key < right.key; });
     }
 
@@ -149,8 +152,7 @@ private:
                 groups.push_back({begin, end, group.offset + units});
                 continue;
             }
-            for (size_t i = begin + 1; i < end; ++i)
-                entries_[i].is_as_before = true;
+            std::for_each(At(begin + 1), At(end), [](CEntry &entry) { entry.is_as_before = true; });
         }
     }
 
