@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "letter/ListLetter.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace Letter {
 namespace {
 
@@ -18,11 +21,19 @@ QString Text(bool flag)
 
 } // namespace
 
-void CRows::Append(const QVector<QStringList> &rows)
+CRows::Items CRows::Make(const QVector<QStringList> &rows)
 {
-    beginInsertRows({}, rowCount(), rowCount() + rows.size() - 1);
+    Items items;
+    items.reserve(static_cast<size_t>(rows.size()));
     for (const QStringList &texts : rows)
-        items_.push_back(std::make_unique<CItem>(CItem{texts.toVector(), {}}));
+        items.push_back(std::make_unique<CItem>(CItem{texts.toVector(), {}}));
+    return items;
+}
+
+void CRows::Append(Items items)
+{
+    beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(items.size()) - 1);
+    std::move(items.begin(), items.end(), std::back_inserter(items_));
     endInsertRows();
 }
 
@@ -160,10 +171,10 @@ CPagedList::CPagedList(const QStringList &labels, Refilter refilter)
     page_.setSourceModel(&keywords_);
 }
 
-void CPagedList::Add(const QVector<QStringList> &rows)
+void CPagedList::Add(CRows::Items items)
 {
     keywords_.SetKeyWordFilter(QString());
-    rows_.Append(rows);
+    rows_.Append(std::move(items));
     DoPaging();
 }
 

@@ -23,9 +23,17 @@ enum class Refilter {
 class CRows : public QAbstractTableModel
 {
 public:
+    struct CItem
+    {
+        QVector<QString> texts;
+        QVariant tag;
+    };
+    using Items = std::vector<std::unique_ptr<CItem>>;
+
     explicit CRows(QStringList labels) : labels_(std::move(labels)) {}
 
-    void Append(const QVector<QStringList> &rows);
+    [[nodiscard]] static Items Make(const QVector<QStringList> &rows);
+    void Append(Items items);
     void Clear();
 
     int rowCount(const QModelIndex &parent = {}) const override;
@@ -34,14 +42,8 @@ public:
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
 
 private:
-    struct CItem
-    {
-        QVector<QString> texts;
-        QVariant tag;
-    };
-
     const QStringList labels_;
-    std::vector<std::unique_ptr<CItem>> items_;
+    Items items_;
 };
 
 class CFilterProxy : public QSortFilterProxyModel
@@ -74,7 +76,7 @@ class CPagedList
 public:
     CPagedList(const QStringList &labels, Refilter refilter);
 
-    void Add(const QVector<QStringList> &rows);
+    void Add(CRows::Items items);
     void Clear();
     void SetPage(int page);
     void SetKeyWord(const QString &keyword);

@@ -4,6 +4,7 @@
 #include "Ravel/TextBlock.h"
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -27,24 +28,38 @@ struct CNeedle
 {
     explicit CNeedle(const QString &text)
         : wide(Wide(text)), is_latin(IsLatin(text)),
-          latin(is_latin ? text.toLatin1().toStdString() : std::string())
+          latin(is_latin ? text.toLatin1().toStdString() : std::string()),
+          latin_searcher(latin.cbegin(), latin.cend())
     {}
+    CNeedle(const CNeedle &) = delete; // the searcher would look into the other one
+    CNeedle &operator=(const CNeedle &) = delete;
+
+    size_t FindIn(std::u16string_view row, size_t from) const { return row.find(wide, from); }
+    size_t FindIn(std::string_view row, size_t from) const
+    {
+        constexpr size_t kWorthSkipping = 3; // characters; a shorter needle skips next to nothing
+        if (latin.size() < kWorthSkipping)
+            return row.find(latin, from);
+        const auto hit =
+            std::search(row.begin() + static_cast<std::ptrdiff_t>(from), row.end(), latin_searcher);
+        return hit == row.end() ? row.npos : static_cast<size_t>(hit - row.begin());
+    }
 
     std::u16string wide;
     bool is_latin; // otherwise no Latin-1 row can hold it
     std::string latin;
+    std::boyer_moore_horspool_searcher<std::string::const_iterator> latin_searcher;
 };
 
 // A hit that runs over the end of its column is none: columns stand side by side.
-template <class Char>
-bool HasInOneColumn(const CTextBlock &texts, std::basic_string_view<Char> row,
-                    std::basic_string_view<Char> needle)
+template <class View> bool HasInOneColumn(const CTextBlock &texts, View row, const CNeedle &needle)
 {
+    const size_t length = needle.wide.size();
     int column = 0;
-    for (size_t at = row.find(needle); at != row.npos; at = row.find(needle, at + 1)) {
+    for (size_t at = needle.FindIn(row, 0); at != row.npos; at = needle.FindIn(row, at + 1)) {
         while (texts.End(column) <= at)
             ++column;
-        if (at + needle.size() <= texts.End(column))
+        if (at + length <= texts.End(column))
             return true;
     }
     return false;
@@ -127,9 +142,8 @@ struct CWithText : CRowFilterPtr
     {
         columns = std::min(columns, texts.Count());
         if (texts.IsWide())
-            return HasInOneColumn<char16_t>(texts, texts.Wide(0, columns), needle.wide);
-        return needle.is_latin
-               && HasInOneColumn<char>(texts, texts.Latin(0, columns), needle.latin);
+            return HasInOneColumn(texts, texts.Wide(0, columns), needle);
+        return needle.is_latin && HasInOneColumn(texts, texts.Latin(0, columns), needle);
     }
 
     CNeedle needle;

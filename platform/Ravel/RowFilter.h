@@ -35,6 +35,9 @@ public:
     /// \brief Whether a row passes whose first \a columns texts count; a missing one is empty.
     [[nodiscard]] bool Accepts(const CTextBlock &texts, int columns) const;
 
+    /// \brief Whether every row passes.
+    [[nodiscard]] bool AcceptsAll() const { return !d_ptr_; }
+
 private:
     std::shared_ptr<const CRowFilterPtr> d_ptr_;
 };

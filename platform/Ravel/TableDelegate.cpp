@@ -27,6 +27,28 @@ QPalette::ColorGroup ColorGroup(QStyle::State state)
 
 CTableDelegate::CTableDelegate(QObject *parent) : QStyledItemDelegate(parent) {}
 
+// A sum of widths is quicker than laying the text out. Null where that is not enough.
+QString CTableDelegate::Fitting(const QString &text, const QFont &font, qreal width_px) const
+{
+    const QChar ellipsis(0x2026);
+    if (ellipsis_px_ <= 0 || widths_font_ != font) {
+        const QFontMetricsF metrics(font);
+        for (size_t i = 0; i < widths_px_.size(); ++i)
+            widths_px_[i] = metrics.horizontalAdvance(QChar(static_cast<ushort>(i)));
+        ellipsis_px_ = metrics.horizontalAdvance(ellipsis);
+        widths_font_ = font;
+    }
+    qreal text_px = 0;
+    int fitting = 0; // characters that have room beside an ellipsis
+    for (int i = 0; i < text.size(); ++i) {
+        if (text.at(i).unicode() >= widths_px_.size())
+            return {};
+        text_px += widths_px_[text.at(i).unicode()];
+        fitting = text_px + ellipsis_px_ <= width_px ? i + 1 : fitting;
+    }
+    return text_px <= width_px ? text : text.left(fitting) + ellipsis;
+}
+
 void CTableDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                            const QModelIndex &index) const
 {
@@ -52,6 +74,15 @@ void CTableDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
     const auto flags = QStyle::visualAlignment(
         option.direction,
         alignment.isValid() ? Qt::Alignment(alignment.toInt()) : option.displayAlignment);
+    if (option.direction == Qt::LeftToRight && option.textElideMode == Qt::ElideRight
+        && !(flags & (Qt::AlignRight | Qt::AlignHCenter | Qt::AlignTop | Qt::AlignBottom))) {
+        const QString fitting = Fitting(text, option.font, rect.width());
+        const int top_px = rect.top() + (rect.height() - option.fontMetrics.height()) / 2;
+        if (!fitting.isNull()) {
+            painter->drawText(rect.left(), top_px + option.fontMetrics.ascent(), fitting);
+            return;
+        }
+    }
     // A name in Latin letters keeps its own direction in a mirrored list, or "B*" becomes "*B".
     const int direction =
         text.isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;

@@ -3,7 +3,10 @@
 
 #include <PlatformExport.h>
 
+#include <QtGui/QFont>
 #include <QtWidgets/QStyledItemDelegate>
+
+#include <array>
 
 namespace Ravel {
 
@@ -27,8 +30,14 @@ protected:
 
 private:
     [[nodiscard]] QRect TextRect(const QStyleOptionViewItem &option) const;
+    [[nodiscard]] QString Fitting(const QString &text, const QFont &font, qreal width_px) const;
 
     mutable QRect inset_; // from a cell's edges to its text's; null while the style is to be asked
+
+    // How wide each Latin-1 character is in the font of the last cell; views have one font.
+    mutable QFont widths_font_;
+    mutable std::array<qreal, 256> widths_px_{};
+    mutable qreal ellipsis_px_ = 0;
 };
 
 } // namespace Ravel

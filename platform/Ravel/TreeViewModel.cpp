@@ -18,9 +18,12 @@ struct CTreeViewModelPtr
 
     std::vector<std::unique_ptr<CTreeViewItem>> &Rows() { return root_.Extras().vec_children_; }
     const CTextBlock &Texts(int row) const { return root_.Child(row)->texts_; }
-    bool TakePlaces(const QList<CTreeViewItem *> &items);
+    bool TakePlaces(const QList<CTreeViewItem *> &items, int first, bool &has_extras);
     void Renumber(CTreeViewItem &above, int first);
     void AdoptPages(int first, int count);
+    void DropForeign(int row);
+    bool WritePage(int begin, int end, int page);
+    bool WritePage(const int *rows, int count, int page);
     void ForgetRanks() { rank_column_ = -1; }
 
     CTreeViewItem root_; // above the top-level items; never shown
@@ -32,17 +35,22 @@ struct CTreeViewModelPtr
     int rank_column_ = -1; // the column that vec_ranks_ holds; -1 when none
 };
 
-// One walk that marks each item as placed finds null, placed and doubled ones; where it meets one
-// it takes the marks back.
-bool CTreeViewModelPtr::TakePlaces(const QList<CTreeViewItem *> &items)
+// One walk that gives each item its place finds null, placed and doubled ones; where it meets one
+// it takes the places back.
+bool CTreeViewModelPtr::TakePlaces(const QList<CTreeViewItem *> &items, int first, bool &has_extras)
 {
+    int row = first;
     for (auto item = items.cbegin(); item != items.cend(); ++item) {
         if (*item && !(*item)->ptr_parent_) {
             (*item)->ptr_parent_ = &root_;
+            (*item)->row_ = row++;
+            has_extras = has_extras || (*item)->ptr_extras_;
             continue;
         }
-        std::for_each(items.cbegin(), item,
-                      [](CTreeViewItem *taken) { taken->ptr_parent_ = nullptr; });
+        std::for_each(items.cbegin(), item, [](CTreeViewItem *taken) {
+            taken->ptr_parent_ = nullptr;
+            taken->row_ = 0;
+        });
         return false;
     }
     return true;
@@ -64,8 +72,46 @@ void CTreeViewModelPtr::AdoptPages(int first, int count)
             continue;
         b_tree_ = b_tree_ || item.ChildCount() > 0;
         const QVariant page = item.ptr_extras_->map_others_.take(qMakePair(0, kPageTagRole));
-        item.SetPage(vec_pages_[static_cast<size_t>(row)], page);
+        if (page.isValid())
+            item.SetPage(vec_pages_[static_cast<size_t>(row)], page);
     }
+}
+
+// Rows that stand side by side, in a loop without a branch: a pass writes a million.
+bool CTreeViewModelPtr::WritePage(int begin, int end, int page)
+{
+    int *const pages = vec_pages_.data();
+    int difference = 0;
+    int signs = 0;
+    for (int row = begin; row < end; ++row) {
+        difference |= pages[row] ^ page;
+        signs |= pages[row];
+    }
+    if (difference == 0)
+        return false;
+    for (int row = begin; signs < 0 && row < end; ++row)
+        DropForeign(row);
+    std::fill(pages + begin, pages + end, page);
+    return true;
+}
+
+bool CTreeViewModelPtr::WritePage(const int *rows, int count, int page)
+{
+    bool is_changed = false;
+    for (int i = 0; i < count; ++i) {
+        int &slot = vec_pages_[static_cast<size_t>(rows[i])];
+        is_changed = is_changed || slot != page;
+        DropForeign(rows[i]);
+        slot = page;
+    }
+    return is_changed;
+}
+
+void CTreeViewModelPtr::DropForeign(int row)
+{
+    int &slot = vec_pages_[static_cast<size_t>(row)];
+    if (slot == kForeignPage)
+        root_.Child(row)->SetPage(slot, {});
 }
 
 CTreeViewModel::CTreeViewModel(QObject *parent)
@@ -81,9 +127,12 @@ void CTreeViewModel::SetHorizontalHeaderLabels(const QStringList &labels)
     endResetModel();
 }
 
-bool CTreeViewModel::InsertTopLevelItems(int row, const QList<CTreeViewItem *> &items)
+bool CTreeViewModel::InsertTopLevelItems(int row, const QList<CTreeViewItem *> &items,
+                                         int rows_per_page)
 {
-    if (d_ptr_->b_changing_rows_ || row < 0 || row > rowCount() || !d_ptr_->TakePlaces(items))
+    bool has_extras = false;
+    if (d_ptr_->b_changing_rows_ || row < 0 || row > rowCount()
+        || !d_ptr_->TakePlaces(items, row, has_extras))
         return false;
     if (items.isEmpty())
         return true;
@@ -96,8 +145,11 @@ bool CTreeViewModel::InsertTopLevelItems(int row, const QList<CTreeViewItem *> &
                 std::make_move_iterator(owned.end()));
     auto &pages = d_ptr_->vec_pages_;
     pages.insert(pages.begin() + row, owned.size(), kNoPage);
-    d_ptr_->Renumber(d_ptr_->root_, row);
-    d_ptr_->AdoptPages(row, items.size());
+    for (int i = row; rows_per_page > 0 && i < row + items.size(); ++i)
+        pages[static_cast<size_t>(i)] = i / rows_per_page + 1;
+    d_ptr_->Renumber(d_ptr_->root_, row + items.size());
+    if (has_extras)
+        d_ptr_->AdoptPages(row, items.size());
     d_ptr_->ForgetRanks();
     endInsertRows();
     d_ptr_->b_changing_rows_ = false;
@@ -158,26 +210,25 @@ bool CTreeViewModel::IsLess(int left, int right, int column) const
 
 void CTreeViewModel::SetPages(const int *rows, int count, int rows_per_page)
 {
-    std::vector<int> &pages = d_ptr_->vec_pages_;
-    count = std::min(count, static_cast<int>(pages.size()));
-    int first_changed = static_cast<int>(pages.size());
+    count = std::min(count, rowCount());
+    const int step = std::max(1, rows_per_page);
+    int first_changed = rowCount();
     int last_changed = -1;
-    int page = 0;
-    int left_on_page = 0;
-    for (int i = 0; i < count; ++i) {
-        if (left_on_page-- == 0) {
-            ++page;
-            left_on_page = std::max(1, rows_per_page) - 1;
-        }
-        const int row = rows ? rows[i] : i;
-        int &slot = pages[static_cast<size_t>(row)];
-        if (slot == page)
+    for (int begin = 0, page = 1; begin < count; begin += step, ++page) {
+        const int end = count - begin > step ? begin + step : count;
+        if (!(rows ? d_ptr_->WritePage(rows + begin, end - begin, page)
+                   : d_ptr_->WritePage(begin, end, page)))
             continue;
-        if (slot == kForeignPage)
-            d_ptr_->root_.Child(row)->SetPage(slot, {});
-        slot = page;
-        first_changed = std::min(first_changed, row);
-        last_changed = std::max(last_changed, row);
+        if (rows) {
+            const auto range = std::minmax_element(rows + begin, rows + end);
+            first_changed = std::min(first_changed, *range.first);
+            last_changed = std::max(last_changed, *range.second);
+        } else {
+            first_changed = std::min(first_changed, begin);
+            last_changed = end - 1;
+        }
+        if (begin > count - step)
+            break;
     }
     if (last_changed >= 0)
         Q_EMIT dataChanged(index(first_changed, 0), index(last_changed, 0), {kPageTagRole});

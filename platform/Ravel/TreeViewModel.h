@@ -36,7 +36,9 @@ public:
     /// \brief Insert \a items, which the model then owns, before the top-level row \a row.
     /// \return false, and nothing taken, for a row outside 0 to rowCount(), when an item is null or
     /// has a place already, or from inside a change of rows.
-    bool InsertTopLevelItems(int row, const QList<CTreeViewItem *> &items);
+    /// \param rows_per_page above 0 gives the new rows the pages of their row numbers, as SetPages()
+    /// would.
+    bool InsertTopLevelItems(int row, const QList<CTreeViewItem *> &items, int rows_per_page = 0);
 
     /// \return the item behind \a index, or null for an invalid index.
     [[nodiscard]] CTreeViewItem *ItemFromIndex(const QModelIndex &index) const;

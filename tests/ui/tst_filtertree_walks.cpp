@@ -150,7 +150,7 @@ private:
         }
         view_.AddTopLevelItems(items);
         if (!rows.isEmpty())
-            letter_.Add(rows);
+            letter_.Add(Letter::CRows::Make(rows));
     }
 
     void Flip()

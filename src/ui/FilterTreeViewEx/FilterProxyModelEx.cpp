@@ -29,12 +29,20 @@ struct CFilterProxyModelExDataPtr
     // What stands below, where it is known to be quick: the model, or a proxy of this class on it.
     Ravel::CTreeViewModel *ptr_model_ = nullptr;
     CFilterProxyModelEx *ptr_proxy_ = nullptr;
+    const CFilterProxyModelExDataPtr *ptr_below_ = nullptr; // of ptr_proxy_
 
     // Good until rows come, go or move, here or below.
     bool b_order_read_ = false;
     std::vector<int> vec_order_; // the source's rows as shown here; empty when they are the same
-    std::vector<bool> vec_accepted_; // by the filter, while it is being applied
+    const std::vector<int> *ptr_pages_ = nullptr; // the model's
+    std::vector<bool> vec_accepted_;              // by the filter, while it is being applied
     const int *ptr_ranks_ = nullptr; // of the model's rows, while they are being sorted
+    // The rows of the page, while a flip asks for a million of them: from the beginning of
+    // SetPageFilter() to the first signal, so nothing can change them.
+    bool b_page_found_ = false;
+    int page_begin_ = 0;
+    uint page_rows_ = 0;
+    bool b_tags_changed_ = true; // since rows were last compared with the page
 };
 
 // Lets rows be sorted by numbers for as long as it lives.
@@ -81,6 +89,7 @@ void CFilterProxyModelEx::setSourceModel(QAbstractItemModel *source)
     OnSourceRowsChange();
     d_ptr_->ptr_model_ = qobject_cast<Ravel::CTreeViewModel *>(source);
     d_ptr_->ptr_proxy_ = qobject_cast<CFilterProxyModelEx *>(source);
+    d_ptr_->ptr_below_ = d_ptr_->ptr_proxy_ ? d_ptr_->ptr_proxy_->d_ptr_.get() : nullptr;
     if (source) {
         // Rows that the filter rejects come and go unseen, and renumber the others.
         const auto forget = &CFilterProxyModelEx::OnSourceRowsChange;
@@ -90,8 +99,46 @@ void CFilterProxyModelEx::setSourceModel(QAbstractItemModel *source)
         connect(source, &QAbstractItemModel::rowsRemoved, this, forget);
     }
     QSortFilterProxyModel::setSourceModel(source);
-    if (source)
-        connect(source, &QObject::destroyed, this, &CFilterProxyModelEx::OnSourceDestroyed);
+    if (!source)
+        return;
+    connect(source, &QObject::destroyed, this, &CFilterProxyModelEx::OnSourceDestroyed);
+    // Qt looks at every changed row by itself, which takes longer than writing a million pages.
+    disconnect(source, &QAbstractItemModel::dataChanged, this, nullptr);
+    connect(source, &QAbstractItemModel::dataChanged, this,
+            &CFilterProxyModelEx::OnSourceDataChanged);
+}
+
+// With dynamic sorting and filtering off a change moves no row. A long range is told of as all
+// rows, which costs a view nothing.
+void CFilterProxyModelEx::OnSourceDataChanged(const QModelIndex &top_left,
+                                              const QModelIndex &bottom_right,
+                                              const QVector<int> &roles)
+{
+    constexpr int kFewRows = 64;
+    d_ptr_->b_tags_changed_ = true;
+    if (!top_left.isValid() || !bottom_right.isValid())
+        return;
+    if (dynamicSortFilter())
+        invalidate();
+    const QModelIndex parent = mapFromSource(top_left.parent());
+    if (top_left.parent().isValid() && !parent.isValid())
+        return;
+    int first = 0;
+    int last = rowCount(parent) - 1;
+    if (bottom_right.row() - top_left.row() < kFewRows) {
+        int lowest = last + 1;
+        int highest = -1;
+        for (int row = top_left.row(); row <= bottom_right.row(); ++row) {
+            const QModelIndex shown = mapFromSource(top_left.sibling(row, top_left.column()));
+            lowest = shown.isValid() ? std::min(lowest, shown.row()) : lowest;
+            highest = std::max(highest, shown.row());
+        }
+        first = lowest;
+        last = highest;
+    }
+    if (first <= last)
+        Q_EMIT dataChanged(index(first, top_left.column(), parent),
+                           index(last, bottom_right.column(), parent), roles);
 }
 
 // Qt lets go of a model that is deleted without telling whoever shows its rows.
@@ -100,11 +147,13 @@ void CFilterProxyModelEx::OnSourceDestroyed()
     beginResetModel();
     d_ptr_->ptr_model_ = nullptr;
     d_ptr_->ptr_proxy_ = nullptr;
+    d_ptr_->ptr_below_ = nullptr;
     endResetModel();
 }
 
 void CFilterProxyModelEx::ForgetOrder()
 {
+    d_ptr_->b_page_found_ = false;
     d_ptr_->b_order_read_ = false;
 }
 
@@ -128,9 +177,49 @@ void CFilterProxyModelEx::SetKey(int column, int role)
 void CFilterProxyModelEx::SetPageFilter(QString tag)
 {
     SetKey(0, Ravel::kPageTagRole);
+    // Rows that came since were compared when they came.
+    if (tag == d_ptr_->str_page_filter_ && !d_ptr_->b_tags_changed_)
+        return;
     d_ptr_->page_ = Ravel::PageOfTag(tag);
     d_ptr_->str_page_filter_ = std::move(tag);
+    d_ptr_->b_tags_changed_ = false;
+    FindPage();
     invalidateFilter(); // a page is one run of rows
+    d_ptr_->b_page_found_ = false;
+}
+
+// Looks for the page's rows in one quick walk; what is not one run is left to be asked row by row.
+void CFilterProxyModelEx::FindPage()
+{
+    constexpr int kBlock = 1024; // rows that are skipped at once
+    const CFilterProxyModelExDataPtr *const below = d_ptr_->ptr_below_;
+    if (!below || !below->ptr_model_ || below->ptr_model_->IsTree())
+        return;
+    const int *const rows = d_ptr_->ptr_proxy_->SourceRows();
+    const int *const pages = below->ptr_model_->Pages().data();
+    const int count = d_ptr_->ptr_proxy_->rowCount();
+    const int page = d_ptr_->page_;
+    const auto is_on_page = [page](int tag) { return tag == page || tag <= 0; };
+    int begin = 0;
+    int end = 0;
+    for (int block = 0; block < count; block += kBlock) {
+        const int block_end = std::min(block + kBlock, count);
+        int found = rows ? 1 : 0;
+        for (int row = block; !rows && row < block_end; ++row)
+            found += is_on_page(pages[row]) ? 1 : 0;
+        for (int row = block; found > 0 && row < block_end; ++row) {
+            const int tag = pages[rows ? rows[row] : row];
+            if (!is_on_page(tag))
+                continue;
+            if (tag < 0 || (end > 0 && end != row))
+                return;
+            begin = end > 0 ? begin : row;
+            end = row + 1;
+        }
+    }
+    d_ptr_->page_begin_ = begin;
+    d_ptr_->page_rows_ = static_cast<uint>(end - begin);
+    d_ptr_->b_page_found_ = true;
 }
 
 void CFilterProxyModelEx::SetKeyWordFilter(QString keyword)
@@ -165,12 +254,15 @@ void CFilterProxyModelEx::DoFilter()
 void CFilterProxyModelEx::Refilter()
 {
     const Ravel::CTreeViewModel *const model = d_ptr_->ptr_model_;
+    const bool is_all = d_ptr_->filter_.AcceptsAll();
     if (model && model->IsChangingRows()) {
         QMetaObject::invokeMethod(this, &CFilterProxyModelEx::DoFilter, Qt::QueuedConnection);
         return;
     }
     std::vector<bool> accepted;
-    if (model) {
+    if (model && !model->IsTree() && is_all && rowCount() == model->rowCount())
+        return;
+    if (model && !is_all) {
         accepted = model->AcceptedRows(d_ptr_->filter_);
         if (!model->IsTree() && IsShown(accepted))
             return;
@@ -216,14 +308,39 @@ bool CFilterProxyModelEx::lessThan(const QModelIndex &left, const QModelIndex &r
 
 bool CFilterProxyModelEx::filterAcceptsRow(int source_row, const QModelIndex &source_parent) const
 {
-    return filterKeyColumn() == kAllColumns && sourceModel()
-               ? AcceptsWords(source_row, source_parent)
-               : AcceptsPage(source_row, source_parent);
+    const CFilterProxyModelExDataPtr &data = *d_ptr_;
+    if (data.b_page_found_)
+        return static_cast<uint>(source_row - data.page_begin_) < data.page_rows_;
+    return Accepts(source_row, source_parent);
+}
+
+bool CFilterProxyModelEx::Accepts(int row, const QModelIndex &parent) const
+{
+    return filterKeyColumn() == kAllColumns && sourceModel() ? AcceptsWords(row, parent)
+                                                             : AcceptsPage(row, parent);
+}
+
+bool CFilterProxyModelEx::AcceptsPage(int row, const QModelIndex &parent) const
+{
+    const CFilterProxyModelExDataPtr *const below = d_ptr_->ptr_below_;
+    if (below && below->ptr_model_ && !parent.isValid()) {
+        if (!below->b_order_read_)
+            d_ptr_->ptr_proxy_->ReadOrder();
+        const auto shown = static_cast<size_t>(row);
+        const size_t at =
+            below->vec_order_.empty() ? shown : static_cast<size_t>(below->vec_order_[shown]);
+        const int page = (*below->ptr_pages_)[at];
+        if (page >= 0)
+            return page == 0 || page == d_ptr_->page_;
+    }
+    return AcceptsTag(row, parent);
 }
 
 bool CFilterProxyModelEx::AcceptsWords(int row, const QModelIndex &parent) const
 {
     if (d_ptr_->ptr_model_ && !parent.isValid()) {
+        if (d_ptr_->filter_.AcceptsAll())
+            return true;
         const auto at = static_cast<size_t>(row);
         return at < d_ptr_->vec_accepted_.size()
                    ? d_ptr_->vec_accepted_[at]
@@ -256,18 +373,10 @@ bool CFilterProxyModelEx::AcceptsText(const QModelIndex &first) const
         });
 }
 
-bool CFilterProxyModelEx::AcceptsPage(int row, const QModelIndex &parent) const
+bool CFilterProxyModelEx::AcceptsTag(int row, const QModelIndex &parent) const
 {
     if (!sourceModel())
         return false;
-    if (d_ptr_->ptr_proxy_ && d_ptr_->ptr_proxy_->d_ptr_->ptr_model_ && !parent.isValid()) {
-        const int *const rows = d_ptr_->ptr_proxy_->SourceRows();
-        const std::vector<int> &pages = d_ptr_->ptr_proxy_->d_ptr_->ptr_model_->Pages();
-        const auto at = static_cast<size_t>(rows ? rows[row] : row);
-        // A row with something else for a tag is looked at below.
-        if (at < pages.size() && pages[at] >= 0)
-            return pages[at] == 0 || pages[at] == d_ptr_->page_;
-    }
     const QVariant tag = sourceModel()->index(row, 0, parent).data(Ravel::kPageTagRole);
     return !tag.isValid() || tag.toString() == d_ptr_->str_page_filter_;
 }
@@ -289,7 +398,9 @@ void CFilterProxyModelEx::ReadOrder() const
         for (int row = 0; row < rows; ++row)
             d_ptr_->vec_order_[static_cast<size_t>(row)] = mapToSource(index(row, 0)).row();
     }
-    d_ptr_->b_order_read_ = true;
+    d_ptr_->ptr_pages_ = d_ptr_->ptr_model_ ? &d_ptr_->ptr_model_->Pages() : nullptr;
+    // While rows are on the move the next one to ask reads again.
+    d_ptr_->b_order_read_ = !d_ptr_->ptr_model_ || !d_ptr_->ptr_model_->IsChangingRows();
 }
 
 } // namespace Vantor

@@ -69,13 +69,18 @@ private:
     void SetKey(int column, int role);
     void Refilter();
     bool IsShown(const std::vector<bool> &accepted) const;
+    bool Accepts(int row, const QModelIndex &parent) const;
     bool AcceptsWords(int row, const QModelIndex &parent) const;
     bool AcceptsText(const QModelIndex &first) const;
+    void FindPage();
     bool AcceptsPage(int row, const QModelIndex &parent) const;
+    bool AcceptsTag(int row, const QModelIndex &parent) const;
     [[nodiscard]] bool SortsTexts() const;
     void ReadOrder() const;
     void ForgetOrder();
     void OnSourceRowsChange();
+    void OnSourceDataChanged(const QModelIndex &top_left, const QModelIndex &bottom_right,
+                             const QVector<int> &roles);
     void OnSourceDestroyed();
 
     const std::unique_ptr<CFilterProxyModelExDataPtr> d_ptr_;

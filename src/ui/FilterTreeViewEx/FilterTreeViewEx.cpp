@@ -122,7 +122,9 @@ void CFilterTreeViewEx::AddTopLevelItems(QList<Ravel::CTreeViewItem *> &items)
         return;
     }
     d_ptr_->ptr_keyword_proxy_->SetKeyWordFilter(QString());
-    model->InsertTopLevelItems(d_ptr_->ptr_keyword_proxy_->rowCount(), items);
+    // The pass would give the same pages, but until then all rows would be on every page.
+    model->InsertTopLevelItems(d_ptr_->ptr_keyword_proxy_->rowCount(), items,
+                               d_ptr_->b_paging_ ? d_ptr_->rows_per_page_ : 0);
     DoPaging();
 }
 
