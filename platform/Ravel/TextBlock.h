@@ -10,6 +10,16 @@
 
 namespace Ravel {
 
+/// \brief Have the memory at \a place brought near, for a walk that comes there soon.
+inline void Prefetch(const void *place)
+{
+#if defined(__GNUC__)
+    __builtin_prefetch(place);
+#else
+    (void)place;
+#endif
+}
+
 /// \brief The texts of one row in a single piece of memory, because a list has a million of them.
 ///
 /// The texts stand one behind the other, as Latin-1 where every character allows it and as UTF-16
@@ -19,6 +29,16 @@ class VANTOR_PLATFORM_EXPORT CTextBlock
 public:
     CTextBlock() = default;
     explicit CTextBlock(const QStringList &texts);
+
+    /// \brief See Ravel::Prefetch().
+    void Prefetch() const
+    {
+        constexpr int kCacheLine = 64; // bytes
+        if (!ptr_bytes_)
+            return;
+        Ravel::Prefetch(ptr_bytes_.get());
+        Ravel::Prefetch(ptr_bytes_.get() + kCacheLine);
+    }
 
     /// \brief How many columns there are.
     [[nodiscard]] int Count() const { return ptr_bytes_ ? static_cast<int>(Head() >> 2U) : 0; }

@@ -11,6 +11,11 @@
 #include <iterator>
 
 namespace Ravel {
+namespace {
+
+constexpr size_t kRowsAhead = 8;
+
+} // namespace
 
 struct CTreeViewModelPtr
 {
@@ -183,8 +188,14 @@ std::vector<bool> CTreeViewModel::AcceptedRows(const CRowFilter &filter) const
     const auto &rows = d_ptr_->Rows();
     std::vector<bool> accepted(rows.size());
     const int columns = d_ptr_->list_labels_.size();
-    for (size_t row = 0; row < rows.size(); ++row)
+    for (size_t row = 0; row < rows.size(); ++row) {
+        // Rows lie anywhere in memory: ask for a row's item and then its texts some rows ahead.
+        if (row + 2 * kRowsAhead < rows.size()) {
+            Prefetch(rows[row + 2 * kRowsAhead].get());
+            rows[row + kRowsAhead]->texts_.Prefetch();
+        }
         accepted[row] = filter.Accepts(rows[row]->texts_, columns);
+    }
     return accepted;
 }
 

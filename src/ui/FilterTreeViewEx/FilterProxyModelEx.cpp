@@ -268,7 +268,8 @@ void CFilterProxyModelEx::Refilter()
             return;
     }
     const CRanksInUse ranks(*this, sortColumn());
-    d_ptr_->vec_accepted_ = std::move(accepted);
+    if (model && !model->IsTree())
+        d_ptr_->vec_accepted_ = std::move(accepted);
     invalidate();
     (void)rowCount(); // the list is made here, while what makes it quick is at hand
     d_ptr_->vec_accepted_.clear();
@@ -311,6 +312,8 @@ bool CFilterProxyModelEx::filterAcceptsRow(int source_row, const QModelIndex &so
     const CFilterProxyModelExDataPtr &data = *d_ptr_;
     if (data.b_page_found_)
         return static_cast<uint>(source_row - data.page_begin_) < data.page_rows_;
+    if (!data.vec_accepted_.empty())
+        return data.vec_accepted_[static_cast<size_t>(source_row)];
     return Accepts(source_row, source_parent);
 }
 
@@ -338,14 +341,8 @@ bool CFilterProxyModelEx::AcceptsPage(int row, const QModelIndex &parent) const
 
 bool CFilterProxyModelEx::AcceptsWords(int row, const QModelIndex &parent) const
 {
-    if (d_ptr_->ptr_model_ && !parent.isValid()) {
-        if (d_ptr_->filter_.AcceptsAll())
-            return true;
-        const auto at = static_cast<size_t>(row);
-        return at < d_ptr_->vec_accepted_.size()
-                   ? d_ptr_->vec_accepted_[at]
-                   : d_ptr_->ptr_model_->Accepts(row, d_ptr_->filter_);
-    }
+    if (d_ptr_->ptr_model_ && !parent.isValid())
+        return d_ptr_->filter_.AcceptsAll() || d_ptr_->ptr_model_->Accepts(row, d_ptr_->filter_);
     return AcceptsText(sourceModel()->index(row, 0, parent));
 }
 
