@@ -20,7 +20,7 @@
 namespace {
 
 constexpr int kWalks = 1000;
-constexpr int kSteps = 14;
+constexpr int kSteps = 10;
 constexpr int kMostRows = 2000;
 
 QStringList Labels()

@@ -1,0 +1,310 @@
+// SPDX-License-Identifier: MIT
+#include "support/TestGuard.h"
+
+#include <Ravel/PageTag.h>
+#include <Ravel/TreeViewItem.h>
+#include <Ravel/TreeViewModel.h>
+#include <Vantor/CFilterProxyModelEx>
+#include <Vantor/CFilterTreeViewEx>
+#include <ui/FilterTreeViewEx/PageMath.h>
+
+#include <QtCore/QRandomGenerator>
+#include <QtGui/QStandardItemModel>
+#include <QtTest/QAbstractItemModelTester>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QHeaderView>
+
+#include <functional>
+
+using Ravel::CTreeViewItem;
+using Vantor::CFilterProxyModelEx;
+using Vantor::CFilterTreeViewEx;
+
+namespace {
+
+QList<CTreeViewItem *> Items(int count)
+{
+    QList<CTreeViewItem *> items;
+    for (int i = 0; i < count; ++i)
+        items.append(new CTreeViewItem({QString::number(i), i % 2 ? "abc" : "x"}));
+    return items;
+}
+
+} // namespace
+
+class TestFilterTree : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        guard_.Begin();
+        model_ = std::make_unique<Ravel::CTreeViewModel>();
+        model_->SetHorizontalHeaderLabels({"Number", "Text"});
+        view_ = std::make_unique<CFilterTreeViewEx>();
+        view_->SetModel(model_.get());
+        view_->SetTreeViewItemPerPage(100);
+    }
+
+    void cleanup()
+    {
+        view_.reset();
+        model_.reset();
+        const QString fault = guard_.End();
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    }
+
+    void rowsFallOnPages_data()
+    {
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<int>("pages");
+        QTest::addColumn<int>("shown_page");
+        QTest::addColumn<int>("shown_rows");
+        QTest::addColumn<QString>("last_tag");
+        QTest::addColumn<QVariantList>("buttons");
+        QTest::newRow("none") << 0 << 1 << 1 << 0 << QString() << QVariantList{false, false};
+        QTest::newRow("one page") << 100 << 1 << 1 << 100 << "Page001"
+                                  << QVariantList{false, false};
+        QTest::newRow("first of three")
+            << 250 << 3 << 1 << 100 << "Page003" << QVariantList{false, true};
+        QTest::newRow("middle") << 250 << 3 << 2 << 100 << "Page003" << QVariantList{true, true};
+        QTest::newRow("last") << 250 << 3 << 3 << 50 << "Page003" << QVariantList{true, false};
+        QTest::newRow("four digits")
+            << 100'001 << 1001 << 1001 << 1 << "Page1001" << QVariantList{true, false};
+    }
+    void rowsFallOnPages()
+    {
+        QFETCH(int, rows);
+        QFETCH(int, pages);
+        QFETCH(int, shown_page);
+        QSignalSpy buttons(view_.get(), &CFilterTreeViewEx::SignalUpdateMaxMinPage);
+        QList<CTreeViewItem *> items = Items(rows);
+        view_->AddTopLevelItems(items);
+        QSignalSpy reset(view_.get(), &CFilterTreeViewEx::SignalPageReset);
+
+        view_->SetTreeViewItemPerPage(100);
+        view_->SetFilterPage(shown_page);
+
+        QCOMPARE(reset.count(), 1);
+        QCOMPARE(reset.first(), QVariantList({rows, pages}));
+        QTEST(buttons.last(), "buttons");
+        QTEST(view_->model()->rowCount(), "shown_rows");
+        QTEST(view_->GetBackupModel()->index(rows - 1, 0).data(Ravel::kPageTagRole).toString(),
+              "last_tag");
+    }
+
+    void wholeRowsFitAndNeverTouchTheEdge_data()
+    {
+        QTest::addColumn<int>("height");
+        QTest::addColumn<int>("header");
+        QTest::addColumn<int>("row");
+        QTest::addColumn<int>("rows");
+        QTest::newRow("they touch the edge") << 480 << 30 << 30 << 14;
+        QTest::newRow("some pixels are left") << 490 << 30 << 30 << 15;
+        QTest::newRow("one row, touching") << 60 << 30 << 30 << 1;
+        QTest::newRow("no room") << 0 << 30 << 30 << 1;
+        QTest::newRow("rows without a height") << 40 << 30 << 0 << 9;
+    }
+    void wholeRowsFitAndNeverTouchTheEdge()
+    {
+        QFETCH(int, height);
+        QFETCH(int, header);
+        QFETCH(int, row);
+        QTEST(Vantor::RowsThatFit(height, header, row), "rows");
+    }
+
+    void addingRowsClearsTheKeyword()
+    {
+        QList<CTreeViewItem *> items = Items(4);
+        view_->AddTopLevelItems(items);
+        view_->SetFilterKeyWord("ABC");
+        QCOMPARE(view_->TopLevelItemCount(), 0);
+        view_->SetFilterKeyWord("abc");
+        QCOMPARE(view_->TopLevelItemCount(), 2);
+
+        items = Items(2);
+        view_->AddTopLevelItems(items);
+
+        QCOMPARE(view_->TopLevelItemCount(), 6);
+        QCOMPARE(items.size(), 2);
+    }
+
+    void aHitLiesInOneCell_data()
+    {
+        QTest::addColumn<QStringList>("texts");
+        QTest::addColumn<QString>("keyword");
+        QTest::addColumn<bool>("is_shown");
+        QTest::newRow("inside") << QStringList{"door", "gate"} << "gat" << true;
+        QTest::newRow("across two cells") << QStringList{"door", "gate"} << "orga" << false;
+        QTest::newRow("across, then inside") << QStringList{"ab", "cabc"} << "abc" << true;
+        QTest::newRow("short, across two") << QStringList{"ab", "cd"} << "bc" << false;
+        QTest::newRow("wide across two") << QStringList{"\u0628a", "b"} << "ab" << false;
+        QTest::newRow("wide keyword, narrow row") << QStringList{"a", "b"} << "\u0628" << false;
+        QTest::newRow("beyond the columns") << QStringList{"a", "b", "hidden"} << "hidden" << false;
+        QTest::newRow("behind a text of 70,000")
+            << QStringList{QString(70'000, 'x'), "gate"} << "gate" << true;
+        QTest::newRow("a row without texts") << QStringList() << "a" << false;
+    }
+    void aHitLiesInOneCell()
+    {
+        QFETCH(QStringList, texts);
+        QFETCH(QString, keyword);
+        QList<CTreeViewItem *> items = {new CTreeViewItem(texts)};
+        view_->AddTopLevelItems(items);
+        for (int column = 0; column < model_->columnCount(); ++column)
+            QCOMPARE(model_->index(0, column).data().toString(), texts.value(column));
+
+        view_->SetFilterKeyWord(keyword);
+
+        QTEST(view_->TopLevelItemCount() == 1, "is_shown");
+        // Any other model is asked cell by cell and gives the same.
+        QStandardItemModel plain(1, 2);
+        for (int column = 0; column < 2; ++column)
+            plain.setData(plain.index(0, column), texts.value(column));
+        CFilterProxyModelEx proxy;
+        proxy.setSourceModel(&plain);
+        proxy.SetKeyWordFilter(keyword);
+        QTEST(proxy.rowCount() == 1, "is_shown");
+    }
+
+    void textsSortAsQStringDoesWithoutCase()
+    {
+        QRandomGenerator random(7);
+        const QStringList pieces = {"a",
+                                    "A",
+                                    "b",
+                                    "ß",
+                                    "\u00B5",
+                                    "\u03BC",
+                                    "Ä",
+                                    "ä",
+                                    "\u0628",
+                                    "\U00010400",
+                                    "\U00010428",
+                                    "\U0001F600",
+                                    QString(QChar(0xD801)),
+                                    "\uFFFD",
+                                    "12345678"};
+        for (const bool is_wide : {false, true}) {
+            QList<CTreeViewItem *> items;
+            for (int i = 0; i < 400; ++i) {
+                QString text;
+                for (int k = static_cast<int>(random.bounded(6)); k > 0; --k)
+                    text +=
+                        pieces.at(static_cast<int>(random.bounded(is_wide ? pieces.size() : 5)));
+                items.append(new CTreeViewItem({text}));
+            }
+            Ravel::CTreeViewModel model;
+            model.SetHorizontalHeaderLabels({"Text"});
+            QVERIFY(model.InsertTopLevelItems(0, items));
+            const int *const ranks = model.Ranks(0);
+            for (int left = 0; left < items.size(); ++left) {
+                for (int right = 0; right < items.size(); right += 7) {
+                    const bool is_less =
+                        items.at(left)->Data(0).toString().compare(
+                            items.at(right)->Data(0).toString(), Qt::CaseInsensitive)
+                        < 0;
+                    QCOMPARE(ranks[left] < ranks[right], is_less);
+                    QCOMPARE(model.IsLess(left, right, 0), is_less);
+                }
+            }
+        }
+    }
+
+    void slotsOfEverySignalMayChangeRows_data()
+    {
+        QTest::addColumn<int>("signal");
+        for (int signal = 0; signal < 6; ++signal)
+            QTest::addRow("signal %d", signal) << signal;
+    }
+    void slotsOfEverySignalMayChangeRows()
+    {
+        QFETCH(int, signal);
+        const QAbstractItemModelTester tester(
+            view_->model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+        int calls = 0;
+        const auto change = [this, &calls] {
+            if (++calls > 20)
+                return;
+            QList<CTreeViewItem *> items = Items(3);
+            view_->AddTopLevelItems(items);
+            view_->SetFilterKeyWord(calls % 2 ? "abc" : "");
+            view_->SetTreeViewItemPerPage(2);
+            view_->SetFilterPage(2);
+            model_->removeRows(0, 1);
+            if (calls == 5)
+                view_->ClearAllItems();
+        };
+        using View = CFilterTreeViewEx;
+        using Model = QAbstractItemModel;
+        const std::vector<std::function<void()>> connects = {
+            [&] { connect(view_.get(), &View::SignalPageReset, this, change); },
+            [&] { connect(view_.get(), &View::SignalUpdateMaxMinPage, this, change); },
+            [&] { connect(view_.get(), &View::SignalSizeChanged, this, change); },
+            [&] { connect(view_.get(), &View::SignalDataSort, this, change); },
+            [&] { connect(model_.get(), &Model::dataChanged, this, change); },
+            [&] { connect(model_.get(), &Model::rowsInserted, this, change); }};
+        connects.at(static_cast<size_t>(signal))();
+        view_->show();
+
+        QList<CTreeViewItem *> items = Items(50);
+        view_->AddTopLevelItems(items);
+        view_->SetTreeViewItemPerPage(7);
+        view_->SetFilterPage(3);
+        view_->resize(300, 400);
+        view_->header()->setSortIndicator(1, Qt::DescendingOrder);
+        QTRY_VERIFY(calls > 0);
+        QCoreApplication::sendPostedEvents();
+        disconnect(view_.get(), nullptr, this, nullptr);
+        disconnect(model_.get(), nullptr, this, nullptr);
+
+        view_->SetFilterKeyWord(QString());
+        QCOMPARE(view_->TopLevelItemCount(), model_->rowCount());
+        view_->SetTreeViewItemPerPage(5);
+        QCOMPARE(view_->model()->rowCount(), std::min(5, model_->rowCount()));
+    }
+
+    void aModelMayBeDeletedUnderItsView()
+    {
+        QList<CTreeViewItem *> items = Items(10);
+        view_->AddTopLevelItems(items);
+        view_->show();
+
+        model_.reset();
+
+        QCOMPARE(view_->model()->rowCount(), 0);
+        items = {};
+        view_->AddTopLevelItems(items);
+        view_->ClearAllItems();
+        view_->SetFilterKeyWord("a");
+        view_->SetFilterPage(2);
+        QVERIFY(!view_->MapToSourceIndex(view_->model()->index(0, 0)).isValid());
+    }
+
+    void withPagingOffTheLastPageStaysAndThePageIsSortedAlone()
+    {
+        QList<CTreeViewItem *> items = Items(250);
+        view_->AddTopLevelItems(items);
+        view_->SetFilterPage(3);
+        view_->SetFilterEnabled(false);
+        QSignalSpy reset(view_.get(), &CFilterTreeViewEx::SignalPageReset);
+
+        view_->SetFilterPage(1);
+        view_->header()->setSortIndicator(0, Qt::DescendingOrder);
+
+        QCOMPARE(view_->model()->rowCount(), 50);
+        QCOMPARE(view_->model()->index(0, 0).data().toString(), QString("249"));
+        QCOMPARE(view_->GetBackupModel()->index(0, 0).data().toString(), QString("0"));
+        QCOMPARE(reset.count(), 0);
+    }
+
+private:
+    CTestGuard guard_;
+    std::unique_ptr<Ravel::CTreeViewModel> model_;
+    std::unique_ptr<CFilterTreeViewEx> view_;
+};
+
+QTEST_MAIN(TestFilterTree)
+#include "tst_filtertree.moc"
