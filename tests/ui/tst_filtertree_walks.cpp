@@ -63,8 +63,9 @@ public:
         letter_view_.setModel(&letter_.page_);
         // The first show brings a first height.
         signals_.clear();
-        testers_ = {new Tester(&model_, kReport), new Tester(view_.GetBackupModel(), kReport),
-                    new Tester(view_.model(), kReport)};
+        if (seed % 4 == 0) // they take most of the time
+            testers_ = {new Tester(&model_, kReport), new Tester(view_.GetBackupModel(), kReport),
+                        new Tester(view_.model(), kReport)};
     }
     ~CWalk() { qDeleteAll(testers_); }
 
