@@ -25,6 +25,7 @@ endfunction()
 set(VANTOR_OVRIN_PICTURES
     Icon/Images/Public/Icon/SepHide
     Icon/Images/Public/Icon/SepShow
+    Menu/Images/System/Menu/UserManagement
     Tree/Images/Public/Control/Tree/HomePage
     Tree/Images/Public/Control/Tree/LastPage
     Tree/Images/Public/Control/Tree/NextPage

@@ -90,7 +90,7 @@ bool CExportTarget::MakeTemporary()
     const QFileInfo target(target_);
     const QString folder = target.absolutePath();
     const QString name =
-        QStringLiteral(".vantor-") + QString::fromStdString(Nim::Base::Guid::Create());
+        QStringLiteral(".vantor-") + QString::fromStdString(Nim::Base::GuidUtil::CreateGuid());
     const QString path = QDir(folder).filePath(name + QStringLiteral(".part"));
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))

@@ -12,6 +12,7 @@ namespace {
 using Nim::Base::Error::ErrorCode;
 
 constexpr int kAnyCode = -1;
+constexpr int kModuleServer = 1; // the code is a word of the server's own
 
 struct KnownError
 {
@@ -22,6 +23,13 @@ struct KnownError
 
 // The first row that fits speaks.
 constexpr KnownError kKnownErrors[] = {
+    {kModuleServer, 40850, QT_TRANSLATE_NOOP("Vantor", "The user name or the password is wrong.")},
+    {kModuleServer, 502, QT_TRANSLATE_NOOP("Vantor", "The user name or the password is wrong.")},
+    {kModuleServer, 310, QT_TRANSLATE_NOOP("Vantor", "The user name or the password is wrong.")},
+    {kModuleServer, 311, QT_TRANSLATE_NOOP("Vantor", "The verification code is wrong.")},
+    {kModuleServer, 214, QT_TRANSLATE_NOOP("Vantor", "A verification code is needed.")},
+    {kModuleServer, 41050, QT_TRANSLATE_NOOP("Vantor", "This user is locked.")},
+    {kModuleServer, 262, QT_TRANSLATE_NOOP("Vantor", "This address is locked.")},
     {BusinessCommon::kModuleNetwork, BusinessCommon::kNetTimeout,
      QT_TRANSLATE_NOOP("Vantor", "The server does not answer.")},
     {BusinessCommon::kModuleNetwork, BusinessCommon::kNetConnect,

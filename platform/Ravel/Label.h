@@ -16,6 +16,17 @@ class VANTOR_PLATFORM_EXPORT CLabel : public QLabel
 public:
     using QLabel::QLabel;
     ~CLabel() override;
+
+Q_SIGNALS:
+    /// Emitted when the left button was pressed and let go inside the label.
+    void SignalMouseClicked();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    bool is_pressed_ = false;
 };
 
 } // namespace Ravel

@@ -83,6 +83,78 @@
 <context>
     <name>Vantor</name>
     <message>
+        <source>Password</source>
+        <translation>كلمة المرور</translation>
+    </message>
+    <message>
+        <source>TheCapsLockKeyOpensPtQBnbXZa</source>
+        <translation>مفتاح Caps Lock مفعّل</translation>
+    </message>
+    <message>
+        <source>HidePassword</source>
+        <translation>إخفاء كلمة المرور</translation>
+    </message>
+    <message>
+        <source>ShowPassword</source>
+        <translation>إظهار كلمة المرور</translation>
+    </message>
+    <message>
+        <source>VerificationCode</source>
+        <translation>رمز التحقق</translation>
+    </message>
+    <message>
+        <source>ClickForAnotherImage</source>
+        <translation>انقر للحصول على صورة أخرى</translation>
+    </message>
+    <message>
+        <source>ThePasswordIsEmptydADZgBNplv</source>
+        <translation>أدخل كلمة المرور.</translation>
+    </message>
+    <message>
+        <source>TheVerificationCodeCannotBeEmpty</source>
+        <translation>أدخل رمز التحقق.</translation>
+    </message>
+    <message>
+        <source>RequestTimeOut</source>
+        <translation>استغرق التحقق وقتًا طويلاً. </translation>
+    </message>
+    <message>
+        <source>UserName</source>
+        <translation>اسم المستخدم</translation>
+    </message>
+    <message>
+        <source>RemainingLEesrBBJA</source>
+        <translation> المحاولات المتبقية: %1.</translation>
+    </message>
+    <message>
+        <source>Peltra.ee229a03a27748f2bb7b3e2a08484b6a.msg</source>
+        <translation>أعد المحاولة بعد %1 ث.</translation>
+    </message>
+    <message>
+        <source>Peltra.41c6a3785fc04331bd942f16e691f805.msg</source>
+        <translation>أعد المحاولة بعد %1 د %2 ث.</translation>
+    </message>
+    <message>
+        <source>The user name or the password is wrong.</source>
+        <translation>اسم المستخدم أو كلمة المرور غير صحيحة.</translation>
+    </message>
+    <message>
+        <source>The verification code is wrong.</source>
+        <translation>رمز التحقق غير صحيح.</translation>
+    </message>
+    <message>
+        <source>A verification code is needed.</source>
+        <translation>يلزم رمز التحقق.</translation>
+    </message>
+    <message>
+        <source>This user is locked.</source>
+        <translation>هذا المستخدم مقفل.</translation>
+    </message>
+    <message>
+        <source>This address is locked.</source>
+        <translation>هذا العنوان مقفل.</translation>
+    </message>
+    <message>
         <source>TheUSBKeyboardIsDetected</source>
         <translation>اكتُشفت لوحة مفاتيح USB</translation>
     </message>

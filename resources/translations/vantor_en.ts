@@ -83,6 +83,78 @@
 <context>
     <name>Vantor</name>
     <message>
+        <source>Password</source>
+        <translation>Password</translation>
+    </message>
+    <message>
+        <source>TheCapsLockKeyOpensPtQBnbXZa</source>
+        <translation>Caps Lock is on</translation>
+    </message>
+    <message>
+        <source>HidePassword</source>
+        <translation>Hide the password</translation>
+    </message>
+    <message>
+        <source>ShowPassword</source>
+        <translation>Show the password</translation>
+    </message>
+    <message>
+        <source>VerificationCode</source>
+        <translation>Verification code</translation>
+    </message>
+    <message>
+        <source>ClickForAnotherImage</source>
+        <translation>Click for another image</translation>
+    </message>
+    <message>
+        <source>ThePasswordIsEmptydADZgBNplv</source>
+        <translation>Enter the password.</translation>
+    </message>
+    <message>
+        <source>TheVerificationCodeCannotBeEmpty</source>
+        <translation>Enter the verification code.</translation>
+    </message>
+    <message>
+        <source>RequestTimeOut</source>
+        <translation>The check took too long. </translation>
+    </message>
+    <message>
+        <source>UserName</source>
+        <translation>User name</translation>
+    </message>
+    <message>
+        <source>RemainingLEesrBBJA</source>
+        <translation> %1 attempts are left.</translation>
+    </message>
+    <message>
+        <source>Peltra.ee229a03a27748f2bb7b3e2a08484b6a.msg</source>
+        <translation>Try again in %1 s.</translation>
+    </message>
+    <message>
+        <source>Peltra.41c6a3785fc04331bd942f16e691f805.msg</source>
+        <translation>Try again in %1 min %2 s.</translation>
+    </message>
+    <message>
+        <source>The user name or the password is wrong.</source>
+        <translation>The user name or the password is wrong.</translation>
+    </message>
+    <message>
+        <source>The verification code is wrong.</source>
+        <translation>The verification code is wrong.</translation>
+    </message>
+    <message>
+        <source>A verification code is needed.</source>
+        <translation>A verification code is needed.</translation>
+    </message>
+    <message>
+        <source>This user is locked.</source>
+        <translation>This user is locked.</translation>
+    </message>
+    <message>
+        <source>This address is locked.</source>
+        <translation>This address is locked.</translation>
+    </message>
+    <message>
         <source>TheUSBKeyboardIsDetected</source>
         <translation>USB keyboard detected</translation>
     </message>

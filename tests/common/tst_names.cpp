@@ -337,7 +337,7 @@ static_assert(IsSame<int (*)(const char *, const char *)>(&Nim::Base::FileSystem
 static_assert(IsSame<int (*)(const char *)>(&Nim::Base::FileSystem::DeleteFileW));
 static_assert(IsSame<int (*)(const char *, const char *, int)>(&Nim::Base::FileSystem::CopyFileW));
 static_assert(
-    IsSame<bool (*)(const std::string &, std::string &)>(&Nim::Base::Encrypt::Base64Decode));
+    IsSame<bool (*)(std::string &, const std::string &)>(&Nim::Base::Encrypt::Base64Decode));
 static_assert(IsSame<QString (*)(const QByteArray &, QTextCodec *)>(&Ravel::ConvertToUnicode));
 static_assert(IsSame<QByteArray (*)(const QString &, QTextCodec *)>(&Ravel::ConvertFromUnicode));
 static_assert(Nim::Base::Error::ErrorCode{}.module_code == 0

@@ -187,17 +187,17 @@ with zipfile.ZipFile(sys.argv[1], "w") as archive: # the sizes of the first are 
         QFETCH(QByteArray, bytes);
         std::string decoded = "left over";
 
-        QCOMPARE(Base::Encrypt::Base64Decode(text.toStdString(), decoded), is_text);
+        QCOMPARE(Base::Encrypt::Base64Decode(decoded, text.toStdString()), is_text);
 
         QCOMPARE(QByteArray::fromStdString(decoded), bytes);
     }
 
     void guidsDiffer()
     {
-        const std::string guid = Base::Guid::Create();
+        const std::string guid = Base::GuidUtil::CreateGuid();
 
         QCOMPARE(guid.size(), size_t(36));
-        QVERIFY(guid != Base::Guid::Create());
+        QVERIFY(guid != Base::GuidUtil::CreateGuid());
     }
 
     void directoriesAreMadeWithTheirParents()

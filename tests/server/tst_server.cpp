@@ -247,7 +247,7 @@ private Q_SLOTS:
         QCOMPARE(CheckPassword(kOperator.password, "????", mark).Int("/ErrorCode"), 214); // used up
         std::string png;
         QVERIFY(Nim::Base::Encrypt::Base64Decode(
-            code.Text("/Data/VerificationInfo/VerificationCodeImage"), png));
+            png, code.Text("/Data/VerificationInfo/VerificationCodeImage")));
         const QImage image = QImage::fromData(QByteArray::fromStdString(png));
         QCOMPARE(image.size(), QSize(240, 80));
 

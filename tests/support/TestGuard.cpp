@@ -14,6 +14,7 @@ struct CTestGuardPtr
     mutable std::mutex mutex_; // messages and log lines come from any thread
     QStringList list_warnings_;
     QStringList list_announced_;
+    QStringList list_announced_often_;
     QStringList list_log_;
     bool b_log_announced_ = false;
     QtMessageHandler previous_ = nullptr;
@@ -67,6 +68,7 @@ void CTestGuard::Begin()
 {
     d_ptr_->list_warnings_.clear();
     d_ptr_->list_announced_.clear();
+    d_ptr_->list_announced_often_.clear();
     d_ptr_->list_log_.clear();
     d_ptr_->b_log_announced_ = false;
     current = d_ptr_.get();
@@ -97,6 +99,11 @@ QString CTestGuard::End()
         else
             d_ptr_->list_warnings_.removeOne(seen.first());
     }
+    for (const QString &part : qAsConst(d_ptr_->list_announced_often_)) {
+        QStringList &warnings = d_ptr_->list_warnings_;
+        const auto holds = [&part](const QString &warning) { return warning.contains(part); };
+        warnings.erase(std::remove_if(warnings.begin(), warnings.end(), holds), warnings.end());
+    }
     for (const QString &warning : qAsConst(d_ptr_->list_warnings_))
         faults.append(QStringLiteral("warning: ") + warning);
     for (const QString &line : qAsConst(d_ptr_->list_log_)) {
@@ -112,6 +119,11 @@ QString CTestGuard::End()
 void CTestGuard::AnnounceWarning(const QString &part)
 {
     d_ptr_->list_announced_.append(part);
+}
+
+void CTestGuard::AnnounceWarnings(const QString &part)
+{
+    d_ptr_->list_announced_often_.append(part);
 }
 
 void CTestGuard::AnnounceLogLines()

@@ -32,6 +32,9 @@ public:
     /// \brief A Qt warning that holds \a part is meant in this test; not seeing it is a fault.
     void AnnounceWarning(const QString &part);
 
+    /// \brief The same for one that comes as often as a style is applied, be it never.
+    void AnnounceWarnings(const QString &part);
+
     /// \brief Log lines of level 4 and 5 are meant in this test, which looks at LogLines() itself.
     void AnnounceLogLines();
 

@@ -3,18 +3,20 @@
 
 #include <QtCore/QByteArray>
 
+#include <algorithm>
 #include <cstring>
 
 namespace Nim::Base::Encrypt {
 
-bool Base64Decode(const std::string &text, std::string &bytes)
+bool Base64Decode(std::string &bytes, const std::string &text)
 {
     bytes.clear();
-    if (text.empty())
-        return false;
-    const auto decoded = QByteArray::fromBase64Encoding(QByteArray::fromStdString(text),
-                                                        QByteArray::AbortOnBase64DecodingErrors);
-    if (!decoded)
+    QByteArray whole = QByteArray::fromStdString(text);
+    const auto is_blank = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+    whole.truncate(int(std::remove_if(whole.begin(), whole.end(), is_blank) - whole.begin()));
+    const auto decoded =
+        QByteArray::fromBase64Encoding(whole, QByteArray::AbortOnBase64DecodingErrors);
+    if (!decoded || decoded.decoded.isEmpty())
         return false;
     bytes = decoded.decoded.toStdString();
     return true;

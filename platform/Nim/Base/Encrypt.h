@@ -7,9 +7,9 @@
 
 namespace Nim::Base::Encrypt {
 
-/// \brief Decode Base64 text (RFC 4648, section 4) into \a bytes.
-/// \return false for empty text and for anything that is not Base64; \a bytes is then empty.
-[[nodiscard]] VANTOR_PLATFORM_EXPORT bool Base64Decode(const std::string &text, std::string &bytes);
+/// \brief Decode Base64 text (RFC 4648, section 4), which may be broken into lines, into \a bytes.
+/// \return false when \a text holds nothing or is not Base64; \a bytes is then empty.
+[[nodiscard]] VANTOR_PLATFORM_EXPORT bool Base64Decode(std::string &bytes, const std::string &text);
 
 /// \brief Overwrite the characters of \a secret, all that its buffer holds, and empty it.
 ///

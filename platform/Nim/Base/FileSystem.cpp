@@ -73,7 +73,7 @@ bool IsSameFile(const char *one, const char *other)
 std::string TemporaryNameBeside(const char *target)
 {
     // Not longer than a GUID, whatever the target is called: names have a limit of their own.
-    return FolderOf(target) + "/." + Guid::Create() + ".part";
+    return FolderOf(target) + "/." + GuidUtil::CreateGuid() + ".part";
 }
 
 std::string FolderOf(const char *target)

@@ -3,11 +3,11 @@
 
 #include <QtCore/QUuid>
 
-namespace Nim::Base::Guid {
+namespace Nim::Base::GuidUtil {
 
-std::string Create()
+std::string CreateGuid()
 {
     return QUuid::createUuid().toByteArray(QUuid::WithoutBraces).toStdString();
 }
 
-} // namespace Nim::Base::Guid
+} // namespace Nim::Base::GuidUtil

@@ -5,10 +5,10 @@
 
 #include <string>
 
-namespace Nim::Base::Guid {
+namespace Nim::Base::GuidUtil {
 
 /// \brief A new random GUID (RFC 4122, version 4): 36 lower-case characters without braces. Any
 /// thread.
-[[nodiscard]] VANTOR_PLATFORM_EXPORT std::string Create();
+[[nodiscard]] VANTOR_PLATFORM_EXPORT std::string CreateGuid();
 
-} // namespace Nim::Base::Guid
+} // namespace Nim::Base::GuidUtil

@@ -65,7 +65,7 @@ int SaveBeside(lxw_workbook *workbook, const fs::path &target, const WorkbookPar
 {
     // Without the file's own name, which may be as long as names can be.
     const std::string temporary =
-        (target.parent_path() / ('.' + Nim::Base::Guid::Create() + ".part")).string();
+        (target.parent_path() / ('.' + Nim::Base::GuidUtil::CreateGuid() + ".part")).string();
     // libxlsxwriter keeps the name it will write to; it is ours to change until then.
     std::free(workbook->filename);
     workbook->filename = strdup(temporary.c_str());

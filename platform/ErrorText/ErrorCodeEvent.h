@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Nim/Base/Error.h>
+#include <PlatformExport.h>
+
+#include <QtCore/QString>
+
+namespace ErrorText {
+
+/// \brief An error code on its way to the user.
+class VANTOR_PLATFORM_EXPORT CErrorCodeEvent
+{
+public:
+    CErrorCodeEvent() = default; ///< No error: all words are 0.
+    explicit CErrorCodeEvent(const Nim::Base::Error::ErrorCode &code) : code_(code) {}
+
+    [[nodiscard]] Nim::Base::Error::ErrorCode GetErrorCode() const { return code_; }
+    /// \brief What the user is told, see GetErrorInfoByErrorCode(); empty for no error.
+    [[nodiscard]] QString GetErrorText() const;
+
+private:
+    Nim::Base::Error::ErrorCode code_;
+};
+
+} // namespace ErrorText

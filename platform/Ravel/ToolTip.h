@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <PlatformExport.h>
+
+#include <QtCore/QPoint>
+#include <QtCore/QString>
+
+QT_BEGIN_NAMESPACE
+class QWidget;
+QT_END_NAMESPACE
+
+namespace Ravel {
+
+/// \brief The client's tool tip. GUI thread.
+class VANTOR_PLATFORM_EXPORT CToolTip
+{
+public:
+    /// \brief Show \a text, plain or rich, at \a global_pos until the user goes on; an empty text
+    /// takes it away.
+    /// \param widget whose tip it is; null: nobody's.
+    static void showText(const QPoint &global_pos, const QString &text, QWidget *widget = nullptr);
+};
+
+} // namespace Ravel

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "common/LoginRecords.h"
+
+namespace Vantor {
+
+/// \brief Ask the server for its security settings and wait for the reply. Any thread.
+///
+/// \param response its error is filled when this gives false: all words of an exchange that did not
+///                 take place, or the first two of what the server refused.
+/// \return true for any other reply, whatever stands in it: see ParseLoginSetting().
+[[nodiscard]] VANTOR_EXPORT bool
+RequestLoginSetting(NimClientFrameWork::CDaxPwdResponse &response,
+                    NimClientFrameWork::CLoginSettingStruct &setting);
+
+/// \brief Read the security settings out of \a reply, JSON.
+///
+/// A number that is missing becomes -1. A reply without "SecuritySetting", and one that is no JSON,
+/// leaves \a setting as it is, with true all the same.
+VANTOR_EXPORT bool ParseLoginSetting(const std::string &reply,
+                                     NimClientFrameWork::CLoginSettingStruct &setting);
+
+} // namespace Vantor
