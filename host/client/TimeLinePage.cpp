@@ -269,7 +269,7 @@ void CTimeLinePage::OnOverviewMoved(qint64 position_ms)
 void CTimeLinePage::OnTimeTyped()
 {
     if (time_->dateTime() != line_->GetCurrentDateTime())
-        line_->SetCurrentDateTime(time_->dateTime(), true, kSlideMs);
+        zone_->SlideToWallClock(time_->dateTime(), kSlideMs);
 }
 
 void CTimeLinePage::OnTypeToggled()

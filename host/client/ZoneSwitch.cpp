@@ -214,9 +214,10 @@ void CZoneSwitch::ShowState()
     const int before_s = zone_.offsetFromUtc(change.addMSecs(-1));
     const bool is_forward = zone_.offsetFromUtc(change) > before_s;
     // What the clocks show when they are changed.
-    const QString when = locale().toString(change.addSecs(before_s), QLocale::ShortFormat);
-    state_->setText(is_forward ? tr("The clocks go forward at %1.").arg(when)
-                               : tr("The clocks go back at %1.").arg(when));
+    const QString when =
+        QLocale().toString(change.addSecs(before_s), QStringLiteral("d MMM yyyy HH:mm"));
+    state_->setText(is_forward ? tr("The clocks go forward on %1.").arg(when)
+                               : tr("The clocks go back on %1.").arg(when));
 }
 
 void CZoneSwitch::changeEvent(QEvent *event)

@@ -738,16 +738,16 @@
         <translation>الساعات لا تتغير.</translation>
     </message>
     <message>
-        <source>The clocks go forward at %1.</source>
+        <source>The clocks go forward on %1.</source>
         <translation>تُقدَّم الساعات في %1.</translation>
     </message>
     <message>
-        <source>The clocks go back at %1.</source>
+        <source>The clocks go back on %1.</source>
         <translation>تُؤخَّر الساعات في %1.</translation>
     </message>
     <message>
         <source>Time &amp;zone</source>
-        <translation>الم&amp;نطقة الزمنية</translation>
+        <translation>المنطقة الزمنية</translation>
     </message>
     <message>
         <source>Time zone</source>
@@ -755,11 +755,11 @@
     </message>
     <message>
         <source>&amp;Earlier change</source>
-        <translation>التغيير ال&amp;سابق</translation>
+        <translation>التغيير السابق</translation>
     </message>
     <message>
         <source>&amp;Later change</source>
-        <translation>التغيير ال&amp;لاحق</translation>
+        <translation>التغيير اللاحق</translation>
     </message>
     <message>
         <source>Go to where the clocks of this zone were changed last</source>

@@ -726,12 +726,12 @@
         <translation>The clocks do not change.</translation>
     </message>
     <message>
-        <source>The clocks go forward at %1.</source>
-        <translation>The clocks go forward at %1.</translation>
+        <source>The clocks go forward on %1.</source>
+        <translation>The clocks go forward on %1.</translation>
     </message>
     <message>
-        <source>The clocks go back at %1.</source>
-        <translation>The clocks go back at %1.</translation>
+        <source>The clocks go back on %1.</source>
+        <translation>The clocks go back on %1.</translation>
     </message>
     <message>
         <source>Time &amp;zone</source>
