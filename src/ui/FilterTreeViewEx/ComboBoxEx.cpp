@@ -206,8 +206,10 @@ void CComboBoxEx::OnFilterByMainType(const QString &text)
         } else {
             std::vector<char> mains(column.mains.size());
             std::transform(column.mains.cbegin(), column.mains.cend(), mains.begin(), is_named);
-            for (const auto &[own, main] : column.related)
-                shown[size_t(own)] |= mains[size_t(main)];
+            for (const auto &[own, main] : column.related) {
+                if (mains[size_t(main)])
+                    shown[size_t(own)] = 1;
+            }
         }
     }
     d_ptr_->ptr_items_->SetShown(std::move(shown));

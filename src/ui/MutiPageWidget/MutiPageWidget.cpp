@@ -22,6 +22,7 @@
 #include <QtWidgets/QStyle>
 
 #include <algorithm>
+#include <limits>
 
 namespace Vantor {
 
@@ -303,7 +304,7 @@ void CMutiPageWidget::MoveFromTheCurrentRow(int delta)
         return;
     const QModelIndex &selected = rows.constFirst();
     const qint64 row = qint64{selected.row()} + delta;
-    if (row >= 0 && row < selected.model()->rowCount(selected.parent()))
+    if (row >= 0 && row <= std::numeric_limits<int>::max())
         SetCurrentIndex(selected.sibling(int(row), 0));
 }
 
