@@ -55,6 +55,13 @@ function(vantor_add_test name)
     target_link_libraries(${name} PRIVATE vantor_test_support ${arg_LIBRARIES})
     add_test(NAME ${name} COMMAND ${name})
     vantor_test_environment(${name} ${arg_LABELS})
+    # What ThreadSanitizer has to look at.
+    if("threads" IN_LIST arg_LABELS)
+        if(NOT TARGET thread_tests)
+            add_custom_target(thread_tests)
+        endif()
+        add_dependencies(thread_tests ${name})
+    endif()
 endfunction()
 
 # vantor_run_on_display(<test>): an X server of its own for that test, instead of the offscreen
