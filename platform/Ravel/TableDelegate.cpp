@@ -41,7 +41,7 @@ QString CTableDelegate::Fitting(const QString &text, const QFont &font, qreal wi
     qreal text_px = 0;
     int fitting = 0; // characters that have room beside an ellipsis
     for (int i = 0; i < text.size(); ++i) {
-        if (text.at(i).unicode() >= widths_px_.size())
+        if (text.at(i).unicode() >= widths_px_.size() || text.at(i) < QLatin1Char(' '))
             return {};
         text_px += widths_px_[text.at(i).unicode()];
         fitting = text_px + ellipsis_px_ <= width_px ? i + 1 : fitting;

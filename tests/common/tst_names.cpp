@@ -2,9 +2,9 @@
 // Names are interface, misspelt or not: hosts compile against every one of them. Whatever is
 // renamed fails here.
 #include <ErrorText/ErrorText.h>
+#include <Faceplate/GUIFullScreenWidget.h>
 #include <Faceplate/GUIMessageTipManager.h>
 #include <Faceplate/NewInfoDlg.h>
-#include <Faceplate/GUIFullScreenWidget.h>
 #include <Lookout/BaseWidget.h>
 #include <Nim/Base/Encrypt.h>
 #include <Nim/Base/Error.h>
@@ -31,13 +31,15 @@
 #include <Vantor/CDockWidgetPosRule>
 #include <Vantor/CEventTransMgr>
 #include <Vantor/CExcelControllorWithC>
+#include <Vantor/CFilterProxyModelEx>
+#include <Vantor/CFilterTreeViewEx>
 #include <Vantor/CFilterWidgetEx>
 #include <Vantor/CItemDragMovableListView>
+#include <Vantor/CJoystickKeyboardControlManager>
+#include <Vantor/CJoystickKeyboardEvent>
 #include <Vantor/CListSightCheckModel>
 #include <Vantor/CMutiPageWidget>
 #include <Vantor/CMutiPageWidgetEx>
-#include <Vantor/CJoystickKeyboardControlManager>
-#include <Vantor/CJoystickKeyboardEvent>
 #include <Vantor/CScreenStateManager>
 #include <Vantor/CStyleManager>
 #include <Vantor/CUSBJoystickControlManager>
@@ -95,6 +97,8 @@ static_assert(IsSame<void (Screens::*)(Displays)>(&Screens::UpdateScreenParam));
 using Pages = Vantor::CMutiPageWidget;
 using FilteredPages = Vantor::CMutiPageWidgetEx;
 using FilterBar = Vantor::CFilterWidgetEx;
+using FilterProxy = Vantor::CFilterProxyModelEx;
+using FilterTree = Vantor::CFilterTreeViewEx;
 using TypeBox = Vantor::CComboBoxEx;
 using Lists = std::vector<QStringList>;
 
@@ -143,6 +147,37 @@ static_assert(IsSame<void (FilteredPages::*)(Lists &)>(&FilteredPages::OnFilterW
 static_assert(IsSame<void (FilteredPages::*)(bool)>(&FilteredPages::SetFilterWidgetShow));
 static_assert(IsSame<bool (FilteredPages::*)() const>(&FilteredPages::IsFilterWidgetShow));
 static_assert(IsSame<QAbstractItemModel *(FilteredPages::*)()>(&FilteredPages::GetBackupModel));
+
+static_assert(IsSame<void (FilterProxy::*)(QString)>(&FilterProxy::SetPageFilter));
+static_assert(IsSame<void (FilterProxy::*)(QString)>(&FilterProxy::SetKeyWordFilter));
+static_assert(IsSame<void (FilterProxy::*)(const std::vector<QStringList> &)>(
+    &FilterProxy::SetKeyWordsFilter));
+static_assert(IsSame<void (FilterProxy::*)()>(&FilterProxy::DoFilter));
+
+using Items = QList<Ravel::CTreeViewItem *>;
+static_assert(IsSame<void (FilterTree::*)(Ravel::CTreeViewModel *)>(&FilterTree::SetModel));
+static_assert(IsSame<void (FilterTree::*)(Items &)>(&FilterTree::AddTopLevelItems));
+static_assert(IsSame<void (FilterTree::*)()>(&FilterTree::ClearAllItems));
+static_assert(IsSame<int (FilterTree::*)() const>(&FilterTree::TopLevelItemCount));
+static_assert(IsSame<FilterProxy *(FilterTree::*)() const>(&FilterTree::GetBackupModel));
+static_assert(IsSame<int (FilterTree::*)() const>(&FilterTree::GetItemsPerPage));
+static_assert(IsSame<void (FilterTree::*)(bool)>(&FilterTree::SetFilterEnabled));
+static_assert(IsSame<void (FilterTree::*)(int)>(&FilterTree::SetSortRole));
+static_assert(IsSame<void (FilterTree::*)(int)>(&FilterTree::SetFilterPage));
+static_assert(IsSame<void (FilterTree::*)(const QString &)>(&FilterTree::SetFilterKeyWord));
+static_assert(
+    IsSame<void (FilterTree::*)(std::vector<QStringList> &)>(&FilterTree::SetFilterKeyWords));
+static_assert(IsSame<void (FilterTree::*)(int)>(&FilterTree::SetTreeViewItemPerPage));
+static_assert(
+    IsSame<QModelIndex (FilterTree::*)(const QModelIndex &) const>(&FilterTree::MapToSourceIndex));
+static_assert(IsSame<QModelIndex (FilterTree::*)(const QModelIndex &) const>(
+    &FilterTree::MapFromSourceIndex));
+static_assert(IsSame<void (FilterTree::*)(int, int)>(&FilterTree::SignalPageReset));
+static_assert(IsSame<void (FilterTree::*)(bool, bool)>(&FilterTree::SignalUpdateMaxMinPage));
+static_assert(IsSame<void (FilterTree::*)()>(&FilterTree::SignalSizeChanged));
+static_assert(IsSame<void (FilterTree::*)()>(&FilterTree::SignalDataSort));
+static_assert(
+    IsSame<void (FilterTree::*)(int, Qt::SortOrder)>(&FilterTree::OnSortIndicatorChanged));
 
 static_assert(IsSame<void (FilterBar::*)(const QString &)>(&FilterBar::SignalFilterWithKeyWord));
 static_assert(IsSame<void (FilterBar::*)()>(&FilterBar::SignalFilterWithKeyWords));

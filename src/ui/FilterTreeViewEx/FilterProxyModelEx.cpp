@@ -193,7 +193,8 @@ void CFilterProxyModelEx::FindPage()
 {
     constexpr int kBlock = 1024; // rows that are skipped at once
     const CFilterProxyModelExDataPtr *const below = d_ptr_->ptr_below_;
-    if (!below || !below->ptr_model_ || below->ptr_model_->IsTree())
+    if (!below || !below->ptr_model_ || below->ptr_model_->IsTree()
+        || below->ptr_model_->IsChangingRows())
         return;
     const int *const rows = d_ptr_->ptr_proxy_->SourceRows();
     const int *const pages = below->ptr_model_->Pages().data();
@@ -332,7 +333,8 @@ bool CFilterProxyModelEx::AcceptsPage(int row, const QModelIndex &parent) const
         const auto shown = static_cast<size_t>(row);
         const size_t at =
             below->vec_order_.empty() ? shown : static_cast<size_t>(below->vec_order_[shown]);
-        const int page = (*below->ptr_pages_)[at];
+        // While rows are on the move the proxy below may still know one that is gone.
+        const int page = at < below->ptr_pages_->size() ? (*below->ptr_pages_)[at] : 0;
         if (page >= 0)
             return page == 0 || page == d_ptr_->page_;
     }

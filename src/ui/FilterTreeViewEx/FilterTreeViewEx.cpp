@@ -130,6 +130,8 @@ void CFilterTreeViewEx::AddTopLevelItems(QList<Ravel::CTreeViewItem *> &items)
 
 void CFilterTreeViewEx::AddWaitingItems()
 {
+    if (!d_ptr_->ptr_model_)
+        d_ptr_->vec_waiting_.clear();
     QList<Ravel::CTreeViewItem *> items;
     for (auto &item : d_ptr_->vec_waiting_)
         items.append(item.release());
