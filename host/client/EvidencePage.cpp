@@ -317,7 +317,8 @@ void CEvidencePage::PrepareForPicture()
     // Its own program and libraries are files that every client has.
     const QDir here(QCoreApplication::applicationDirPath());
     QStringList paths;
-    for (const QFileInfo &file : here.entryInfoList(QDir::Files, QDir::Name).mid(0, 8))
+    const QFileInfoList files = here.entryInfoList(QDir::Files, QDir::Name).mid(0, 8);
+    for (const QFileInfo &file : files)
         paths.append(file.filePath());
     AddFiles(paths);
 }

@@ -270,7 +270,7 @@ bool CCopyFileThread::eventFilter(QObject *watched, QEvent *event)
     return QThread::eventFilter(watched, event);
 }
 
-void CCopyFileThread::OnStopCopyFileThread()
+void CCopyFileThread::OnStopCopyFileThread() // clazy:exclude=thread-with-slots
 {
     d_ptr_->b_stop_ = true;
 }

@@ -323,7 +323,7 @@ private Q_SLOTS:
 
     void progressEndsAtTheWhole()
     {
-        constexpr qint64 kLarge = 40 * 1024 * 1024 + 1;
+        constexpr qint64 kLarge = qint64{40} * 1024 * 1024 + 1;
         Write("small", "12345");
         QFile large(Path("large"));
         QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(kLarge));
@@ -343,7 +343,7 @@ private Q_SLOTS:
     // Cameras write on while an operator copies: what arrives is a beginning of the file.
     void aSourceThatChangesMeanwhileIsCopiedAsFarAsItGoes()
     {
-        constexpr qint64 kSize = 8 * 1024 * 1024;
+        constexpr int kSize = 8 * 1024 * 1024;
         Write("live", QByteArray(kSize, 'x'));
         std::atomic<bool> is_over{false};
         std::thread writer([this, &is_over] {

@@ -44,6 +44,8 @@ template <class Call> Call Next(Call, const char *name)
 
 } // namespace
 
+// The system's headers name the arguments in their own way.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 SEEN int open(const char *path, int flags, ...)
@@ -92,6 +94,7 @@ SEEN ssize_t write(int file, const void *bytes, size_t size)
     return file > STDERR_FILENO && IsBroken("write") ? -1 : next(file, bytes, size);
 }
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 using Faults = QHash<QByteArray, int>;
 Q_DECLARE_METATYPE(Faults)

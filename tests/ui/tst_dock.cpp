@@ -207,14 +207,14 @@ private Q_SLOTS:
         Click(window_.get());
         Finish();
 
+        const char *const geometries =
+            "]DockWidget:pt_base_frame_topleft(98,98),pt_base_frame_bottonright(1001,701),"
+            "pt_global_topleft(100,100),pt_global_bottonright(999,699)[";
         QStringList steps = guard_.LogLines();
         for (const char *const part :
-             {"[Vantor::CDockManager::SetDockWidget]d_ptr_->ptr_dock_widget_->SetContentType("
-              "Export);[DockManager.cpp(",
+             {"]d_ptr_->ptr_dock_widget_->SetContentType(Export);[DockManager.cpp(",
               "]d_ptr_->ptr_dock_widget_->SetDockWidget[width:300][",
-              "]DockWidget:parent widget size:(900,600)[",
-              "]DockWidget:pt_base_frame_topleft(98,98),pt_base_frame_bottonright(1001,701),"
-              "pt_global_topleft(100,100),pt_global_bottonright(999,699)[",
+              "]DockWidget:parent widget size:(900,600)[", geometries,
               "]DockWidget:d_ptr_->ptr_parent_widget_->parentWidget():,Pos(98,98)[",
               "]ShowInAnimation()[", "]CDockWidget::qApp->installEventFilter(this)[",
               "]pt_global_pos[x:103][y:103][", "]pt_global_pos[x:1][y:0][",

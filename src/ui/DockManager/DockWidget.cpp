@@ -202,7 +202,7 @@ void CDockWidget::Insert()
 
 QPointer<CAbstractDockFrame> CDockWidget::Release()
 {
-    const QPointer<CAbstractDockFrame> frame = d_ptr_->ptr_content_;
+    QPointer<CAbstractDockFrame> frame = d_ptr_->ptr_content_;
     d_ptr_->ptr_content_.clear();
     if (!frame)
         return frame;
