@@ -20,7 +20,7 @@ public:
     {
         BusinessCommon::CAdaptiveColumnWidthManager::SetHandler(
             [this](const BusinessCommon::AdaptiveLayout &layout, const Answer &answer) {
-                waiting_.push_back([this, layout, answer] { Serve(layout, answer); });
+                waiting_.emplace_back([this, layout, answer] { Serve(layout, answer); });
                 if (!is_holding_)
                     AnswerNext();
             });
