@@ -21,6 +21,7 @@
 #include <QtWidgets/QLabel>
 
 #include <chrono>
+#include <cmath>
 
 namespace Client {
 namespace {
@@ -35,6 +36,7 @@ constexpr int kSlideMs = 500;
 constexpr auto kDetailsDelay = 60ms;
 constexpr qint64 kSecondsOfDay = 86400;
 constexpr double kDaysOfOverview = 2.0;
+constexpr double kSeenPx = 0.5;
 constexpr double kRowPx = 30.0;                 // within the first row of bars
 constexpr int kAmounts[] = {0, 10000, 1000000}; // 0: day by day
 constexpr qint64 kSpacingOfMany = 60;
@@ -116,6 +118,9 @@ CTimeLinePage::CTimeLinePage(QWidget *parent)
 CTimeLinePage::~CTimeLinePage()
 {
     many_.waitForFinished();
+    // The parts are hidden when only the widget is left of this page, and end edits and slides.
+    for (QWidget *const part : std::initializer_list<QWidget *>{time_, zone_, line_, overview_})
+        part->disconnect(this);
 }
 
 QLayout *CTimeLinePage::BuildTools()
@@ -227,10 +232,13 @@ void CTimeLinePage::OnAmountChosen()
 
 void CTimeLinePage::OnManyMade()
 {
+    if (many_.isCanceled() || many_.future().resultCount() == 0)
+        return; // told of the empty future below
+    const auto bars = many_.result();
+    many_.setFuture({}); // it would keep a second set of them
     line_->TimeBarDelegate()->Clear();
-    line_->TimeBarDelegate()->AppendTimeBar(many_.result());
-    line_->TimeBarDelegate()->AppendSyncTimeBar(many_.result().mid(0, many_.result().size() / 2));
-    many_.setFuture({}); // the row has them now
+    line_->TimeBarDelegate()->AppendTimeBar(bars);
+    line_->TimeBarDelegate()->AppendSyncTimeBar(bars.mid(0, bars.size() / 2));
     amount_->setEnabled(true);
     CopyToOverview();
     Q_EMIT SignalMessage(
@@ -256,8 +264,12 @@ void CTimeLinePage::OnPositionChanged(qint64 position_ms)
     const QDate date = QDateTime::fromMSecsSinceEpoch(position_ms, Qt::UTC).date();
     if (IsDayShown() && day_.isValid() && date.isValid())
         ShowDay(date);
-    const QSignalBlocker blocker(overview_);
-    overview_->SetPosition(position_ms);
+    // A million bars are painted again only when they have moved.
+    const double moved_s = double(position_ms - overview_->Position()) / 1000.0;
+    if (std::abs(moved_s) * overview_->PixelsPerSecond() >= kSeenPx) {
+        const QSignalBlocker blocker(overview_);
+        overview_->SetPosition(position_ms);
+    }
     ShowTime();
 }
 
