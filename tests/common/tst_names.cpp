@@ -17,7 +17,9 @@
 #include <Ravel/WaitWatcher.h>
 #include <Vantor/CAdaptiveColumnWidthController>
 #include <Vantor/CAdaptiveColumnWidthWidget>
+#include <Vantor/CAnimationProgressBar>
 #include <Vantor/CBaseDockFrame>
+#include <Vantor/CBaseFileProgressBar>
 #include <Vantor/CCSVParser>
 #include <Vantor/CComboBoxEx>
 #include <Vantor/CComboBoxModel>
@@ -42,13 +44,16 @@
 #include <Vantor/CMutiPageWidgetEx>
 #include <Vantor/CScreenStateManager>
 #include <Vantor/CStyleManager>
+#include <Vantor/CTimeBarDelegate>
 #include <Vantor/CUSBJoystickControlManager>
 #include <Vantor/CUpdateEvent>
 #include <Vantor/CZellSerialKeyboardControlManager>
 #include <Vantor/CZellUSBKeyboardControlManager>
+#include <Vantor/TimeSliderFile>
 
 #include <QtTest/QTest>
 
+#include <functional>
 #include <type_traits>
 
 namespace {
@@ -489,6 +494,42 @@ static_assert(IsSame<QWidget *(BaseFrame::*)() const>(&BaseFrame::GetButtonWidge
 static_assert(IsSame<void (BaseFrame::*)()>(&BaseFrame::signalConfirm));
 static_assert(IsSame<void (BaseFrame::*)()>(&BaseFrame::signalCancel));
 static_assert(IsSame<void (BaseFrame::*)()>(&BaseFrame::signalReset));
+
+using Line = Vantor::CAnimationProgressBar;
+using FileLine = Vantor::CBaseFileProgressBar;
+using Bars = Vantor::CTimeBarDelegate;
+using Layer = Vantor::CAbstractDelegate;
+using RecordedFile = Vantor::TimeSliderFile;
+using FilePtr = std::shared_ptr<RecordedFile>;
+using BarList = QVector<Vantor::CTimeBarParam>;
+using Convert = std::function<qint64(qint64)>;
+static_assert(std::is_constructible<Bars, QObject *>::value);
+static_assert(IsSame<void (Bars::*)(const BarList &)>(&Bars::AppendTimeBar));
+static_assert(IsSame<void (Bars::*)(const BarList &)>(&Bars::AppendSyncTimeBar));
+static_assert(IsSame<const BarList &(Bars::*)() const>(&Bars::GetTimeBar));
+static_assert(IsSame<void (Bars::*)(const QList<int> &)>(&Bars::InitTypes));
+static_assert(IsSame<void (Bars::*)(int, bool)>(&Bars::SetTimeBarVisible));
+static_assert(IsSame<bool (Bars::*)(int) const>(&Bars::IsTimeBarVisible));
+static_assert(IsSame<void (Bars::*)(const QList<int> &)>(&Bars::SetUnvisibleTypes));
+static_assert(IsSame<void (Bars::*)(float)>(&Bars::SetOpacity));
+static_assert(IsSame<void (Bars::*)(bool)>(&Bars::SetSyncFlag));
+static_assert(IsSame<void (Bars::*)()>(&Bars::ClearSyncTimeBar));
+static_assert(IsSame<int (Layer::*)() const>(&Layer::GetDelegateType));
+static_assert(IsSame<Line *(Layer::*)() const>(&Layer::AnimationProgressBar));
+static_assert(IsSame<Bars *(FileLine::*)()>(&FileLine::TimeBarDelegate));
+static_assert(
+    IsSame<Vantor::CTimeBarParam (*)(FilePtr, const Convert &, bool)>(&FileLine::NewATimeBarParam));
+static_assert(IsSame<bool (Line::*)() const>(&Line::IsSimplifyMode));
+static_assert(IsSame<double (Line::*)() const>(&Line::UnitScaleLength));
+static_assert(IsSame<double (Line::*)() const>(&Line::UnitTimeLength));
+static_assert(IsSame<void (Line::*)(bool)>(&Line::SetPressed));
+static_assert(IsSame<void (Line::*)()>(&Line::StopMovingX));
+static_assert(std::is_constructible<RecordedFile, unsigned long long, Text, qint64, qint64,
+                                    Vantor::TimeSliderFileType, Text>::value);
+static_assert(IsSame<qint64 (RecordedFile::*)() const>(&RecordedFile::GetFileBegTime));
+static_assert(IsSame<void (RecordedFile::*)(qint64)>(&RecordedFile::SetFileBeginTime));
+static_assert(IsSame<Text (RecordedFile::*)() const>(&RecordedFile::GetSourceCameraId));
+static_assert(IsSame<int (RecordedFile::*)() const>(&RecordedFile::GetRecordFileType));
 
 // The three templates as hosts use them on classes of their own.
 class CHostObject : public QObject, public Ravel::CObjectSingleton<CHostObject>
