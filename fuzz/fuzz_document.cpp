@@ -24,7 +24,7 @@ void Require(bool holds, const char *what)
 std::string TakeLine(std::string &input)
 {
     const size_t end = input.find('\n');
-    const std::string line = input.substr(0, end);
+    std::string line = input.substr(0, end);
     input.erase(0, end == std::string::npos ? end : end + 1);
     return line;
 }

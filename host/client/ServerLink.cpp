@@ -39,7 +39,7 @@ QString StartOwnServer(std::shared_ptr<Server::CServer> &server)
     options.data_path = QDir(folder).filePath(QStringLiteral("server.sqlite"));
     options.seed_path = QStringLiteral(":/Client/Data/incidents.csv");
     server = std::make_shared<Server::CServer>(options);
-    const QString error = server->Start();
+    QString error = server->Start();
     if (error.isEmpty())
         CNetCommManager::SetServer("127.0.0.1", server->Port());
     return error;

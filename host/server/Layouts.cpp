@@ -28,7 +28,7 @@ Layout LayoutOf(const Request &request, bool has_text)
     constexpr int kNone = -1;
     const std::string missing(1, '\0');
     const std::string text = body.GetString("/AdaptiveLayoutRequest/LayoutData", missing);
-    const Layout layout{QString::fromStdString(body.GetString("/AdaptiveLayoutRequest/Key")),
+    Layout layout{QString::fromStdString(body.GetString("/AdaptiveLayoutRequest/Key")),
                         body.GetInt("/AdaptiveLayoutRequest/Type", kNone),
                         QString::fromStdString(text)};
     if (layout.key.isEmpty() || layout.key.size() > kMaximumKey || layout.type < 0

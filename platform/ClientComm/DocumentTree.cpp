@@ -6,6 +6,7 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
+#include <QtCore/QMap>
 #include <QtCore/QXmlStreamReader>
 #include <QtCore/QXmlStreamWriter>
 
@@ -15,50 +16,6 @@ namespace ClientComm {
 namespace {
 
 constexpr char kDeclaration[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-
-// An earlier element whose name the next child of `parent` probably has: the child before it, or
-// the one at its place in the element before `parent`. Lists repeat a few names a thousand times;
-// sharing them saves half of the memory and most of the time.
-const Node *LikelyNamesake(const std::vector<Node *> &open, const QStringRef &name)
-{
-    Node &parent = *open.back();
-    if (!parent.children.empty() && parent.children.back().name == name)
-        return &parent.children.back();
-    if (open.size() < 2 || open[open.size() - 2]->children.size() < 2)
-        return nullptr;
-    const auto &parents = open[open.size() - 2]->children;
-    const auto &cousins = parents[parents.size() - 2].children;
-    const size_t place = parent.children.size();
-    if (place == 0)
-        parent.children.reserve(cousins.size());
-    return place < cousins.size() && cousins[place].name == name ? &cousins[place] : nullptr;
-}
-
-bool OpenElement(const QXmlStreamReader &reader, std::vector<Node *> &open)
-{
-    if (open.size() > size_t(CRapidJsonProto::kMaximumDepth))
-        return false;
-    Node &parent = *open.back();
-    parent.kind = Node::Kind::Object;
-    parent.text.clear(); // what stood between the tags
-    const QStringRef name = reader.qualifiedName();
-    const Node *const namesake = LikelyNamesake(open, name);
-    QString shared = namesake ? namesake->name : name.toString(); // growing moves the namesake
-    parent.children.emplace_back();
-    parent.children.back().name = std::move(shared);
-    open.push_back(&parent.children.back());
-    return true;
-}
-
-void AddText(Node &node, const QXmlStreamReader &reader)
-{
-    if (node.kind != Node::Kind::Text)
-        return;
-    if (node.text.isEmpty())
-        node.text = reader.text().toString();
-    else
-        node.text += reader.text();
-}
 
 // Letters, digits, "-", "." and "_", no digit, "-" or "." in front: what servers use, and XML's
 // rule for ASCII.
@@ -97,23 +54,6 @@ void WriteText(QXmlStreamWriter &writer, const QString &text)
     }
 }
 
-bool WriteElement(QXmlStreamWriter &writer, const Node &node, const QString &name)
-{
-    if (node.kind == Node::Kind::Array) {
-        return std::all_of(node.children.begin(), node.children.end(),
-                           [&](const Node &item) { return WriteElement(writer, item, name); });
-    }
-    if (!IsElementName(name))
-        return false;
-    writer.writeStartElement(name);
-    WriteText(writer, XmlText(node.text));
-    const bool is_written =
-        std::all_of(node.children.begin(), node.children.end(),
-                    [&](const Node &child) { return WriteElement(writer, child, child.name); });
-    writer.writeEndElement();
-    return is_written;
-}
-
 QJsonValue LiteralOf(const QString &text)
 {
     const QJsonDocument parsed = QJsonDocument::fromJson('[' + text.toUtf8() + ']');
@@ -122,23 +62,141 @@ QJsonValue LiteralOf(const QString &text)
 
 } // namespace
 
-bool ReadXml(const QByteArray &text, Node &root)
+CDocumentTree::CDocumentTree() : nodes_(1) {}
+
+CDocumentTree::~CDocumentTree()
+{
+    Clear();
+}
+
+void CDocumentTree::Clear()
+{
+    nodes_.assign(1, {});
+    characters_.fill(QChar());
+    characters_.clear();
+}
+
+// Never leaves a copy of the characters behind: they may be secrets.
+void CDocumentTree::Reserve(int size)
+{
+    if (size <= characters_.capacity())
+        return;
+    QString larger;
+    larger.reserve(size);
+    larger.append(characters_);
+    characters_.fill(QChar());
+    characters_.swap(larger);
+}
+
+CDocumentTree::Piece CDocumentTree::Append(QStringView text)
+{
+    const Piece piece{characters_.size(), static_cast<int>(text.size())};
+    if (piece.at + piece.size > characters_.capacity())
+        Reserve(2 * (piece.at + piece.size));
+    characters_.append(text.data(), piece.size);
+    return piece;
+}
+
+int CDocumentTree::AddChild(int parent, QStringView name, Kind kind)
+{
+    const int child = static_cast<int>(nodes_.size());
+    Node node;
+    node.name = Append(name);
+    node.kind = kind;
+    nodes_.push_back(node);
+    Node &above = At(parent);
+    if (above.last_child == kNone)
+        above.first_child = child;
+    else
+        At(above.last_child).next = child;
+    above.last_child = child;
+    return child;
+}
+
+void CDocumentTree::SetText(int node, QStringView text, Kind kind)
+{
+    const Piece before = At(node).text;
+    std::fill_n(characters_.begin() + before.at, before.size, QChar());
+    At(node).text = Append(text);
+    At(node).kind = kind;
+}
+
+// Texts come in pieces, one behind the other.
+void CDocumentTree::AppendText(int node, QStringView text)
+{
+    const Piece added = Append(text);
+    Piece &whole = At(node).text;
+    if (whole.size == 0)
+        whole = added;
+    else if (whole.at + whole.size == added.at)
+        whole.size += added.size;
+    // Otherwise elements have come in between, and it is no text.
+}
+
+int CDocumentTree::FindNamed(int parent, QStringView name, int number) const
+{
+    for (int child = FirstChild(parent); child != kNone; child = NextSibling(child)) {
+        if (Name(child) == name && number-- == 0)
+            return child;
+    }
+    return kNone;
+}
+
+int CDocumentTree::CountNamed(int parent, QStringView name) const
+{
+    int count = 0;
+    for (int child = FirstChild(parent); child != kNone; child = NextSibling(child))
+        count += Name(child) == name ? 1 : 0;
+    return count;
+}
+
+int CDocumentTree::FindNumber(int parent, int number) const
+{
+    int child = FirstChild(parent);
+    while (child != kNone && number-- > 0)
+        child = NextSibling(child);
+    return child;
+}
+
+int CDocumentTree::CountChildren(int node) const
+{
+    int count = 0;
+    for (int child = FirstChild(node); child != kNone; child = NextSibling(child))
+        ++count;
+    return count;
+}
+
+bool CDocumentTree::ReadXml(const QByteArray &text)
+{
+    Clear();
+    Reserve(text.size());
+    if (ReadElements(text))
+        return true;
+    Clear();
+    return false;
+}
+
+bool CDocumentTree::ReadElements(const QByteArray &text)
 {
     QXmlStreamReader reader(text);
     reader.setNamespaceProcessing(false);
-    std::vector<Node *> open{&root};
-    int elements = 0;
+    std::vector<int> open{kRoot};
     while (!reader.atEnd()) {
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement:
-            if (++elements > CRapidJsonProto::kMaximumElements || !OpenElement(reader, open))
+            if (nodes_.size() > size_t(CRapidJsonProto::kMaximumElements)
+                || open.size() > size_t(CRapidJsonProto::kMaximumDepth))
                 return false;
+            At(open.back()).kind = Kind::Object;
+            At(open.back()).text = {}; // what stood between the tags
+            open.push_back(AddChild(open.back(), reader.qualifiedName(), Kind::Text));
             break;
         case QXmlStreamReader::EndElement:
             open.pop_back();
             break;
         case QXmlStreamReader::Characters:
-            AddText(*open.back(), reader);
+            if (KindOf(open.back()) == Kind::Text)
+                AppendText(open.back(), reader.text());
             break;
         case QXmlStreamReader::DTD:
         case QXmlStreamReader::EntityReference:
@@ -151,85 +209,100 @@ bool ReadXml(const QByteArray &text, Node &root)
     return !reader.hasError();
 }
 
-QByteArray WriteXml(const Node &root)
+QByteArray CDocumentTree::ToXml() const
 {
-    if (root.kind != Node::Kind::Object || root.children.size() != 1
-        || root.children.front().kind == Node::Kind::Array)
+    const int outermost = FirstChild(kRoot);
+    if (KindOf(kRoot) != Kind::Object || CountChildren(kRoot) != 1
+        || KindOf(outermost) == Kind::Array)
         return {};
     QByteArray text;
     QXmlStreamWriter writer(&text);
     writer.setCodec("UTF-8");
-    if (!WriteElement(writer, root.children.front(), root.children.front().name))
+    if (!WriteElement(writer, outermost, Name(outermost).toString()))
         return {};
     text = kDeclaration + text + '\n';
     // Which letters beyond ASCII a name may hold is for the reader to say.
-    Node copy;
-    copy.kind = Node::Kind::Object;
-    return ReadXml(text, copy) ? text : QByteArray();
+    CDocumentTree copy;
+    return copy.ReadXml(text) ? text : QByteArray();
 }
 
-Node NodeOf(const QString &name, const QJsonValue &value)
+bool CDocumentTree::WriteElement(QXmlStreamWriter &writer, int node, const QString &name) const
 {
-    Node node;
-    node.name = name;
+    const bool is_array = KindOf(node) == Kind::Array;
+    if (!is_array) {
+        if (!IsElementName(name))
+            return false;
+        writer.writeStartElement(name);
+        WriteText(writer, XmlText(Text(node).toString()));
+    }
+    for (int child = FirstChild(node); child != kNone; child = NextSibling(child)) {
+        if (!WriteElement(writer, child, is_array ? name : Name(child).toString()))
+            return false;
+    }
+    if (!is_array)
+        writer.writeEndElement();
+    return true;
+}
+
+void CDocumentTree::ReadJson(const QJsonValue &value)
+{
+    Clear();
+    if (value.isArray()) {
+        At(kRoot).kind = Kind::Array;
+        const QJsonArray array = value.toArray();
+        for (int i = 0; i < array.size(); ++i)
+            AddJson(kRoot, {}, array.at(i));
+        return;
+    }
+    const QJsonObject object = value.toObject();
+    for (auto member = object.begin(); member != object.end(); ++member)
+        AddJson(kRoot, member.key(), member.value());
+}
+
+void CDocumentTree::AddJson(int parent, QStringView name, const QJsonValue &value)
+{
     if (value.isObject()) {
-        node.kind = Node::Kind::Object;
+        const int node = AddChild(parent, name, Kind::Object);
         const QJsonObject object = value.toObject();
         for (auto member = object.begin(); member != object.end(); ++member)
-            node.children.push_back(NodeOf(member.key(), member.value()));
+            AddJson(node, member.key(), member.value());
     } else if (value.isArray()) {
-        node.kind = Node::Kind::Array;
+        const int node = AddChild(parent, name, Kind::Array);
         const QJsonArray array = value.toArray();
-        for (const QJsonValue item : array)
-            node.children.push_back(NodeOf({}, item));
+        for (int i = 0; i < array.size(); ++i)
+            AddJson(node, {}, array.at(i));
     } else if (value.isString()) {
-        node.text = value.toString();
+        SetText(AddChild(parent, name, Kind::Text), value.toString());
     } else {
-        node.kind = Node::Kind::Literal;
-        node.text = value.isNull() ? QStringLiteral("null") : value.toVariant().toString();
+        const QString text = value.isNull() ? QStringLiteral("null") : value.toVariant().toString();
+        SetText(AddChild(parent, name, Kind::Literal), text, Kind::Literal);
     }
-    return node;
 }
 
-QJsonValue JsonOf(const Node &node)
+QJsonValue CDocumentTree::ToJson(int node) const
 {
-    switch (node.kind) {
-    case Node::Kind::Text:
-        return node.text;
-    case Node::Kind::Literal:
-        return LiteralOf(node.text);
-    case Node::Kind::Array: {
+    switch (KindOf(node)) {
+    case Kind::Text:
+        return Text(node).toString();
+    case Kind::Literal:
+        return LiteralOf(Text(node).toString());
+    case Kind::Array: {
         QJsonArray array;
-        for (const Node &item : node.children)
-            array.append(JsonOf(item));
+        for (int item = FirstChild(node); item != kNone; item = NextSibling(item))
+            array.append(ToJson(item));
         return array;
     }
-    case Node::Kind::Object:
+    case Kind::Object:
         break;
     }
+    QMap<QString, QJsonArray> members; // more than one value: elements of one name
+    for (int child = FirstChild(node); child != kNone; child = NextSibling(child))
+        members[Name(child).toString()].append(ToJson(child));
     QJsonObject object;
-    for (const Node &child : node.children) {
-        // Elements of one name become an array.
-        const auto found = object.find(child.name);
-        if (found == object.end()) {
-            object.insert(child.name, JsonOf(child));
-            continue;
-        }
-        QJsonArray several = child.kind != Node::Kind::Array && found->isArray()
-                                 ? found->toArray()
-                                 : QJsonArray{*found};
-        several.append(JsonOf(child));
-        *found = several;
-    }
+    for (auto member = members.cbegin(); member != members.cend(); ++member)
+        object.insert(member.key(),
+                      member->size() == 1 ? member->at(0) : QJsonValue(member.value()));
     return object;
-}
-
-void Wipe(Node &node)
-{
-    if (node.text.isDetached())
-        node.text.fill(QChar());
-    for (Node &child : node.children)
-        Wipe(child);
 }
 
 } // namespace ClientComm

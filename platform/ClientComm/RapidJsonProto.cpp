@@ -14,6 +14,8 @@
 namespace ClientComm {
 namespace {
 
+using Kind = CDocumentTree::Kind;
+
 // The parts of a path; none at all for a malformed one, but for "/", which is the document.
 bool SplitPath(const std::string &path, std::vector<QString> &parts)
 {
@@ -39,36 +41,27 @@ bool ReadIndex(const QString &part, int &index)
 // Also where it stands, because elements of one name are counted.
 struct Place
 {
-    const Node *node = nullptr;
-    const Node *parent = nullptr;
+    int node = CDocumentTree::kNone;
+    int parent = CDocumentTree::kNone;
 };
 
-const Node *NamedChild(const Node &parent, const QString &name, int index = 0)
+Place FindNode(const CDocumentTree &tree, const std::vector<QString> &parts)
 {
-    for (const Node &child : parent.children) {
-        if (child.name == name && index-- == 0)
-            return &child;
-    }
-    return nullptr;
-}
-
-Place FindNode(const Node &root, const std::vector<QString> &parts)
-{
-    Place place{&root, nullptr};
+    constexpr int kNone = CDocumentTree::kNone;
+    Place place{CDocumentTree::kRoot, kNone};
     for (const QString &part : parts) {
-        const Node &node = *place.node;
+        const int node = place.node;
         int index = 0;
-        if (node.kind == Node::Kind::Array) {
-            const bool is_there = ReadIndex(part, index) && size_t(index) < node.children.size();
-            place = {is_there ? &node.children[size_t(index)] : nullptr, nullptr};
-        } else if (const Node *const child = NamedChild(node, part)) {
-            place = {child, &node};
-        } else if (place.parent && ReadIndex(part, index)) {
-            place = {NamedChild(*place.parent, node.name, index), nullptr};
+        if (tree.KindOf(node) == CDocumentTree::Kind::Array) {
+            place = {ReadIndex(part, index) ? tree.FindNumber(node, index) : kNone, kNone};
+        } else if (const int child = tree.FindNamed(node, part); child != kNone) {
+            place = {child, node};
+        } else if (place.parent != kNone && ReadIndex(part, index)) {
+            place = {tree.FindNamed(place.parent, tree.Name(node), index), kNone};
         } else {
             place = {};
         }
-        if (!place.node)
+        if (place.node == kNone)
             break;
     }
     return place;
@@ -108,35 +101,19 @@ int IntOf(const QString &text, int preset)
 struct CRapidJsonProtoDataPtr
 {
     QJsonValue json_;
-    bool b_json_ = false; // the document is json_, else root_
-    bool b_set_ = false;  // texts were set: they may be secrets
-    Node root_;
-
-    void Clear()
-    {
-        b_json_ = false;
-        json_ = {};
-        if (b_set_)
-            Wipe(root_);
-        b_set_ = false;
-        root_ = {};
-        root_.kind = Node::Kind::Object;
-    }
+    bool b_json_ = false; // the document is json_, else tree_
+    CDocumentTree tree_;
 };
 
-CRapidJsonProto::CRapidJsonProto() : d_ptr_(std::make_unique<CRapidJsonProtoDataPtr>())
-{
-    d_ptr_->root_.kind = Node::Kind::Object;
-}
+CRapidJsonProto::CRapidJsonProto() : d_ptr_(std::make_unique<CRapidJsonProtoDataPtr>()) {}
 
-CRapidJsonProto::~CRapidJsonProto()
-{
-    d_ptr_->Clear();
-}
+CRapidJsonProto::~CRapidJsonProto() = default;
 
 bool CRapidJsonProto::Load(const std::string &text)
 {
-    d_ptr_->Clear();
+    d_ptr_->tree_.Clear();
+    d_ptr_->json_ = {};
+    d_ptr_->b_json_ = false;
     if (text.size() > kMaximumBytes)
         return false;
     constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
@@ -146,14 +123,8 @@ bool CRapidJsonProto::Load(const std::string &text)
         return false;
     const auto bytes =
         QByteArray::fromRawData(text.data() + first, static_cast<int>(text.size() - first));
-    if (bytes.at(0) == '<') {
-        Node root;
-        root.kind = Node::Kind::Object;
-        if (!ReadXml(bytes, root))
-            return false;
-        d_ptr_->root_ = std::move(root);
-        return true;
-    }
+    if (bytes.at(0) == '<')
+        return d_ptr_->tree_.ReadXml(bytes);
     const QJsonDocument document = QJsonDocument::fromJson(bytes);
     if (document.isNull())
         return false;
@@ -168,37 +139,32 @@ bool CRapidJsonProto::SetString(const std::string &path, const std::string &text
     std::vector<QString> parts;
     if (!SplitPath(path, parts) || parts.empty() || parts.size() > size_t(kMaximumDepth))
         return false;
+    CDocumentTree &tree = d_ptr_->tree_;
     if (d_ptr_->b_json_) {
-        d_ptr_->root_ = NodeOf({}, d_ptr_->json_);
+        tree.ReadJson(d_ptr_->json_);
         d_ptr_->json_ = {};
         d_ptr_->b_json_ = false;
     }
-    Node *node = &d_ptr_->root_;
+    int node = CDocumentTree::kRoot;
     size_t known = 0; // nothing is made before it is clear that all can be
     for (; known < parts.size(); ++known) {
-        if (node->kind != Node::Kind::Object)
+        if (tree.KindOf(node) != Kind::Object)
             return false;
-        const Node *const child = NamedChild(*node, parts[known]);
-        if (!child)
+        const int child = tree.FindNamed(node, parts[known]);
+        if (child == CDocumentTree::kNone)
             break;
-        if (NamedChild(*node, parts[known], 1))
+        if (tree.FindNamed(node, parts[known], 1) != CDocumentTree::kNone)
             return false; // elements of one name are an array
-        node = const_cast<Node *>(child);
+        node = child;
     }
-    if (known == parts.size() && node->kind != Node::Kind::Text
-        && node->kind != Node::Kind::Literal)
+    const bool is_there = known == parts.size();
+    if (is_there && (tree.KindOf(node) == Kind::Object || tree.KindOf(node) == Kind::Array))
         return false;
-    for (; known < parts.size(); ++known) {
-        node->children.emplace_back();
-        node->children.back().name = parts[known];
-        node->children.back().kind =
-            known + 1 == parts.size() ? Node::Kind::Text : Node::Kind::Object;
-        node = &node->children.back();
-    }
-    Wipe(*node);
-    d_ptr_->b_set_ = true;
-    node->kind = Node::Kind::Text;
-    node->text = QString::fromStdString(text);
+    for (; known < parts.size(); ++known)
+        node = tree.AddChild(node, parts[known], Kind::Object);
+    QString value = QString::fromStdString(text);
+    tree.SetText(node, value);
+    value.fill(QChar());
     return true;
 }
 
@@ -211,8 +177,9 @@ int CRapidJsonProto::GetInt(const std::string &path, int preset) const
         const QJsonValue value = FindValue(d_ptr_->json_, parts);
         return value.isDouble() ? IntOf(value.toDouble(), preset) : IntOf(value.toString(), preset);
     }
-    const Node *const node = FindNode(d_ptr_->root_, parts).node;
-    return node ? IntOf(node->text, preset) : preset;
+    const int node = FindNode(d_ptr_->tree_, parts).node;
+    return node == CDocumentTree::kNone ? preset
+                                        : IntOf(d_ptr_->tree_.Text(node).toString(), preset);
 }
 
 std::string CRapidJsonProto::GetString(const std::string &path, const std::string &preset) const
@@ -227,12 +194,14 @@ std::string CRapidJsonProto::GetString(const std::string &path, const std::strin
         return value.isDouble() || value.isBool() ? value.toVariant().toString().toStdString()
                                                   : preset;
     }
-    const Node *const node = FindNode(d_ptr_->root_, parts).node;
-    const bool is_null =
-        node && node->kind == Node::Kind::Literal && node->text == QLatin1String("null");
-    if (!node || is_null || node->kind == Node::Kind::Object || node->kind == Node::Kind::Array)
+    const CDocumentTree &tree = d_ptr_->tree_;
+    const int node = FindNode(tree, parts).node;
+    if (node == CDocumentTree::kNone || tree.KindOf(node) == Kind::Object
+        || tree.KindOf(node) == Kind::Array)
         return preset;
-    return node->text.toStdString();
+    const QStringView text = tree.Text(node);
+    const bool is_null = tree.KindOf(node) == Kind::Literal && text == QLatin1String("null");
+    return is_null ? preset : text.toString().toStdString();
 }
 
 int CRapidJsonProto::GetCount(const std::string &path) const
@@ -244,24 +213,19 @@ int CRapidJsonProto::GetCount(const std::string &path) const
         const QJsonValue value = FindValue(d_ptr_->json_, parts);
         return value.isArray() ? value.toArray().size() : value.toObject().size();
     }
-    const Place place = FindNode(d_ptr_->root_, parts);
-    if (!place.node)
+    const CDocumentTree &tree = d_ptr_->tree_;
+    const Place place = FindNode(tree, parts);
+    if (place.node == CDocumentTree::kNone)
         return 0;
-    if (place.parent) {
-        const auto &siblings = place.parent->children;
-        const auto named =
-            std::count_if(siblings.begin(), siblings.end(), [&place](const Node &sibling) {
-                return sibling.name == place.node->name;
-            });
-        if (named > 1)
-            return static_cast<int>(named);
-    }
-    return static_cast<int>(place.node->children.size());
+    const int named = place.parent == CDocumentTree::kNone
+                          ? 0
+                          : tree.CountNamed(place.parent, tree.Name(place.node));
+    return named > 1 ? named : tree.CountChildren(place.node);
 }
 
 std::string CRapidJsonProto::ToJson() const
 {
-    const QJsonValue value = d_ptr_->b_json_ ? d_ptr_->json_ : JsonOf(d_ptr_->root_);
+    const QJsonValue value = d_ptr_->b_json_ ? d_ptr_->json_ : d_ptr_->tree_.ToJson();
     const QJsonDocument document =
         value.isArray() ? QJsonDocument(value.toArray()) : QJsonDocument(value.toObject());
     return document.toJson(QJsonDocument::Compact).toStdString();
@@ -269,7 +233,11 @@ std::string CRapidJsonProto::ToJson() const
 
 std::string CRapidJsonProto::ToXml() const
 {
-    return WriteXml(d_ptr_->b_json_ ? NodeOf({}, d_ptr_->json_) : d_ptr_->root_).toStdString();
+    if (!d_ptr_->b_json_)
+        return d_ptr_->tree_.ToXml().toStdString();
+    CDocumentTree tree;
+    tree.ReadJson(d_ptr_->json_);
+    return tree.ToXml().toStdString();
 }
 
 } // namespace ClientComm

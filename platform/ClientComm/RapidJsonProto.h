@@ -18,8 +18,7 @@ struct CRapidJsonProtoDataPtr;
 /// a number, counted from 0; without one the first such element is meant, but no item of an array.
 /// Attributes of elements are not read. One thread at a time.
 ///
-/// What SetString() has put in is overwritten when the document goes, as far as it holds the only
-/// copy.
+/// What SetString() has put in is overwritten when the document goes.
 class VANTOR_PLATFORM_EXPORT CRapidJsonProto
 {
 public:
