@@ -55,8 +55,8 @@ void PileUp(const QScreen *screen)
 
 } // namespace
 
-CInfoTip::CInfoTip(const CStruInfoTipsData &tip)
-    : QFrame(tip.parent, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus)
+CInfoTip::CInfoTip(const CStruInfoTipsData &tip, QWidget *parent)
+    : QFrame(parent, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus)
 {
     setObjectName(QStringLiteral("InfoTip"));
     setProperty("informationType", tip.information_type);

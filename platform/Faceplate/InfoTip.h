@@ -14,7 +14,7 @@ class CInfoTip : public QFrame
     Q_OBJECT
 
 public:
-    explicit CInfoTip(const CStruInfoTipsData &tip);
+    CInfoTip(const CStruInfoTipsData &tip, QWidget *parent);
     ~CInfoTip() override;
 
     /// \brief Show it above those that are there already.

@@ -12,7 +12,7 @@ using CPresenter = Nim::Base::CReplaceable<void(const CStruInfoTipsData &)>;
 void ShowTip(const CStruInfoTipsData &data)
 {
     if (!data.text.isEmpty())
-        (new CInfoTip(data))->Appear(); // deletes itself when it closes
+        (new CInfoTip(data, data.parent))->Appear(); // deletes itself when it closes
 }
 
 CPresenter &CurrentPresenter()
