@@ -17,6 +17,7 @@ namespace {
 using BusinessCommon::CNetCommManager;
 
 constexpr char kUrl[] = "/Quorra/Brisent/Platform/V0/Permission/CheckPassword";
+constexpr int kNoResult = -1; // of a reply without one
 
 Nim::Base::SecretText MakeBody(const CheckPwdRequestParam &request)
 {
@@ -41,16 +42,19 @@ void CheckOnServer(const std::string & /*plugin*/, const CCheckPwdRequestParam &
     Nim::Base::CSingleton<CNetCommManager>::Instance().ClientSynSend(recv, send, 0);
     ClientComm::CRapidJsonProto reply;
     const bool is_document = reply.Load(recv.Read().Receive_Data);
+    const int check_result = reply.GetInt("/ResponseStatus/Data/CheckResult", kNoResult);
+    constexpr Nim::Base::Error::ErrorCode kNoError;
     Nim::Base::Error::ErrorCode error = recv.Read().Error_code;
-    if (error == Nim::Base::Error::ErrorCode()) {
+    if (error == kNoError) {
         error = {reply.GetInt("/ResponseStatus/ErrorModule", 0),
                  reply.GetInt("/ResponseStatus/ErrorCode", 0), 0};
-        if (!is_document)
+        if (!is_document || (error == kNoError && check_result == kNoResult))
             error = {BusinessCommon::kModuleNetwork, BusinessCommon::kNetBadReply,
                      BusinessCommon::kNetSubSystem};
     }
     result.SetVal_error_code(error);
-    result.SetVal_check_result(reply.GetInt("/ResponseStatus/Data/CheckResult", 0));
+    // What comes with an error is no success, whatever else the reply says.
+    result.SetVal_check_result(error == kNoError && check_result != kNoResult ? check_result : 0);
     result.SetVal_remain_count(reply.GetInt("/ResponseStatus/Data/RemainCount", -1));
     result.SetVal_lock_remain_time(reply.GetInt("/ResponseStatus/Data/LockRemainTime", 0));
 }
