@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "common/EventTransMgr.h"
 
+#include "common/CustomEvent.h"
 #include "common/Guard.h"
 
 #include <QtCore/QCoreApplication>
@@ -34,6 +35,9 @@ bool CEventTransMgr::event(QEvent *event)
     // Numbers are passed on as they come; this one would end the singleton for all receivers.
     if (event->type() == QEvent::DeferredDelete)
         return true;
+    // By such a number Qt would take the event for one of its own classes.
+    if (event->type() < QEvent::User && dynamic_cast<const CCustomEvent *>(event))
+        return false;
     return QObject::event(event);
 }
 

@@ -25,7 +25,8 @@ namespace Vantor {
 /// in its eventFilter(); the filter installed last sees an event first, and one that returns true
 /// keeps it from the others.
 ///
-/// Types below 1000 belong to Qt, which acts on them; only a deferred deletion is ignored.
+/// Types below 1000 belong to Qt, which acts on them; only a deferred deletion, and what a
+/// CCustomEvent was given such a number for, is ignored once the filters have seen it.
 class VANTOR_EXPORT CEventTransMgr : public QObject, public Nim::Base::CSingleton<CEventTransMgr>
 {
     Q_OBJECT

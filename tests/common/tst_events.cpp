@@ -133,8 +133,11 @@ private Q_SLOTS:
         QVERIFY(!Manager().SendCustomEvent(nullptr));
     }
 
-    void managerOutlivesAnEventThatWouldDeleteIt()
+    void managerOutlivesEventsThatTakeNumbersOfQt()
     {
+        CCustomEvent call(QEvent::MetaCall); // a class of Qt's, by its number
+        QVERIFY(!Manager().SendCustomEvent(&call));
+
         const QPointer<QObject> manager(&Manager());
         CCustomEvent event(QEvent::DeferredDelete);
         QVERIFY(Manager().SendCustomEvent(&event));
