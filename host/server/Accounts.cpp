@@ -21,7 +21,7 @@ namespace {
 constexpr int kFailuresBeforeCode = 2;
 constexpr int kAddressFactor = 4; // an address may fail so many times as often as one user there
 constexpr qint64 kSecondsPerMinute = 60;
-constexpr qint64 kSessionLife_s = 12 * 60 * kSecondsPerMinute;
+constexpr qint64 kSessionLife_s = 720 * kSecondsPerMinute;
 constexpr size_t kSessionBytes = 32;
 constexpr size_t kMaximumName = 256;
 constexpr size_t kMaximumPassword = 1024;

@@ -250,8 +250,8 @@ void CDocumentTree::ReadJson(const QJsonValue &value)
     if (value.isArray()) {
         At(kRoot).kind = Kind::Array;
         const QJsonArray array = value.toArray();
-        for (int i = 0; i < array.size(); ++i)
-            AddJson(kRoot, {}, array.at(i));
+        for (const QJsonValue &item : array)
+            AddJson(kRoot, {}, item);
         return;
     }
     const QJsonObject object = value.toObject();
@@ -269,8 +269,8 @@ void CDocumentTree::AddJson(int parent, QStringView name, const QJsonValue &valu
     } else if (value.isArray()) {
         const int node = AddChild(parent, name, Kind::Array);
         const QJsonArray array = value.toArray();
-        for (int i = 0; i < array.size(); ++i)
-            AddJson(node, {}, array.at(i));
+        for (const QJsonValue &item : array)
+            AddJson(node, {}, item);
     } else if (value.isString()) {
         SetText(AddChild(parent, name, Kind::Text), value.toString());
     } else {

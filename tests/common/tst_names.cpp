@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Names are interface, misspelt or not: hosts compile against every one of them. Whatever is
 // renamed fails here.
+#include <BusinessCommon/AdaptiveColumnWidthManager.h>
+#include <BusinessCommon/NetCommManager.h>
+#include <ClientComm/RapidJsonProto.h>
 #include <ErrorText/ErrorText.h>
 #include <Faceplate/GUIFullScreenWidget.h>
 #include <Faceplate/GUIMessageTipManager.h>
@@ -370,6 +373,24 @@ static_assert(IsSame<QVariant (Ravel::CMultiPairData::*)(const QVariant &) const
 static_assert(IsSame<bool (*)(bool, Nim::Base::MonitorDriveUtil::DeviceChangeCallBack, void *)>(
     &Nim::Base::MonitorDriveUtil::SetDeviceChangeCallBack));
 static_assert(std::is_default_constructible<Nim::Base::MonitorDriveUtil::DeviceInfoStru>::value);
+
+using Comm = BusinessCommon::CNetCommManager;
+static_assert(IsSame<Comm &(*)()>(&Nim::Base::CSingleton<Comm>::Instance));
+static_assert(
+    IsSame<bool (Comm::*)(ClientComm::CClientRecvInfo &, const ClientComm::CClientSendInfo &, int)>(
+        &Comm::ClientSynSend));
+static_assert(IsSame<std::string (ClientComm::CClientSendInfo::*)() const>(
+    &ClientComm::CClientSendInfo::GetVal_Request_Data));
+static_assert(IsSame<void (ClientComm::CClientSendInfo::*)(const int &)>(
+    &ClientComm::CClientSendInfo::SetVal_Pattern));
+static_assert(IsSame<Nim::Base::Error::ErrorCode (ClientComm::CClientRecvInfo::*)() const>(
+    &ClientComm::CClientRecvInfo::GetVal_Error_code));
+static_assert(IsSame<std::string (ClientComm::CClientRecvInfo::*)() const>(
+    &ClientComm::CClientRecvInfo::GetVal_Receive_Data));
+using Layouts = BusinessCommon::CAdaptiveColumnWidthManager;
+static_assert(
+    IsSame<void (Layouts::*)(const std::shared_ptr<const BusinessCommon::AdaptiveLayout> &)>(
+        &Layouts::AsyRequestAdaptiveColumnWidth));
 
 static_assert(IsSame<bool (*)(const std::string &)>(&Nim::Base::FileSystem::MakeDir));
 static_assert(IsSame<int (*)(const char *)>(&Nim::Base::FileSystem::FileExists));

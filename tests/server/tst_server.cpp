@@ -24,6 +24,7 @@ using BusinessCommon::CNetCommManager;
 
 namespace {
 
+constexpr qint64 kDay_s = 86400;
 const auto &kOperator = Server::kSampleAccounts[0];
 const auto &kSupervisor = Server::kSampleAccounts[1];
 
@@ -100,7 +101,7 @@ private Q_SLOTS:
     void init()
     {
         guard_.Begin();
-        server_.now_s += 24 * 60 * 60; // what the test before did is forgotten, but for the layouts
+        server_.now_s += kDay_s; // what the test before did is forgotten, but for the layouts
         if (!server_.IsRunning())
             QCOMPARE(server_.Start(), QString());
         server_.Use();
@@ -295,7 +296,7 @@ private Q_SLOTS:
         QCOMPARE(Ask("GET", "/Permission/SecuritySetting").error.error_code, 401);
 
         QVERIFY(LogIn(kOperator.name, kOperator.password));
-        server_.now_s += 12 * 60 * 60;
+        server_.now_s += kDay_s / 2;
 
         QCOMPARE(Ask("GET", "/Permission/SecuritySetting").error.error_code, 401);
         QVERIFY(!LogIn("nobody", "x"));
@@ -434,13 +435,14 @@ private Q_SLOTS:
         QFETCH(int, code);
         server_.Stop();
         QProcess program;
-        program.start(SERVER_PROGRAM,
-                      {"--data", server_.DataPath(), "--address", "0.0.0.0", "--certificate",
-                       TLS_FOLDER "/certificate.pem", "--key", TLS_FOLDER "/key.pem"});
+        const QString certificate = TLS_FOLDER "/certificate.pem";
+        const QString key = TLS_FOLDER "/key.pem";
+        program.start(SERVER_PROGRAM, {"--data", server_.DataPath(), "--address", "0.0.0.0",
+                                       "--certificate", certificate, "--key", key});
         int port = 0;
         QVERIFY(TalkTo(program, &port));
         CNetCommManager::SetServer(host.toStdString(), port, true,
-                                   is_known ? TLS_FOLDER "/certificate.pem" : "");
+                                   is_known ? certificate.toStdString() : std::string());
         CNetCommManager::SetCertificateCheck(is_checked);
 
         const Answered answer = Ask("GET", "/AdaptiveLayout", LayoutBody("list", {}));
