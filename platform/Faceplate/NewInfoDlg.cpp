@@ -4,6 +4,8 @@
 #include "Faceplate/InfoTip.h"
 #include "Nim/Base/Replaceable.h"
 
+#include <QtWidgets/QApplication>
+
 namespace Faceplate {
 namespace {
 
@@ -11,7 +13,8 @@ using CPresenter = Nim::Base::CReplaceable<void(const CStruInfoTipsData &)>;
 
 void ShowTip(const CStruInfoTipsData &data)
 {
-    if (!data.text.isEmpty())
+    // A client without windows may have devices too.
+    if (!data.text.isEmpty() && qobject_cast<QApplication *>(QCoreApplication::instance()))
         (new CInfoTip(data, data.parent))->Appear(); // deletes itself when it closes
 }
 

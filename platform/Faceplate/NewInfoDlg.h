@@ -19,7 +19,8 @@ public:
     ///
     /// The default is a small frameless window ("InfoTip", docs/styling.md) that never takes the
     /// focus and never runs an event loop; several stand one above the other. It goes by itself, by
-    /// a click and with its parent. An empty text shows nothing.
+    /// a click and with its parent. An empty text shows nothing, nor
+    /// does anything without a QApplication.
     static void ShowInformationAtScreenRightBottom_V3(const CStruInfoTipsData &data);
 
     /// \brief Let the client show pop-ups its own way; an empty function restores the default.
