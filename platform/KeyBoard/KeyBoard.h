@@ -6,7 +6,8 @@
 #include <QtCore/QStringList>
 #include <QtCore/QtGlobal>
 
-/// What a device told: called on the library's own thread, one call at a time.
+/// What a device told: called on the library's own thread, and on others where a client's driver
+/// does so; it has to be safe for that.
 ///
 /// \param message_type 1000 serial keyboard, 1002 USB joystick, 1003 USB keyboard.
 /// \param first_param  the code; this and the two that follow are described in docs/devices.md.
@@ -68,7 +69,6 @@ VANTOR_PLATFORM_EXPORT void KeyBoard_SetDriver(KeyBoardDriver *driver);
 [[nodiscard]] VANTOR_PLATFORM_EXPORT KeyBoardDriver &KeyBoard_DefaultDriver();
 
 /// \brief The ports, up to four, that the default driver knows as COM1 to COM4: system paths such
-/// as
-/// "/dev/ttyUSB0". An empty list restores the default, the machine's first four serial ports in the
-/// order of their names. Takes effect with the next port opened. Any thread.
+/// as "/dev/ttyUSB0". An empty list restores the default, the machine's first four serial ports in
+/// the order of their names. Takes effect with the next port opened. Any thread.
 VANTOR_PLATFORM_EXPORT void KeyBoard_SetSerialPorts(const QStringList &paths);

@@ -37,7 +37,6 @@ constexpr struct
 };
 constexpr quint16 kTiltBits = 0x0018;
 constexpr quint16 kPanBits = 0x0006;
-constexpr quint32 kStopCode = 3030;
 
 // Extended commands whose data 2 becomes the value.
 constexpr struct
@@ -79,7 +78,7 @@ DeviceCode TranslatePelco(const PelcoFrame &frame)
         return TranslateExtended(frame);
     auto bits = quint16(frame.command1 << 8 | frame.command2);
     if (!bits)
-        return {kStopCode, 0};
+        return {kSerialStopCode, 0};
     if ((bits & kTiltBits) && (bits & kPanBits))
         bits = quint16(bits & ~(frame.data1 >= frame.data2 ? kTiltBits : kPanBits));
     for (const auto &row : kBits) {

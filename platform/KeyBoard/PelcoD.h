@@ -25,6 +25,15 @@ struct PelcoFrame
     quint8 data2;
 };
 
+inline constexpr quint32 kSerialStopCode = 3030;
+
+/// \brief Whether \a frame, which has a code, begins something that goes on until a stop.
+[[nodiscard]] inline bool IsPelcoMotion(const PelcoFrame &frame)
+{
+    const bool is_extended = frame.command2 & 0x01;
+    return !is_extended && (frame.command1 || frame.command2);
+}
+
 /// \brief The code of \a frame by the table in docs/devices.md; code 0 for a frame that has none.
 [[nodiscard]] DeviceCode TranslatePelco(const PelcoFrame &frame);
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace KeyBoard {
 namespace {
@@ -63,6 +64,7 @@ bool CSerialKeyboard::Close()
     retry_.stop();
     reader_.Reset();
     port_.close();
+    StopMotion();
     return true;
 }
 
@@ -70,8 +72,11 @@ void CSerialKeyboard::OnReadyRead()
 {
     reader_.Read(port_.readAll(), [this](const PelcoFrame &frame) {
         const DeviceCode code = TranslatePelco(frame);
-        if (code.code)
-            take_(code);
+        if (!code.code)
+            return;
+        if (code.code == kSerialStopCode || IsPelcoMotion(frame))
+            is_moving_ = code.code != kSerialStopCode;
+        take_(code);
     });
 }
 
@@ -84,7 +89,15 @@ void CSerialKeyboard::OnError(QSerialPort::SerialPortError error)
     LogPort("Lost", port_);
     reader_.Reset();
     port_.close();
+    StopMotion();
     retry_.start();
+}
+
+// A camera must not go on moving because nobody hears the keyboard any more.
+void CSerialKeyboard::StopMotion()
+{
+    if (std::exchange(is_moving_, false))
+        take_({kSerialStopCode, 0});
 }
 
 QString SerialPath(const QByteArray &port_name, const QStringList &paths)

@@ -30,12 +30,14 @@ public:
 private:
     void OnReadyRead();
     void OnError(QSerialPort::SerialPortError error);
+    void StopMotion();
 
     const Take take_;
     QSerialPort port_;
     QTimer retry_;
     CPelcoReader reader_;
     bool is_wanted_ = false;
+    bool is_moving_ = false; // told of a motion and of no stop since
 };
 
 /// \brief The system's path of "COM1" to "COM4": of \a paths, or else of the machine's ports in the

@@ -241,10 +241,12 @@ void tst_keyboard::portThatDisappearsIsFoundAgain()
     KeyBoard_SetSerialPorts({link});
     QVERIFY(KeyBoard_Init(&CInbox::Take, &inbox_));
     QVERIFY(KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort));
-    terminal->Write(Frame(0, 0x08, 0, 9).left(4));
+    terminal->Write(Frame(0, 0x04, 7, 0) + Frame(0, 0x07, 0, 2) + Frame(0, 0x08, 0, 9).left(4));
+    QTRY_COMPARE(inbox_.Lines(), QStringList({"1000 3023 7", "1000 3050 2"}));
 
     terminal.reset();
     QTRY_VERIFY(guard_.LogLines().join('\n').contains("Lost"));
+    QTRY_COMPARE(inbox_.Lines().constLast(), QString("1000 3030 0")); // the move ends with the port
     CPseudoTerminal next;
     QVERIFY(QFile::remove(link) && QFile::link(next.Path(), link));
     const auto is_heard = [&] {
