@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "support/PseudoTerminal.h"
 #include "support/TestGuard.h"
 
 #include <Faceplate/NewInfoDlg.h>
@@ -9,6 +10,8 @@
 #include <Vantor/CUpdateEvent>
 #include <Vantor/CZellSerialKeyboardControlManager>
 #include <Vantor/CZellUSBKeyboardControlManager>
+
+#include <SDL.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtTest/QSignalSpy>
@@ -175,6 +178,7 @@ private Q_SLOTS:
     void keyboardsAreIgnoredUntilTheLibraryRuns();
     void otherEventsOfTheSameTypeAreLeftAlone();
     void deletingWhileTheDeviceFiresIsClean();
+    void realDevicesReachTheSignals();
 
 private:
     bool Start(Com com = Com(1))
@@ -566,6 +570,51 @@ void tst_devices::deletingWhileTheDeviceFiresIsClean()
         CJoystickKeyboardControlManager::DeleteInstance();
         CJoystickKeyboardControlManager::CreateInstance();
     }
+}
+
+// SDL's virtual joystick and a pseudo-terminal, through the default driver.
+void tst_devices::realDevicesReachTheSignals()
+{
+    KeyBoard_SetDriver(nullptr);
+    CPseudoTerminal terminal;
+    KeyBoard_SetSerialPorts({terminal.Path()});
+    auto *const joystick = CUSBJoystickControlManager::Instance();
+    QStringList lines;
+    connect(Coordinator(), &CJoystickKeyboardControlManager::SignalJoystickKeyboardControl, this,
+            [&lines](Operation operation, bool is_stop, int speed, int index) {
+                lines << QString("%1 %2 %3 %4").arg(operation).arg(is_stop).arg(speed).arg(index);
+            });
+    QVERIFY(Start());
+    const int device = SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_GAMECONTROLLER, 3, 4, 0);
+    QVERIFY2(device >= 0, SDL_GetError());
+    QTRY_COMPARE(joystick->ConnetZellUSBJoystickType(), KeyboradData::kUsbJoystick);
+    SDL_Joystick *const stick = SDL_JoystickOpen(device);
+    QVERIFY(stick);
+
+    // A sweep to and fro that comes to rest: whatever was skipped, its last state arrives.
+    SDL_JoystickSetVirtualButton(stick, 2, SDL_PRESSED);
+    QTRY_COMPARE(lines, QStringList{"509 0 0 -1"});
+    SDL_JoystickSetVirtualButton(stick, 2, SDL_RELEASED);
+    QTRY_COMPARE(lines.constLast(), QString("509 1 0 -1"));
+    for (int angle = 0; angle <= 1000; ++angle) {
+        SDL_JoystickSetVirtualAxis(stick, 0, Sint16(angle * 32));
+        SDL_JoystickSetVirtualAxis(stick, 1, Sint16(-angle % 100));
+    }
+    QTRY_COMPARE(lines.constLast().left(5), QString("103 0"));
+    SDL_JoystickSetVirtualAxis(stick, 0, 0);
+    QTRY_COMPARE(lines.constLast(), QString("103 1 0 -1"));
+    SDL_JoystickSetVirtualAxis(stick, 1, 32767);
+    QTRY_COMPARE(lines.constLast(), QString("101 0 63 -1"));
+
+    SDL_JoystickClose(stick);
+    QCOMPARE(SDL_JoystickDetachVirtual(device), 0);
+    QTRY_COMPARE(joystick->ConnetZellUSBJoystickType(), KeyboradData::kDisconnected);
+    QCOMPARE(lines.constLast(), QString("101 1 0 -1"));
+
+    terminal.Write(QByteArray::fromHex("ff010008000912ff010000000001"));
+    QTRY_COMPARE(lines.constLast(), QString("100 1 0 0"));
+    QVERIFY(Coordinator()->ClosePCSerial()); // before the terminal goes
+    KeyBoard_SetSerialPorts({});
 }
 
 QTEST_GUILESS_MAIN(tst_devices)

@@ -31,6 +31,7 @@ constexpr quint32 kButtonReleased = 1303;
 constexpr quint32 kButtonPressed = 1304;
 constexpr quint32 kFirstButton = 7; // as the host's function knows it
 constexpr int kNoIndex = -1;
+constexpr ControlRepeat kNothingSent{kNone, 0, kNone}; // speed 0, unlike after a stop
 
 constexpr ControlCode kCodes[] = {
     {kButtonReleased, Source::kKeyPlusSecond, kNone, kFirstButton, Second::kUnused, Stop::kAlways},
@@ -70,7 +71,7 @@ CUSBJoystickControlManager::~CUSBJoystickControlManager() = default;
 bool CUSBJoystickControlManager::InitUSBJoystick()
 {
     d_ptr_->b_enabled_ = true;
-    d_ptr_->repeat_ = {};
+    d_ptr_->repeat_ = kNothingSent;
     d_ptr_->b_wnd_ctrl_ = true;
     return true;
 }
@@ -78,7 +79,7 @@ bool CUSBJoystickControlManager::InitUSBJoystick()
 bool CUSBJoystickControlManager::UnInitUSBJoystick()
 {
     d_ptr_->b_enabled_ = false;
-    d_ptr_->repeat_ = {};
+    d_ptr_->repeat_ = kNothingSent;
     d_ptr_->b_wnd_ctrl_ = true;
     return true;
 }
