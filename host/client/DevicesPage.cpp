@@ -104,6 +104,9 @@ void CDevicesPage::StartDevices()
     connect(Vantor::CUSBJoystickControlManager::Instance(),
             &Vantor::CUSBJoystickControlManager::SignalSwitchToUsbJostickMode, this,
             &CDevicesPage::UpdateStatus, Qt::QueuedConnection); // the state follows the signal
+    connect(Vantor::CZellUSBKeyboardControlManager::Instance(),
+            &Vantor::CZellUSBKeyboardControlManager::SignalSwitchToUsbKeyboardMode, this,
+            &CDevicesPage::UpdateStatus, Qt::QueuedConnection);
     connect(port_, qOverload<int>(&QComboBox::activated), this, &CDevicesPage::OnPortChosen);
     // No port is chosen yet: false then only says so.
     devices->InitKeyBoard(ResourceManager::SystemConfig::kNoPort, &KeyFunction, &ButtonFunction,
@@ -182,14 +185,19 @@ void CDevicesPage::ShowDisplays(const Displays &displays)
 void CDevicesPage::UpdateStatus()
 {
     const auto *const joystick = Vantor::CUSBJoystickControlManager::Instance();
+    const auto *const keyboard = Vantor::CZellUSBKeyboardControlManager::Instance();
     const bool has_joystick =
         joystick && joystick->ConnetZellUSBJoystickType() == KeyboradData::kUsbJoystick;
-    status_->setText(
-        (has_joystick ? tr("A joystick is connected.")
-                      : tr("No joystick is connected; the keys below stand for a "
-                           "control keyboard."))
-        + QLatin1Char(' ')
-        + (is_window_control_ ? tr("Window control is on.") : tr("Camera control is on.")));
+    QStringList news{has_joystick ? tr("A joystick is connected.")
+                                  : tr("No joystick is connected; the keys below stand for a "
+                                       "control keyboard.")};
+    if (keyboard && keyboard->ConnetZellUSBJoystickType() != KeyboradData::kDisconnected)
+        news << tr("A USB keyboard is connected.");
+    // Each device has a mode of its own, which only its commands tell.
+    if (commands_->count() > 0)
+        news << (is_window_control_ ? tr("The last command was for the windows.")
+                                    : tr("The last command was for the camera."));
+    status_->setText(news.join(QLatin1Char(' ')));
 }
 
 void CDevicesPage::PrepareForPicture()

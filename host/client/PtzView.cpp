@@ -134,7 +134,10 @@ CPtzView::CPtzView(QWidget *parent) : QWidget(parent), timer_(this)
 
 void CPtzView::Control(int operation, bool is_stop, int speed)
 {
+    const auto moves = [operation](const auto &move) { return move.operation == operation; };
     if (!is_stop) {
+        if (std::none_of(std::begin(kMoves), std::end(kMoves), moves))
+            return; // a selection, say, does not end the move that runs
         operation_ = operation;
         speed_ = speed;
         since_tick_.start();

@@ -32,7 +32,7 @@ class CPtzView : public QWidget
 public:
     explicit CPtzView(QWidget *parent = nullptr);
 
-    /// \brief Begin \a operation at \a speed, or end it.
+    /// \brief Begin \a operation at \a speed, or end it. What moves nothing is left out.
     void Control(int operation, bool is_stop, int speed);
     [[nodiscard]] CameraAim Aim() const { return aim_; }
 

@@ -703,12 +703,16 @@
         <translation>لا توجد عصا تحكم متصلة؛ المفاتيح أدناه تقوم مقام لوحة تحكم.</translation>
     </message>
     <message>
-        <source>Window control is on.</source>
-        <translation>التحكم في النوافذ مفعّل.</translation>
+        <source>A USB keyboard is connected.</source>
+        <translation>لوحة مفاتيح USB متصلة.</translation>
     </message>
     <message>
-        <source>Camera control is on.</source>
-        <translation>التحكم في الكاميرا مفعّل.</translation>
+        <source>The last command was for the windows.</source>
+        <translation>كان الأمر الأخير للنوافذ.</translation>
+    </message>
+    <message>
+        <source>The last command was for the camera.</source>
+        <translation>كان الأمر الأخير للكاميرا.</translation>
     </message>
     <message>
         <source>&amp;Serial keyboard</source>

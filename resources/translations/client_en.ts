@@ -691,12 +691,16 @@
         <translation>No joystick is connected; the keys below stand for a control keyboard.</translation>
     </message>
     <message>
-        <source>Window control is on.</source>
-        <translation>Window control is on.</translation>
+        <source>A USB keyboard is connected.</source>
+        <translation>A USB keyboard is connected.</translation>
     </message>
     <message>
-        <source>Camera control is on.</source>
-        <translation>Camera control is on.</translation>
+        <source>The last command was for the windows.</source>
+        <translation>The last command was for the windows.</translation>
+    </message>
+    <message>
+        <source>The last command was for the camera.</source>
+        <translation>The last command was for the camera.</translation>
     </message>
     <message>
         <source>&amp;Serial keyboard</source>

@@ -62,11 +62,16 @@ private Q_SLOTS:
         QTest::mouseRelease(right, Qt::LeftButton);
         QTRY_COMPARE(commands->count(), 2);
         const CameraAim stopped = view->Aim();
+        view->Control(103, false, 63);
+        view->Control(124, false, 0); // a selection on the way
+        QTRY_VERIFY(view->Aim().pan > stopped.pan + 0.1);
+        view->Control(103, true, 0);
+        const CameraAim selected = view->Aim();
         QTest::mouseClick(page.findChild<QPushButton *>("ScreenKey5102"), Qt::LeftButton);
         QTest::mouseClick(page.findChild<QPushButton *>("ScreenKey5210"), Qt::LeftButton);
         QTRY_COMPARE(commands->count(), 4);
 
-        QCOMPARE(view->Aim().pan, stopped.pan);
+        QCOMPARE(view->Aim().pan, selected.pan);
         QCOMPARE(commands->item(3)->text(), QString("103 at speed 24 – windows"));
         QCOMPARE(commands->item(2)->text(), QString("stop of 103 – windows"));
         QCOMPARE(commands->item(1)->text(), QString("104 at speed 0 – camera"));
