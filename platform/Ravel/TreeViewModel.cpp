@@ -8,7 +8,6 @@
 #include "Ravel/TreeViewItem_p.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace Ravel {
 namespace {
@@ -144,12 +143,15 @@ bool CTreeViewModel::InsertTopLevelItems(int row, const QList<CTreeViewItem *> &
 
     d_ptr_->b_changing_rows_ = true;
     beginInsertRows({}, row, row + items.size() - 1);
-    std::vector<std::unique_ptr<CTreeViewItem>> owned(items.cbegin(), items.cend());
     auto &rows = d_ptr_->Rows();
-    rows.insert(rows.begin() + row, std::make_move_iterator(owned.begin()),
-                std::make_move_iterator(owned.end()));
+    const auto place = rows.size();
+    if (rows.empty())
+        rows.reserve(static_cast<size_t>(items.size()));
+    for (CTreeViewItem *item : items)
+        rows.emplace_back(item);
+    std::rotate(rows.begin() + row, rows.begin() + static_cast<std::ptrdiff_t>(place), rows.end());
     auto &pages = d_ptr_->vec_pages_;
-    pages.insert(pages.begin() + row, owned.size(), kNoPage);
+    pages.insert(pages.begin() + row, static_cast<size_t>(items.size()), kNoPage);
     for (int i = row; rows_per_page > 0 && i < row + items.size(); ++i)
         pages[static_cast<size_t>(i)] = i / rows_per_page + 1;
     d_ptr_->Renumber(d_ptr_->root_, row + items.size());

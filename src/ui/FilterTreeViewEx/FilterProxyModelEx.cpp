@@ -35,7 +35,8 @@ struct CFilterProxyModelExDataPtr
     bool b_order_read_ = false;
     std::vector<int> vec_order_; // the source's rows as shown here; empty when they are the same
     const std::vector<int> *ptr_pages_ = nullptr; // the model's
-    std::vector<bool> vec_accepted_;              // by the filter, while it is being applied
+    size_t order_pages_ = 0;         // how many there were: what has others now is on the move
+    std::vector<bool> vec_accepted_; // by the filter, while it is being applied
     const int *ptr_ranks_ = nullptr; // of the model's rows, while they are being sorted
     // The rows of the page, while a flip asks for a million of them: from the beginning of
     // SetPageFilter() to the first signal, so nothing can change them.
@@ -87,6 +88,7 @@ void CFilterProxyModelEx::setSourceModel(QAbstractItemModel *source)
     if (sourceModel())
         disconnect(sourceModel(), nullptr, this, nullptr);
     OnSourceRowsChange();
+    d_ptr_->ptr_pages_ = nullptr;
     d_ptr_->ptr_model_ = qobject_cast<Ravel::CTreeViewModel *>(source);
     d_ptr_->ptr_proxy_ = qobject_cast<CFilterProxyModelEx *>(source);
     d_ptr_->ptr_below_ = d_ptr_->ptr_proxy_ ? d_ptr_->ptr_proxy_->d_ptr_.get() : nullptr;
@@ -144,6 +146,7 @@ void CFilterProxyModelEx::OnSourceDataChanged(const QModelIndex &top_left,
 // Qt lets go of a model that is deleted without telling whoever shows its rows.
 void CFilterProxyModelEx::OnSourceDestroyed()
 {
+    d_ptr_->ptr_pages_ = nullptr;
     beginResetModel();
     d_ptr_->ptr_model_ = nullptr;
     d_ptr_->ptr_proxy_ = nullptr;
@@ -328,12 +331,11 @@ bool CFilterProxyModelEx::AcceptsPage(int row, const QModelIndex &parent) const
 {
     const CFilterProxyModelExDataPtr *const below = d_ptr_->ptr_below_;
     if (below && below->ptr_model_ && !parent.isValid()) {
-        if (!below->b_order_read_)
-            d_ptr_->ptr_proxy_->ReadOrder();
+        (void)d_ptr_->ptr_proxy_->SourceRows();
         const auto shown = static_cast<size_t>(row);
         const size_t at =
             below->vec_order_.empty() ? shown : static_cast<size_t>(below->vec_order_[shown]);
-        // While rows are on the move the proxy below may still know one that is gone.
+        // Rows on the move: the proxy below may still know one that is gone.
         const int page = at < below->ptr_pages_->size() ? (*below->ptr_pages_)[at] : 0;
         if (page >= 0)
             return page == 0 || page == d_ptr_->page_;
@@ -382,7 +384,10 @@ bool CFilterProxyModelEx::AcceptsTag(int row, const QModelIndex &parent) const
 
 const int *CFilterProxyModelEx::SourceRows() const
 {
-    if (!d_ptr_->b_order_read_)
+    const bool is_good =
+        d_ptr_->b_order_read_
+        && (!d_ptr_->ptr_pages_ || d_ptr_->ptr_pages_->size() == d_ptr_->order_pages_);
+    if (!is_good)
         ReadOrder();
     return d_ptr_->vec_order_.empty() ? nullptr : d_ptr_->vec_order_.data();
 }
@@ -398,8 +403,8 @@ void CFilterProxyModelEx::ReadOrder() const
             d_ptr_->vec_order_[static_cast<size_t>(row)] = mapToSource(index(row, 0)).row();
     }
     d_ptr_->ptr_pages_ = d_ptr_->ptr_model_ ? &d_ptr_->ptr_model_->Pages() : nullptr;
-    // While rows are on the move the next one to ask reads again.
-    d_ptr_->b_order_read_ = !d_ptr_->ptr_model_ || !d_ptr_->ptr_model_->IsChangingRows();
+    d_ptr_->order_pages_ = d_ptr_->ptr_pages_ ? d_ptr_->ptr_pages_->size() : 0;
+    d_ptr_->b_order_read_ = true;
 }
 
 } // namespace Vantor
