@@ -29,6 +29,7 @@ constexpr int kCommandsKept = 200;
 constexpr int kKeyboardHeightPx = 180;
 constexpr int kDisplaysHeightPx = 84;
 constexpr int kPorts = 4;
+constexpr int kStatusLines = 3;
 constexpr int kModeKey = 10; // as a USB keyboard numbers it; the joystick's first button is 7
 constexpr int kModeButton = 7;
 
@@ -125,6 +126,9 @@ QWidget *CDevicesPage::BuildSide()
     }
     port_title_->setBuddy(port_);
     status_->setWordWrap(true);
+    // The keys below must not move away under a finger.
+    status_->setMinimumHeight(kStatusLines * status_->fontMetrics().lineSpacing());
+    status_->setAlignment(Qt::AlignTop | Qt::AlignLeading);
     keyboard_->setFixedHeight(kKeyboardHeightPx);
     for (QListWidget *const list : {commands_, displays_}) {
         list->setUniformItemSizes(true);
