@@ -4,6 +4,7 @@
 #include "ColoursPage.h"
 #include "DevicesPage.h"
 #include "EvidencePage.h"
+#include "LoginPage.h"
 #include "Page.h"
 #include "ServerListPage.h"
 #include "Theme.h"
@@ -47,6 +48,7 @@ constexpr PageEntry kPages[] = {
     {"server", QT_TRANSLATE_NOOP("Pages", "Server list"), "server", &New<CServerListPage>},
     {"evidence", QT_TRANSLATE_NOOP("Pages", "Evidence"), "evidence", &New<CEvidencePage>},
     {"colours", QT_TRANSLATE_NOOP("Pages", "Colours"), "colours", &New<CColoursPage>},
+    {"login", QT_TRANSLATE_NOOP("Pages", "Login"), "login", &New<CLoginPage>},
 };
 
 constexpr int kPageCount = int(std::size(kPages));

@@ -45,7 +45,7 @@ QString StartOwnServer(std::shared_ptr<Server::CServer> &server)
     return error;
 }
 
-std::string PasswordOf(const QString &user)
+Nim::Base::SecretText PasswordOf(const QString &user)
 {
     for (const Server::SampleAccount &account : Server::kSampleAccounts) {
         if (user == QLatin1String(account.name))
@@ -55,11 +55,11 @@ std::string PasswordOf(const QString &user)
 }
 
 // The session; empty when the server is not there or refuses.
-std::string LogIn(const QString &user)
+std::string NewSession(const QString &user, const Nim::Base::SecretText &password)
 {
     ClientComm::CRapidJsonProto body;
     body.SetString("/LoginRequest/UserName", user.toStdString());
-    body.SetString("/LoginRequest/PassWord", PasswordOf(user));
+    body.SetString("/LoginRequest/PassWord", password);
     ClientComm::CClientSendInfo send;
     send.SetVal_URL("/Quorra/Brisent/Platform/V0/Session");
     send.SetVal_Method("POST");
@@ -123,21 +123,27 @@ void CServerLink::Start(const QString &server, const QString &user)
                                        url.scheme() == QLatin1String("https"));
         }
         if (outcome.error.isEmpty())
-            outcome.session = LogIn(user);
+            outcome.session = NewSession(user, PasswordOf(user));
         return outcome;
     }));
 }
 
 void CServerLink::SwitchUser(const QString &user)
 {
+    LogIn(user, PasswordOf(user));
+}
+
+void CServerLink::LogIn(const QString &user, const Nim::Base::SecretText &password)
+{
     if (watcher_.isRunning()) {
         next_user_ = user;
+        next_password_ = password;
         return;
     }
-    watcher_.setFuture(QtConcurrent::run([user] {
+    watcher_.setFuture(QtConcurrent::run([user, password] {
         Outcome outcome;
         outcome.user = user;
-        outcome.session = LogIn(user);
+        outcome.session = NewSession(user, password);
         return outcome;
     }));
 }
@@ -157,8 +163,10 @@ void CServerLink::OnFinished()
                                 : tr("There is no server: %1").arg(outcome.error));
     }
     const QString next = std::exchange(next_user_, QString());
+    const Nim::Base::SecretText password = next_password_;
+    next_password_ = Nim::Base::SecretText();
     if (!next.isEmpty() && next != user_)
-        SwitchUser(next);
+        LogIn(next, password);
 }
 
 } // namespace Client

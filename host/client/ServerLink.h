@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <Nim/Base/SecretText.h>
+
 #include <QtCore/QFutureWatcher>
 #include <QtCore/QObject>
 #include <QtCore/QStringList>
@@ -39,6 +41,8 @@ public:
     /// \param server an address as above; empty: a server in this process, on this machine only.
     void Start(const QString &server, const QString &user);
     /// \brief Log another user in; the one before stays when that fails.
+    void LogIn(const QString &user, const Nim::Base::SecretText &password);
+    /// \brief The same for one of Users().
     void SwitchUser(const QString &user);
 
     /// \brief Who is logged in; empty: nobody yet.
@@ -66,7 +70,8 @@ private:
     QFutureWatcher<Outcome> watcher_;
     std::shared_ptr<Server::CServer> server_;
     QString user_;
-    QString next_user_; // asked for while another one was being logged in
+    QString next_user_; // asked for while another one was being logged in, with next_password_
+    Nim::Base::SecretText next_password_;
 };
 
 } // namespace Client

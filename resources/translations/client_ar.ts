@@ -582,6 +582,10 @@
         <source>Evidence</source>
         <translation>الأدلة</translation>
     </message>
+    <message>
+        <source>Login</source>
+        <translation>تسجيل الدخول</translation>
+    </message>
 </context>
 <context>
     <name>ScreenKeyboard</name>
@@ -990,6 +994,88 @@
     <message>
         <source>Locked</source>
         <translation>محمي</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CLoginPage</name>
+    <message>
+        <source>Log in</source>
+        <translation>تسجيل الدخول</translation>
+    </message>
+    <message>
+        <source>Logged in as %1</source>
+        <translation>تم تسجيل الدخول باسم %1</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>مفعّل</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>معطّل</translation>
+    </message>
+    <message>
+        <source>Lock of an address</source>
+        <translation>قفل العنوان</translation>
+    </message>
+    <message>
+        <source>%1 tries, %2 min</source>
+        <translation>%1 محاولات، %2 دقيقة</translation>
+    </message>
+    <message>
+        <source>Password strength</source>
+        <translation>قوة كلمة المرور</translation>
+    </message>
+    <message>
+        <source>level %1</source>
+        <translation>المستوى %1</translation>
+    </message>
+    <message>
+        <source>Password expiry</source>
+        <translation>انتهاء صلاحية كلمة المرور</translation>
+    </message>
+    <message>
+        <source>after %1 days</source>
+        <translation>بعد %1 يوم</translation>
+    </message>
+    <message>
+        <source>Lock of the client</source>
+        <translation>قفل البرنامج</translation>
+    </message>
+    <message>
+        <source>after %1 min</source>
+        <translation>بعد %1 دقيقة</translation>
+    </message>
+    <message>
+        <source>Security setting</source>
+        <translation>إعداد الأمان</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>الحالة</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>القيم</translation>
+    </message>
+    <message>
+        <source>Security settings</source>
+        <translation>إعدادات الأمان</translation>
+    </message>
+    <message>
+        <source>Lock the client</source>
+        <translation>قفل البرنامج</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CLockWindow</name>
+    <message>
+        <source>Locked by %1</source>
+        <translation>مقفل بواسطة %1</translation>
+    </message>
+    <message>
+        <source>Unlock</source>
+        <translation>إلغاء القفل</translation>
     </message>
 </context>
 </TS>

@@ -570,6 +570,10 @@
         <source>Evidence</source>
         <translation>Evidence</translation>
     </message>
+    <message>
+        <source>Login</source>
+        <translation>Login</translation>
+    </message>
 </context>
 <context>
     <name>ScreenKeyboard</name>
@@ -978,6 +982,88 @@
     <message>
         <source>Locked</source>
         <translation>Locked</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CLoginPage</name>
+    <message>
+        <source>Log in</source>
+        <translation>Log in</translation>
+    </message>
+    <message>
+        <source>Logged in as %1</source>
+        <translation>Logged in as %1</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>on</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>off</translation>
+    </message>
+    <message>
+        <source>Lock of an address</source>
+        <translation>Lock of an address</translation>
+    </message>
+    <message>
+        <source>%1 tries, %2 min</source>
+        <translation>%1 tries, %2 min</translation>
+    </message>
+    <message>
+        <source>Password strength</source>
+        <translation>Password strength</translation>
+    </message>
+    <message>
+        <source>level %1</source>
+        <translation>level %1</translation>
+    </message>
+    <message>
+        <source>Password expiry</source>
+        <translation>Password expiry</translation>
+    </message>
+    <message>
+        <source>after %1 days</source>
+        <translation>after %1 days</translation>
+    </message>
+    <message>
+        <source>Lock of the client</source>
+        <translation>Lock of the client</translation>
+    </message>
+    <message>
+        <source>after %1 min</source>
+        <translation>after %1 min</translation>
+    </message>
+    <message>
+        <source>Security setting</source>
+        <translation>Security setting</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>Values</translation>
+    </message>
+    <message>
+        <source>Security settings</source>
+        <translation>Security settings</translation>
+    </message>
+    <message>
+        <source>Lock the client</source>
+        <translation>Lock the client</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CLockWindow</name>
+    <message>
+        <source>Locked by %1</source>
+        <translation>Locked by %1</translation>
+    </message>
+    <message>
+        <source>Unlock</source>
+        <translation>Unlock</translation>
     </message>
 </context>
 </TS>
