@@ -18,6 +18,7 @@
 #include <Ravel/ObjectSingleton.h>
 #include <Ravel/TextCodec.h>
 #include <Ravel/WaitWatcher.h>
+#include <Vantor/CAccountPasswordWidget>
 #include <Vantor/CAdaptiveColumnWidthController>
 #include <Vantor/CAdaptiveColumnWidthWidget>
 #include <Vantor/CAnimationProgressBar>
@@ -29,6 +30,7 @@
 #include <Vantor/CCopyFileThread>
 #include <Vantor/CCustomEvent>
 #include <Vantor/CCustomListItemDelegate>
+#include <Vantor/CCustomPasswordFrame>
 #include <Vantor/CCustomizeColumnButton>
 #include <Vantor/CCustomizeColumnWidget>
 #include <Vantor/CDockManager>
@@ -45,11 +47,15 @@
 #include <Vantor/CListSightCheckModel>
 #include <Vantor/CMutiPageWidget>
 #include <Vantor/CMutiPageWidgetEx>
+#include <Vantor/CPasswordFrame>
+#include <Vantor/CPasswordLineEditNoInputMethod>
 #include <Vantor/CScreenStateManager>
 #include <Vantor/CStyleManager>
 #include <Vantor/CTimeBarDelegate>
 #include <Vantor/CUSBJoystickControlManager>
 #include <Vantor/CUpdateEvent>
+#include <Vantor/CVerifyCodeWidget>
+#include <Vantor/CVerifycodeRequestObj>
 #include <Vantor/CZellSerialKeyboardControlManager>
 #include <Vantor/CZellUSBKeyboardControlManager>
 #include <Vantor/TimeSliderFile>
@@ -551,6 +557,48 @@ static_assert(IsSame<qint64 (RecordedFile::*)() const>(&RecordedFile::GetFileBeg
 static_assert(IsSame<void (RecordedFile::*)(qint64)>(&RecordedFile::SetFileBeginTime));
 static_assert(IsSame<Text (RecordedFile::*)() const>(&RecordedFile::GetSourceCameraId));
 static_assert(IsSame<int (RecordedFile::*)() const>(&RecordedFile::GetRecordFileType));
+
+using Login = Vantor::CAccountPasswordWidget;
+using Password = Vantor::CPasswordFrame;
+using PasswordBase = Vantor::CPasswordFrameBase;
+using CodeWidget = Vantor::CVerifyCodeWidget;
+using CodeRequest = Vantor::CVerifycodeRequestObj;
+static_assert(IsSame<Login::LoginState (Login::*)(std::string &, std::string)>(&Login::LoginIn));
+static_assert(IsSame<void (Login::*)()>(&Login::Clear));
+static_assert(IsSame<void (Login::*)()>(&Login::RestoreUI));
+static_assert(IsSame<QPointer<Password> (Login::*)()>(&Login::GetPasswordEditWidget));
+static_assert(IsSame<void (Login::*)(int)>(&Login::SetWaitOutTime));
+static_assert(IsSame<void (Login::*)(QPointer<QWidget>)>(&Login::SetMainWidget));
+static_assert(IsSame<QString (PasswordBase::*)() const>(&Password::GetPasswordLineEditText));
+static_assert(IsSame<bool (PasswordBase::*)() const>(&Password::IsPasswordEmpty));
+static_assert(
+    IsSame<Ravel::CPasswordLineEdit *(Password::*)() const>(&Password::GetPassWordLineEdit));
+static_assert(
+    IsSame<Ravel::CPasswordLineEdit *(PasswordBase::*)() const>(&Password::GetPasswordLineEdit));
+static_assert(IsSame<Ravel::CFrame *(PasswordBase::*)() const>(&Password::GetBaseFrame));
+static_assert(IsSame<Ravel::CLabel *(PasswordBase::*)() const>(&Password::GetLabel));
+static_assert(IsSame<QPushButton *(PasswordBase::*)() const>(&Password::GetSwitchPassBtn));
+static_assert(IsSame<void (Password::*)(bool)>(&Password::HideLeftSpacer));
+static_assert(IsSame<void (PasswordBase::*)()>(&Password::OnSwitchPassWordShow));
+static_assert(IsSame<void (PasswordBase::*)(bool)>(&Password::SetPassWordState));
+static_assert(IsSame<void (PasswordBase::*)(QPixmap &)>(&Password::SetPixmap));
+static_assert(IsSame<bool (PasswordBase::*)(QString &)>(&Password::PasswordValidCheck));
+static_assert(
+    IsSame<void (PasswordBase::*)(const QString &)>(&Password::SignalLienEditTextChanged));
+static_assert(IsSame<void (PasswordBase::*)(const QString &)>(&Password::SignalFousOut));
+static_assert(IsSame<Vantor::CPasswordLineEditNoInputMethod *(Vantor::CCustomPasswordFrame::*)()
+                         const>(&Vantor::CCustomPasswordFrame::GetPassWordLineEdit));
+static_assert(
+    std::is_base_of<Ravel::CPasswordLineEdit, Vantor::CPasswordLineEditNoInputMethod>::value);
+static_assert(IsSame<Vantor::CStruVerifyCode (CodeWidget::*)() const>(&CodeWidget::GetVerifyCode));
+static_assert(IsSame<bool (CodeWidget::*)() const>(&CodeWidget::IsCodeTextEmpty));
+static_assert(IsSame<void (CodeWidget::*)()>(&CodeWidget::SetEditFocus));
+static_assert(IsSame<void (CodeWidget::*)(int, int, int, int)>(&CodeWidget::SetMargins));
+static_assert(IsSame<void (CodeWidget::*)()>(&CodeWidget::HideLabel));
+static_assert(IsSame<void (CodeWidget::*)()>(&CodeWidget::SignalRefreshVerifyCode));
+static_assert(
+    IsSame<bool (CodeRequest::*)(const QString &, Vantor::CStruVerifyCode &,
+                                 ErrorText::CErrorCodeEvent &)>(&CodeRequest::RequestVerifyCode));
 
 // The three templates as hosts use them on classes of their own.
 class CHostObject : public QObject, public Ravel::CObjectSingleton<CHostObject>
