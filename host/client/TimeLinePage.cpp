@@ -342,7 +342,7 @@ void CTimeLinePage::Retranslate()
     time_title_->setText(tr("&Time"));
     amount_title_->setText(tr("&Recordings"));
     for (int i = 0; i < amount_->count(); ++i) {
-        const int amount = kAmounts[i];
+        const int amount = amount_->itemData(i).toInt();
         amount_->setItemText(i, amount == 0 ? tr("Day by day") : QLocale().toString(amount));
     }
     for (int i = 0; i < types_.size(); ++i)

@@ -20,6 +20,7 @@ namespace {
 
 constexpr double kMostPixelsPerSecond = 10.0;
 constexpr double kLeastPixelsPerSecond = 1.0 / 2629746; // a pixel a month
+constexpr double kLongestUnitSeconds = 1e12;
 constexpr double kMillisecondsPerSecond = 1000.0;
 constexpr double kZoomStep = 1.5;
 
@@ -180,7 +181,7 @@ void CAnimationProgressBar::SetUnitScale(double scale_length_px, double time_len
         || !std::isfinite(time_length_s))
         return;
     StopScale();
-    StoreScale(scale_length_px, time_length_s);
+    StoreScale(scale_length_px, std::min(time_length_s, kLongestUnitSeconds));
 }
 
 void CAnimationProgressBar::StoreScale(double scale_length_px, double time_length_s)

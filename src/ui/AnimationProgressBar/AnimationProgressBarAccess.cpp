@@ -28,7 +28,7 @@ public:
                                                                 Qt::FindDirectChildrenOnly);
             return label ? label->text() : QString();
         }
-        const QString given = QAccessibleWidget::text(kind);
+        QString given = QAccessibleWidget::text(kind);
         if (kind == QAccessible::Name && given.isEmpty())
             return Translate(QStringLiteral("Time line"), "Vantor::CAnimationProgressBar");
         return given;

@@ -238,18 +238,17 @@ void CAnimationProgressBar::keyPressEvent(QKeyEvent *event)
     if (event->key() == Qt::Key_Escape && (d_ptr_->b_mouse_ || IsSliding())) {
         if (d_ptr_->b_moving_)
             StorePosition(d_ptr_->moving_from_ms_);
-        EndPress();
         StopSlide();
+        EndPress(); // last: its signal may end this bar
         return;
     }
     qint64 target_ms = 0;
-    if (d_ptr_->b_pressed_ || d_ptr_->b_moving_)
-        QWidget::keyPressEvent(event);
-    else if (event->key() == Qt::Key_Space)
+    const bool is_free = !d_ptr_->b_pressed_ && !d_ptr_->b_moving_;
+    if (is_free && event->key() == Qt::Key_Space)
         ShowTip();
-    else if (KeyTarget(*event, target_ms))
+    else if (is_free && KeyTarget(*event, target_ms))
         SlideByUser(target_ms);
-    else if (!ZoomByKey(event->key()))
+    else if (!is_free || !ZoomByKey(event->key()))
         QWidget::keyPressEvent(event);
 }
 

@@ -100,7 +100,7 @@ void CBaseFileProgressBar::SetSyncFiles(const Files &files, bool byFileType, con
 
 QString CBaseFileProgressBar::TipAtPos(const QPointF &pos) const
 {
-    const QString time = CAnimationProgressBar::TipAtPos(pos);
+    QString time = CAnimationProgressBar::TipAtPos(pos);
     CTimeBarParam bar;
     const QPointF painted(pos.x() + ShownFractionPx(), pos.y());
     if (!d_ptr_->ptr_time_bars_ || !d_ptr_->ptr_time_bars_->FindTimeBar(painted, bar))

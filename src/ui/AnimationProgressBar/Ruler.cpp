@@ -167,12 +167,11 @@ QString RulerText(const TimeZoneParam &zone, qint64 seconds, RulerLabel label,
 
 QString OffsetText(qint64 offset_s, const QLocale &locale)
 {
-    const QString utc = QStringLiteral("UTC");
+    QString text = QStringLiteral("UTC");
     if (offset_s == 0)
-        return utc;
+        return text;
     const qint64 minutes = qAbs(offset_s) / kMinute;
-    QString text =
-        utc + (offset_s < 0 ? QChar(0x2212) : QChar(u'+')) + locale.toString(minutes / 60);
+    text += (offset_s < 0 ? QChar(0x2212) : QChar(u'+')) + locale.toString(minutes / 60);
     if (minutes % 60 != 0)
         text +=
             QLatin1Char(':') + locale.toString(minutes % 60).rightJustified(2, locale.zeroDigit());

@@ -33,7 +33,7 @@ struct Pixel
 
 CTimeBarRuns::CTimeBarRuns(QPainter &painter) : painter_(painter)
 {
-    const QTransform device = painter.deviceTransform();
+    const QTransform &device = painter.deviceTransform();
     const QRectF shown = device.inverted().mapRect(
         QRectF(-kFarthestPx, -kFarthestPx, 2 * kFarthestPx, 2 * kFarthestPx));
     farthest_left_ = shown.left();
