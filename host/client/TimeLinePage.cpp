@@ -19,6 +19,7 @@
 #include <QtWidgets/QDateTimeEdit>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
 
 #include <chrono>
 #include <cmath>
@@ -136,6 +137,8 @@ QLayout *CTimeLinePage::BuildTools()
     time_title_->setBuddy(time_);
     amount_title_->setBuddy(amount_);
 
+    connect(time_->findChild<QLineEdit *>(), &QLineEdit::textEdited, this,
+            [this] { is_typing_ = true; });
     connect(time_, &QDateTimeEdit::editingFinished, this, &CTimeLinePage::OnTimeTyped);
     connect(zone_, &CZoneSwitch::SignalApplied, this, &CTimeLinePage::OnZoneApplied);
     connect(amount_, qOverload<int>(&QComboBox::activated), this, &CTimeLinePage::OnAmountChosen);
@@ -253,7 +256,7 @@ void CTimeLinePage::OnZoneApplied()
 
 void CTimeLinePage::ShowTime()
 {
-    if (!time_->hasFocus())
+    if (!is_typing_)
         time_->setDateTime(line_->GetCurrentDateTime());
     if (!details_timer_.isActive())
         details_timer_.start();
@@ -280,6 +283,7 @@ void CTimeLinePage::OnOverviewMoved(qint64 position_ms)
 
 void CTimeLinePage::OnTimeTyped()
 {
+    is_typing_ = false;
     if (time_->dateTime() != line_->GetCurrentDateTime())
         zone_->SlideToWallClock(time_->dateTime(), kSlideMs);
 }

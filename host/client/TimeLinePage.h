@@ -61,7 +61,8 @@ private:
     [[nodiscard]] bool IsDayShown() const;
 
     IncidentListPtr list_;
-    QDate day_; // whose recordings are shown
+    QDate day_;              // whose recordings are shown
+    bool is_typing_ = false; // a time that is not entered yet
     QFutureWatcher<QVector<Vantor::CTimeBarParam>> many_;
     QTimer details_timer_; // looks no more often than a reader can follow
 
