@@ -221,7 +221,8 @@ bool CHttpConnection::Exchange(ClientComm::ClientRecvInfo &recv,
         code = SendOnce(request, recv, status);
         // The server may have closed the kept connection at that very moment. What can be sent
         // twice is sent again.
-        if (code == kNetBroken && was_open && send.Method != "POST" && recv.Receive_Data.empty())
+        if (code == kNetBroken && !is_aborted_ && was_open && send.Method != "POST"
+            && recv.Receive_Data.empty())
             code = SendOnce(request, recv, status);
         Nim::Base::Encrypt::Wipe(request.body);
     }
@@ -255,8 +256,15 @@ int CHttpConnection::SendOnce(httplib::Request &request, ClientComm::ClientRecvI
     httplib::Response response;
     auto error = httplib::Error::Success;
     CExchanges::Instance().Begin(this, deadline);
-    const bool is_sent = client_->send(request, response, error);
+    bool is_sent = false;
+    try {
+        is_sent = client_->send(request, response, error);
+    } catch (...) { // out of memory, say; the connection must not stay on the list
+        CExchanges::Instance().End(this);
+        throw;
+    }
     const CExchanges::Cut cut = CExchanges::Instance().End(this);
+    is_aborted_ = cut == CExchanges::Cut::Aborted;
     if (is_too_large)
         return kNetTooLarge;
     if (cut != CExchanges::Cut::No && !is_sent)

@@ -57,6 +57,7 @@ private:
 
     const NetServer server_;
     std::unique_ptr<httplib::Client> client_;
+    bool is_aborted_ = false; // the last request was, by Abort()
     std::mutex cutter_mutex_;
     CSocketCutter cutter_; // under cutter_mutex_
 };

@@ -99,7 +99,12 @@ void CLayoutQueue::Work()
         jobs_.pop_front();
         is_writing_ = IsWrite(job.layout);
         lock.unlock();
-        job.answer(ExchangeLayout(job.layout, job.session));
+        auto param = FailedLayout(kNetFailed);
+        try {
+            param = ExchangeLayout(job.layout, job.session);
+        } catch (...) { // out of memory, say: a failure as any other, this thread goes on
+        }
+        job.answer(param);
         job = {}; // what the answer holds goes without the lock
         lock.lock();
         is_writing_ = false;

@@ -150,8 +150,8 @@ void CCustomizeColumnButton::UpdateAfterSwitchUser()
     if (!d_ptr_->ptr_customize_widget_ || !d_ptr_->ptr_controller_)
         return;
     RunGuarded(kFunction, [&] {
+        // Deferred answers stay: each has to meet its request, and as a stale one does no more.
         d_ptr_->requests_.MakeStale();
-        d_ptr_->list_deferred_answers_.clear();
         d_ptr_->b_known_ = false;
         QVector<CColumnInfo> columns;
         d_ptr_->ptr_customize_widget_->GetCustomlistItemsContentInit(columns);

@@ -70,6 +70,7 @@ bool CItemDragMovableListView::IsDragging() const
 
 void CItemDragMovableListView::CancelDrag()
 {
+    d_ptr_->pressed_row_ = kNoRow; // what is there now is another row
     EndDrag(false);
 }
 

@@ -31,17 +31,15 @@ bool IsFullScreenWidget(const QWidget *widget)
 }
 
 // Across the borders of windows: to the owner of a dialog, and to the field that a list of
-// completions belongs to, which has no parent.
-const QWidget *NextOwner(const QWidget *widget)
-{
-    return widget->parentWidget() || !widget->isWindow() ? widget->parentWidget()
-                                                         : widget->focusProxy();
-}
-
+// completions belongs to, which has no parent. That way once only: a window may also hand its keys
+// to a child of its own.
 template <class Condition> bool AnyOwner(const QWidget *widget, Condition condition)
 {
-    while (widget && !condition(widget))
-        widget = NextOwner(widget);
+    bool is_proxied = false;
+    while (widget && !condition(widget)) {
+        const QWidget *const parent = widget->parentWidget();
+        widget = parent || std::exchange(is_proxied, true) ? parent : widget->focusProxy();
+    }
     return widget != nullptr;
 }
 
@@ -204,11 +202,12 @@ QPointer<CAbstractDockFrame> CDockWidget::Release()
 {
     QPointer<CAbstractDockFrame> frame = d_ptr_->ptr_content_;
     d_ptr_->ptr_content_.clear();
+    for (const QMetaObject::Connection &watch : qAsConst(d_ptr_->vec_owner_watch_))
+        disconnect(watch);
+    d_ptr_->vec_owner_watch_.clear();
     if (!frame)
         return frame;
     d_ptr_->ptr_layout_->removeWidget(frame);
-    for (const QMetaObject::Connection &watch : qAsConst(d_ptr_->vec_owner_watch_))
-        disconnect(watch);
     QWidget *owner = d_ptr_->b_owner_gone_ ? nullptr : d_ptr_->ptr_previous_parent_.data();
     if (!owner && d_ptr_->b_had_parent_ && !d_ptr_->b_dying_)
         owner = parentWidget();
@@ -415,13 +414,13 @@ void CDockWidget::OnApplicationState(Qt::ApplicationState state)
         return;
     const QWidget *const modal = QApplication::activeModalWidget();
     if (!modal) {
+        hide();
         // One blank more than below: log readers of hosts look for both texts.
         VANTOR_LOG(kFunction, 4, VANTOR_LOG_WARNING,
                    "Activate Detail Widget,app hide. add by vtq.");
-        hide();
     } else if (!AnyOwner(modal, [this](const QWidget *owner) { return owner == this; })) {
-        VANTOR_LOG(kFunction, 4, VANTOR_LOG_WARNING, "Activate Detail Widget,app hide.add by vtq.");
         hide();
+        VANTOR_LOG(kFunction, 4, VANTOR_LOG_WARNING, "Activate Detail Widget,app hide.add by vtq.");
     }
 }
 
