@@ -182,7 +182,9 @@ bool CTreeViewModel::IsTree() const
 
 bool CTreeViewModel::Accepts(int row, const CRowFilter &filter) const
 {
-    return filter.Accepts(d_ptr_->Texts(row), d_ptr_->list_labels_.size());
+    const int rows = static_cast<int>(d_ptr_->Rows().size());
+    return row >= 0 && row < rows
+           && filter.Accepts(d_ptr_->Texts(row), d_ptr_->list_labels_.size());
 }
 
 std::vector<bool> CTreeViewModel::AcceptedRows(const CRowFilter &filter) const

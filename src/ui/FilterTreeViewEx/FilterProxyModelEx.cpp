@@ -333,8 +333,9 @@ bool CFilterProxyModelEx::AcceptsPage(int row, const QModelIndex &parent) const
     if (below && below->ptr_model_ && !parent.isValid()) {
         (void)d_ptr_->ptr_proxy_->SourceRows();
         const auto shown = static_cast<size_t>(row);
-        const size_t at =
-            below->vec_order_.empty() ? shown : static_cast<size_t>(below->vec_order_[shown]);
+        const size_t at = shown < below->vec_order_.size()
+                              ? static_cast<size_t>(below->vec_order_[shown])
+                              : shown;
         // Rows on the move: the proxy below may still know one that is gone.
         const int page = at < below->ptr_pages_->size() ? (*below->ptr_pages_)[at] : 0;
         if (page >= 0)

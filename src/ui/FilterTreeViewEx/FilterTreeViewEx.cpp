@@ -62,6 +62,7 @@ struct CFilterTreeViewExDataPtr
     bool b_pass_again_ = false;     // asked for from inside the pass
     bool b_in_page_signal_ = false; // a slot of SignalUpdateMaxMinPage may flip on
     std::vector<std::unique_ptr<Ravel::CTreeViewItem>> vec_waiting_; // for rows to stand still
+    bool b_clear_first_ = false;                                     // before those are added
 };
 
 CFilterTreeViewEx::CFilterTreeViewEx(QWidget *parent)
@@ -136,6 +137,8 @@ void CFilterTreeViewEx::AddWaitingItems()
     for (auto &item : d_ptr_->vec_waiting_)
         items.append(item.release());
     d_ptr_->vec_waiting_.clear();
+    if (std::exchange(d_ptr_->b_clear_first_, false))
+        ClearAllItems();
     AddTopLevelItems(items);
 }
 
@@ -144,8 +147,10 @@ void CFilterTreeViewEx::ClearAllItems()
     Ravel::CTreeViewModel *const model = d_ptr_->ptr_model_;
     if (!model)
         return;
+    d_ptr_->vec_waiting_.clear(); // what was added before goes too
     if (model->IsChangingRows()) {
-        QMetaObject::invokeMethod(this, &CFilterTreeViewEx::ClearAllItems, Qt::QueuedConnection);
+        d_ptr_->b_clear_first_ = true;
+        QMetaObject::invokeMethod(this, &CFilterTreeViewEx::AddWaitingItems, Qt::QueuedConnection);
         return;
     }
     model->removeRows(0, model->rowCount());
@@ -289,6 +294,13 @@ void CFilterTreeViewEx::resizeEvent(QResizeEvent *event)
 
 void CFilterTreeViewEx::OnSortIndicatorChanged(int column, Qt::SortOrder order)
 {
+    // The proxies still know rows that are gone: from a slot of the model, that is.
+    if (d_ptr_->ptr_model_ && d_ptr_->ptr_model_->IsChangingRows()) {
+        QMetaObject::invokeMethod(
+            this, [this, column, order] { OnSortIndicatorChanged(column, order); },
+            Qt::QueuedConnection);
+        return;
+    }
     {
         const CWaitCursor cursor(TopLevelItemCount() >= kRowsWorthWaiting);
         if (d_ptr_->b_paging_) {

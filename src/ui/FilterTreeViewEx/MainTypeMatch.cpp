@@ -23,7 +23,7 @@ CMainTypeMatch::CMainTypeMatch(const QString &field, bool is_exact)
         return;
     if (field.isEmpty()) {
         pieces_.append(QStringLiteral("NULL"));
-    } else if (std::all_of(parts.cbegin(), parts.cend(), IsPlain)) {
+    } else if (!parts.isEmpty() && std::all_of(parts.cbegin(), parts.cend(), IsPlain)) {
         pieces_ = parts;
     } else {
         is_expression_ = true;

@@ -12,7 +12,7 @@ namespace Vantor {
 /// between them.
 ///
 /// Each part is a regular expression in Qt's default syntax that matches anywhere in a text, so
-/// "Gull" also names "Herring gull" 's "Gull" and "a(b", which is none, nothing. No part at all
+/// "Gull" also names "Herring gull" 's "Gull" and "a(b", which is none, nothing. An empty field
 /// names the texts that hold "NULL". Beyond a thousand parts they are compared whole.
 class CMainTypeMatch
 {
