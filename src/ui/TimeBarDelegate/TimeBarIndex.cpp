@@ -6,26 +6,21 @@ namespace Vantor {
 void CTimeBarIndex::Merge(const std::vector<TimeBarEntry> &entries)
 {
     size_t old = starts_s_.size();
-    size_t left = entries.size();
-    size_t place = old + left;
-    starts_s_.resize(place);
-    ends_s_.resize(place);
-    colours_.resize(place);
-    while (left > 0) { // from behind, so that nothing is overwritten before it has moved
-        --place;
-        if (old > 0 && starts_s_[old - 1] > entries[left - 1].start_s) {
-            --old;
-            starts_s_[place] = starts_s_[old];
-            ends_s_[place] = ends_s_[old];
-            colours_[place] = colours_[old];
-        } else {
-            --left;
-            starts_s_[place] = entries[left].start_s;
-            ends_s_[place] = entries[left].end_s;
-            colours_[place] = entries[left].colour;
-        }
+    ResizeForMerge(starts_s_, old + entries.size());
+    ResizeForMerge(ends_s_, old + entries.size());
+    ResizeForMerge(colours_, old + entries.size());
+    for (size_t left = entries.size(); left > 0; --left) { // from behind, block by block
+        const TimeBarEntry &entry = entries[left - 1];
+        const size_t place = PlaceBehind(starts_s_, old, entry.start_s);
+        MakeRoom(starts_s_, place, old, left);
+        MakeRoom(ends_s_, place, old, left);
+        MakeRoom(colours_, place, old, left);
+        starts_s_[place + left - 1] = entry.start_s;
+        ends_s_[place + left - 1] = entry.end_s;
+        colours_[place + left - 1] = entry.colour;
+        old = place;
     }
-    UpdateBlocks(place);
+    UpdateBlocks(old);
 }
 
 void CTimeBarIndex::UpdateBlocks(size_t from)

@@ -10,6 +10,33 @@
 
 namespace Vantor {
 
+// Steps of merging into a sorted row from behind, when `left` new values are still to come.
+
+/// \brief Grow by half at least: a row that grows by thousands is rarely copied, and keeps less
+/// room than one that doubles.
+template <class Value> void ResizeForMerge(std::vector<Value> &values, size_t size)
+{
+    if (size > values.capacity())
+        values.reserve(values.empty() ? size : size + size / 2);
+    values.resize(size);
+}
+
+/// \brief Where a new bar belongs among the first \a old: behind those of the same start.
+inline size_t PlaceBehind(const std::vector<qint64> &starts_s, size_t old, qint64 start_s)
+{
+    const auto begin = starts_s.begin();
+    return size_t(std::upper_bound(begin, begin + std::ptrdiff_t(old), start_s) - begin);
+}
+
+/// \brief Move what stands from \a place to before \a old by \a left places.
+template <class Value>
+void MakeRoom(std::vector<Value> &values, size_t place, size_t old, size_t left)
+{
+    const auto begin = values.begin();
+    std::move_backward(begin + std::ptrdiff_t(place), begin + std::ptrdiff_t(old),
+                       begin + std::ptrdiff_t(old + left));
+}
+
 /// What painting needs to know of a bar.
 struct TimeBarEntry
 {

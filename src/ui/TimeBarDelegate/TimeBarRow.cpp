@@ -27,7 +27,7 @@ void CTimeBarRow::Append(const QVector<CTimeBarParam> &bars)
     QHash<int, std::vector<TimeBarEntry>> entries_of_type;
     for (const Key &key : keys) {
         const TimeBarParam &bar = all[key.number].Read();
-        entries_of_type[bar.iTimeType].push_back({bar.dtStart, bar.dtEnd, bar.barColor});
+        entries_of_type[bar.iTimeType].push_back({bar.dtStart, bar.dtEnd, bar.barColor.toRgb()});
     }
     for (auto it = entries_of_type.cbegin(); it != entries_of_type.cend(); ++it)
         index_of_type_[it.key()].Merge(it.value());
@@ -37,8 +37,6 @@ void CTimeBarRow::Append(const QVector<CTimeBarParam> &bars)
 void CTimeBarRow::Sort(const std::vector<Key> &keys)
 {
     size_t old = starts_s_.size();
-    size_t left = keys.size();
-    size_t place = old + left;
     const bool is_behind = old == 0 || starts_s_.back() <= keys.front().start_s;
     const bool is_in_order = std::is_sorted(
         keys.begin(), keys.end(), [](const Key &a, const Key &b) { return a.number < b.number; });
@@ -50,21 +48,18 @@ void CTimeBarRow::Sort(const std::vector<Key> &keys)
     CTimeBarParam *const row = bars_.data(); // first of all: a row that is shared is copied here
     // The new bars in their order, sharing their structures with the places they are in.
     std::vector<CTimeBarParam> added;
-    added.reserve(left);
+    added.reserve(keys.size());
     for (const Key &key : keys)
         added.emplace_back(row[key.number].GetDataPtr());
-    starts_s_.resize(place);
-    while (left > 0) { // from behind: a place is filled when what was there has moved
-        --place;
-        if (old > 0 && starts_s_[old - 1] > keys[left - 1].start_s) {
-            --old;
-            starts_s_[place] = starts_s_[old];
-            row[place].Swap(row[old]);
-        } else {
-            --left;
-            starts_s_[place] = keys[left].start_s;
-            row[place].Swap(added[left]);
-        }
+    ResizeForMerge(starts_s_, old + keys.size());
+    for (size_t left = keys.size(); left > 0; --left) { // from behind, block by block
+        const size_t place = PlaceBehind(starts_s_, old, keys[left - 1].start_s);
+        MakeRoom(starts_s_, place, old, left);
+        starts_s_[place + left - 1] = keys[left - 1].start_s;
+        for (size_t i = old; i > place; --i)
+            row[i - 1 + left].Swap(row[i - 1]);
+        row[place + left - 1].Swap(added[left - 1]);
+        old = place;
     }
 }
 
