@@ -21,6 +21,7 @@ constexpr int kWidthPx = 1920;
 constexpr int kHeightPx = 70;
 constexpr qint64 kNow = 1700000000;
 constexpr qint64 kDay = 86400;
+constexpr int kFramesOfSlide = 5;
 constexpr int kMillion = 1000000;
 constexpr qint64 kSpacing = 60; // seconds from start to start, as the client makes them
 const QList<int> kTypes{22, 0, 500, 13};
@@ -103,7 +104,15 @@ void Paint(benchmark::State &state, const std::string &what, double share, doubl
 {
     Scene scene(NewBars(kMillion), double(kMillion) * kSpacing * share);
     Pairs::Compare(
-        state, "timebar_" + what, bar, [&] { scene.PaintPlain(); }, [&] { scene.PaintOurs(); });
+        state, "timebar_" + what, bar,
+        [&] {
+            for (int i = 0; i < kFramesOfSlide; ++i)
+                scene.PaintPlain();
+        },
+        [&] {
+            for (int i = 0; i < kFramesOfSlide; ++i)
+                scene.PaintOurs();
+        });
     if (scene.plain_image != scene.image)
         state.SkipWithError("the pictures differ");
 }

@@ -68,7 +68,11 @@ QVector<CTimeBarParam> RandomBars(Random &random, int most, double pixels_per_se
         if (i % 17 == 0)
             length = seconds_of_px(1.0);
         const int type = int(Between(random, 0, 5));
-        const QColor colour(int(Between(random, 0, colours)) * 50, type * 40, 160);
+        QColor colour(int(Between(random, 0, colours)) * 50, type * 40, 160);
+        if (i % 29 == 0)
+            colour.setAlpha(90);
+        if (i % 31 == 0)
+            colour = QColor(); // paints black
         bars.append(Bar(type < 4 ? kTypes.at(type) : type, start, start + length, colour));
         touching = start + length;
     }

@@ -5,6 +5,7 @@
 #include <QtGui/QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Vantor {
 namespace {
@@ -42,6 +43,9 @@ CTimeBarRuns::CTimeBarRuns(QPainter &painter) : painter_(painter)
                         && painter.paintEngine()->type() == QPaintEngine::Raster
                         && !painter.testRenderHint(QPainter::Antialiasing)
                         && device.type() <= QTransform::TxScale && device.m11() > 0;
+    are_pixels_ = are_whole_pixels_ && device.type() <= QTransform::TxTranslate
+                  && device.dx() == std::floor(device.dx())
+                  && device.dy() == std::floor(device.dy());
     scale_ = device.m11();
     shift_px_ = device.dx();
 }
@@ -87,8 +91,37 @@ void CTimeBarRuns::Fill(double y, double height, double opacity) const
     if (runs_.empty())
         return;
     painter_.setOpacity(opacity);
+    if (are_pixels_ && y == std::floor(y) && height == std::floor(height)) {
+        FillPixels(int(y), int(height));
+        return;
+    }
     for (const Run &run : runs_)
         painter_.fillRect(QRectF(run.span.x, y, run.span.width, height), run.colour);
+}
+
+void CTimeBarRuns::FillPixels(int y, int height) const
+{
+    std::vector<QRect> rects;
+    rects.reserve(runs_.size());
+    const auto draw = [&](const QColor &colour) {
+        if (rects.empty())
+            return;
+        painter_.setBrush(colour);
+        painter_.drawRects(rects.data(), int(rects.size()));
+        rects.clear();
+    };
+    painter_.setPen(Qt::NoPen);
+    for (size_t i = 0; i < runs_.size(); ++i) {
+        const Run &run = runs_[i];
+        const bool is_certain = run.left_px < run.right_px;
+        if (is_certain)
+            rects.emplace_back(int(run.left_px - shift_px_), y, int(run.right_px - run.left_px),
+                               height);
+        if (!is_certain || i + 1 == runs_.size() || runs_[i + 1].colour != run.colour)
+            draw(run.colour);
+        if (!is_certain)
+            painter_.fillRect(QRectF(run.span.x, y, run.span.width, height), run.colour);
+    }
 }
 
 } // namespace Vantor

@@ -43,6 +43,8 @@ private:
         double right_px;
     };
 
+    // On pixels as they are: many rectangles of one colour cost one call.
+    void FillPixels(int y, int height) const;
     bool MergeIntoLast(double left_px, double right_px, const QColor &colour, bool is_solid);
 
     QPainter &painter_;
@@ -52,6 +54,7 @@ private:
     bool are_whole_pixels_ = false;
     double scale_ = 1;
     double shift_px_ = 0;
+    bool are_pixels_ = false; // the painter's coordinates are pixels, but for a whole shift
 };
 
 } // namespace Vantor
