@@ -29,8 +29,7 @@ Layout LayoutOf(const Request &request, bool has_text)
     const std::string missing(1, '\0');
     const std::string text = body.GetString("/AdaptiveLayoutRequest/LayoutData", missing);
     Layout layout{QString::fromStdString(body.GetString("/AdaptiveLayoutRequest/Key")),
-                        body.GetInt("/AdaptiveLayoutRequest/Type", kNone),
-                        QString::fromStdString(text)};
+                  body.GetInt("/AdaptiveLayoutRequest/Type", kNone), QString::fromStdString(text)};
     if (layout.key.isEmpty() || layout.key.size() > kMaximumKey || layout.type < 0
         || (has_text && text == missing))
         throw Refused(kBadRequest);

@@ -4,8 +4,7 @@
 namespace ResourceManager::SystemConfig {
 
 /// \brief The port that the user configured for the serial control keyboard.
-enum COMJoystick : int
-{
+enum COMJoystick : int {
     kNoPort = 0, ///< As every value but 1 to 4.
     kCom1 = 1,
     kCom2 = 2,
