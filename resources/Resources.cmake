@@ -35,7 +35,7 @@ set(VANTOR_OVRIN_PICTURES
 function(vantor_pictures sources)
     set(tool vantor_render_icon) # runs while building: not for the machine that is built for
     add_executable(${tool} ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/render-icon.cpp)
-    set_target_properties(${tool} PROPERTIES AUTOMOC OFF)
+    set_target_properties(${tool} PROPERTIES AUTOMOC OFF RUNS_WHILE_BUILDING ON)
     target_link_libraries(${tool} PRIVATE Qt5::Svg)
     set(entries "")
     set(pngs "")
