@@ -10,6 +10,7 @@
 #include <QtCore/QEvent>
 #include <QtCore/QFutureInterface>
 #include <QtCore/QMutex>
+#include <QtCore/QThread>
 #include <QtCore/QThreadPool>
 
 extern "C" {
@@ -77,6 +78,24 @@ VANTOR_SEEN void QMutex::unlock() noexcept
     static const auto next = Next<void (*)(QMutex *)>("_ZN6QMutex6unlockEv");
     __tsan_release(this);
     next(this);
+}
+
+VANTOR_SEEN void QThread::start(Priority priority)
+{
+    static const auto next = Next<void (*)(QThread *, Priority)>("_ZN7QThread5startENS_8PriorityE");
+    // On the thread itself, as the last it does.
+    connect(
+        this, &QThread::finished, this, [this] { __tsan_release(this); }, Qt::DirectConnection);
+    next(this, priority);
+}
+
+VANTOR_SEEN bool QThread::wait(QDeadlineTimer deadline)
+{
+    static const auto next =
+        Next<bool (*)(QThread *, QDeadlineTimer)>("_ZN7QThread4waitE14QDeadlineTimer");
+    const bool has_ended = next(this, deadline);
+    __tsan_acquire(this);
+    return has_ended;
 }
 
 VANTOR_SEEN void QCoreApplication::postEvent(QObject *receiver, QEvent *event, int priority)
