@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// Bytes become a reply with a verification code, and the image in it: bounded, or none. What is not
+// a reply goes to the image reader as it is, which base64 would keep a fuzzer from.
+#include <controller/SecondAuthentication/VerifyCodeReply.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+constexpr int kMaximumSide = 256;
+
+void Decode(const std::string &bytes)
+{
+    const QImage image = Vantor::DecodeVerifyCode(bytes, kMaximumSide);
+    if (image.width() <= kMaximumSide && image.height() <= kMaximumSide)
+        return;
+    std::fprintf(stderr, "the image is as small as it was asked to be\n");
+    std::abort();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    const std::string input(reinterpret_cast<const char *>(data), size);
+    NimClientFrameWork::CDaxCaptchaResponse response;
+    if (Vantor::ReadVerifyCodeReply(input, response))
+        Decode(response.GetVal_captcha_info());
+    else
+        Decode(input);
+    return 0;
+}
