@@ -13,6 +13,7 @@
 
 #include <server/SampleAccounts.h>
 
+#include <QtCore/QProcess>
 #include <QtCore/QTranslator>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
@@ -458,6 +459,18 @@ private Q_SLOTS:
         form.SetWaitOutTime(20);
         QCOMPARE(form.Type("password", "code"), int(Widget::kLoginTimeout));
         CNetCommManager::Abort();
+    }
+
+    void programEndsWhileChecksRun()
+    {
+        QProcess program;
+        program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        program.start(LOGIN_EXIT_PROGRAM, QStringList());
+
+        // The checks take five minutes.
+        QVERIFY2(program.waitForFinished(60000), "it waits for its checks");
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), 0);
     }
 
 private:
