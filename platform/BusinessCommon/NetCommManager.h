@@ -14,6 +14,11 @@ class CNetCommManager;
 
 } // namespace BusinessCommon
 
+// Threads may still ask it when the process ends.
+template <> struct Nim::Base::IsKeptAtUnload<BusinessCommon::CNetCommManager> : std::true_type
+{
+};
+
 extern template class VANTOR_PLATFORM_EXPORT Nim::Base::CSingleton<BusinessCommon::CNetCommManager>;
 
 namespace BusinessCommon {

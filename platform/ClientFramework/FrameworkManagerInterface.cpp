@@ -70,6 +70,12 @@ CBackend &CurrentBackend()
 
 } // namespace
 
+// The thread that makes this one makes the other too: those that check come and go.
+CFrameworkManagerInterface::CFrameworkManagerInterface()
+{
+    Nim::Base::CSingleton<CNetCommManager>::Instance();
+}
+
 void CFrameworkManagerInterface::CheckPassword(const std::string &plugin,
                                                const CCheckPwdRequestParam &request,
                                                CCheckPwdResultParam &result)

@@ -55,6 +55,12 @@ class VANTOR_PLATFORM_EXPORT CCheckPwdResultParam : public Nim::Base::CRecord<Ch
 
 } // namespace ClientFramework
 
+// Threads may still ask it when the process ends.
+template <>
+struct Nim::Base::IsKeptAtUnload<ClientFramework::CFrameworkManagerInterface> : std::true_type
+{
+};
+
 extern template class VANTOR_PLATFORM_EXPORT
     Nim::Base::CSingleton<ClientFramework::CFrameworkManagerInterface>;
 
@@ -66,7 +72,7 @@ class VANTOR_PLATFORM_EXPORT CFrameworkManagerInterface
     : public Nim::Base::CSingleton<CFrameworkManagerInterface>
 {
     friend class Nim::Base::CSingleton<CFrameworkManagerInterface>;
-    CFrameworkManagerInterface() = default;
+    CFrameworkManagerInterface();
 
 public:
     using Backend = std::function<void(const std::string &plugin, const CCheckPwdRequestParam &,

@@ -9,7 +9,7 @@
 #include <functional>
 #include <map>
 
-struct _SDL_Joystick;
+struct _SDL_Joystick; // NOLINT(bugprone-reserved-identifier): SDL's own name
 union SDL_Event;
 
 namespace KeyBoard {

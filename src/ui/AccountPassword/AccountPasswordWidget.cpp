@@ -79,6 +79,8 @@ CAccountPasswordWidget::CAccountPasswordWidget(QWidget *parent)
 {
     d_ptr_->relay_ = std::make_shared<LoginRelay>();
     d_ptr_->relay_->widget = this;
+    // Made here and not by a worker, which may still be at it when the process ends.
+    Nim::Base::CSingleton<ClientFramework::CFrameworkManagerInterface>::Instance();
     InitUi();
 }
 
@@ -245,8 +247,10 @@ bool CAccountPasswordWidget::AsyncCheckPassword(std::string &errorText, const st
     return result.Read().check_result == kCheckPassed;
 }
 
+// NOLINTBEGIN(performance-unnecessary-value-param): a slot whose signature hosts know
 void CAccountPasswordWidget::OnUpdataLoginResult(int result, QString info, bool needVerifyCode,
                                                  QString guid)
+// NOLINTEND(performance-unnecessary-value-param)
 {
     VANTOR_LOG("Vantor::CAccountPasswordWidget::OnUpdataLoginResult", 3,
                VANTOR_LOG_CLIENT_USER_OPERATE, "OnUpdataLoginResult = [%d] ReturnInfo = [%s]",
