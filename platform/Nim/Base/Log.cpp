@@ -51,12 +51,15 @@ CSink &CurrentSink()
 
 NIM_PRINTF_FORMAT(1, 0) std::string FormatText(const char *format, va_list arguments)
 {
+    char usual[512]; // longer lines are formatted twice
     va_list measured;
     va_copy(measured, arguments);
-    const int length = std::vsnprintf(nullptr, 0, format, measured);
+    const int length = std::vsnprintf(usual, sizeof usual, format, measured);
     va_end(measured);
     if (length <= 0)
         return {};
+    if (static_cast<size_t>(length) < sizeof usual)
+        return {usual, static_cast<size_t>(length)};
     std::string text(static_cast<size_t>(length) + 1, '\0');
     std::vsnprintf(text.data(), text.size(), format, arguments);
     text.pop_back();
