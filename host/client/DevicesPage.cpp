@@ -8,8 +8,6 @@
 #include <Vantor/CZellUSBKeyboardControlManager>
 
 #include <QtCore/QEvent>
-#include <QtGui/QGuiApplication>
-#include <QtGui/QScreen>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
@@ -53,17 +51,6 @@ void OnDisplays(Displays devices, void *page)
         self, [self, devices = std::move(devices)] { self->ShowDisplays(devices); });
 }
 
-Displays PresentDisplays()
-{
-    Displays displays;
-    const auto screens = QGuiApplication::screens();
-    for (const QScreen *const screen : screens)
-        displays.push_back({screen->name(), screen->geometry(),
-                            screen == QGuiApplication::primaryScreen(),
-                            screen->devicePixelRatio()});
-    return displays;
-}
-
 } // namespace
 
 CDevicesPage::CDevicesPage(QWidget *parent)
@@ -85,7 +72,7 @@ CDevicesPage::CDevicesPage(QWidget *parent)
 
     Nim::Base::CSingleton<Vantor::CScreenStateManager>::Instance().SetCallBack(
         true, reinterpret_cast<void *>(&OnDisplays), this);
-    ShowDisplays(PresentDisplays());
+    ShowDisplays(Nim::Base::MonitorDriveUtil::PresentScreens());
 }
 
 CDevicesPage::~CDevicesPage()
@@ -235,7 +222,7 @@ void CDevicesPage::Retranslate()
     commands_->setAccessibleName(commands_title_->text());
     displays_->setAccessibleName(displays_title_->text());
     UpdateStatus();
-    ShowDisplays(PresentDisplays());
+    ShowDisplays(Nim::Base::MonitorDriveUtil::PresentScreens());
 }
 
 } // namespace Client

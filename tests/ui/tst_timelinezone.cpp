@@ -130,7 +130,7 @@ private Q_SLOTS:
         row("left out in spring, later", Fields(3, 31, 2, 30), 1711845000, Fields(3, 31, 1, 30));
         row("twice in autumn, its first second", Fields(10, 27, 2), 1729987200, Fields(10, 27, 2));
         row("twice in autumn, later", Fields(10, 27, 2, 30), 1729992600, Fields(10, 27, 2, 30));
-        QTest::newRow("another spec of the date-time does not count")
+        QTest::newRow("another zone of the date-time itself does not count")
             << QDateTime({2024, 7, 1}, {12, 0}, Qt::OffsetFromUTC, -7200) << qint64(1719828000)
             << Fields(7, 1, 12) << Fields(7, 1, 12);
     }

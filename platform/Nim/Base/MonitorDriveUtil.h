@@ -39,4 +39,7 @@ VANTOR_PLATFORM_EXPORT void SetBackend(Backend backend);
 VANTOR_PLATFORM_EXPORT bool SetDeviceChangeCallBack(bool enable, DeviceChangeCallBack callback,
                                                     void *user_data);
 
+/// \brief The displays that are present now, as Qt knows them. GUI thread.
+[[nodiscard]] VANTOR_PLATFORM_EXPORT std::vector<DeviceInfoStru> PresentScreens();
+
 } // namespace Nim::Base::MonitorDriveUtil

@@ -5,9 +5,6 @@
 
 namespace Nim::Base::MonitorDriveUtil {
 
-/// \brief The displays that Qt knows now. GUI thread.
-[[nodiscard]] std::vector<DeviceInfoStru> PresentScreens();
-
 /// \brief The default Backend: call \a callback on the GUI thread at each change of Qt's screens.
 /// \return false when there is no QGuiApplication.
 bool WatchScreens(bool enable, DeviceChangeCallBack callback, void *user_data);
