@@ -9,7 +9,7 @@ set(VANTOR_FORWARDING_HEADERS
     "CAdaptiveColumnWidthWidget ui/CustomizeColumnButton/AdaptiveColumnWidthWidget.h"
     "CAnimationProgressBar ui/AnimationProgressBar/AnimationProgressBar.h"
     "CBaseDockFrame ui/DockManager/BaseDockFrame.h"
-    "CBaseFileProgressBar ui/AnimationProgressBar/BaseFileProgressBar.h"
+    "CBaseFileProgressBar ui/BaseFileProgressBar/BaseFileProgressBar.h"
     "CChangePwdStruct common/LoginRecords.h"
     "CCheckPwdResult common/LoginRecords.h"
     "CClientLockStruct common/LoginRecords.h"

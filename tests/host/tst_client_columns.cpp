@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "CsvFile.h"
-#include "Language.h"
-#include "MainWindow.h"
-#include "ServerLink.h"
-#include "Theme.h"
+#include "link/ServerLink.h"
+#include "list/CsvFile.h"
+#include "look/Language.h"
+#include "look/Theme.h"
 #include "support/TestGuard.h"
+#include "window/MainWindow.h"
 
 #include <Vantor/CAdaptiveColumnWidthWidget>
 #include <Vantor/CCustomizeColumnButton>

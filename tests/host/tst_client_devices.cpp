@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "DevicesPage.h"
-#include "PtzView.h"
+#include "pages/DevicesPage.h"
+#include "pages/PtzView.h"
 #include "support/TestGuard.h"
 
 #include <QtTest/QTest>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "CsvFile.h"
-#include "ExportTarget.h"
-#include "ListExport.h"
-#include "ListModel.h"
+#include "export/ExportTarget.h"
+#include "export/ListExport.h"
+#include "list/CsvFile.h"
+#include "list/ListModel.h"
 #include "support/Files.h"
 #include "support/TestGuard.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "CsvFile.h"
-#include "ListModel.h"
+#include "list/CsvFile.h"
+#include "list/ListModel.h"
 #include "support/TestGuard.h"
 
 #include <QtCore/QDir>

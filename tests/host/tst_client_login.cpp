@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "LockWindow.h"
-#include "LoginPage.h"
-#include "ServerLink.h"
+#include "link/ServerLink.h"
+#include "pages/LockWindow.h"
+#include "pages/LoginPage.h"
 #include "support/TestGuard.h"
 
 #include <server/SampleAccounts.h>

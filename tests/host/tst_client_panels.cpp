@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "DetailPanel.h"
-#include "EvidencePage.h"
-#include "ExportPanel.h"
-#include "Panels.h"
+#include "pages/EvidencePage.h"
 #include "support/Files.h"
 #include "support/TestGuard.h"
+#include "window/DetailPanel.h"
+#include "window/ExportPanel.h"
+#include "window/Panels.h"
 
 #include <Vantor/CDockManager>
 #include <Vantor/CDockWidget>

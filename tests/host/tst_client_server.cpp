@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "CommandLine.h"
-#include "Language.h"
-#include "MainWindow.h"
-#include "ServerLink.h"
-#include "Theme.h"
+#include "app/CommandLine.h"
+#include "link/ServerLink.h"
+#include "look/Language.h"
+#include "look/Theme.h"
 #include "support/TestGuard.h"
+#include "window/MainWindow.h"
 
 #include <BusinessCommon/NetCommManager.h>
 

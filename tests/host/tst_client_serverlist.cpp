@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ServerLink.h"
-#include "ServerListPage.h"
+#include "link/ServerLink.h"
+#include "pages/ServerListPage.h"
 #include "support/TestGuard.h"
 
 #include <Vantor/CFilterTreeViewEx>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "TimeLinePage.h"
+#include "pages/TimeLinePage.h"
 #include "support/TestGuard.h"
 
 #include <Vantor/CBaseFileProgressBar>

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "CommandLine.h"
-#include "Language.h"
-#include "ListExport.h"
-#include "MainWindow.h"
-#include "Pages.h"
-#include "ProgressDialog.h"
-#include "Theme.h"
-#include "WindowActions.h"
+#include "app/CommandLine.h"
+#include "export/ListExport.h"
+#include "look/Language.h"
+#include "look/Theme.h"
 #include "support/Files.h"
 #include "support/TestGuard.h"
+#include "window/MainWindow.h"
+#include "window/Pages.h"
+#include "window/ProgressDialog.h"
+#include "window/WindowActions.h"
 
 #include <Vantor/CFilterProxyModelEx>
 #include <Vantor/CFilterTreeViewEx>

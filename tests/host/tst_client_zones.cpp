@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ZoneSwitch.h"
+#include "pages/ZoneSwitch.h"
 #include "support/TestGuard.h"
 
 #include <Vantor/CAnimationProgressBar>

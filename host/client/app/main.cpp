@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "app/Batch.h"
+#include "app/CommandLine.h"
+#include "app/Console.h"
+#include "app/Display.h"
+#include "app/Headless.h"
+#include "app/StopSignals.h"
+#include "link/ServerLink.h"
+#include "look/Language.h"
+#include "look/Theme.h"
+#include "window/MainWindow.h"
+#include "window/Pages.h"
+
+#include <QtCore/QLoggingCategory>
+#include <QtCore/QSettings>
+#include <QtWidgets/QApplication>
+
+#include <csignal>
+
+namespace {
+
+using namespace Client;
+
+constexpr QSize kFirstSizePx(1280, 800);
+
+bool ChooseWindow(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    return WantsWindow(arguments) && HasDisplay();
+}
+
+void PrepareBatch()
+{
+    // Errors reach the user as one sentence of ours and the library's line about the cause, without
+    // remarks of the offscreen platform; QT_LOGGING_RULES brings the rest of the log back.
+    QLoggingCategory::setFilterRules(
+        QStringLiteral("ClientWarningAndMore.info=false\nClientWarningAndMore.warning=false\n"
+                       "UserOperate.info=false\ndefault.warning=false"));
+}
+
+void IgnoreFileSizeSignal()
+{
+#ifdef SIGXFSZ
+    // A limit on file sizes then is a failed write like a full disk, and leaves no half file.
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
+}
+
+int RunWindow(const Options &options, const IncidentListPtr &list, CThemeSwitch &theme,
+              CLanguageSwitch &language, QSettings &settings)
+{
+    CServerLink link;
+    CMainWindow window(theme, language);
+    window.SetServerLink(link);
+    const QString user = QStringLiteral("user");
+    link.Start(options.server, settings.value(user, CServerLink::Users().constFirst()).toString());
+    if (!window.restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray()))
+        window.resize(kFirstSizePx);
+    window.SetList(list, options.ListName());
+    window.SetFilter(options.filter);
+    if (!options.page.isEmpty())
+        window.Pages().Show(options.page);
+    window.show();
+    const CStopSignals stop_signals;
+    QObject::connect(&stop_signals, &CStopSignals::SignalStop, &window, &CMainWindow::Stop);
+    QObject::connect(&window, &CMainWindow::SignalStopped, &QCoreApplication::exit);
+    const int status = QApplication::exec();
+    settings.setValue(QStringLiteral("geometry"), window.saveGeometry());
+    settings.setValue(QStringLiteral("theme"), theme.Current() == Theme::Dark
+                                                   ? QStringLiteral("dark")
+                                                   : QStringLiteral("light"));
+    settings.setValue(QStringLiteral("language"), language.Current());
+    if (!link.User().isEmpty())
+        settings.setValue(user, link.User());
+    return status;
+}
+
+int Run(bool has_window)
+{
+    QSettings settings;
+    const auto setting = [&settings, has_window](const QString &name, const QString &otherwise) {
+        return has_window ? settings.value(name, otherwise).toString() : otherwise;
+    };
+    CLanguageSwitch language;
+    language.Apply(setting(QStringLiteral("language"), CLanguageSwitch::SystemCode()));
+    const CommandLine line = ReadCommandLine(QApplication::arguments());
+    if (!line.error.isEmpty()) {
+        PrintError(line.error);
+        return kExitBadUsage;
+    }
+    if (!line.output.isEmpty()) {
+        PrintLine(line.output.trimmed());
+        return kExitDone;
+    }
+    const IncidentListPtr list = LoadList(line.options);
+    if (!list)
+        return kExitFileFailed;
+
+    CThemeSwitch theme;
+    theme.Apply(setting(QStringLiteral("theme"), {}) == QLatin1String("dark") ? Theme::Dark
+                                                                              : Theme::Light);
+    if (has_window)
+        return RunWindow(line.options, list, theme, language, settings);
+    if (!line.options.export_path.isEmpty())
+        return RunExport(line.options, list);
+    return RunHeadless(line.options, list, theme, language);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    IgnoreFileSizeSignal();
+    const bool has_window = ChooseWindow(argc, argv);
+    if (!has_window) {
+        PrepareBatch();
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Vantor"));
+    QApplication::setApplicationName(QStringLiteral("vantor-client"));
+    QApplication::setApplicationVersion(QStringLiteral(VANTOR_CLIENT_VERSION));
+    return Run(has_window);
+}

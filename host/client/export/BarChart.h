@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/XlsxSummary.h"
+
+#include <QtCore/QByteArray>
+
+namespace Client {
+
+/// \brief A chart as PNG, drawn finer than it is to be shown.
+struct BarChart
+{
+    QByteArray png;
+    int pixels_per_point = 1;
+};
+
+/// \brief Draw one bar a value, the title above, in the reading direction of the language. Runs on
+/// any thread.
+[[nodiscard]] BarChart PaintBarChart(const QString &title, const QVector<ValueCount> &values);
+
+} // namespace Client

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "list/IncidentList.h"
+
+#include <Vantor/Clxw_format_>
+
+namespace Client {
+
+using CellLook = std::shared_ptr<Vantor::Clxw_format_>;
+
+/// \brief How the cells of a workbook look. Cells that look the same share one record.
+struct XlsxLook
+{
+    XlsxLook();
+
+    CellLook title;
+    CellLook header;
+    CellLook number_header;
+    CellLook cell;
+    CellLook number; ///< at the end of its cell in the reading direction
+    CellLook fact;   ///< at the beginning, number or text
+};
+
+/// \brief What the cells of a column are in a workbook.
+enum class XlsxKind { Text, Number, Link };
+
+/// \brief Numbers only when each text comes back from its number, so that no leading zero and no
+/// digit behind the fifteenth is lost; links when each text is an address of the web.
+[[nodiscard]] XlsxKind KindOf(const CIncidentList &list, int column);
+
+/// \brief The width in characters that shows the title of \a column and most of its \a rows.
+[[nodiscard]] int ColumnWidth(const IncidentRows &rows, int column);
+
+} // namespace Client

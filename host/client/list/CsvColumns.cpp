@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+#include "list/CsvColumns.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QTextCodec>
+
+#include <algorithm>
+
+namespace Client {
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(CsvFile)
+};
+
+constexpr size_t kMaximumColumns = 1000;
+constexpr size_t kMaximumFieldBytes = size_t{1024} * 1024 * 1024;
+constexpr int kMibUtf8 = 106;
+constexpr int kMibLatin1 = 4;
+
+bool IsUtf8(const QVector<QByteArray> &texts)
+{
+    QTextCodec *const utf8 = QTextCodec::codecForMib(kMibUtf8);
+    return std::all_of(texts.begin(), texts.end(), [utf8](const QByteArray &text) {
+        QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+        utf8->toUnicode(text.constData(), text.size(), &state);
+        return state.invalidChars == 0 && state.remainingChars == 0;
+    });
+}
+
+QTextCodec *FallbackCodec()
+{
+    QTextCodec *const local = QTextCodec::codecForLocale();
+    return local->mibEnum() == kMibUtf8 ? QTextCodec::codecForMib(kMibLatin1) : local;
+}
+
+} // namespace
+
+void CCsvColumns::Column::Append(const QByteArray &text)
+{
+    int index = index_of_text.value(text, -1);
+    if (index < 0) {
+        index = texts.size();
+        const QByteArray own(text.constData(), text.size());
+        texts.append(own);
+        index_of_text.insert(own, index);
+    }
+    text_of_row.append(index);
+}
+
+CCsvColumns::Column &CCsvColumns::NextColumn()
+{
+    if (next_column_ == columns_.size()) {
+        columns_.emplace_back();
+        for (int row = 0; row < rows_; ++row)
+            columns_.back().Append({});
+    }
+    return columns_[next_column_++];
+}
+
+void CCsvColumns::AppendField(const char *bytes, size_t length) noexcept
+{
+    if (HasFailed())
+        return;
+    try {
+        if (next_column_ == kMaximumColumns)
+            failure_ = Failure::TooManyColumns;
+        else if (length > kMaximumFieldBytes)
+            failure_ = Failure::OutOfMemory;
+        else if (has_titles_)
+            NextColumn().Append(QByteArray::fromRawData(bytes, static_cast<int>(length)));
+        else
+            NextColumn().title = QByteArray(bytes, static_cast<int>(length));
+    } catch (...) {
+        failure_ = Failure::OutOfMemory;
+    }
+}
+
+void CCsvColumns::EndRow() noexcept
+{
+    if (HasFailed())
+        return;
+    try {
+        while (has_titles_ && next_column_ < columns_.size())
+            NextColumn().Append({});
+        next_column_ = 0;
+        rows_ += has_titles_ ? 1 : 0;
+        has_titles_ = true;
+        if (rows_ > kMaximumRows)
+            failure_ = Failure::TooManyRows;
+    } catch (...) {
+        failure_ = Failure::OutOfMemory;
+    }
+}
+
+QString CCsvColumns::Error() const
+{
+    switch (failure_) {
+    case Failure::TooManyColumns:
+        return Texts::tr("%1 has more columns than can be shown.");
+    case Failure::TooManyRows:
+        return Texts::tr("%1 has more rows than can be shown.");
+    case Failure::None: // the CSV library gave up first, for the same reason
+    case Failure::OutOfMemory:
+        break;
+    }
+    return Texts::tr("%1 is too large for the memory.");
+}
+
+IncidentListPtr CCsvColumns::TakeList()
+{
+    const bool is_utf8 = std::all_of(columns_.begin(), columns_.end(), [](const Column &column) {
+        return IsUtf8(column.texts) && IsUtf8({column.title});
+    });
+    QTextCodec *const codec = is_utf8 ? QTextCodec::codecForMib(kMibUtf8) : FallbackCodec();
+    QVector<IncidentColumn> columns;
+    for (Column &column : columns_) {
+        column.index_of_text.clear();
+        IncidentColumn result;
+        for (const QByteArray &text : qAsConst(column.texts))
+            result.texts.append(codec->toUnicode(text));
+        result.title = codec->toUnicode(column.title);
+        result.text_of_row = std::move(column.text_of_row);
+        columns.append(result);
+    }
+    columns_.clear();
+    return std::make_shared<CIncidentList>(std::move(columns));
+}
+
+} // namespace Client

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "list/IncidentList.h"
+
+#include <QtCore/QString>
+
+#include <functional>
+
+namespace Client {
+
+/// \brief What came of reading a file: a list, or why there is none.
+struct ReadResult
+{
+    IncidentListPtr list; ///< null when the file could not be read
+    QString error;        ///< for the user; empty when the reading was cancelled
+    QString warning;      ///< for the user; not empty when the list may not be all of the file
+};
+
+/// Told the bytes read so far and in all (0 when not known); returns false to cancel the reading.
+using ReadProgress = std::function<bool(qint64 done, qint64 total)>;
+
+/// \brief Read the CSV file \a path, its first record being the column titles.
+///
+/// The separator is the one of comma, semicolon and tab that the first line holds most of. Texts
+/// are UTF-8, with or without a byte-order mark and a zero byte behind it, or UTF-16 or UTF-32 with
+/// a mark; a file that is none of these is taken in the local encoding, or as Latin-1. Short rows
+/// are filled with empty cells, and longer ones add columns without a title. The file is read in
+/// blocks. Any thread.
+[[nodiscard]] ReadResult ReadCsvFile(const QString &path, const ReadProgress &progress = {});
+
+} // namespace Client

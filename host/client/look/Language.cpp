@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "look/Language.h"
+
+#include <QtCore/QLibraryInfo>
+#include <QtCore/QLocale>
+#include <QtWidgets/QApplication>
+
+namespace Client {
+namespace {
+
+const Language &FindLanguage(const QString &code)
+{
+    for (const Language &language : kLanguages) {
+        if (code == QLatin1String(language.code))
+            return language;
+    }
+    return kLanguages[0];
+}
+
+} // namespace
+
+void CLanguageSwitch::Apply(const QString &code)
+{
+    const Language &language = FindLanguage(code);
+    code_ = QLatin1String(language.code);
+    QLocale::setDefault(QLocale(code_));
+
+    const QString ours = QStringLiteral(":/Vantor/Translations");
+    const QString qt = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+    const struct
+    {
+        QString name;
+        QString folder;
+    } files[] = {{QStringLiteral("qtbase_"), qt},
+                 {QStringLiteral("vantor_"), ours},
+                 {QStringLiteral("client_"), ours}};
+    for (size_t i = 0; i < translators_.size(); ++i) {
+        QCoreApplication::removeTranslator(&translators_[i]);
+        // Debian packs Qt's own texts apart: without them only standard buttons stay English.
+        if (translators_[i].load(files[i].name + code_, files[i].folder))
+            QCoreApplication::installTranslator(&translators_[i]);
+    }
+    // Last, because Qt guesses a direction of its own whenever a translator comes or goes.
+    QGuiApplication::setLayoutDirection(language.direction);
+}
+
+QString CLanguageSwitch::SystemCode()
+{
+    const QString system = QLocale::system().name().section(QLatin1Char('_'), 0, 0);
+    return QLatin1String(FindLanguage(system).code);
+}
+
+} // namespace Client

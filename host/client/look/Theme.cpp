@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include "look/Theme.h"
+
+#include <Vantor/CStyleManager>
+
+#include <QtCore/QFile>
+#include <QtGui/QPainter>
+#include <QtGui/QPalette>
+#include <QtSvg/QSvgRenderer>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleFactory>
+
+namespace Client {
+namespace {
+
+constexpr int kIconSidePx = 20;
+constexpr int kFontPoints = 10;
+
+Vantor::CStyleManager &Manager()
+{
+    return Nim::Base::CSingleton<Vantor::CStyleManager>::Instance();
+}
+
+QByteArray ReadResource(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// For what a style sheet does not reach: file dialogs' texts, links, disabled texts.
+QPalette MakePalette(const Vantor::CStyleManager &colours)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, colours.BackColor());
+    palette.setColor(QPalette::Base, colours.PanelColor());
+    palette.setColor(QPalette::AlternateBase, colours.PanelColorT2());
+    palette.setColor(QPalette::Button, colours.WidgetColor());
+    palette.setColor(QPalette::ToolTipBase, colours.WidgetColorT2());
+    palette.setColor(QPalette::Highlight, colours.BrandColor());
+    palette.setColor(QPalette::Link, colours.BrandColor());
+    palette.setColor(QPalette::HighlightedText, colours.PanelColor());
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        palette.setColor(role, colours.TextNeuColor());
+        palette.setColor(QPalette::Disabled, role, colours.TextNeuColorT2());
+    }
+    palette.setColor(QPalette::PlaceholderText, colours.TextNeuColorT2());
+    return palette;
+}
+
+} // namespace
+
+CThemeSwitch::CThemeSwitch(QObject *parent) : QObject(parent)
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QFont font;
+    font.setFamilies({QStringLiteral("Segoe UI"), QStringLiteral("Noto Sans"),
+                      QStringLiteral("DejaVu Sans"), QStringLiteral("sans-serif")});
+    font.setPointSize(kFontPoints);
+    QApplication::setFont(font);
+}
+
+void CThemeSwitch::Apply(Theme theme)
+{
+    theme_ = theme;
+    const QString path = theme == Theme::Dark ? QStringLiteral(":/Vantor/Themes/dark.qss")
+                                              : QStringLiteral(":/Vantor/Themes/light.qss");
+    const QString sheet = QString::fromUtf8(ReadResource(path));
+    // The palette goes first: widgets take over the colours that no rule names while they are
+    // polished for the sheet. The colours themselves come out of the sheet.
+    Vantor::CStyleManager sample;
+    sample.setStyleSheet(sheet);
+    sample.ensurePolished();
+    QApplication::setPalette(MakePalette(sample));
+    qApp->setStyleSheet(sheet);
+    // Qt polishes the manager again with later sheets only when it was made under one.
+    Vantor::CStyleManager &manager = Manager();
+    manager.style()->unpolish(&manager);
+    manager.style()->polish(&manager);
+    Q_EMIT SignalThemeChanged();
+}
+
+QIcon CThemeSwitch::Icon(const QString &name)
+{
+    QByteArray picture = ReadResource(QStringLiteral(":/Vantor/Icons/%1.svg").arg(name));
+    picture.replace("currentColor", Manager().TextNeuColor().name().toLatin1());
+    QSvgRenderer renderer(picture);
+    QIcon icon;
+    for (const int scale : {1, 2, 3}) {
+        QPixmap pixmap(kIconSidePx * scale, kIconSidePx * scale);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        renderer.render(&painter);
+        painter.end();
+        pixmap.setDevicePixelRatio(scale);
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
+
+} // namespace Client

@@ -1,0 +1,326 @@
+// SPDX-License-Identifier: MIT
+#include "pages/EvidencePage.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QEvent>
+#include <QtCore/QFileInfo>
+#include <QtCore/QLocale>
+#include <QtCore/QMimeData>
+#include <QtCore/QStandardPaths>
+#include <QtCore/QUrl>
+#include <QtGui/QDragEnterEvent>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QProgressBar>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTreeWidget>
+#include <QtWidgets/QVBoxLayout>
+
+namespace Client {
+namespace {
+
+constexpr int kMarginPx = 16;
+constexpr int kGapPx = 12;
+constexpr int kBarSteps = 1000;
+constexpr int kNameWidthPx = 320;
+
+enum Column { kName, kSize, kResult };
+
+// The path of the file that the row stands for.
+constexpr int kPathRole = Qt::UserRole;
+
+} // namespace
+
+CEvidencePage::CEvidencePage(QWidget *parent)
+    : CPage(parent), add_(new QPushButton(this)), remove_(new QPushButton(this)),
+      folder_label_(new QLabel(this)), folder_(new QLineEdit(this)), browse_(new QPushButton(this)),
+      files_(new QTreeWidget(this)), empty_(new QLabel(files_->viewport())),
+      bar_(new QProgressBar(this)), state_(new QLabel(this)), stop_(new QPushButton(this)),
+      copy_(new QPushButton(this))
+{
+    setAcceptDrops(true);
+    auto *const page = new QVBoxLayout(this);
+    page->setContentsMargins(kMarginPx, kMarginPx, kMarginPx, kMarginPx);
+    page->setSpacing(kGapPx);
+    BuildHead();
+    page->addWidget(files_, 1);
+    BuildFoot();
+    SetFolder(QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation))
+                  .filePath(QStringLiteral("Evidence")));
+    Retranslate();
+    UpdateButtons();
+}
+
+CEvidencePage::~CEvidencePage()
+{
+    if (thread_)
+        thread_->disconnect(this);
+    delete thread_.data();
+}
+
+void CEvidencePage::BuildHead()
+{
+    folder_label_->setBuddy(folder_);
+    folder_->setObjectName(QStringLiteral("EvidenceFolder"));
+    auto *const head = new QHBoxLayout;
+    head->setSpacing(kGapPx);
+    head->addWidget(add_);
+    head->addWidget(remove_);
+    head->addSpacing(kGapPx);
+    head->addWidget(folder_label_);
+    head->addWidget(folder_, 1);
+    head->addWidget(browse_);
+    static_cast<QVBoxLayout *>(layout())->addLayout(head);
+
+    files_->setObjectName(QStringLiteral("EvidenceFiles"));
+    files_->setColumnCount(3);
+    files_->setRootIsDecorated(false);
+    files_->setUniformRowHeights(true);
+    files_->setAlternatingRowColors(true);
+    files_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    files_->header()->setStretchLastSection(true);
+    files_->setColumnWidth(kName, kNameWidthPx);
+    empty_->setObjectName(QStringLiteral("NothingFound"));
+    empty_->setAlignment(Qt::AlignCenter);
+    empty_->setWordWrap(true);
+    (new QVBoxLayout(files_->viewport()))->addWidget(empty_);
+
+    connect(add_, &QPushButton::clicked, this, &CEvidencePage::OnAdd);
+    connect(remove_, &QPushButton::clicked, this, &CEvidencePage::OnRemove);
+    connect(browse_, &QPushButton::clicked, this, &CEvidencePage::OnBrowse);
+    connect(folder_, &QLineEdit::textChanged, this, &CEvidencePage::UpdateButtons);
+    connect(files_, &QTreeWidget::itemSelectionChanged, this, &CEvidencePage::UpdateButtons);
+}
+
+void CEvidencePage::BuildFoot()
+{
+    bar_->setObjectName(QStringLiteral("EvidenceProgress"));
+    bar_->setMaximum(kBarSteps);
+    bar_->setTextVisible(false);
+    state_->setObjectName(QStringLiteral("EvidenceState"));
+    state_->setWordWrap(true);
+    stop_->setObjectName(QStringLiteral("EvidenceStop"));
+    copy_->setObjectName(QStringLiteral("EvidenceCopy"));
+    copy_->setDefault(true);
+    auto *const foot = new QHBoxLayout;
+    foot->setSpacing(kGapPx);
+    auto *const progress = new QVBoxLayout;
+    progress->addWidget(bar_);
+    progress->addWidget(state_);
+    foot->addLayout(progress, 1);
+    foot->addWidget(stop_);
+    foot->addWidget(copy_);
+    static_cast<QVBoxLayout *>(layout())->addLayout(foot);
+    connect(copy_, &QPushButton::clicked, this, &CEvidencePage::OnCopy);
+    connect(stop_, &QPushButton::clicked, this, &CEvidencePage::OnStop);
+}
+
+void CEvidencePage::AddFiles(const QStringList &paths)
+{
+    if (thread_)
+        return;
+    QSet<QString> known;
+    for (int row = 0; row < files_->topLevelItemCount(); ++row)
+        known.insert(files_->topLevelItem(row)->data(kName, kPathRole).toString());
+    for (const QString &path : paths) {
+        const QFileInfo file(path);
+        const QString absolute = file.absoluteFilePath();
+        if (!file.isFile() || known.contains(absolute))
+            continue;
+        known.insert(absolute);
+        auto *const item = new QTreeWidgetItem(files_);
+        item->setText(kName, file.fileName());
+        item->setToolTip(kName, QDir::toNativeSeparators(absolute));
+        item->setData(kName, kPathRole, absolute);
+        item->setText(kSize, QLocale().formattedDataSize(file.size()));
+        item->setTextAlignment(kSize, Qt::AlignRight | Qt::AlignVCenter);
+    }
+    UpdateButtons();
+}
+
+void CEvidencePage::SetFolder(const QString &folder)
+{
+    folder_->setText(QDir::toNativeSeparators(folder));
+}
+
+void CEvidencePage::OnAdd()
+{
+    auto *const dialog = new QFileDialog(this, tr("Add evidence files"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFiles);
+    connect(dialog, &QFileDialog::filesSelected, this, &CEvidencePage::AddFiles);
+    dialog->open();
+}
+
+void CEvidencePage::OnRemove()
+{
+    qDeleteAll(files_->selectedItems());
+    UpdateButtons();
+}
+
+void CEvidencePage::OnBrowse()
+{
+    auto *const dialog = new QFileDialog(this, tr("Copy to"), folder_->text());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    connect(dialog, &QFileDialog::fileSelected, this, &CEvidencePage::SetFolder);
+    dialog->open();
+}
+
+void CEvidencePage::OnCopy()
+{
+    const QString folder = QDir::fromNativeSeparators(folder_->text().trimmed());
+    if (thread_ || folder.isEmpty() || files_->topLevelItemCount() == 0)
+        return;
+    if (!QDir().mkpath(folder)) {
+        state_->setText(tr("The folder %1 cannot be made.").arg(folder_->text()));
+        return;
+    }
+    QStringList sources;
+    QStringList targets;
+    for (int row = 0; row < files_->topLevelItemCount(); ++row) {
+        QTreeWidgetItem *const item = files_->topLevelItem(row);
+        item->setText(kResult, {});
+        sources.append(item->data(kName, kPathRole).toString());
+        targets.append(QDir(folder).filePath(item->text(kName)));
+    }
+    thread_ = new Vantor::CCopyFileThread;
+    thread_->SetKeepExisting(true);
+    thread_->SetFileInfo(sources, targets, false);
+    connect(thread_.data(), &Vantor::CCopyFileThread::SendSaveProgress, this,
+            &CEvidencePage::OnProgress);
+    connect(thread_.data(), &Vantor::CCopyFileThread::SendSaveFinish, this,
+            &CEvidencePage::OnFinished);
+    since_start_.start();
+    estimate_ = {};
+    thread_->start();
+    UpdateButtons();
+}
+
+void CEvidencePage::OnStop()
+{
+    if (!thread_)
+        return;
+    thread_->OnStopCopyFileThread();
+    stop_->setEnabled(false);
+    state_->setText(tr("Stopping after the file at hand…"));
+}
+
+void CEvidencePage::OnProgress(qint64 bytes_done, qint64 bytes_total, int files_done,
+                               int files_total)
+{
+    const double share = bytes_total > 0   ? double(bytes_done) / double(bytes_total)
+                         : files_total > 0 ? double(files_done) / files_total
+                                           : 1;
+    bar_->setValue(int(share * kBarSteps));
+    estimate_.Note(since_start_.elapsed(), share);
+    if (!stop_->isEnabled())
+        return; // it tells of the stop
+    const QLocale locale;
+    const QString left = share < 1 ? TimeLeftText(estimate_.Seconds()) : QString();
+    state_->setText(tr("%1 of %2 files, %3 of %4")
+                        .arg(locale.toString(files_done), locale.toString(files_total),
+                             locale.formattedDataSize(bytes_done),
+                             locale.formattedDataSize(bytes_total))
+                    + (left.isEmpty() ? QString() : QStringLiteral(" – ") + left));
+}
+
+void CEvidencePage::OnFinished(bool all_copied, const QStringList &failed)
+{
+    ShowResults();
+    const int total = thread_->Results().size();
+    const QString text =
+        all_copied ? tr("All %1 files have arrived.").arg(QLocale().toString(total))
+                   : tr("%1 of %2 files have arrived; the others are listed with the reason.")
+                         .arg(QLocale().toString(total - failed.size()), QLocale().toString(total));
+    delete thread_.data(); // waits for its last steps
+    state_->setText(text);
+    UpdateButtons();
+    Q_EMIT SignalMessage(text);
+    Q_EMIT SignalCopied(all_copied);
+}
+
+void CEvidencePage::ShowResults()
+{
+    const QVector<Vantor::CopiedFile> results = thread_->Results();
+    for (int row = 0; row < results.size() && row < files_->topLevelItemCount(); ++row) {
+        const Vantor::CopiedFile &file = results.at(row);
+        QTreeWidgetItem *const item = files_->topLevelItem(row);
+        const bool has_arrived = file.error.isEmpty();
+        item->setText(kResult, has_arrived
+                                   ? tr("Copied as %1").arg(QFileInfo(file.target).fileName())
+                                   : tr("Not copied: %1").arg(file.error));
+        item->setToolTip(kResult, has_arrived ? QDir::toNativeSeparators(file.target) : file.error);
+    }
+}
+
+void CEvidencePage::UpdateButtons()
+{
+    const bool is_running = thread_;
+    const bool has_files = files_->topLevelItemCount() > 0;
+    add_->setEnabled(!is_running);
+    remove_->setEnabled(!is_running && !files_->selectedItems().isEmpty());
+    folder_->setEnabled(!is_running);
+    browse_->setEnabled(!is_running);
+    copy_->setEnabled(!is_running && has_files && !folder_->text().trimmed().isEmpty());
+    stop_->setEnabled(is_running);
+    bar_->setEnabled(is_running);
+    if (!is_running)
+        bar_->setValue(0);
+    empty_->setVisible(!has_files);
+}
+
+void CEvidencePage::Retranslate()
+{
+    add_->setText(tr("&Add files…"));
+    remove_->setText(tr("&Remove"));
+    folder_label_->setText(tr("Copy &to"));
+    browse_->setText(tr("&Browse…"));
+    copy_->setText(tr("&Copy"));
+    stop_->setText(tr("&Stop"));
+    bar_->setAccessibleName(tr("Progress of the copy"));
+    files_->setAccessibleName(tr("Evidence files"));
+    files_->setHeaderLabels({tr("File"), tr("Size"), tr("Result")});
+    empty_->setText(tr("Add files, or drop them here"));
+}
+
+void CEvidencePage::changeEvent(QEvent *event)
+{
+    CPage::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        Retranslate();
+}
+
+void CEvidencePage::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (event->mimeData()->hasUrls() && !thread_)
+        event->acceptProposedAction();
+}
+
+void CEvidencePage::dropEvent(QDropEvent *event)
+{
+    QStringList paths;
+    const auto urls = event->mimeData()->urls();
+    for (const QUrl &url : urls)
+        paths.append(url.toLocalFile());
+    AddFiles(paths);
+    event->acceptProposedAction();
+}
+
+void CEvidencePage::PrepareForPicture()
+{
+    // Its own program and libraries are files that every client has.
+    const QDir here(QCoreApplication::applicationDirPath());
+    QStringList paths;
+    const QFileInfoList files = here.entryInfoList(QDir::Files, QDir::Name).mid(0, 8);
+    for (const QFileInfo &file : files)
+        paths.append(file.filePath());
+    AddFiles(paths);
+}
+
+} // namespace Client

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "list/IncidentList.h"
+
+#include <QtWidgets/QWidget>
+
+namespace Client {
+
+/// \brief One page of the client beside the list, built when the user first comes to it.
+class CPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+
+    /// \brief Show what belongs to \a list. Called once the page is built and for each list after.
+    virtual void SetList(const IncidentListPtr &list) { Q_UNUSED(list) }
+    /// \brief Take over what a style sheet cannot give, such as icons.
+    virtual void OnThemeChanged() {}
+    /// \brief Put the page into the state in which a picture shows it best, without waiting.
+    virtual void PrepareForPicture() {}
+
+Q_SIGNALS:
+    /// A short text for the status bar.
+    void SignalMessage(const QString &text);
+};
+
+} // namespace Client

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#include "ui/BaseFileProgressBar/BaseFileProgressBar.h"
+
+#include "common/Guard.h"
+#include "common/Translate.h"
+#include "ui/BaseFileProgressBar/BaseFileProgressBar_p.h"
+#include "ui/BaseFileProgressBar/FileColours.h"
+
+#include <limits>
+#include <utility>
+
+namespace Vantor {
+namespace {
+
+constexpr int kDefaultTypes[] = {22, 0, 500, 13};
+constexpr char kContext[] = "Vantor::CBaseFileProgressBar";
+
+QVector<CTimeBarParam> BarsOf(const CBaseFileProgressBar::Files &files, bool by_file_type,
+                              const CBaseFileProgressBar::Convert &convert)
+{
+    QVector<CTimeBarParam> bars;
+    bars.reserve(files.size());
+    for (int i = 0; i < files.size(); ++i) {
+        bars.append(CBaseFileProgressBar::NewATimeBarParam(files.at(i), convert, by_file_type));
+        bars.last().SetVal_szIndex(size_t(i));
+        if (files.at(i))
+            bars.last().SetVal_strFileName(QString::fromStdString(files.at(i)->GetFileName()));
+    }
+    return bars;
+}
+
+} // namespace
+
+CBaseFileProgressBar::CBaseFileProgressBar(QWidget *parent)
+    : CAnimationProgressBar(parent), d_ptr_(std::make_unique<CBaseFileProgressBarDataPtr>())
+{}
+
+CBaseFileProgressBar::~CBaseFileProgressBar() = default;
+
+CTimeBarDelegate *CBaseFileProgressBar::TimeBarDelegate()
+{
+    if (!d_ptr_->ptr_time_bars_) {
+        d_ptr_->ptr_time_bars_ = new CTimeBarDelegate(this);
+        d_ptr_->ptr_time_bars_->InitTypes(TimeBarTypes());
+        InsertDelegate(0, d_ptr_->ptr_time_bars_);
+    }
+    return d_ptr_->ptr_time_bars_;
+}
+
+void CBaseFileProgressBar::SetTimeBarTypes(const QList<int> &types)
+{
+    d_ptr_->list_types_ = types;
+    if (d_ptr_->ptr_time_bars_)
+        d_ptr_->ptr_time_bars_->InitTypes(TimeBarTypes());
+}
+
+QList<int> CBaseFileProgressBar::TimeBarTypes() const
+{
+    if (!d_ptr_->list_types_.isEmpty())
+        return d_ptr_->list_types_;
+    return {std::begin(kDefaultTypes), std::end(kDefaultTypes)};
+}
+
+CTimeBarParam
+// NOLINTNEXTLINE(performance-unnecessary-value-param): fixed
+CBaseFileProgressBar::NewATimeBarParam(std::shared_ptr<TimeSliderFile> file,
+                                       const std::function<qint64(qint64)> &convert,
+                                       bool byFileType)
+{
+    static constexpr char kFunction[] = "Vantor::CBaseFileProgressBar::NewATimeBarParam";
+    TimeBarParam bar;
+    if (!file)
+        return CTimeBarParam(bar);
+    const FileLook look =
+        byFileType ? LookOfFile(file->GetFileType(), file->GetRecordFileType()) : PlainLookOfFile();
+    bar.iTimeType = look.bar_type;
+    bar.barColor = look.colour;
+    bar.dtStart = file->GetFileBegTime();
+    bar.dtEnd = file->GetFileEndTime();
+    if (convert) {
+        RunGuarded(kFunction, [&] { // a host's function may throw
+            bar.dtStart = convert(bar.dtStart);
+            bar.dtEnd = convert(bar.dtEnd);
+        });
+    }
+    return CTimeBarParam(bar);
+}
+
+void CBaseFileProgressBar::SetFiles(const Files &files, bool byFileType, const Convert &convert)
+{
+    TimeBarDelegate()->Clear(false);
+    TimeBarDelegate()->AppendTimeBar(BarsOf(files, byFileType, convert));
+}
+
+void CBaseFileProgressBar::SetSyncFiles(const Files &files, bool byFileType, const Convert &convert)
+{
+    TimeBarDelegate()->ClearSyncTimeBar();
+    TimeBarDelegate()->AppendSyncTimeBar(BarsOf(files, byFileType, convert));
+}
+
+QString CBaseFileProgressBar::TipAtPos(const QPointF &pos) const
+{
+    QString time = CAnimationProgressBar::TipAtPos(pos);
+    CTimeBarParam bar;
+    const QPointF painted(pos.x() + ShownFractionPx(), pos.y());
+    if (!d_ptr_->ptr_time_bars_ || !d_ptr_->ptr_time_bars_->FindTimeBar(painted, bar))
+        return time;
+    QStringList lines{time};
+    const TimeBarParam &shown = bar.Read();
+    for (const QString &text : {shown.strFileName, shown.strFileMark}) {
+        if (!text.isEmpty())
+            lines.append(text.toHtmlEscaped());
+    }
+    lines.append(
+        FillArgument(Translate(QStringLiteral("Start: %1"), kContext), TimeText(shown.dtStart)));
+    lines.append(
+        FillArgument(Translate(QStringLiteral("End: %1"), kContext), TimeText(shown.dtEnd)));
+    return lines.join(QStringLiteral("<br>"));
+}
+
+bool CBaseFileProgressBar::FindStop(qint64 seconds, bool is_after, qint64 &stop_s) const
+{
+    return d_ptr_->ptr_time_bars_ && d_ptr_->ptr_time_bars_->FindStart(seconds, is_after, stop_s);
+}
+
+bool CBaseFileProgressBar::FindOutermostStop(bool is_last, qint64 &stop_s) const
+{
+    using Limits = std::numeric_limits<qint64>;
+    return FindStop(is_last ? Limits::max() : Limits::min(), !is_last, stop_s);
+}
+
+} // namespace Vantor
