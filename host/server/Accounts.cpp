@@ -5,6 +5,7 @@
 #include "Database.h"
 
 #include <ClientComm/RapidJsonProto.h>
+#include <Nim/Base/TimeUnits.h>
 
 #include <sodium.h>
 
@@ -18,9 +19,10 @@
 namespace Server {
 namespace {
 
+using Nim::Base::kSecondsPerMinute;
+
 constexpr int kFailuresBeforeCode = 2;
 constexpr int kAddressFactor = 4; // an address may fail so many times as often as one user there
-constexpr qint64 kSecondsPerMinute = 60;
 constexpr qint64 kSessionLife_s = 720 * kSecondsPerMinute;
 constexpr size_t kSessionBytes = 32;
 constexpr size_t kMaximumName = 256;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "BusinessCommon/IsoTime.h"
 
+#include <Nim/Base/TimeUnits.h>
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -8,12 +10,13 @@
 namespace BusinessCommon {
 namespace {
 
+using Nim::Base::kSecondsPerDay;
+using Nim::Base::kSecondsPerHour;
+using Nim::Base::kSecondsPerMinute;
+
 constexpr qint64 kUnreadable = -1;
 constexpr int kMaximumDigits = 9;
 constexpr int kMonthsPerYear = 12;
-constexpr qint64 kSecondsPerMinute = 60;
-constexpr qint64 kSecondsPerHour = 3600;
-constexpr qint64 kSecondsPerDay = 86400;
 
 enum Field { kYear, kMonth, kDay, kHour, kMinute, kSecond, kOffsetHours, kOffsetMinutes, kFields };
 

@@ -6,6 +6,8 @@
 #include "Nim/Base/Log.h"
 #include "Nim/Base/Replaceable.h"
 
+#include <Nim/Base/TimeUnits.h>
+
 #include <QtCore/QDateTime>
 #include <QtCore/QTimeZone>
 
@@ -17,10 +19,11 @@ template class Nim::Base::CSingleton<BusinessCommon::CTimeZoneManager>;
 namespace BusinessCommon {
 namespace {
 
+using Nim::Base::kSecondsPerMinute;
+
 constexpr char kCategory[] = "ClientWarningAndMore";
 constexpr char kGetDstDate[] = "BusinessCommon::CTimeZoneManager::GetDstDate";
 constexpr int kTmYearBase = 1900;
-constexpr int kSecondsPerMinute = 60;
 
 std::tm ToTm(qint64 seconds)
 {

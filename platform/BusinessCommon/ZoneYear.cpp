@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "BusinessCommon/ZoneYear.h"
 
+#include <Nim/Base/TimeUnits.h>
+
 #include <QtCore/QDateTime>
 #include <QtCore/QTimeZone>
 
@@ -9,7 +11,8 @@
 namespace BusinessCommon {
 namespace {
 
-constexpr int kSecondsPerMinute = 60;
+using Nim::Base::kSecondsPerMinute;
+
 constexpr int kFirstYear = 1;
 constexpr int kLastYear = 9999;
 
@@ -69,7 +72,8 @@ std::optional<ZoneYear> ZoneYearOf(const QTimeZone &zone, int year)
     if (!(has_period || is_without) || standard_s % kSecondsPerMinute != 0
         || daylight_s % kSecondsPerMinute != 0)
         return std::nullopt;
-    result.infor = {-standard_s / kSecondsPerMinute, has_period, -daylight_s / kSecondsPerMinute};
+    result.infor = {int(-standard_s / kSecondsPerMinute), has_period,
+                    int(-daylight_s / kSecondsPerMinute)};
     return result;
 }
 

@@ -2,6 +2,7 @@
 #include "common/CopyFileThread.h"
 
 #include "common/CopyNames.h"
+#include "common/ForwardEvents.h"
 #include "common/Guard.h"
 
 #include <Nim/Base/FileSystem.h>
@@ -260,15 +261,7 @@ void CCopyFileThread::run()
     Q_EMIT SendSaveFinish(failed.isEmpty(), failed);
 }
 
-bool CCopyFileThread::event(QEvent *event)
-{
-    return QThread::event(event);
-}
-
-bool CCopyFileThread::eventFilter(QObject *watched, QEvent *event)
-{
-    return QThread::eventFilter(watched, event);
-}
+VANTOR_FORWARD_EVENTS(CCopyFileThread, QThread)
 
 void CCopyFileThread::OnStopCopyFileThread() // clazy:exclude=thread-with-slots
 {

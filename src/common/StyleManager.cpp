@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "common/StyleManager.h"
 
+#include "common/ForwardEvents.h"
 #include "common/LogMacro.h"
 
 #include <QtCore/QThread>
@@ -191,14 +192,6 @@ QColor CStyleManager::GetTextNeuColorT2(float opacity)
     return WithOpacity(d_ptr_->text_neu_color_t2_, opacity);
 }
 
-bool CStyleManager::event(QEvent *event)
-{
-    return QWidget::event(event);
-}
-
-bool CStyleManager::eventFilter(QObject *watched, QEvent *event)
-{
-    return QObject::eventFilter(watched, event);
-}
+VANTOR_FORWARD_EVENTS(CStyleManager, QWidget)
 
 } // namespace Vantor

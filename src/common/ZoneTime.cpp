@@ -3,6 +3,8 @@
 
 #include "common/TimeZoneRecords.h"
 
+#include <Nim/Base/TimeUnits.h>
+
 #include <QtCore/QTimeZone>
 
 #include <cstdlib>
@@ -11,10 +13,10 @@
 namespace Vantor {
 namespace {
 
-constexpr qint64 kSecondsPerMinute = 60;
-constexpr qint64 kSecondsPerHour = 3600;
-constexpr qint64 kMinutesPerHour = 60;
-constexpr qint64 kMillisecondsPerSecond = 1000;
+using Nim::Base::kMillisecondsPerSecond;
+using Nim::Base::kMinutesPerHour;
+using Nim::Base::kSecondsPerHour;
+using Nim::Base::kSecondsPerMinute;
 
 // QTimeZone takes an int and refuses what is above 14 hours; what is above int must not wrap into
 // that range.

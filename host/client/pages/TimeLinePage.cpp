@@ -4,6 +4,7 @@
 #include "pages/Recordings.h"
 #include "pages/ZoneSwitch.h"
 
+#include <Nim/Base/TimeUnits.h>
 #include <Vantor/CBaseFileProgressBar>
 #include <Vantor/CTimeBarDelegate>
 #include <common/ZoneTime.h>
@@ -35,7 +36,6 @@ constexpr int kSpacingPx = 12;
 constexpr int kSwatchPx = 12;
 constexpr int kSlideMs = 500;
 constexpr auto kDetailsDelay = 60ms;
-constexpr qint64 kSecondsOfDay = 86400;
 constexpr double kDaysOfOverview = 2.0;
 constexpr double kSeenPx = 0.5;
 constexpr double kRowPx = 30.0;                 // within the first row of bars
@@ -213,9 +213,9 @@ void CTimeLinePage::CopyToOverview()
 void CTimeLinePage::ScaleOverview()
 {
     const int amount = amount_->currentData().toInt();
-    overview_->SetUnitScale(qMax(1, overview_->width()), amount == 0
-                                                             ? kDaysOfOverview * kSecondsOfDay
-                                                             : double(amount) * kSpacingOfMany);
+    overview_->SetUnitScale(qMax(1, overview_->width()),
+                            amount == 0 ? kDaysOfOverview * Nim::Base::kSecondsPerDay
+                                        : double(amount) * kSpacingOfMany);
 }
 
 void CTimeLinePage::OnAmountChosen()

@@ -2,6 +2,7 @@
 #include "pages/ZoneSwitch.h"
 
 #include <BusinessCommon/ZoneYear.h>
+#include <Nim/Base/TimeUnits.h>
 #include <Vantor/CAnimationProgressBar>
 
 #include <QtCore/QDateTime>
@@ -17,7 +18,7 @@
 namespace Client {
 namespace {
 
-constexpr int kSecondsPerMinute = 60;
+using Nim::Base::kSecondsPerMinute;
 
 // A zone as a time line wants it, and where it is right.
 struct Stretch

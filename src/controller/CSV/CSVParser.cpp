@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controller/CSV/CSVParser.h"
 
+#include "common/ForwardEvents.h"
 #include "common/Guard.h"
 #include "common/LogMacro.h"
 #include "controller/CSV/CSVParserData.h"
@@ -217,14 +218,6 @@ bool CCSVParser::IsRfc4180() const
     return d_ptr_->b_rfc4180_;
 }
 
-bool CCSVParser::event(QEvent *event)
-{
-    return QObject::event(event);
-}
-
-bool CCSVParser::eventFilter(QObject *watched, QEvent *event)
-{
-    return QObject::eventFilter(watched, event);
-}
+VANTOR_FORWARD_EVENTS(CCSVParser, QObject)
 
 } // namespace Vantor

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controller/Excel/ExcelControllorWithC.h"
 
+#include "common/ForwardEvents.h"
 #include "common/Guard.h"
 #include "common/LogMacro.h"
 #include "controller/Excel/ExcelFile.h"
@@ -418,15 +419,7 @@ int CExcelControllorWithC::LastCloseResult() const
     return d_ptr_->close_result_;
 }
 
-bool CExcelControllorWithC::event(QEvent *event)
-{
-    return QObject::event(event);
-}
-
-bool CExcelControllorWithC::eventFilter(QObject *watched, QEvent *event)
-{
-    return QObject::eventFilter(watched, event);
-}
+VANTOR_FORWARD_EVENTS(CExcelControllorWithC, QObject)
 
 // NOLINTEND(performance-unnecessary-value-param)
 

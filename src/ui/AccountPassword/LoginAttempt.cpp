@@ -5,6 +5,7 @@
 
 #include <ClientComm/RapidJsonProto.h>
 #include <ErrorText/ErrorText.h>
+#include <Nim/Base/TimeUnits.h>
 
 #include <algorithm>
 #include <iterator>
@@ -12,11 +13,12 @@
 namespace Vantor {
 namespace {
 
+using Nim::Base::kSecondsPerMinute;
+
 constexpr char kContext[] = "Vantor::CAccountPasswordWidget";
 constexpr char kRemaining[] = "RemainingLEesrBBJA";
 constexpr char kLockedSeconds[] = "Peltra.ee229a03a27748f2bb7b3e2a08484b6a.msg";
 constexpr char kLockedMinutes[] = "Peltra.41c6a3785fc04331bd942f16e691f805.msg";
-constexpr int kSecondsPerMinute = 60;
 
 // Code words of the server's answers.
 constexpr int kWithoutVerifyCode[] = {40850, 502};

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "common/ForwardEvents.h"
 #include "ui/AnimationProgressBar/AbstractDelegate_p.h"
 
 namespace Vantor {
@@ -42,14 +43,6 @@ bool CAbstractDelegate::ShouldRespondAtPos(QPoint /*pos*/)
 
 void CAbstractDelegate::Paint(QPainter * /*painter*/) {}
 
-bool CAbstractDelegate::event(QEvent *event)
-{
-    return QObject::event(event);
-}
-
-bool CAbstractDelegate::eventFilter(QObject *watched, QEvent *event)
-{
-    return QObject::eventFilter(watched, event);
-}
+VANTOR_FORWARD_EVENTS(CAbstractDelegate, QObject)
 
 } // namespace Vantor

@@ -7,6 +7,8 @@
 #include "ui/AnimationProgressBar/Ruler.h"
 #include "ui/AnimationProgressBar/TimeLineLook.h"
 
+#include <Nim/Base/TimeUnits.h>
+
 #include <QtCore/QVariantAnimation>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QStyle>
@@ -18,10 +20,11 @@
 namespace Vantor {
 namespace {
 
+using Nim::Base::kMillisecondsPerSecond;
+
 constexpr double kMostPixelsPerSecond = 10.0;
 constexpr double kLeastPixelsPerSecond = 1.0 / 2629746; // a pixel a month
 constexpr double kLongestUnitSeconds = 1e12;
-constexpr double kMillisecondsPerSecond = 1000.0;
 constexpr double kZoomStep = 1.5;
 
 QVariantAnimation *NewAnimation(QObject *parent)

@@ -5,6 +5,8 @@
 #include "ui/AnimationProgressBar/Ruler.h"
 #include "ui/AnimationProgressBar/TimeLineLook.h"
 
+#include <Nim/Base/TimeUnits.h>
+
 #include <QtCore/QVariantAnimation>
 #include <QtGui/QHelpEvent>
 #include <QtGui/QKeyEvent>
@@ -19,10 +21,11 @@
 namespace Vantor {
 namespace {
 
+using Nim::Base::kMillisecondsPerSecond;
+
 constexpr double kNotch = 120.0; // of a mouse wheel, in eighths of a degree
 constexpr double kZoomOfNotch = 1.25;
 constexpr double kPanOfNotchPx = 60.0;
-constexpr double kMillisecondsPerSecond = 1000.0;
 
 } // namespace
 

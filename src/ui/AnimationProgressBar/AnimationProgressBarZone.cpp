@@ -5,14 +5,15 @@
 #include "ui/AnimationProgressBar/AnimationProgressBar_p.h"
 
 #include <BusinessCommon/TimeZoneManager.h>
+#include <Nim/Base/TimeUnits.h>
 
 #include <limits>
 
 namespace Vantor {
 namespace {
 
-constexpr qint64 kSecondsPerMinute = 60;
-constexpr qint64 kMillisecondsPerSecond = 1000;
+using Nim::Base::kMillisecondsPerSecond;
+using Nim::Base::kSecondsPerMinute;
 
 // Leaves room for any bias.
 bool IsPosition(qint64 seconds)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/DockManager/AbstractDockFrame.h"
 
+#include "common/ForwardEvents.h"
+
 namespace Vantor {
 
 struct CAbstractDockFramePtr
@@ -26,14 +28,6 @@ void CAbstractDockFrame::SetAutoHide(bool auto_hide)
 
 void CAbstractDockFrame::OnDockHide() {}
 
-bool CAbstractDockFrame::event(QEvent *event)
-{
-    return QFrame::event(event);
-}
-
-bool CAbstractDockFrame::eventFilter(QObject *watched, QEvent *event)
-{
-    return QFrame::eventFilter(watched, event);
-}
+VANTOR_FORWARD_EVENTS(CAbstractDockFrame, QFrame)
 
 } // namespace Vantor

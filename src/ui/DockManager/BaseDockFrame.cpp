@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/DockManager/BaseDockFrame.h"
 
+#include "common/ForwardEvents.h"
 #include "common/Translate.h"
 
 #include <QtCore/QEvent>
@@ -170,15 +171,7 @@ void CBaseDockFrame::OnDockHide()
         Q_EMIT signalCancel();
 }
 
-bool CBaseDockFrame::event(QEvent *event)
-{
-    return CAbstractDockFrame::event(event);
-}
-
-bool CBaseDockFrame::eventFilter(QObject *watched, QEvent *event)
-{
-    return CAbstractDockFrame::eventFilter(watched, event);
-}
+VANTOR_FORWARD_EVENTS(CBaseDockFrame, CAbstractDockFrame)
 
 void CBaseDockFrame::changeEvent(QEvent *event)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/DockManager/DockWidget.h"
 
+#include "common/ForwardEvents.h"
 #include "common/LogMacro.h"
 #include "ui/DockManager/AbstractDockFrame.h"
 #include "ui/DockManager/DockPosition.h"
@@ -353,10 +354,7 @@ void CDockWidget::UpdatePostion()
     }
 }
 
-bool CDockWidget::event(QEvent *event)
-{
-    return QFrame::event(event);
-}
+VANTOR_FORWARD_EVENT(CDockWidget, QFrame)
 
 // On the application from the end of the slide on, until the dock is hidden.
 bool CDockWidget::eventFilter(QObject *watched, QEvent *event)

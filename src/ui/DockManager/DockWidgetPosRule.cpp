@@ -1,21 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "ui/DockManager/DockWidgetPosRule.h"
 
+#include "common/ForwardEvents.h"
+
 namespace Vantor {
 
 CDockWidgetPosRule::CDockWidgetPosRule(QObject *parent) : QObject(parent) {}
 
 CDockWidgetPosRule::~CDockWidgetPosRule() = default;
 
-bool CDockWidgetPosRule::event(QEvent *event)
-{
-    return QObject::event(event);
-}
-
-bool CDockWidgetPosRule::eventFilter(QObject *watched, QEvent *event)
-{
-    return QObject::eventFilter(watched, event);
-}
+VANTOR_FORWARD_EVENTS(CDockWidgetPosRule, QObject)
 
 void CDockWidgetPosRule::Place(CDockWidget *, CAbstractDockFrame *, QWidget *, int) {}
 

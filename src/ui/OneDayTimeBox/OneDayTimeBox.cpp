@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/OneDayTimeBox/OneDayTimeBox.h"
 
+#include <Nim/Base/TimeUnits.h>
 #include <ResourceManager/WorkStationManager.h>
 
 namespace Vantor {
+
+using Nim::Base::kSecondsPerHour;
 
 struct COneDayTimeBoxDataPtr
 {
@@ -26,7 +29,6 @@ qint64 COneDayTimeBox::RemoteSiteOffset() const
 
 bool COneDayTimeBox::GetRemoteSiteOffsetSeconds(unsigned int workstationId)
 {
-    constexpr qint64 kSecondsPerHour = 3600;
     const auto workstation =
         Nim::Base::CSingleton<ResourceManager::CWorkStationManager>::Instance().FindWorkStationByID(
             workstationId);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/PasswordFrame/PasswordFrameBase.h"
 
+#include "common/ForwardEvents.h"
 #include "common/Translate.h"
 
 #include <Nim/Base/OS.h>
@@ -294,15 +295,7 @@ bool CPasswordFrameBase::PasswordValidCheck(QString &tip)
     return false;
 }
 
-bool CPasswordFrameBase::event(QEvent *event)
-{
-    return QWidget::event(event);
-}
-
-bool CPasswordFrameBase::eventFilter(QObject *watched, QEvent *event)
-{
-    return QWidget::eventFilter(watched, event);
-}
+VANTOR_FORWARD_EVENTS(CPasswordFrameBase, QWidget)
 
 void CPasswordFrameBase::keyPressEvent(QKeyEvent *event)
 {

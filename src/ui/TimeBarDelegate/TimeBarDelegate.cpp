@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/TimeBarDelegate/TimeBarDelegate.h"
 
+#include "common/ForwardEvents.h"
 #include "common/Guard.h"
 #include "ui/AnimationProgressBar/AnimationProgressBar.h"
 #include "ui/TimeBarDelegate/TimeBarRow.h"
@@ -249,15 +250,7 @@ bool CTimeBarDelegate::FindStart(qint64 seconds, bool is_after, qint64 &start_s)
     return nearest.has_value();
 }
 
-bool CTimeBarDelegate::event(QEvent *event)
-{
-    return CAbstractDelegate::event(event);
-}
-
-bool CTimeBarDelegate::eventFilter(QObject *watched, QEvent *event)
-{
-    return CAbstractDelegate::eventFilter(watched, event);
-}
+VANTOR_FORWARD_EVENTS(CTimeBarDelegate, CAbstractDelegate)
 
 bool CTimeBarDelegate::ShouldRespondAtPos(QPoint /*pos*/)
 {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <Nim/Base/CheckedMath.h>
+
 #include <QtCore/QtGlobal>
 
 namespace Vantor {
@@ -18,9 +20,9 @@ struct TimeBarView
     {
         qint64 difference = 0;
         // Only times beyond 146 billion years apart leave 64 bits.
-        const double seconds_between = __builtin_sub_overflow(seconds, position_s, &difference)
-                                           ? double(seconds) - double(position_s)
-                                           : double(difference);
+        const double seconds_between = Nim::Base::Subtract(seconds, position_s, difference)
+                                           ? double(difference)
+                                           : double(seconds) - double(position_s);
         return seconds_between * pixels_per_second + centre_x;
     }
     [[nodiscard]] bool IsVisible(double x1, double x2) const { return x2 >= 0 && x1 <= width_px; }

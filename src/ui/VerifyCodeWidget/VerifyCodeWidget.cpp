@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/VerifyCodeWidget/VerifyCodeWidget.h"
 
+#include "common/ForwardEvents.h"
 #include "common/Translate.h"
 
 #include <Ravel/Frame.h>
@@ -160,10 +161,7 @@ bool CVerifyCodeWidget::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
-bool CVerifyCodeWidget::event(QEvent *event)
-{
-    return QWidget::event(event);
-}
+VANTOR_FORWARD_EVENT(CVerifyCodeWidget, QWidget)
 
 void CVerifyCodeWidget::changeEvent(QEvent *event)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controller/JoystickKeyBoardControl/JoystickKeyboardControlManager/JoystickKeyboardControlManager.h"
 
+#include "common/ForwardEvents.h"
 #include "common/Guard.h"
 #include "controller/JoystickKeyBoardControl/JoystickKeyboardControlManager/JoystickKeyboardEvent.h"
 #include "controller/JoystickKeyBoardControl/USBJoystickControlManager/USBJoystickControlManager.h"
@@ -202,15 +203,7 @@ void CJoystickKeyboardControlManager::SetStopsAlwaysSent(bool always)
     d_ptr_->b_stops_always_sent_ = always;
 }
 
-bool CJoystickKeyboardControlManager::event(QEvent *event)
-{
-    return QObject::event(event);
-}
-
-bool CJoystickKeyboardControlManager::eventFilter(QObject *watched, QEvent *event)
-{
-    return QObject::eventFilter(watched, event);
-}
+VANTOR_FORWARD_EVENTS(CJoystickKeyboardControlManager, QObject)
 
 void CJoystickKeyboardControlManager::customEvent(QEvent *event)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controller/JoystickKeyBoardControl/USBJoystickControlManager/USBJoystickControlManager.h"
 
+#include "common/ForwardEvents.h"
 #include "controller/JoystickKeyBoardControl/ControlEmit.h"
 #include "controller/JoystickKeyBoardControl/ControlTip.h"
 
@@ -151,14 +152,6 @@ KeyOperationMode CUSBJoystickControlManager::GetOperationType(Type operation)
     return kOther;
 }
 
-bool CUSBJoystickControlManager::event(QEvent *event)
-{
-    return QObject::event(event);
-}
-
-bool CUSBJoystickControlManager::eventFilter(QObject *watched, QEvent *event)
-{
-    return QObject::eventFilter(watched, event);
-}
+VANTOR_FORWARD_EVENTS(CUSBJoystickControlManager, QObject)
 
 } // namespace Vantor

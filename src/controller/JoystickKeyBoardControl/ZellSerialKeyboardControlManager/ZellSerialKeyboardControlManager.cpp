@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controller/JoystickKeyBoardControl/ZellSerialKeyboardControlManager/ZellSerialKeyboardControlManager.h"
 
+#include "common/ForwardEvents.h"
 #include "controller/JoystickKeyBoardControl/ControlEmit.h"
 #include "controller/JoystickKeyBoardControl/ControlTip.h"
 
@@ -114,14 +115,6 @@ void CZellSerialKeyboardControlManager::ToggleMode()
                    kClass);
 }
 
-bool CZellSerialKeyboardControlManager::event(QEvent *event)
-{
-    return QObject::event(event);
-}
-
-bool CZellSerialKeyboardControlManager::eventFilter(QObject *watched, QEvent *event)
-{
-    return QObject::eventFilter(watched, event);
-}
+VANTOR_FORWARD_EVENTS(CZellSerialKeyboardControlManager, QObject)
 
 } // namespace Vantor

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controller/JoystickKeyBoardControl/ZellUSBKeyboardControlManager/ZellUSBKeyboardControlManager.h"
 
+#include "common/ForwardEvents.h"
 #include "controller/JoystickKeyBoardControl/ControlEmit.h"
 #include "controller/JoystickKeyBoardControl/ControlTip.h"
 
@@ -155,14 +156,6 @@ bool CZellUSBKeyboardControlManager::SetMode(quint32 first_param, quint32 second
     return true;
 }
 
-bool CZellUSBKeyboardControlManager::event(QEvent *event)
-{
-    return QObject::event(event);
-}
-
-bool CZellUSBKeyboardControlManager::eventFilter(QObject *watched, QEvent *event)
-{
-    return QObject::eventFilter(watched, event);
-}
+VANTOR_FORWARD_EVENTS(CZellUSBKeyboardControlManager, QObject)
 
 } // namespace Vantor
