@@ -72,13 +72,14 @@ function(vantor_run_on_display test)
         CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tests/support/on_display)
 endfunction()
 
-# Environment every test runs in; further arguments become the test's labels.
+# Environment every test runs in; further arguments become the test's labels. On an X server, Qt would
+# load the software driver of OpenGL, which leaks and which no test needs.
 function(vantor_test_environment test)
     set(suppressions ${PROJECT_SOURCE_DIR}/tests/support)
     set_tests_properties(${test} PROPERTIES
         TIMEOUT 120
         LABELS "${ARGN}"
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions=${suppressions}/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1;TSAN_OPTIONS=ignore_noninstrumented_modules=1:second_deadlock_stack=1")
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_XCB_GL_INTEGRATION=none;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions=${suppressions}/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1;TSAN_OPTIONS=ignore_noninstrumented_modules=1:second_deadlock_stack=1")
 endfunction()
 
 # A benchmark program from <name>.cpp.

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <common/Translate.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QTranslator>
-#include <QtTest/QTest>
 
 #include <atomic>
 #include <cstring>
@@ -30,51 +29,38 @@ public:
     bool isEmpty() const override { return false; }
 };
 
+struct Text
+{
+    const char *name;
+    QString key;
+    QString text;
+};
+
 } // namespace
 
-class TestTranslate : public QObject
+class TestTranslate : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        guard_.Begin();
-        QVERIFY(QCoreApplication::installTranslator(&translator_));
-    }
-
-    void cleanup()
-    {
-        QCoreApplication::removeTranslator(&translator_);
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void contextsAreAskedInOrder_data()
     {
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("the class's own first") << "Own+SimpleMutiPageWidgetUi+Vantor"
-                                               << "Own:Own+SimpleMutiPageWidgetUi+Vantor";
-        QTest::newRow("then the paging bar's")
-            << "SimpleMutiPageWidgetUi+Vantor"
-            << "SimpleMutiPageWidgetUi:SimpleMutiPageWidgetUi+Vantor";
-        QTest::newRow("then the library's") << "Vantor"
-                                            << "Vantor:Vantor";
-        QTest::newRow("an unknown key stays itself") << "TheTotalNumberOf%ruHYFtyFtVv"
-                                                     << "TheTotalNumberOf%ruHYFtyFtVv";
-        QTest::newRow("an empty key is an empty text") << ""
-                                                       << "";
-        QTest::newRow("a translator that throws knows nothing") << "throw"
-                                                                << "throw";
+        AddRows<Text>({
+            {"the class's own first", "Own+SimpleMutiPageWidgetUi+Vantor",
+             "Own:Own+SimpleMutiPageWidgetUi+Vantor"},
+            {"then the paging bar's", "SimpleMutiPageWidgetUi+Vantor",
+             "SimpleMutiPageWidgetUi:SimpleMutiPageWidgetUi+Vantor"},
+            {"then the library's", "Vantor", "Vantor:Vantor"},
+            {"an unknown key is its own text", "TotalNumberOf%ru", "TotalNumberOf%ru"},
+            {"an empty key is an empty text", "", ""},
+            {"a translator that throws knows no text", "throw", "throw"},
+        });
     }
 
     void contextsAreAskedInOrder()
     {
-        QFETCH(QString, key);
-        QFETCH(QString, text);
-
-        QCOMPARE(Translate(key, "Own"), text);
+        const auto &row = FetchRow<Text>();
+        QCOMPARE(Translate(row.key, "Own"), row.text);
     }
 
     void anArgumentIsFilledOnlyWhereItHasAPlace()
@@ -108,8 +94,11 @@ private Q_SLOTS:
         QCOMPARE(wrong.load(), 0);
     }
 
+protected:
+    void SetUp() override { QVERIFY(QCoreApplication::installTranslator(&translator_)); }
+    void TearDown() override { QCoreApplication::removeTranslator(&translator_); }
+
 private:
-    CTestGuard guard_;
     CContextTranslator translator_;
 };
 

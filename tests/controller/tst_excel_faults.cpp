@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ExcelParts.h"
 #include "support/Files.h"
+#include "support/Limits.h"
 #include "support/TestGuard.h"
 
 #include <Vantor/CExcelControllorWithC>
 
 #include <dlfcn.h>
-#include <sched.h>
-#include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <xlsxwriter.h>
@@ -18,60 +16,12 @@
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
-#include <csignal>
 #include <cstring>
 #include <functional>
 
 using Vantor::CExcelControllorWithC;
 
 namespace {
-
-// A file system of its own that holds no more than `bytes`.
-class CSmallDisk
-{
-public:
-    CSmallDisk(const QString &path, int bytes) : path_(path.toLocal8Bit())
-    {
-        const QByteArray options = "size=" + QByteArray::number(bytes);
-        is_mounted_ = QDir().mkpath(path)
-                      && mount("none", path_.constData(), "tmpfs", 0, options.constData()) == 0;
-        if (!is_mounted_)
-            qWarning("cannot mount a small disk: %s", std::strerror(errno));
-    }
-    ~CSmallDisk()
-    {
-        if (is_mounted_)
-            umount2(path_.constData(), MNT_DETACH);
-    }
-    Q_DISABLE_COPY(CSmallDisk)
-
-private:
-    const QByteArray path_;
-    bool is_mounted_ = false;
-};
-
-// No file of this process grows beyond `bytes`.
-class CFileLimit
-{
-public:
-    explicit CFileLimit(rlim_t bytes)
-    {
-        handler_ = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~CFileLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, handler_);
-    }
-    Q_DISABLE_COPY(CFileLimit)
-
-private:
-    rlimit before_{};
-    void (*handler_)(int) = nullptr;
-};
 
 void WriteBytes(const QString &path, const QByteArray &bytes)
 {
@@ -395,15 +345,7 @@ private:
 
 int main(int argc, char **argv)
 {
-    // Only root may mount, but anyone may in a namespace of his own, as long as there is one
-    // thread.
-    const QByteArray user = QByteArray::number(geteuid());
-    const QByteArray group = QByteArray::number(getegid());
-    if (geteuid() != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0) {
-        WriteBytes("/proc/self/uid_map", user + ' ' + user + " 1");
-        WriteBytes("/proc/self/setgroups", "deny");
-        WriteBytes("/proc/self/gid_map", group + ' ' + group + " 1");
-    }
+    AllowMounts();
     TestExcelFaults test;
     return QTest::qExec(&test, argc, argv);
 }

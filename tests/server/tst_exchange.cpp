@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "server/ServerHarness.h"
 #include "support/RawServer.h"
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <BusinessCommon/AdaptiveColumnWidthManager.h>
 
 #include <server/SampleAccounts.h>
-#include <unistd.h>
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QThread>
-#include <QtTest/QTest>
 
 #include <stdexcept>
 #include <thread>
@@ -23,77 +21,6 @@ namespace {
 
 constexpr int kReadTime_ms = 300;
 constexpr qint64 kPatience_ms = 3000;
-
-// What a server may do wrong, once a request is in.
-enum Fault {
-    Closes,
-    Silence,
-    Trickle,
-    EndlessHeaders,
-    Garbage,
-    HalfBody,
-    HugeAnnounced,
-    HugeStream,
-    WrongTypes,
-    Status500,
-    WordsOfItsOwn,
-    NoDocument,
-};
-
-void Serve(int socket, Fault fault)
-{
-    const auto send = [socket](const std::string &bytes) {
-        return CRawServer::Send(socket, bytes);
-    };
-    if (CRawServer::ReadRequest(socket).empty())
-        return;
-    switch (fault) {
-    case Closes:
-        return;
-    case Silence:
-        CRawServer::ReadRequest(socket);
-        return; // until the client goes
-    case Trickle:
-        send("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n");
-        while (send("x"))
-            usleep(20000);
-        return;
-    case EndlessHeaders:
-        send("HTTP/1.1 200 OK\r\n");
-        while (send("X: y\r\n"))
-            usleep(20000);
-        return;
-    case Garbage:
-        send(std::string(5000, '\xfe') + "\r\n\r\n");
-        return;
-    case HalfBody:
-        send("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n{\"Resp");
-        return;
-    case HugeAnnounced:
-        send("HTTP/1.1 200 OK\r\nContent-Length: 99999999999\r\n\r\n{}");
-        return;
-    case HugeStream:
-        send("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n");
-        while (send("100000\r\n" + std::string(1 << 20, 'x') + "\r\n")) {
-        }
-        return;
-    case WrongTypes:
-        send(CRawServer::ReplyWith("{\"ResponseStatus\":{\"ErrorCode\":0,\"Data\":"
-                                   "{\"AdaptiveLayout\":{\"LayoutData\":[1]}}}}"));
-        break;
-    case Status500:
-        send(CRawServer::ReplyWith("sorry", "500 Oh no"));
-        break;
-    case WordsOfItsOwn:
-        send(CRawServer::ReplyWith("{\"ResponseStatus\":{\"ErrorModule\":7,\"ErrorCode\":77}}",
-                                   "403 No"));
-        break;
-    case NoDocument:
-        send(CRawServer::ReplyWith("hello"));
-        break;
-    }
-    CRawServer::ReadRequest(socket);
-}
 
 class CRecorder : public CAdaptiveColumnWidthObserver
 {
@@ -123,11 +50,17 @@ std::shared_ptr<AdaptiveLayout> Layout(const std::string &key, const std::string
     return std::make_shared<AdaptiveLayout>(AdaptiveLayout{key, 1, text});
 }
 
+struct FaultRow
+{
+    const char *name; // in the table of CRawServer
+    int module;       // of the exchange; 0: it is fine
+    int code;
+    int layout_code;
+};
+
 } // namespace
 
-Q_DECLARE_METATYPE(Fault)
-
-class TestExchange : public QObject
+class TestExchange : public CGuardedTest
 {
     Q_OBJECT
 
@@ -135,52 +68,28 @@ private Q_SLOTS:
     void initTestCase() { QCOMPARE(healthy_.Start(), QString()); }
     void cleanupTestCase() { healthy_.Stop(); }
 
-    void init()
+    void faultsOfTheServerAreReportedInTime_data()
     {
-        guard_.Begin();
-        CNetCommManager::SetTimeouts(kReadTime_ms, kReadTime_ms);
-        CNetCommManager::SetSession({});
+        AddRows<FaultRow>({
+            {"closes at once", kModuleNetwork, kNetBroken, kNetBroken},
+            {"says nothing", kModuleNetwork, kNetTimeout, kNetTimeout},
+            {"sends a byte now and then", kModuleNetwork, kNetTimeout, kNetTimeout},
+            {"never ends its headers", kModuleNetwork, kNetTimeout, kNetTimeout},
+            {"does not speak HTTP", kModuleNetwork, kNetBroken, kNetBroken},
+            {"ends within the body", kModuleNetwork, kNetBroken, kNetBroken},
+            {"announces too much", kModuleNetwork, kNetTooLarge, kNetTooLarge},
+            {"sends without end", kModuleNetwork, kNetTooLarge, kNetTooLarge},
+            {"gives an array for a text", 0, 0, kNetBadReply},
+            {"fails", kModuleHttp, 500, 500},
+            {"refuses with a code of its own", 7, 77, 77},
+            {"sends no document", 0, 0, kNetBadReply},
+        });
     }
 
-    void cleanup()
+    void faultsOfTheServerAreReportedInTime()
     {
-        CNetCommManager::SetTransport(nullptr);
-        CAdaptiveColumnWidthManager::SetHandler(nullptr);
-        QVERIFY(CAdaptiveColumnWidthManager::FinishWrites(5000));
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
-    void faultsOfTheServerAreToldInTime_data()
-    {
-        QTest::addColumn<Fault>("fault");
-        QTest::addColumn<int>("module"); // of the exchange; 0: it is fine
-        QTest::addColumn<int>("code");
-        QTest::addColumn<int>("layout_code");
-        const auto row = [](const char *name, Fault fault, int module, int code,
-                            int layout_code = 0) {
-            QTest::newRow(name) << fault << module << code
-                                << (layout_code != 0 ? layout_code : code);
-        };
-        row("closes at once", Closes, kModuleNetwork, kNetBroken);
-        row("says nothing", Silence, kModuleNetwork, kNetTimeout);
-        row("sends a byte now and then", Trickle, kModuleNetwork, kNetTimeout);
-        row("never ends its headers", EndlessHeaders, kModuleNetwork, kNetTimeout);
-        row("speaks another language", Garbage, kModuleNetwork, kNetBroken);
-        row("ends within the body", HalfBody, kModuleNetwork, kNetBroken);
-        row("announces too much", HugeAnnounced, kModuleNetwork, kNetTooLarge);
-        row("sends without end", HugeStream, kModuleNetwork, kNetTooLarge);
-        row("gives an array for a text", WrongTypes, 0, 0, kNetBadReply);
-        row("fails", Status500, kModuleHttp, 500);
-        row("refuses in its own words", WordsOfItsOwn, 7, 77);
-        row("sends no document", NoDocument, 0, 0, kNetBadReply);
-    }
-
-    void faultsOfTheServerAreToldInTime()
-    {
-        QFETCH(Fault, fault);
-        QFETCH(int, module);
-        CRawServer server([fault](int socket) { Serve(socket, fault); });
+        const auto &row = FetchRow<FaultRow>();
+        const CRawServer server(CRawServer::Fault(row.name));
         CNetCommManager::SetServer("127.0.0.1", server.Port());
         QElapsedTimer time;
         time.start();
@@ -188,10 +97,10 @@ private Q_SLOTS:
         const Answered answer = Ask("GET", "/AdaptiveLayout", "{}");
 
         QVERIFY2(time.elapsed() < kPatience_ms, "nobody may wait for ever");
-        QCOMPARE(answer.is_sent, module != kModuleNetwork);
-        QCOMPARE(answer.error.module_code, module);
-        QTEST(answer.error.error_code, "code");
-        QCOMPARE(answer.error.sub_system, module == kModuleNetwork ? kNetSubSystem : 0);
+        QCOMPARE(answer.is_sent, row.module != kModuleNetwork);
+        QCOMPARE(answer.error.module_code, row.module);
+        QCOMPARE(answer.error.error_code, row.code);
+        QCOMPARE(answer.error.sub_system, row.module == kModuleNetwork ? kNetSubSystem : 0);
 
         // The layout manager tells of it, and its next request gets through.
         CAdaptiveColumnWidthManager manager;
@@ -200,7 +109,7 @@ private Q_SLOTS:
         manager.AsyRequestAdaptiveColumnWidth(Layout("list"));
         QTRY_COMPARE(recorder.answers.size(), size_t(1));
         QCOMPARE(recorder.answers[0].current_column_state, 0);
-        QTEST(recorder.answers[0].error_code.second, "layout_code");
+        QCOMPARE(recorder.answers[0].error_code.second, row.layout_code);
         healthy_.Use();
         QVERIFY(LogIn(Server::kSampleAccounts[0].name, Server::kSampleAccounts[0].password));
         manager.AsyRequestAdaptiveColumnWidth(Layout("list", "text"));
@@ -264,7 +173,7 @@ private Q_SLOTS:
     void abortEndsWhatIsUnderWay()
     {
         CNetCommManager::SetTimeouts(60000, 60000);
-        CRawServer server([](int socket) { Serve(socket, Silence); });
+        const CRawServer server(CRawServer::Fault("says nothing"));
         CNetCommManager::SetServer("127.0.0.1", server.Port());
         std::vector<std::thread> threads;
         std::atomic<int> broken{0};
@@ -370,7 +279,7 @@ private Q_SLOTS:
 
     void theEndDoesNotWaitForADeadServer()
     {
-        CRawServer server([](int socket) { Serve(socket, Silence); });
+        const CRawServer server(CRawServer::Fault("says nothing"));
         CNetCommManager::SetTimeouts(60000, 60000);
         CNetCommManager::SetServer("127.0.0.1", server.Port());
         CAdaptiveColumnWidthManager manager;
@@ -389,8 +298,21 @@ private Q_SLOTS:
         QCOMPARE(recorder.answers[2].error_code.second, int(kNetBroken));
     }
 
+protected:
+    void SetUp() override
+    {
+        CNetCommManager::SetTimeouts(kReadTime_ms, kReadTime_ms);
+        CNetCommManager::SetSession({});
+    }
+
+    void TearDown() override
+    {
+        CNetCommManager::SetTransport(nullptr);
+        CAdaptiveColumnWidthManager::SetHandler(nullptr);
+        QVERIFY(CAdaptiveColumnWidthManager::FinishWrites(5000));
+    }
+
 private:
-    CTestGuard guard_;
     CTestServer healthy_;
 };
 

@@ -6,7 +6,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 
 #include <cerrno>
 
@@ -14,6 +16,47 @@ QByteArray FileBytes(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QStringList FileNames(const QString &path)
+{
+    return QDir(path).entryList(
+        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+}
+
+QString CTestFolder::Path(const QString &name) const
+{
+    if (!folder_)
+        folder_ = std::make_unique<QTemporaryDir>();
+    if (!folder_->isValid())
+        qFatal("cannot make a temporary folder");
+    return name.isEmpty() ? folder_->path() : folder_->filePath(name);
+}
+
+QString CTestFolder::Put(const QString &name, const QByteArray &bytes) const
+{
+    QFile file(Path(name));
+    QDir().mkpath(QFileInfo(file).path());
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+    return file.fileName();
+}
+
+QString CTestFolder::PutFolder(const QString &name) const
+{
+    if (!QDir().mkpath(Path(name)))
+        qFatal("cannot make the folder %s", qPrintable(name));
+    return Path(name);
+}
+
+QStringList CTestFolder::Files(const QString &name) const
+{
+    return FileNames(Path(name));
+}
+
+QByteArray CTestFolder::Bytes(const QString &name) const
+{
+    return FileBytes(Path(name));
 }
 
 CPipe::CPipe(bool is_open)

@@ -7,6 +7,21 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <utility>
+
+namespace {
+
+void Serve(int socket, const ServerFault &fault)
+{
+    if (CRawServer::ReadRequest(socket).empty() || !CRawServer::Send(socket, fault.bytes))
+        return;
+    while (!fault.repeated.empty() && CRawServer::Send(socket, fault.repeated))
+        usleep(useconds_t(fault.pause_ms) * 1000);
+    if (!fault.is_hanging_up)
+        CRawServer::ReadRequest(socket);
+}
+
+} // namespace
 
 CRawServer::CRawServer(std::function<void(int)> serve)
     : serve_(std::move(serve)), listener_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
@@ -22,6 +37,10 @@ CRawServer::CRawServer(std::function<void(int)> serve)
     port_ = ntohs(address.sin_port);
     thread_ = std::thread(&CRawServer::Listen, this);
 }
+
+CRawServer::CRawServer(const ServerFault &fault)
+    : CRawServer([fault](int socket) { Serve(socket, fault); })
+{}
 
 CRawServer::~CRawServer()
 {
@@ -53,6 +72,51 @@ void CRawServer::Listen()
             close(socket);
         });
     }
+}
+
+const std::vector<ServerFault> &CRawServer::Faults()
+{
+    static const std::string head = "HTTP/1.1 200 OK\r\n";
+    static const std::vector<ServerFault> faults{
+        {"closes at once", {}, {}, 0, true},
+        {"says nothing", {}, {}, 0, false},
+        {"sends a byte now and then", head + "Content-Length: 100000\r\n\r\n", "x", 20, true},
+        {"never ends its headers", head, "X: y\r\n", 20, true},
+        {"does not speak HTTP", std::string(5000, '\xfe') + "\r\n\r\n", {}, 0, true},
+        {"ends within the body", head + "Content-Length: 1000\r\n\r\n{\"Resp", {}, 0, true},
+        {"announces too much", head + "Content-Length: 99999999999\r\n\r\n{}", {}, 0, true},
+        {"sends without end", head + "Transfer-Encoding: chunked\r\n\r\n",
+         "100000\r\n" + std::string(1 << 20, 'x') + "\r\n", 0, true},
+        {"gives an array for a text",
+         ReplyWith("{\"ResponseStatus\":{\"ErrorCode\":0,\"Data\":"
+                   "{\"AdaptiveLayout\":{\"LayoutData\":[1]}}}}"),
+         {},
+         0,
+         false},
+        {"gives a text for a number",
+         ReplyWith(R"({"ResponseStatus":[1,{"ErrorCode":"no"}]})"),
+         {},
+         0,
+         false},
+        {"fails", ReplyWith("sorry", "500 Oh no"), {}, 0, false},
+        {"refuses with a code of its own",
+         ReplyWith(R"({"ResponseStatus":{"ErrorModule":7,"ErrorCode":77}})", "403 No"),
+         {},
+         0,
+         false},
+        {"sends no document", ReplyWith("<html>It works!"), {}, 0, false},
+        {"sends an empty document", ReplyWith("{}"), {}, 0, false},
+    };
+    return faults;
+}
+
+const ServerFault &CRawServer::Fault(const std::string &name)
+{
+    for (const ServerFault &fault : Faults()) {
+        if (fault.name == name)
+            return fault;
+    }
+    std::abort();
 }
 
 std::string CRawServer::ReadRequest(int socket)

@@ -9,14 +9,25 @@
 #include <thread>
 #include <vector>
 
-/// \brief A listening socket on 127.0.0.1 whose connections are answered byte by byte, for servers
-/// that misbehave.
+/// \brief One way in which a server can misbehave after it has read a request.
+struct ServerFault
+{
+    const char *name;
+    std::string bytes;         // sent once
+    std::string repeated;      // then sent again and again until the client goes
+    int pause_ms = 0;          // before each repetition
+    bool is_hanging_up = true; // after the bytes; otherwise it waits until the client goes
+};
+
+/// \brief A listening socket on 127.0.0.1 whose connections are answered byte by byte.
 class CRawServer
 {
 public:
-    /// \param serve is called for each connection on a thread of its own; the socket is closed
-    /// behind it, and shut down when the server goes.
+    /// \param serve is called for each connection on its own thread. The socket is closed when
+    /// \a serve returns, and shut down by the destructor.
     explicit CRawServer(std::function<void(int socket)> serve);
+    /// \brief Answer the first request of each connection with \a fault.
+    explicit CRawServer(const ServerFault &fault);
     ~CRawServer();
     CRawServer(const CRawServer &) = delete;
     CRawServer &operator=(const CRawServer &) = delete;
@@ -24,10 +35,15 @@ public:
     int Port() const { return port_; }
     int Connections() const { return connections_; }
 
-    /// \brief Read one request with its body. \return its body behind the request line; empty when
-    /// the client has gone.
+    /// \brief All faults that the client's exchange must survive.
+    static const std::vector<ServerFault> &Faults();
+    /// \brief The fault called \a name; ends the program if there is no such fault.
+    static const ServerFault &Fault(const std::string &name);
+
+    /// \brief Read one request with its body. \return the request line and the body; empty after
+    /// the client has closed the connection.
     static std::string ReadRequest(int socket);
-    /// \return false when the client has gone.
+    /// \return false after the client has closed the connection.
     static bool Send(int socket, const std::string &bytes);
     /// \brief A complete reply with \a body.
     static std::string ReplyWith(const std::string &body, const std::string &status = "200 OK");

@@ -4,6 +4,7 @@
 #include <Nim/Base/Log.h>
 #include <Nim/Base/OS.h>
 
+#include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
 
@@ -135,4 +136,18 @@ QStringList CTestGuard::LogLines() const
 {
     const std::lock_guard<std::mutex> lock(d_ptr_->mutex_);
     return d_ptr_->list_log_;
+}
+
+void CGuardedTest::init()
+{
+    guard_.Begin();
+    SetUp();
+}
+
+void CGuardedTest::cleanup()
+{
+    TearDown();
+    folder_.Clear();
+    const QString fault = guard_.End();
+    QVERIFY2(fault.isEmpty(), qPrintable(fault));
 }
