@@ -76,7 +76,6 @@ private:
     void RetranslateUi();
     [[nodiscard]] bool CheckInput(std::string &result);
     LoginState RunAttempt(std::string &result, const std::string &pluginName);
-    LoginState Refuse(std::string &result, const QString &text);
     void MarkPassword(bool is_empty);
     void ShowTip(const QString &text);
 
