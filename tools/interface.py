@@ -217,7 +217,7 @@ def properties(cursor):
 
 def undefined(linked, build):
     defined = set()
-    for library in ("libvantor.so", "libvantor_platform.so"):
+    for library in ("libvantor.so", "libvantor_platform.so", "libvantor_base.so"):
         listed = subprocess.run(["nm", "-D", "--defined-only", str(build / "lib" / library)],
                                 check=True, capture_output=True, text=True).stdout
         defined |= {line.split()[-1] for line in listed.splitlines()}

@@ -10,7 +10,7 @@
 namespace BusinessCommon {
 
 /// \brief Is told what came of each layout request.
-class VANTOR_PLATFORM_EXPORT CAdaptiveColumnWidthObserver
+class VANTOR_BASE_EXPORT CAdaptiveColumnWidthObserver
 {
 public:
     /// \brief The outcome of one request.
@@ -38,7 +38,7 @@ struct CAdaptiveColumnWidthManagerDataPtr;
 /// manager's requests, never from within the request; a request that is refused, lost or broken off
 /// gives an answer too. When the manager is destroyed its writes are still sent, its answers are
 /// dropped. All operations belong to the GUI thread.
-class VANTOR_PLATFORM_EXPORT CAdaptiveColumnWidthManager
+class VANTOR_BASE_EXPORT CAdaptiveColumnWidthManager
 {
 public:
     using Param = CAdaptiveColumnWidthObserver::Param;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <BaseExport.h>
 #include <Nim/Base/Record.h>
-#include <PlatformExport.h>
 
 #include <string>
 
@@ -23,7 +23,7 @@ struct AdaptiveLayoutResponse
 };
 
 /// \brief An AdaptiveLayout as a record.
-class VANTOR_PLATFORM_EXPORT CAdaptiveLayout : public Nim::Base::CRecord<AdaptiveLayout>
+class VANTOR_BASE_EXPORT CAdaptiveLayout : public Nim::Base::CRecord<AdaptiveLayout>
 {
     VANTOR_RECORD(CAdaptiveLayout)
     VANTOR_RECORD_FIELD(key_value)

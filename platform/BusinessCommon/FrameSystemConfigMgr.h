@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <BaseExport.h>
 #include <Nim/Base/Singleton.h>
-#include <PlatformExport.h>
 
 #include <atomic>
 
@@ -12,15 +12,14 @@ class CFrameSystemConfigMgr;
 
 } // namespace BusinessCommon
 
-extern template class VANTOR_PLATFORM_EXPORT
+extern template class VANTOR_BASE_EXPORT
     Nim::Base::CSingleton<BusinessCommon::CFrameSystemConfigMgr>;
 
 namespace BusinessCommon {
 
 /// \brief The client's configuration, as far as time is concerned. Reached through
 /// Nim::Base::CSingleton<CFrameSystemConfigMgr>::Instance(). Any thread.
-class VANTOR_PLATFORM_EXPORT CFrameSystemConfigMgr
-    : public Nim::Base::CSingleton<CFrameSystemConfigMgr>
+class VANTOR_BASE_EXPORT CFrameSystemConfigMgr : public Nim::Base::CSingleton<CFrameSystemConfigMgr>
 {
     friend class Nim::Base::CSingleton<CFrameSystemConfigMgr>;
     CFrameSystemConfigMgr() = default;

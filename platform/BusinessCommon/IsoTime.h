@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <PlatformExport.h>
+#include <BaseExport.h>
 
 #include <QtCore/QtGlobal>
 
@@ -23,6 +23,6 @@ namespace BusinessCommon {
 ///
 /// \return -1, which is also 1969-12-31T23:59:59Z, when not even a year is read, and when a number
 ///         that is read has more than 9 digits.
-[[nodiscard]] VANTOR_PLATFORM_EXPORT qint64 IsoTextToSeconds(const std::string &text);
+[[nodiscard]] VANTOR_BASE_EXPORT qint64 IsoTextToSeconds(const std::string &text);
 
 } // namespace BusinessCommon

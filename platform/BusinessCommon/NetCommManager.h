@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <BaseExport.h>
 #include <ClientComm/ClientInfo.h>
 #include <Nim/Base/Singleton.h>
-#include <PlatformExport.h>
 
 #include <functional>
 #include <string>
@@ -19,7 +19,7 @@ template <> struct Nim::Base::IsKeptAtUnload<BusinessCommon::CNetCommManager> : 
 {
 };
 
-extern template class VANTOR_PLATFORM_EXPORT Nim::Base::CSingleton<BusinessCommon::CNetCommManager>;
+extern template class VANTOR_BASE_EXPORT Nim::Base::CSingleton<BusinessCommon::CNetCommManager>;
 
 namespace BusinessCommon {
 
@@ -52,7 +52,7 @@ constexpr size_t kMaximumReplyBytes = size_t(16) << 20;
 /// HTTP/1.1 (RFC 9112) or HTTPS. Each thread that sends has one connection of its own, kept alive
 /// between requests, so that nobody waits behind a slow request of another thread. All operations
 /// may be called from any thread.
-class VANTOR_PLATFORM_EXPORT CNetCommManager : public Nim::Base::CSingleton<CNetCommManager>
+class VANTOR_BASE_EXPORT CNetCommManager : public Nim::Base::CSingleton<CNetCommManager>
 {
     friend class Nim::Base::CSingleton<CNetCommManager>;
     CNetCommManager() = default;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <BaseExport.h>
 #include <Nim/Base/Record.h>
-#include <PlatformExport.h>
 
 namespace BusinessCommon {
 
@@ -16,7 +16,7 @@ struct TimeZoneInfor
 };
 
 /// \brief A TimeZoneInfor as a record.
-class VANTOR_PLATFORM_EXPORT CTimeZoneInfor : public Nim::Base::CRecord<TimeZoneInfor>
+class VANTOR_BASE_EXPORT CTimeZoneInfor : public Nim::Base::CRecord<TimeZoneInfor>
 {
     VANTOR_RECORD(CTimeZoneInfor)
     VANTOR_RECORD_FIELD(utc_bias)

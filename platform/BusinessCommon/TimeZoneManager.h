@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <BaseExport.h>
 #include <BusinessCommon/TimeZoneInfor.h>
 #include <Nim/Base/Singleton.h>
-#include <PlatformExport.h>
 
 #include <QtCore/QtGlobal>
 
@@ -17,14 +17,13 @@ class CTimeZoneManager;
 
 } // namespace BusinessCommon
 
-extern template class VANTOR_PLATFORM_EXPORT
-    Nim::Base::CSingleton<BusinessCommon::CTimeZoneManager>;
+extern template class VANTOR_BASE_EXPORT Nim::Base::CSingleton<BusinessCommon::CTimeZoneManager>;
 
 namespace BusinessCommon {
 
 /// \brief What CTimeZoneManager stands on; each operation as it is described there. Called on any
 /// thread, an exception counts as failure.
-class VANTOR_PLATFORM_EXPORT ITimeZoneService
+class VANTOR_BASE_EXPORT ITimeZoneService
 {
 public:
     virtual ~ITimeZoneService();
@@ -39,7 +38,7 @@ public:
 
 /// \brief Zones of devices and of the client, reached through
 /// Nim::Base::CSingleton<CTimeZoneManager>::Instance(). Any thread.
-class VANTOR_PLATFORM_EXPORT CTimeZoneManager : public Nim::Base::CSingleton<CTimeZoneManager>
+class VANTOR_BASE_EXPORT CTimeZoneManager : public Nim::Base::CSingleton<CTimeZoneManager>
 {
     friend class Nim::Base::CSingleton<CTimeZoneManager>;
     CTimeZoneManager() = default;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <BaseExport.h>
 #include <BusinessCommon/TimeZoneInfor.h>
-#include <PlatformExport.h>
 
 #include <QtCore/QtGlobal>
 
@@ -26,8 +26,8 @@ struct ZoneYear
 /// \return nothing when biases and one period of daylight saving cannot tell it: the standard time
 ///         changes in that year, daylight saving has other than one start and one end, or the
 ///         offset is no whole minute.
-[[nodiscard]] VANTOR_PLATFORM_EXPORT std::optional<ZoneYear> ZoneYearOf(const QTimeZone &zone,
-                                                                        int year);
+[[nodiscard]] VANTOR_BASE_EXPORT std::optional<ZoneYear> ZoneYearOf(const QTimeZone &zone,
+                                                                    int year);
 
 /// \brief Daylight saving in \a year for a zone of which only the biases are known.
 ///
@@ -36,7 +36,7 @@ struct ZoneYear
 /// zone without daylight saving gives a year without. The first call reads the whole database,
 /// about 50 ms. Any thread.
 /// \return nothing when no zone has these biases.
-[[nodiscard]] VANTOR_PLATFORM_EXPORT std::optional<ZoneYear>
-FindZoneYear(const TimeZoneInfor &infor, int year);
+[[nodiscard]] VANTOR_BASE_EXPORT std::optional<ZoneYear> FindZoneYear(const TimeZoneInfor &infor,
+                                                                      int year);
 
 } // namespace BusinessCommon

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <BaseExport.h>
 #include <Nim/Base/Error.h>
 #include <Nim/Base/Record.h>
-#include <PlatformExport.h>
 
 #include <string>
 
@@ -12,7 +12,7 @@ namespace ClientComm {
 /// \brief What is asked of the server. Texts are UTF-8.
 ///
 /// The body may hold a password: it is overwritten when the structure goes.
-struct VANTOR_PLATFORM_EXPORT ClientSendInfo
+struct VANTOR_BASE_EXPORT ClientSendInfo
 {
     std::string URL;          ///< path and query, such as "/Quorra/…/SecuritySetting"
     std::string Method;       ///< "GET", "PUT", "POST" or "DELETE"; each may have a body
@@ -26,7 +26,7 @@ struct VANTOR_PLATFORM_EXPORT ClientSendInfo
 };
 
 /// \brief What came back.
-struct VANTOR_PLATFORM_EXPORT ClientRecvInfo
+struct VANTOR_BASE_EXPORT ClientRecvInfo
 {
     /// All 0 when the server has answered with success, whatever its answer says. See
     /// BusinessCommon::CNetCommManager for the codes.
@@ -40,7 +40,7 @@ struct VANTOR_PLATFORM_EXPORT ClientRecvInfo
 };
 
 /// \brief A request, as hosts write it.
-class VANTOR_PLATFORM_EXPORT CClientSendInfo : public Nim::Base::CRecord<ClientSendInfo>
+class VANTOR_BASE_EXPORT CClientSendInfo : public Nim::Base::CRecord<ClientSendInfo>
 {
     VANTOR_RECORD(CClientSendInfo)
     VANTOR_RECORD_FIELD(URL)
@@ -50,7 +50,7 @@ class VANTOR_PLATFORM_EXPORT CClientSendInfo : public Nim::Base::CRecord<ClientS
 };
 
 /// \brief A reply, as hosts read it.
-class VANTOR_PLATFORM_EXPORT CClientRecvInfo : public Nim::Base::CRecord<ClientRecvInfo>
+class VANTOR_BASE_EXPORT CClientRecvInfo : public Nim::Base::CRecord<ClientRecvInfo>
 {
     VANTOR_RECORD(CClientRecvInfo)
     VANTOR_RECORD_FIELD(Error_code)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <PlatformExport.h>
+#include <BaseExport.h>
 
 #include <memory>
 #include <string>
@@ -19,7 +19,7 @@ struct CRapidJsonProtoDataPtr;
 /// Attributes of elements are not read. One thread at a time.
 ///
 /// What SetString() has put in is overwritten when the document goes.
-class VANTOR_PLATFORM_EXPORT CRapidJsonProto
+class VANTOR_BASE_EXPORT CRapidJsonProto
 {
 public:
     /// The longest text that Load() takes.

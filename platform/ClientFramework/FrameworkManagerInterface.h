@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <BaseExport.h>
 #include <Nim/Base/Error.h>
 #include <Nim/Base/Record.h>
 #include <Nim/Base/SecretText.h>
 #include <Nim/Base/Singleton.h>
-#include <PlatformExport.h>
 
 #include <functional>
 #include <string>
@@ -34,7 +34,7 @@ struct CheckPwdResultParam
 };
 
 /// \brief A CheckPwdRequestParam as a record.
-class VANTOR_PLATFORM_EXPORT CCheckPwdRequestParam : public Nim::Base::CRecord<CheckPwdRequestParam>
+class VANTOR_BASE_EXPORT CCheckPwdRequestParam : public Nim::Base::CRecord<CheckPwdRequestParam>
 {
     VANTOR_RECORD(CCheckPwdRequestParam)
     VANTOR_RECORD_FIELD(str_name)
@@ -44,7 +44,7 @@ class VANTOR_PLATFORM_EXPORT CCheckPwdRequestParam : public Nim::Base::CRecord<C
 };
 
 /// \brief A CheckPwdResultParam as a record.
-class VANTOR_PLATFORM_EXPORT CCheckPwdResultParam : public Nim::Base::CRecord<CheckPwdResultParam>
+class VANTOR_BASE_EXPORT CCheckPwdResultParam : public Nim::Base::CRecord<CheckPwdResultParam>
 {
     VANTOR_RECORD(CCheckPwdResultParam)
     VANTOR_RECORD_FIELD(check_result)
@@ -61,14 +61,14 @@ struct Nim::Base::IsKeptAtUnload<ClientFramework::CFrameworkManagerInterface> : 
 {
 };
 
-extern template class VANTOR_PLATFORM_EXPORT
+extern template class VANTOR_BASE_EXPORT
     Nim::Base::CSingleton<ClientFramework::CFrameworkManagerInterface>;
 
 namespace ClientFramework {
 
 /// \brief The back end of the client's framework, reached through
 /// Nim::Base::CSingleton<CFrameworkManagerInterface>::Instance(). Any thread.
-class VANTOR_PLATFORM_EXPORT CFrameworkManagerInterface
+class VANTOR_BASE_EXPORT CFrameworkManagerInterface
     : public Nim::Base::CSingleton<CFrameworkManagerInterface>
 {
     friend class Nim::Base::CSingleton<CFrameworkManagerInterface>;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <PlatformExport.h>
+#include <BaseExport.h>
 
 #include <cstddef>
 #include <cstdio>
@@ -25,30 +25,29 @@ using csvparse_row_callback = void (*)(int terminator, void *user_data);
 /// \brief Set up \a parser with delimiter "," and quote "\"".
 /// \param options 0: not strict, so stray quotes are taken as text.
 /// \return 0 on success.
-VANTOR_PLATFORM_EXPORT int csvparse_init(csvparse_parser *parser, unsigned char options);
+VANTOR_BASE_EXPORT int csvparse_init(csvparse_parser *parser, unsigned char options);
 
 /// \brief Use \a delimiter, an ASCII character, between fields from now on.
-VANTOR_PLATFORM_EXPORT void csvparse_set_delimiter(csvparse_parser *parser, char delimiter);
+VANTOR_BASE_EXPORT void csvparse_set_delimiter(csvparse_parser *parser, char delimiter);
 
 /// \brief Parse \a length bytes; fields and records may go on in the next call.
 /// \return bytes consumed; less than \a length on an error, such as no memory for a long field.
-VANTOR_PLATFORM_EXPORT std::size_t csvparse_parse(csvparse_parser *parser, const void *bytes,
-                                                  std::size_t length, csvparse_field_callback field,
-                                                  csvparse_row_callback row, void *user_data);
+VANTOR_BASE_EXPORT std::size_t csvparse_parse(csvparse_parser *parser, const void *bytes,
+                                              std::size_t length, csvparse_field_callback field,
+                                              csvparse_row_callback row, void *user_data);
 
 /// \brief Deliver a pending field and record and make the state ready for the next input. Callbacks
 /// may be null.
 ///
 /// \return 0 on success.
-VANTOR_PLATFORM_EXPORT int csvparse_fini(csvparse_parser *parser, csvparse_field_callback field,
-                                         csvparse_row_callback row, void *user_data);
+VANTOR_BASE_EXPORT int csvparse_fini(csvparse_parser *parser, csvparse_field_callback field,
+                                     csvparse_row_callback row, void *user_data);
 
 /// \brief Release the buffers of \a parser, which can still be used for parsing.
-VANTOR_PLATFORM_EXPORT void csvparse_free(csvparse_parser *parser);
+VANTOR_BASE_EXPORT void csvparse_free(csvparse_parser *parser);
 
 /// \brief Write \a bytes to \a stream as one quoted field, inner quotes doubled.
 /// \return 0 on success.
-VANTOR_PLATFORM_EXPORT int csvparse_fwrite(std::FILE *stream, const void *bytes,
-                                           std::size_t length);
+VANTOR_BASE_EXPORT int csvparse_fwrite(std::FILE *stream, const void *bytes, std::size_t length);
 
 } // extern "C"

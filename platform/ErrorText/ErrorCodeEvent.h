@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <BaseExport.h>
 #include <Nim/Base/Error.h>
-#include <PlatformExport.h>
 
 #include <QtCore/QString>
 
 namespace ErrorText {
 
 /// \brief An error code on its way to the user.
-class VANTOR_PLATFORM_EXPORT CErrorCodeEvent
+class VANTOR_BASE_EXPORT CErrorCodeEvent
 {
 public:
     CErrorCodeEvent() = default; ///< No error: all words are 0.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <BaseExport.h>
 #include <Nim/Base/Error.h>
-#include <PlatformExport.h>
 
 #include <QtCore/QString>
 
@@ -16,11 +16,11 @@ using Source = std::function<QString(const Nim::Base::Error::ErrorCode &code)>;
 /// empty. Any thread.
 ///
 /// A code that is not known is told by its numbers.
-[[nodiscard]] VANTOR_PLATFORM_EXPORT QString
+[[nodiscard]] VANTOR_BASE_EXPORT QString
 GetErrorInfoByErrorCode(const Nim::Base::Error::ErrorCode &code);
 
 /// \brief Take the texts from \a source, which may be called from any thread; an empty function
 /// restores the default. When it gives an empty text or throws, the default speaks.
-VANTOR_PLATFORM_EXPORT void SetSource(Source source);
+VANTOR_BASE_EXPORT void SetSource(Source source);
 
 } // namespace ErrorText

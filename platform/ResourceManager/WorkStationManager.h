@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <BaseExport.h>
 #include <Nim/Base/Singleton.h>
-#include <PlatformExport.h>
 
 #include <memory>
 #include <mutex>
@@ -14,13 +14,13 @@ class CWorkStationManager;
 
 } // namespace ResourceManager
 
-extern template class VANTOR_PLATFORM_EXPORT
+extern template class VANTOR_BASE_EXPORT
     Nim::Base::CSingleton<ResourceManager::CWorkStationManager>;
 
 namespace ResourceManager {
 
 /// \brief A workstation at a site of its own.
-class VANTOR_PLATFORM_EXPORT CWorkStation
+class VANTOR_BASE_EXPORT CWorkStation
 {
 public:
     /// \param time_zones whole hours east of Greenwich.
@@ -37,7 +37,7 @@ private:
 
 /// \brief The workstations that the client knows, none until they are set. Reached through
 /// Nim::Base::CSingleton<CWorkStationManager>::Instance(). Any thread.
-class VANTOR_PLATFORM_EXPORT CWorkStationManager : public Nim::Base::CSingleton<CWorkStationManager>
+class VANTOR_BASE_EXPORT CWorkStationManager : public Nim::Base::CSingleton<CWorkStationManager>
 {
     friend class Nim::Base::CSingleton<CWorkStationManager>;
     CWorkStationManager() = default;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <PlatformExport.h>
+#include <BaseExport.h>
 
 namespace Nim::Base::Error {
 
@@ -25,10 +25,10 @@ inline bool operator!=(const ErrorCode &a, const ErrorCode &b)
 }
 
 /// \brief Remember \a code as the last error of the calling thread.
-VANTOR_PLATFORM_EXPORT void SetLastError(const ErrorCode &code);
+VANTOR_BASE_EXPORT void SetLastError(const ErrorCode &code);
 
 /// \brief The calling thread's last error; all 0 before the first. Another thread's errors never
 /// show here.
-[[nodiscard]] VANTOR_PLATFORM_EXPORT ErrorCode GetLastError();
+[[nodiscard]] VANTOR_BASE_EXPORT ErrorCode GetLastError();
 
 } // namespace Nim::Base::Error

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <PlatformExport.h>
+#include <BaseExport.h>
 
 #include <QtCore/QString>
 
@@ -16,18 +16,18 @@ namespace Nim::Base::FileSystem {
 
 /// \brief Create the directory \a path and its missing parents.
 /// \return true when the directory exists afterwards.
-VANTOR_PLATFORM_EXPORT bool MakeDir(const std::string &path);
+VANTOR_BASE_EXPORT bool MakeDir(const std::string &path);
 
 /// \return 0 when something of that name exists, else -1.
-[[nodiscard]] VANTOR_PLATFORM_EXPORT int FileExists(const char *path);
+[[nodiscard]] VANTOR_BASE_EXPORT int FileExists(const char *path);
 
 /// \brief Rename \a source; an existing file \a target is replaced at once, never seen half.
 /// \return 0, or -1 and both names as they were.
-VANTOR_PLATFORM_EXPORT int RenameFile(const char *source, const char *target);
+VANTOR_BASE_EXPORT int RenameFile(const char *source, const char *target);
 
 /// \brief Delete a file; directories are refused.
 /// \return 0, or -1.
-VANTOR_PLATFORM_EXPORT int DeleteFileW(const char *path);
+VANTOR_BASE_EXPORT int DeleteFileW(const char *path);
 
 /// \brief Told how many bytes came over since the last call, on the copying thread.
 using CopyProgress = std::function<void(std::int64_t bytes)>;
@@ -44,21 +44,21 @@ using CopyProgress = std::function<void(std::int64_t bytes)>;
 ///                       several that copy to one name exactly one succeeds. 0 replaces it at once.
 /// \return 0, or a negative errno: no partial file is left and an existing \a target is as it was.
 ///         -EEXIST is the refusal, -EINVAL a source that is no regular file.
-VANTOR_PLATFORM_EXPORT int CopyFileW(const char *source, const char *target, int fail_if_exists);
+VANTOR_BASE_EXPORT int CopyFileW(const char *source, const char *target, int fail_if_exists);
 
 /// \brief The same, telling \a on_bytes every few megabytes; it must not throw and may be empty.
-VANTOR_PLATFORM_EXPORT int CopyFileWithProgress(const char *source, const char *target,
-                                                int fail_if_exists, const CopyProgress &on_bytes);
+VANTOR_BASE_EXPORT int CopyFileWithProgress(const char *source, const char *target,
+                                            int fail_if_exists, const CopyProgress &on_bytes);
 
 /// \brief Whether both names lead to one file: other spellings, hard and symbolic links.
 /// \return false also when one of them is missing.
-[[nodiscard]] VANTOR_PLATFORM_EXPORT bool IsSameFile(const char *one, const char *other);
+[[nodiscard]] VANTOR_BASE_EXPORT bool IsSameFile(const char *one, const char *other);
 
 /// \brief Open a file so that others may read and write it meanwhile; not inherited by child
 /// processes.
 ///
 /// \param mode of C's fopen(), such as "wb" or "ab+".
 /// \return the stream, which the caller closes with fclose(), or null with the cause in errno.
-[[nodiscard]] VANTOR_PLATFORM_EXPORT std::FILE *OpenShared(const QString &path, const char *mode);
+[[nodiscard]] VANTOR_BASE_EXPORT std::FILE *OpenShared(const QString &path, const char *mode);
 
 } // namespace Nim::Base::FileSystem

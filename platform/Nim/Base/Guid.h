@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <PlatformExport.h>
+#include <BaseExport.h>
 
 #include <string>
 
@@ -9,6 +9,6 @@ namespace Nim::Base::GuidUtil {
 
 /// \brief A new random GUID (RFC 4122, version 4): 36 lower-case characters without braces. Any
 /// thread.
-[[nodiscard]] VANTOR_PLATFORM_EXPORT std::string CreateGuid();
+[[nodiscard]] VANTOR_BASE_EXPORT std::string CreateGuid();
 
 } // namespace Nim::Base::GuidUtil

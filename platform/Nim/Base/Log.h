@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <PlatformExport.h>
+#include <BaseExport.h>
 
 #include <functional>
 #include <string>
@@ -32,7 +32,7 @@ using Sink =
 /// a warning, 5 and above as critical, so QT_LOGGING_RULES and a host's message handler filter and
 /// route them. Safe while other threads log: a line that is being written still goes to the sink it
 /// started with. A sink's exception ends there.
-VANTOR_PLATFORM_EXPORT void SetSink(Sink sink);
+VANTOR_BASE_EXPORT void SetSink(Sink sink);
 
 /// \brief Write one line. \a format and what follows are printf's; text from outside goes in
 /// through "%s" only.
@@ -40,7 +40,7 @@ VANTOR_PLATFORM_EXPORT void SetSink(Sink sink);
 /// The text is UTF-8 of any length. Control characters in it are written as escapes ("\n" as a
 /// backslash and an n), so that no user name or server reply can forge a line of its own. Never
 /// throws.
-VANTOR_PLATFORM_EXPORT void Write(int level, const char *category, const char *format, ...)
+VANTOR_BASE_EXPORT void Write(int level, const char *category, const char *format, ...)
     NIM_PRINTF_FORMAT(3, 4);
 
 /// \brief Write one line in the frame that all code of the client uses:
@@ -48,8 +48,8 @@ VANTOR_PLATFORM_EXPORT void Write(int level, const char *category, const char *f
 ///
 /// \param function qualified name of the function the line speaks for.
 /// \param file     path of the source file; only its last part is written.
-VANTOR_PLATFORM_EXPORT void WriteFramed(const char *function, const char *file, int line, int level,
-                                        const char *category, const char *format, ...)
+VANTOR_BASE_EXPORT void WriteFramed(const char *function, const char *file, int line, int level,
+                                    const char *category, const char *format, ...)
     NIM_PRINTF_FORMAT(6, 7);
 
 } // namespace Nim::Base::Log

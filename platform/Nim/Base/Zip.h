@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <PlatformExport.h>
+#include <BaseExport.h>
 
 #include <cstdint>
 #include <string>
@@ -27,7 +27,6 @@ struct Part
 ///
 /// \param path in the local encoding.
 /// \return false when the file cannot be read, is no archive, is empty, or any part is damaged.
-[[nodiscard]] VANTOR_PLATFORM_EXPORT bool ReadParts(const std::string &path,
-                                                    std::vector<Part> &parts);
+[[nodiscard]] VANTOR_BASE_EXPORT bool ReadParts(const std::string &path, std::vector<Part> &parts);
 
 } // namespace Nim::Base::Zip
