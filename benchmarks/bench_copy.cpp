@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Main.h"
 #include "Pairs.h"
 
 #include <Vantor/CCopyFileThread>
@@ -170,8 +171,5 @@ BENCHMARK(ManySourcesToOneName)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    const QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return RunBenchmarks<QCoreApplication>(argc, argv);
 }

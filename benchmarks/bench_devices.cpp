@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Main.h"
 #include "Pairs.h"
 
 #include <KeyBoard/KeyBoard.h>
@@ -114,8 +115,5 @@ BENCHMARK(CallbackToSignal)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return RunBenchmarks<QCoreApplication>(argc, argv);
 }

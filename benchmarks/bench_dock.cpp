@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Main.h"
 #include "Pairs.h"
 
 #include <Nim/Base/Log.h>
@@ -100,8 +101,5 @@ BENCHMARK(SlideSteps)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return RunBenchmarks<QApplication>(argc, argv);
 }

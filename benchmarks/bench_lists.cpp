@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Main.h"
 #include "Memory.h"
 #include "Pairs.h"
 #include "letter/ListLetter.h"
@@ -559,9 +560,6 @@ BENCHMARK(Soak)->Iterations(1);
 
 int main(int argc, char **argv)
 {
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    Lists().clear(); // widgets go before the application
-    return 0;
+    // Widgets must be deleted before the application object.
+    return RunBenchmarks<QApplication>(argc, argv, [] { Lists().clear(); });
 }

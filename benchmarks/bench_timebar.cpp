@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What painting and growing a time line costs, beside the plain loop over all bars.
+#include "Main.h"
 #include "Pairs.h"
 #include "letter/TimeBarLetter.h"
 
@@ -189,8 +190,5 @@ BENCHMARK(Append)->Iterations(1);
 
 int main(int argc, char **argv)
 {
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return RunBenchmarks<QApplication>(argc, argv);
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Main.h"
 #include "Memory.h"
 #include "Pairs.h"
 
@@ -215,8 +216,5 @@ BENCHMARK(AgainstOpenpyxl)->Iterations(1)->Unit(benchmark::kSecond);
 
 int main(int argc, char **argv)
 {
-    QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return RunBenchmarks<QCoreApplication>(argc, argv);
 }

@@ -7,6 +7,7 @@
 #include "look/Language.h"
 #include "look/Theme.h"
 #include "pages/ListPage.h"
+#include "window/FileReading.h"
 #include "window/Pages.h"
 #include "window/Panels.h"
 #include "window/ProgressDialog.h"
@@ -15,24 +16,17 @@
 #include <Ravel/ChaseDialog.h>
 #include <Ravel/WaitWatcher.h>
 
-#include <QtConcurrent/QtConcurrentRun>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
-#include <QtCore/QTimer>
 #include <QtGui/QCloseEvent>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QStatusBar>
 
-#include <chrono>
-
 namespace Client {
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto kPatience = 200ms; // a small file is read before a dialog would be seen
 constexpr int kStatusTime_ms = 15000;
 
 } // namespace
@@ -45,41 +39,39 @@ CMainWindow::CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget
     actions_->AddPages(pages_->Actions());
     statusBar()->setSizeGripEnabled(false);
     statusBar()->addPermanentWidget(page_->Totals());
-    connect(actions_->Open(), &QAction::triggered, this, &CMainWindow::OnOpen);
-    connect(actions_->ExportCsv(), &QAction::triggered, this, &CMainWindow::OnExportCsv);
-    connect(actions_->ExportXlsx(), &QAction::triggered, this, &CMainWindow::OnExportXlsx);
-    connect(actions_->ExportPanel(), &QAction::triggered, this,
-            [this] { panels_->ShowExport(page_->Rows().rows.size()); });
+    const auto on = [this](CWindowActions::Id id, auto *receiver, auto slot) {
+        connect(actions_->Action(id), &QAction::triggered, receiver, slot);
+    };
+    on(CWindowActions::kOpen, this, &CMainWindow::OnOpen);
+    on(CWindowActions::kExportCsv, this, &CMainWindow::OnExportCsv);
+    on(CWindowActions::kExportXlsx, this, &CMainWindow::OnExportXlsx);
+    on(CWindowActions::kExportPanel, this,
+       [this] { panels_->ShowExport(page_->Rows().rows.size()); });
     connect(panels_, &CPanels::SignalExportCsv, this, &CMainWindow::OnExportCsv);
     connect(panels_, &CPanels::SignalExportXlsx, this, &CMainWindow::OnExportXlsx);
     connect(panels_, &CPanels::SignalMessage, this, &CMainWindow::OnMessage);
     connect(page_, &CListPage::SignalRowChosen, panels_, &CPanels::ShowDetails);
-    connect(actions_->Copy(), &QAction::triggered, page_, &CListPage::Copy);
-    connect(actions_->SelectAll(), &QAction::triggered, page_, &CListPage::SelectAll);
+    on(CWindowActions::kCopy, page_, &CListPage::Copy);
+    on(CWindowActions::kSelectAll, page_, &CListPage::SelectAll);
     connect(actions_, &CWindowActions::SignalEditMenuOpens, this, &CMainWindow::OnEditMenuOpens);
-    connect(actions_->Find(), &QAction::triggered, this, &CMainWindow::OnFind);
-    connect(actions_->FileOrder(), &QAction::triggered, page_, &CListPage::RestoreOrder);
-    connect(actions_->About(), &QAction::triggered, this, &CMainWindow::OnAbout);
-    connect(actions_->Quit(), &QAction::triggered, this, &CMainWindow::close);
+    on(CWindowActions::kFind, this, &CMainWindow::OnFind);
+    on(CWindowActions::kFileOrder, page_, &CListPage::RestoreOrder);
+    on(CWindowActions::kAbout, this, &CMainWindow::OnAbout);
+    on(CWindowActions::kQuit, this, &CMainWindow::close);
     connect(&theme, &CThemeSwitch::SignalThemeChanged, page_, &CListPage::OnThemeChanged);
     connect(&theme, &CThemeSwitch::SignalThemeChanged, pages_, &CPages::OnThemeChanged);
     connect(pages_, &CPages::SignalMessage, this, &CMainWindow::OnMessage);
-    connect(&reading_, &QFutureWatcher<ReadResult>::finished, this, &CMainWindow::OnFileRead);
     Retranslate();
     page_->FocusSearch();
 }
 
-CMainWindow::~CMainWindow()
-{
-    if (is_reading_cancelled_)
-        *is_reading_cancelled_ = true;
-}
+CMainWindow::~CMainWindow() = default;
 
 void CMainWindow::SetList(IncidentListPtr list, const QString &name)
 {
     list_name_ = name;
     export_name_to_retry_.clear();
-    statusBar()->clearMessage(); // it speaks of the list before
+    statusBar()->clearMessage(); // it was about the earlier list
     pages_->SetList(list);
     page_->SetList(std::move(list));
     Retranslate();
@@ -110,17 +102,14 @@ void CMainWindow::OpenFile(const QString &path)
 {
     if (IsBusy())
         return;
-    const auto is_cancelled = std::make_shared<std::atomic<bool>>(false);
-    is_reading_cancelled_ = is_cancelled;
-    list_to_come_ = QFileInfo(path).fileName();
-    reading_dialog_ = NewReadingDialog(list_to_come_);
-    connect(reading_dialog_.data(), &QDialog::rejected, this,
-            [is_cancelled = is_cancelled.get()] { *is_cancelled = true; });
-    QTimer::singleShot(kPatience, reading_dialog_.data(), &QDialog::open);
-    reading_.setFuture(QtConcurrent::run([path, is_cancelled] {
-        return ReadCsvFile(path, [&](qint64, qint64) { return !*is_cancelled; });
-    }));
-    UpdateActions();
+    const QString name = QFileInfo(path).fileName();
+    auto *const reading = new CFileReading(path, NewReadingDialog(name), this);
+    connect(reading, &CFileReading::SignalFinished, this,
+            [this, reading, name](const ReadResult &result) {
+                reading->deleteLater();
+                OnFileRead(result, name);
+            });
+    BeginWork([reading] { reading->Cancel(); });
 }
 
 QDialog *CMainWindow::NewReadingDialog(const QString &name)
@@ -129,21 +118,17 @@ QDialog *CMainWindow::NewReadingDialog(const QString &name)
     return new Ravel::CChaseDialog(this, movie, tr("Reading %1…").arg(name), true);
 }
 
-void CMainWindow::OnFileRead()
+void CMainWindow::OnFileRead(const ReadResult &result, const QString &name)
 {
-    const ReadResult result = reading_.result();
-    is_reading_cancelled_.reset();
-    delete reading_dialog_.data();
-    UpdateActions();
     if (result.list) {
         page_->SetFilter({});
-        SetList(result.list, list_to_come_);
+        SetList(result.list, name);
         if (!result.warning.isEmpty())
             ShowError(result.warning);
     } else if (!result.error.isEmpty()) {
         ShowError(result.error);
     }
-    Q_EMIT SignalIdle();
+    EndWork();
 }
 
 void CMainWindow::ExportTo(const QString &path)
@@ -156,28 +141,24 @@ void CMainWindow::ExportTo(const QString &path)
         ShowError(UnknownFormatText(path));
         return;
     }
-    export_ = new CListExport(page_->Rows(), this, this);
+    auto *const job = new CListExport(page_->Rows(), this, this);
     auto *const progress = new CProgressDialog(tr("Exporting…"), this);
-    connect(export_.data(), &CListExport::SignalProgress, progress, &CProgressDialog::OnProgress);
-    connect(export_.data(), &CListExport::SignalFinished, progress, &QObject::deleteLater);
-    connect(export_.data(), &CListExport::SignalFinished, this, &CMainWindow::OnExportFinished);
-    connect(progress, &QDialog::rejected, this, &CMainWindow::OnExportCancelled);
-    UpdateActions();
-    export_->Start(path);
-}
-
-void CMainWindow::OnExportCancelled()
-{
-    statusBar()->showMessage(tr("Cancelling the export…"));
-    if (export_)
-        export_->Cancel();
+    connect(job, &CListExport::SignalProgress, progress, &CProgressDialog::OnProgress);
+    connect(job, &CListExport::SignalFinished, progress, &QObject::deleteLater);
+    connect(job, &CListExport::SignalFinished, this, [this, job](const ExportResult &result) {
+        job->deleteLater();
+        OnExportFinished(result);
+    });
+    connect(progress, &QDialog::rejected, job, [this, job] {
+        statusBar()->showMessage(tr("Cancelling the export…"));
+        job->Cancel();
+    });
+    BeginWork([job] { job->Cancel(); });
+    job->Start(path);
 }
 
 void CMainWindow::OnExportFinished(const ExportResult &result)
 {
-    export_->deleteLater();
-    export_.clear();
-    UpdateActions();
     if (result.is_done)
         export_name_to_retry_.clear();
     if (!result.error.isEmpty())
@@ -186,6 +167,19 @@ void CMainWindow::OnExportFinished(const ExportResult &result)
         statusBar()->showMessage(ExportedText(result), kStatusTime_ms);
     else
         statusBar()->showMessage(tr("Export cancelled"), kStatusTime_ms);
+    EndWork();
+}
+
+void CMainWindow::BeginWork(std::function<void()> cancel)
+{
+    cancel_work_ = std::move(cancel);
+    actions_->SetWorkAllowed(!IsBusy());
+}
+
+void CMainWindow::EndWork()
+{
+    cancel_work_ = nullptr;
+    actions_->SetWorkAllowed(!IsBusy());
     Q_EMIT SignalIdle();
 }
 
@@ -196,10 +190,8 @@ void CMainWindow::Stop(int status)
         return;
     }
     connect(this, &CMainWindow::SignalIdle, this, [this, status] { Q_EMIT SignalStopped(status); });
-    if (export_)
-        export_->Cancel();
-    if (is_reading_cancelled_)
-        *is_reading_cancelled_ = true;
+    if (cancel_work_)
+        cancel_work_();
 }
 
 void CMainWindow::changeEvent(QEvent *event)
@@ -257,8 +249,8 @@ void CMainWindow::AskWhereToExport(const QString &title, const QString &filter,
 
 void CMainWindow::OnEditMenuOpens()
 {
-    actions_->Copy()->setEnabled(page_->CanCopy());
-    actions_->SelectAll()->setEnabled(page_->CanSelectAll());
+    actions_->Action(CWindowActions::kCopy)->setEnabled(page_->CanCopy());
+    actions_->Action(CWindowActions::kSelectAll)->setEnabled(page_->CanSelectAll());
 }
 
 void CMainWindow::OnMessage(const QString &text)
@@ -291,18 +283,9 @@ void CMainWindow::Retranslate()
     actions_->Retranslate();
 }
 
-void CMainWindow::UpdateActions()
-{
-    actions_->Open()->setEnabled(!IsBusy());
-    actions_->ExportCsv()->setEnabled(!IsBusy());
-    actions_->ExportXlsx()->setEnabled(!IsBusy());
-    actions_->ExportPanel()->setEnabled(!IsBusy());
-}
-
 bool CMainWindow::IsBusy() const
 {
-    return export_ || is_reading_cancelled_
-           || Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance().IsWaiting();
+    return cancel_work_ || Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance().IsWaiting();
 }
 
 void CMainWindow::ShowError(const QString &text)

@@ -4,12 +4,9 @@
 #include "list/CsvFile.h"
 #include "list/IncidentList.h"
 
-#include <QtCore/QFutureWatcher>
-#include <QtCore/QPointer>
 #include <QtWidgets/QMainWindow>
 
-#include <atomic>
-#include <memory>
+#include <functional>
 
 QT_BEGIN_NAMESPACE
 class QDialog;
@@ -18,7 +15,6 @@ QT_END_NAMESPACE
 namespace Client {
 
 class CLanguageSwitch;
-class CListExport;
 class CListPage;
 class CPages;
 class CPanels;
@@ -29,8 +25,8 @@ struct ExportResult;
 
 /// \brief The window: menus around the list and the other pages.
 ///
-/// Files are read and workbooks written on other threads, CSV files exported in slices, so the
-/// window stays alive; it refuses to close until that is done.
+/// Files are read and workbooks are written on other threads, and CSV files are written in slices,
+/// so the window stays responsive. It refuses to close until that is done.
 class CMainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -39,27 +35,25 @@ public:
     CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget *parent = nullptr);
     ~CMainWindow() override;
 
-    /// \param name of the list, for the title.
+    /// \param name of the list, shown in the title.
     void SetList(IncidentListPtr list, const QString &name);
     void SetFilter(const QString &text);
     [[nodiscard]] IncidentRows Rows() const;
     [[nodiscard]] CPages &Pages() const { return *pages_; }
 
-    /// \brief Offer the users of \a link, which outlives the window, and tell what goes wrong
-    /// there.
+    /// \brief Offer the users of \a link, which outlives the window, and show its errors.
     void SetServerLink(CServerLink &link);
 
-    /// \brief Show the CSV file \a path, or a message when it cannot be read.
+    /// \brief Show the CSV file \a path, or a message if it cannot be read.
     void OpenFile(const QString &path);
-    /// \brief Export what is shown to \a path, or show a message when that fails.
+    /// \brief Export the rows that are shown to \a path, or show a message if that fails.
     void ExportTo(const QString &path);
 
-    /// \brief The dialog that stands in front of the window while the list \a name is read; the
-    /// caller deletes it.
+    /// \brief A dialog for the time in which the list \a name is read; the caller deletes it.
     [[nodiscard]] QDialog *NewReadingDialog(const QString &name);
 
 public Q_SLOTS:
-    /// \brief Cancel the work at hand, if any, then emit SignalStopped().
+    /// \brief Cancel a running reading or export, wait for its end, then emit SignalStopped().
     void Stop(int status);
 
 Q_SIGNALS:
@@ -76,17 +70,17 @@ private Q_SLOTS:
     void OnOpen();
     void OnExportCsv();
     void OnExportXlsx();
-    void OnExportCancelled();
     void OnEditMenuOpens();
     void OnFind();
     void OnMessage(const QString &text);
     void OnAbout();
-    void OnFileRead();
-    void OnExportFinished(const Client::ExportResult &result);
 
 private:
     void Retranslate();
-    void UpdateActions();
+    void OnFileRead(const ReadResult &result, const QString &name);
+    void OnExportFinished(const ExportResult &result);
+    void BeginWork(std::function<void()> cancel);
+    void EndWork();
     [[nodiscard]] bool IsBusy() const;
     void AskWhereToExport(const QString &title, const QString &filter, const QString &ending);
     void ShowError(const QString &text);
@@ -96,14 +90,10 @@ private:
     CWindowActions *const actions_;
     CPanels *const panels_;
     QString list_name_;
-    QString list_to_come_; // the one being read
-    QFutureWatcher<ReadResult> reading_;
-    QPointer<QDialog> reading_dialog_;
-    // Set by the GUI thread, read by the reading one.
-    std::shared_ptr<std::atomic<bool>> is_reading_cancelled_;
-    QPointer<CListExport> export_;
-    QString export_folder_;        // where the last export was to go; empty: Qt's choice
-    QString export_name_to_retry_; // under this name, unless the file is there now
+    // The reading or the export that is running, as a function that cancels it; empty: neither.
+    std::function<void()> cancel_work_;
+    QString export_folder_;        // the target of the last export; empty: Qt's choice
+    QString export_name_to_retry_; // name of the last export if it failed
 };
 
 } // namespace Client

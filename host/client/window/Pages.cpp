@@ -77,7 +77,6 @@ CPages::CPages(QWidget *first, QWidget *parent)
                 [this, row] { navigation_->setCurrentRow(row); });
         actions_.append(action);
     }
-    navigation_->setVisible(kPageCount > 1);
     pages_.front() = first;
     stack_->addWidget(first);
 

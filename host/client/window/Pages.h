@@ -18,8 +18,7 @@ namespace Client {
 
 class CPage;
 
-/// \brief The pages of the window: a list of their names at the leading edge, the current one
-/// beside it. The names are left out while there is one page only.
+/// \brief The pages of the window: a list of their names at the leading edge, and the current page.
 class CPages : public QWidget
 {
     Q_OBJECT
@@ -28,19 +27,19 @@ public:
     /// \param first page, always there; this widget owns it.
     explicit CPages(QWidget *first, QWidget *parent = nullptr);
 
-    /// \brief What --page and Show() take, in their order.
+    /// \brief The names that --page and Show() accept, in the order of the pages.
     [[nodiscard]] static QStringList Names();
 
-    /// \brief Go to the page of that name, building it if need be.
-    /// \return false, and stay, when there is none of that name.
+    /// \brief Go to the page called \a name and build it if it does not exist yet.
+    /// \return false, and stay, if there is no such page.
     bool Show(const QString &name);
     [[nodiscard]] QString Current() const;
 
-    /// \brief Tell the pages which list the window shows.
+    /// \brief Give all pages the list that the window shows.
     void SetList(const IncidentListPtr &list);
-    /// \brief An action a page, with Ctrl+1 and so on, for a menu.
+    /// \brief One action for each page, with the shortcuts Ctrl+1, Ctrl+2 and so on, for a menu.
     [[nodiscard]] QList<QAction *> Actions() const { return actions_; }
-    /// \brief What the current page needs to look its best in a picture.
+    /// \brief Let the current page prepare for a screenshot.
     void PrepareForPicture();
 
 public Q_SLOTS:
@@ -49,7 +48,7 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// A page has a short text for the status bar.
     void SignalMessage(const QString &text);
-    /// The user has come to another page.
+    /// Emitted when another page is shown.
     void SignalPageChanged(const QString &name);
 
 protected:
@@ -65,7 +64,7 @@ private:
     QListWidget *const navigation_;
     QStackedWidget *const stack_;
     QList<QAction *> actions_;
-    std::vector<QWidget *> pages_; // by row, null until it is built
+    std::vector<QWidget *> pages_; // one for each row; null until it is built
     IncidentListPtr list_;
 };
 

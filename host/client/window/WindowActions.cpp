@@ -5,6 +5,8 @@
 #include "look/Language.h"
 #include "look/Theme.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtGui/QKeySequence>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QActionGroup>
 #include <QtWidgets/QMainWindow>
@@ -16,63 +18,88 @@ namespace Client {
 namespace {
 
 constexpr QSize kIconSizePx(20, 20);
+constexpr char kContext[] = "Client::CWindowActions"; // of the translations
 
 } // namespace
 
-CWindowActions::CWindowActions(QMainWindow &window, CThemeSwitch &theme, CLanguageSwitch &language)
-    : QObject(&window), theme_(theme), language_(language), open_(new QAction(this)),
-      export_csv_(new QAction(this)), export_xlsx_(new QAction(this)),
-      export_panel_(new QAction(this)), quit_(new QAction(this)), copy_(new QAction(this)),
-      select_all_(new QAction(this)), find_(new QAction(this)), file_order_(new QAction(this)),
-      light_(new QAction(this)), dark_(new QAction(this)), toggle_theme_(new QAction(this)),
-      about_(new QAction(this))
+// One line adds an action. The texts are translated in kContext.
+struct CWindowActions::Entry
 {
-    open_->setShortcut(QKeySequence::Open);
-    export_csv_->setShortcut(Qt::CTRL | Qt::Key_E);
-    export_xlsx_->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_E);
-    export_panel_->setShortcut(Qt::CTRL | Qt::ALT | Qt::Key_E);
-    quit_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    quit_->setMenuRole(QAction::QuitRole);
-    copy_->setShortcut(QKeySequence::Copy);
-    select_all_->setShortcut(QKeySequence::SelectAll);
-    find_->setShortcut(QKeySequence::Find);
-    about_->setMenuRole(QAction::AboutRole);
+    MenuId menu;
+    bool begins_group; // after a separator
+    QKeySequence shortcut;
+    const char *text;
+    const char *icon_text = nullptr; // on the tool bar; null: no tool bar
+    const char *icon = nullptr;
+};
+
+const std::array<CWindowActions::Entry, CWindowActions::kActionCount> &CWindowActions::Entries()
+{
+    // In the order of Id.
+    static const std::array<Entry, kActionCount> entries{{
+        {kFileMenu, false, QKeySequence::Open, QT_TR_NOOP("&Open…"), QT_TR_NOOP("Open"), "open"},
+        {kFileMenu, false, Qt::CTRL | Qt::Key_E, QT_TR_NOOP("Export as &CSV…"),
+         QT_TR_NOOP("Export CSV"), "export"},
+        {kFileMenu, false, Qt::CTRL | Qt::SHIFT | Qt::Key_E, QT_TR_NOOP("Export as &XLSX…"),
+         QT_TR_NOOP("Export XLSX"), "export"},
+        {kFileMenu, false, Qt::CTRL | Qt::ALT | Qt::Key_E, QT_TR_NOOP("Export &panel")},
+        {kFileMenu, true, Qt::CTRL | Qt::Key_Q, QT_TR_NOOP("&Quit")},
+        {kEditMenu, false, QKeySequence::Copy, QT_TR_NOOP("&Copy")},
+        {kEditMenu, false, QKeySequence::SelectAll, QT_TR_NOOP("Select &all")},
+        {kEditMenu, true, QKeySequence::Find, QT_TR_NOOP("&Find")},
+        {kViewMenu, true, {}, QT_TR_NOOP("&Original order")},
+        {kThemeMenu, false, {}, QT_TR_NOOP("&Light")},
+        {kThemeMenu, false, {}, QT_TR_NOOP("&Dark")},
+        {kNoMenu, false, {}, QT_TR_NOOP("Switch theme"), QT_TR_NOOP("Theme"), "theme"},
+        {kHelpMenu, false, {}, QT_TR_NOOP("&About")},
+    }};
+    return entries;
+}
+
+CWindowActions::CWindowActions(QMainWindow &window, CThemeSwitch &theme, CLanguageSwitch &language)
+    : QObject(&window), theme_(theme), language_(language)
+{
+    for (QAction *&action : actions_)
+        action = new QAction(this);
+    actions_[kQuit]->setMenuRole(QAction::QuitRole);
+    actions_[kAbout]->setMenuRole(QAction::AboutRole);
     BuildMenus(window);
     BuildThemeMenu();
     BuildLanguageMenu();
     BuildToolBar(window);
-    connect(toggle_theme_, &QAction::triggered, this, &CWindowActions::OnToggleTheme);
+    connect(actions_[kToggleTheme], &QAction::triggered, this, &CWindowActions::OnToggleTheme);
     connect(&theme_, &CThemeSwitch::SignalThemeChanged, this, &CWindowActions::OnThemeChanged);
     OnThemeChanged();
 }
 
 void CWindowActions::BuildMenus(QMainWindow &window)
 {
-    QMenuBar *const bar = window.menuBar();
-    file_menu_ = bar->addMenu(QString());
-    file_menu_->addActions({open_, export_csv_, export_xlsx_, export_panel_});
-    file_menu_->addSeparator();
-    file_menu_->addAction(quit_);
-    edit_menu_ = bar->addMenu(QString());
-    edit_menu_->addActions({copy_, select_all_});
-    edit_menu_->addSeparator();
-    edit_menu_->addAction(find_);
-    connect(edit_menu_, &QMenu::aboutToShow, this, &CWindowActions::SignalEditMenuOpens);
-    view_menu_ = bar->addMenu(QString());
-    page_menu_ = view_menu_->addMenu(QString());
-    theme_menu_ = view_menu_->addMenu(QString());
-    language_menu_ = view_menu_->addMenu(QString());
-    view_menu_->addSeparator();
-    view_menu_->addAction(file_order_);
-    user_menu_ = bar->addMenu(QString());
-    user_menu_->menuAction()->setVisible(false); // until there is a server
-    help_menu_ = bar->addMenu(QString());
-    help_menu_->addAction(about_);
+    for (int id = kFileMenu; id < kPageMenu; ++id)
+        menus_[id] = window.menuBar()->addMenu(QString());
+    for (int id = kPageMenu; id < kMenuCount; ++id)
+        menus_[id] = menus_[kViewMenu]->addMenu(QString());
+    for (size_t id = 0; id < actions_.size(); ++id) {
+        const Entry &entry = Entries()[id];
+        actions_[id]->setShortcut(entry.shortcut);
+        if (entry.menu == kNoMenu)
+            continue;
+        if (entry.begins_group)
+            menus_[entry.menu]->addSeparator();
+        menus_[entry.menu]->addAction(actions_[id]);
+    }
+    menus_[kUserMenu]->menuAction()->setVisible(false); // until there is a server
+    connect(menus_[kEditMenu], &QMenu::aboutToShow, this, &CWindowActions::SignalEditMenuOpens);
+}
+
+void CWindowActions::SetWorkAllowed(bool is_allowed)
+{
+    for (const Id id : {kOpen, kExportCsv, kExportXlsx, kExportPanel})
+        actions_[id]->setEnabled(is_allowed);
 }
 
 void CWindowActions::AddPages(const QList<QAction *> &pages)
 {
-    page_menu_->addActions(pages);
+    menus_[kPageMenu]->addActions(pages);
 }
 
 void CWindowActions::AddUsers(CServerLink &link)
@@ -80,13 +107,13 @@ void CWindowActions::AddUsers(CServerLink &link)
     auto *const group = new QActionGroup(this);
     const QStringList users = CServerLink::Users();
     for (const QString &user : users) {
-        QAction *const action = user_menu_->addAction(user);
+        QAction *const action = menus_[kUserMenu]->addAction(user);
         action->setCheckable(true);
         action->setChecked(user == link.User());
         group->addAction(action);
         connect(action, &QAction::triggered, &link, [&link, user] { link.SwitchUser(user); });
     }
-    // What is checked is who is logged in, not who was asked for.
+    // The check mark shows the user who is logged in, not the one who was chosen last.
     const auto show_user = [group, &link] {
         const auto actions = group->actions();
         for (QAction *const action : actions)
@@ -94,19 +121,19 @@ void CWindowActions::AddUsers(CServerLink &link)
     };
     connect(&link, &CServerLink::SignalUserChanged, group, show_user);
     connect(&link, &CServerLink::SignalFailed, group, show_user);
-    user_menu_->menuAction()->setVisible(true);
+    menus_[kUserMenu]->menuAction()->setVisible(true);
 }
 
 void CWindowActions::BuildThemeMenu()
 {
     auto *const group = new QActionGroup(this);
-    for (QAction *const action : {light_, dark_}) {
-        action->setCheckable(true);
-        group->addAction(action);
-        theme_menu_->addAction(action);
+    for (const Id id : {kLight, kDark}) {
+        actions_[id]->setCheckable(true);
+        group->addAction(actions_[id]);
+        const Theme chosen = id == kLight ? Theme::Light : Theme::Dark;
+        connect(actions_[id], &QAction::triggered, &theme_,
+                [this, chosen] { theme_.Apply(chosen); });
     }
-    connect(light_, &QAction::triggered, &theme_, [this] { theme_.Apply(Theme::Light); });
-    connect(dark_, &QAction::triggered, &theme_, [this] { theme_.Apply(Theme::Dark); });
 }
 
 void CWindowActions::BuildLanguageMenu()
@@ -114,7 +141,8 @@ void CWindowActions::BuildLanguageMenu()
     auto *const group = new QActionGroup(this);
     for (const Language &language : kLanguages) {
         const QString code = QLatin1String(language.code);
-        QAction *const action = language_menu_->addAction(QString::fromUtf16(language.own_name));
+        QAction *const action =
+            menus_[kLanguageMenu]->addAction(QString::fromUtf16(language.own_name));
         action->setCheckable(true);
         action->setChecked(code == language_.Current());
         group->addAction(action);
@@ -130,7 +158,10 @@ void CWindowActions::BuildToolBar(QMainWindow &window)
     tool_bar_->setIconSize(kIconSizePx);
     tool_bar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     tool_bar_->setContextMenuPolicy(Qt::PreventContextMenu); // whose only entry hides the bar
-    tool_bar_->addActions({open_, export_csv_, export_xlsx_, toggle_theme_});
+    for (size_t id = 0; id < actions_.size(); ++id) {
+        if (Entries()[id].icon_text)
+            tool_bar_->addAction(actions_[id]);
+    }
 }
 
 void CWindowActions::OnToggleTheme()
@@ -140,40 +171,31 @@ void CWindowActions::OnToggleTheme()
 
 void CWindowActions::OnThemeChanged()
 {
-    (theme_.Current() == Theme::Light ? light_ : dark_)->setChecked(true);
-    open_->setIcon(CThemeSwitch::Icon(QStringLiteral("open")));
-    for (QAction *const action : {export_csv_, export_xlsx_})
-        action->setIcon(CThemeSwitch::Icon(QStringLiteral("export")));
-    toggle_theme_->setIcon(CThemeSwitch::Icon(QStringLiteral("theme")));
+    actions_[theme_.Current() == Theme::Light ? kLight : kDark]->setChecked(true);
+    for (size_t id = 0; id < actions_.size(); ++id) {
+        if (Entries()[id].icon)
+            actions_[id]->setIcon(CThemeSwitch::Icon(QLatin1String(Entries()[id].icon)));
+    }
 }
 
 void CWindowActions::Retranslate()
 {
-    file_menu_->setTitle(tr("&File"));
-    open_->setText(tr("&Open…"));
-    open_->setIconText(tr("Open"));
-    export_csv_->setText(tr("Export as &CSV…"));
-    export_csv_->setIconText(tr("Export CSV"));
-    export_xlsx_->setText(tr("Export as &XLSX…"));
-    export_xlsx_->setIconText(tr("Export XLSX"));
-    export_panel_->setText(tr("Export &panel"));
-    quit_->setText(tr("&Quit"));
-    edit_menu_->setTitle(tr("&Edit"));
-    copy_->setText(tr("&Copy"));
-    select_all_->setText(tr("Select &all"));
-    find_->setText(tr("&Find"));
-    view_menu_->setTitle(tr("&View"));
-    page_menu_->setTitle(tr("&Go to"));
-    theme_menu_->setTitle(tr("&Theme"));
-    light_->setText(tr("&Light"));
-    dark_->setText(tr("&Dark"));
-    toggle_theme_->setText(tr("Switch theme"));
-    toggle_theme_->setIconText(tr("Theme"));
-    language_menu_->setTitle(tr("&Language"));
-    file_order_->setText(tr("&Original order"));
-    user_menu_->setTitle(tr("Switch &user"));
-    help_menu_->setTitle(tr("&Help"));
-    about_->setText(tr("&About"));
+    const auto text = [](const char *source) {
+        return QCoreApplication::translate(kContext, source);
+    };
+    for (size_t id = 0; id < actions_.size(); ++id) {
+        actions_[id]->setText(text(Entries()[id].text));
+        if (Entries()[id].icon_text)
+            actions_[id]->setIconText(text(Entries()[id].icon_text));
+    }
+    menus_[kFileMenu]->setTitle(tr("&File"));
+    menus_[kEditMenu]->setTitle(tr("&Edit"));
+    menus_[kViewMenu]->setTitle(tr("&View"));
+    menus_[kUserMenu]->setTitle(tr("Switch &user"));
+    menus_[kHelpMenu]->setTitle(tr("&Help"));
+    menus_[kPageMenu]->setTitle(tr("&Go to"));
+    menus_[kThemeMenu]->setTitle(tr("&Theme"));
+    menus_[kLanguageMenu]->setTitle(tr("&Language"));
     tool_bar_->setWindowTitle(tr("Tool bar"));
 }
 

@@ -4,6 +4,8 @@
 #include <QtCore/QList>
 #include <QtCore/QObject>
 
+#include <array>
+
 QT_BEGIN_NAMESPACE
 class QAction;
 class QMainWindow;
@@ -17,27 +19,39 @@ class CLanguageSwitch;
 class CServerLink;
 class CThemeSwitch;
 
-/// \brief The menus and the tool bar of the window. Theme and language switch by themselves; the
-/// window connects the rest.
+/// \brief The menus and the tool bar of the window. This class switches theme and language; the
+/// window connects the other actions.
 class CWindowActions : public QObject
 {
     Q_OBJECT
 
 public:
+    /// The actions, in the order of the menus.
+    enum Id {
+        kOpen,
+        kExportCsv,
+        kExportXlsx,
+        kExportPanel,
+        kQuit,
+        kCopy,
+        kSelectAll,
+        kFind,
+        kFileOrder,
+        kLight,
+        kDark,
+        kToggleTheme,
+        kAbout,
+        kActionCount
+    };
+
     CWindowActions(QMainWindow &window, CThemeSwitch &theme, CLanguageSwitch &language);
 
-    [[nodiscard]] QAction *Open() const { return open_; }
-    [[nodiscard]] QAction *ExportCsv() const { return export_csv_; }
-    [[nodiscard]] QAction *ExportXlsx() const { return export_xlsx_; }
-    [[nodiscard]] QAction *ExportPanel() const { return export_panel_; }
-    [[nodiscard]] QAction *Quit() const { return quit_; }
-    [[nodiscard]] QAction *Copy() const { return copy_; }
-    [[nodiscard]] QAction *SelectAll() const { return select_all_; }
-    [[nodiscard]] QAction *Find() const { return find_; }
-    [[nodiscard]] QAction *FileOrder() const { return file_order_; }
-    [[nodiscard]] QAction *About() const { return about_; }
+    [[nodiscard]] QAction *Action(Id id) const { return actions_[id]; }
 
-    /// \brief List \a pages, one of which is reached by each, in the View menu.
+    /// \brief Allow opening and exporting lists, which do not run beside other work.
+    void SetWorkAllowed(bool is_allowed);
+
+    /// \brief List \a pages, the actions that go to the pages, in the View menu.
     void AddPages(const QList<QAction *> &pages);
 
     /// \brief Show the menu that switches the user of \a link, which outlives this.
@@ -46,7 +60,7 @@ public:
     void Retranslate();
 
 Q_SIGNALS:
-    /// What can be copied and selected now is to be told to the actions.
+    /// The receiver must enable Copy and Select All for the current selection.
     void SignalEditMenuOpens();
 
 private Q_SLOTS:
@@ -54,6 +68,21 @@ private Q_SLOTS:
     void OnThemeChanged();
 
 private:
+    enum MenuId {
+        kFileMenu,
+        kEditMenu,
+        kViewMenu,
+        kUserMenu,
+        kHelpMenu,
+        kPageMenu, // from here on inside the View menu
+        kThemeMenu,
+        kLanguageMenu,
+        kMenuCount,
+        kNoMenu
+    };
+    struct Entry;
+
+    [[nodiscard]] static const std::array<Entry, kActionCount> &Entries();
     void BuildMenus(QMainWindow &window);
     void BuildThemeMenu();
     void BuildLanguageMenu();
@@ -61,28 +90,9 @@ private:
 
     CThemeSwitch &theme_;
     CLanguageSwitch &language_;
-    QMenu *file_menu_ = nullptr;
-    QMenu *edit_menu_ = nullptr;
-    QMenu *view_menu_ = nullptr;
-    QMenu *page_menu_ = nullptr;
-    QMenu *user_menu_ = nullptr;
-    QMenu *theme_menu_ = nullptr;
-    QMenu *language_menu_ = nullptr;
-    QMenu *help_menu_ = nullptr;
+    std::array<QMenu *, kMenuCount> menus_{};
+    std::array<QAction *, kActionCount> actions_{};
     QToolBar *tool_bar_ = nullptr;
-    QAction *const open_;
-    QAction *const export_csv_;
-    QAction *const export_xlsx_;
-    QAction *const export_panel_;
-    QAction *const quit_;
-    QAction *const copy_;
-    QAction *const select_all_;
-    QAction *const find_;
-    QAction *const file_order_;
-    QAction *const light_;
-    QAction *const dark_;
-    QAction *const toggle_theme_;
-    QAction *const about_;
 };
 
 } // namespace Client
