@@ -36,6 +36,7 @@ set(VANTOR_FORWARDING_HEADERS
     "CDockWidget ui/DockManager/DockWidget.h"
     "CDockWidgetPosRule ui/DockManager/DockWidgetPosRule.h"
     "CEventTransMgr common/EventTransMgr.h"
+    "ExcelCloseNotes controller/Excel/ExcelCloseNotes.h"
     "CExcelControllorWithC controller/Excel/ExcelControllorWithC.h"
     "CFilterProxyModelEx ui/FilterTreeViewEx/FilterProxyModelEx.h"
     "CFilterTreeViewEx ui/FilterTreeViewEx/FilterTreeViewEx.h"

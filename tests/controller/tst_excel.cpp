@@ -109,8 +109,8 @@ private:
     void WriteCell(int row, int col, const Look &look)
     {
         static const std::vector<std::string> texts{
-            "",           "a",    " b ", "=1+1",    "<&>\"'",
-            "x\ny\r\x01", "中文", "😀",   "_x0041_", std::string(300, 'l')};
+            "",           "a",    " b ", "=1+1",  "<&>\"'",
+            "x\ny\r\x01", "中文", "😀",   "_x00_", std::string(300, 'l')};
         if (random_.bounded(3) == 0) {
             const double value = random_.generateDouble() * 1e6;
             ours_.SetCellString(row, col, value, look);

@@ -162,8 +162,42 @@ private Q_SLOTS:
         QCOMPARE(FileBytes(target_) == "earlier", result != 0);
         QCOMPARE(Left(), QStringList{"a.xlsx"});
         QCOMPARE(guard_.LogLines().filter("was not saved").size(), result != 0 ? 1 : 0);
+        if (full == Full::TargetDisk)
+            QCOMPARE(writer.LastCloseErrno(), ENOSPC);
         QVERIFY(!QFile::exists(cache + "FileGenerateCach"));
         QCOMPARE(OpenFiles(), open_files); // one without a name would still fill the disk
+    }
+
+    void manySheetsNeedNoMoreDescriptorsThanTheyHave()
+    {
+        rlimit before{};
+        getrlimit(RLIMIT_NOFILE, &before);
+        const int open_files = OpenFiles();
+        const rlimit limit{static_cast<rlim_t>(open_files + 120), before.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &limit);
+        guard_.AnnounceLogLines();
+        CExcelControllorWithC writer;
+        writer.Init(target_.toStdString(), folder_->filePath("cache/").toStdString());
+        for (int sheet = 0; sheet < 100; ++sheet) {
+            writer.AddSheetByName(std::to_string(sheet));
+            if (sheet != 50) // an empty one too
+                writer.SetCellString(0, 0, "x", nullptr);
+        }
+        writer.Close();
+        const int left_open = OpenFiles();
+        const int result = writer.LastCloseResult();
+
+        writer.Init(target_.toStdString(), folder_->filePath("cache/").toStdString());
+        for (int sheet = 0; sheet < 200; ++sheet)
+            writer.AddSheetByName(std::to_string(sheet));
+        writer.Discard();
+        setrlimit(RLIMIT_NOFILE, &before);
+
+        QCOMPARE(result, 0);
+        QCOMPARE(left_open, open_files);
+        QCOMPARE(OpenFiles(), open_files);
+        QVERIFY(!guard_.LogLines().filter("no temporary file (Too many open files)").isEmpty());
+        QVERIFY(guard_.LogLines().filter("the name was refused").isEmpty());
     }
 
     void aWorkbookThatDidNotComeIsNotSaved()

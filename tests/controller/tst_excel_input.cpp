@@ -5,6 +5,8 @@
 
 #include <Vantor/CExcelControllorWithC>
 
+#include <xlsxwriter.h>
+
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
@@ -215,6 +217,93 @@ private Q_SLOTS:
         QCOMPARE(guard_.LogLines().filter("the name was refused").size(), 1);
     }
 
+    void listsAreJoinedWhereThereAreTooMany_data()
+    {
+        QTest::addColumn<int>("cells");
+        QTest::addColumn<int>("step");
+        QTest::addColumn<int>("ranges");
+        QTest::addColumn<int>("left_out");
+        QTest::newRow("as many as can be counted") << 255 << 1 << 255 << 0;
+        QTest::newRow("one more") << 256 << 1 << 1 << 0;
+        QTest::newRow("twice the byte") << 512 << 1 << 1 << 0;
+        QTest::newRow("thousands") << 5000 << 1 << 1 << 0;
+        QTest::newRow("no neighbours") << 300 << 2 << 255 << 45;
+    }
+
+    void listsAreJoinedWhereThereAreTooMany()
+    {
+        QFETCH(int, cells);
+        QFETCH(int, step);
+        QFETCH(int, ranges);
+        QFETCH(int, left_out);
+        if (left_out > 0)
+            guard_.AnnounceLogLines();
+        Vantor::CExcelControllorWithC writer;
+        writer.Init(folder_.filePath("a.xlsx").toStdString(), "");
+        writer.AddSheetByName("Sheet");
+        for (int row = 0; row < cells; ++row)
+            writer.SetCellValidCheck(row * step, 0, "open,closed");
+        writer.Close();
+
+        const QByteArray sheet = ReadParts(folder_.filePath("a.xlsx"))[kSheet];
+        QCOMPARE(sheet.count("<dataValidation "), ranges);
+        QVERIFY(sheet.contains("<dataValidations count=\"" + QByteArray::number(ranges) + '"'));
+        QCOMPARE(writer.LastCloseNotes().lists_left_out, left_out);
+    }
+
+    void mergesBehindTheLimitOfASheetKeepTheirText()
+    {
+        guard_.AnnounceLogLines();
+        const Parts parts = Written([](CExcelControllorWithC &writer) {
+            for (int row = 0; row < 65540; ++row)
+                writer.MergeCells(row, 0, row, 1, "x", nullptr);
+        });
+
+        QVERIFY(parts[kSheet].contains("<mergeCells count=\"65535\">"));
+        QCOMPARE(parts[kSheet].count("t=\"s\""), 65540);
+        QCOMPARE(guard_.LogLines().filter("beyond the 65,535th").size(), 1);
+    }
+
+    void looksBehindTheLimitTakeTheNearest()
+    {
+        guard_.AnnounceLogLines();
+        Vantor::CExcelControllorWithC writer;
+        writer.Init(folder_.filePath("a.xlsx").toStdString(), "");
+        writer.AddSheetByName("Sheet");
+        auto look = AnyLook();
+        look->SetVal_is_blod(true);
+        for (int color = 0; color < 64001; ++color) {
+            look->SetVal_background_color(
+                QString("#%1").arg(color + 1, 6, 16, QChar('0')).toStdString());
+            writer.SetCellString(color, 0, 1.0, look);
+        }
+        const auto formats = writer.GetWorkBook()->formats;
+        int count = 0;
+        lxw_format *format = nullptr;
+        STAILQ_FOREACH(format, formats, list_pointers)++ count;
+        writer.Discard();
+
+        QCOMPARE(count, 2 + 64000); // two are the workbook's own
+        QCOMPARE(guard_.LogLines().filter("looks beyond the 64,000th").size(), 1);
+    }
+
+    void heightsOfRowsToComeAreHeldInConstantMemory()
+    {
+        const Parts parts = Written(
+            [](CExcelControllorWithC &writer) {
+                for (int row = 0; row < 50; ++row)
+                    writer.SetRowHeight(row, 30 + row);
+                for (int row = 0; row < 40; ++row)
+                    writer.SetCellString(row, 0, "cell", nullptr);
+            },
+            folder_.path().toStdString() + '/');
+
+        QCOMPARE(parts[kSheet].count(">cell<"), 40);
+        for (int row = 0; row < 50; ++row)
+            QVERIFY(parts[kSheet].contains("r=\"" + QByteArray::number(row + 1) + "\" "));
+        QCOMPARE(parts[kSheet].count("customHeight=\"1\""), 50);
+    }
+
     void linksBehindTheLimitOfASheetKeepTheirText()
     {
         guard_.AnnounceLogLines();
@@ -278,7 +367,10 @@ private:
             "a" + kReplaced + "b" + kReplaced + "cdefgh", kNothing, kReplacedLine);
         Row("control characters", Text("\x01\t\n\r\x1F\x7F"), kTexts,
             "_x0001_\t\n_x000D__x001F_\x7F");
-        Row("text that looks like an escape", Text("_x0041_"), kTexts, ">_x0041_<");
+        Row("text that looks like an escape", Text("a_x0041_x000D_"), kTexts,
+            ">a_x005F_x0041_x005F_x000D_<");
+        Row("an escape at the limit", Text(std::string(32760, 'x') + "_x000D_"), kTexts,
+            ">" + QByteArray(32760, 'x') + "_x005F_<", kNothing, cut);
         Row("text that looks like a formula", Text("=1+1"), kTexts, "<t>=1+1</t>");
         Row("markup", Text("]]>&<"), kTexts, "]]&gt;&amp;&lt;");
         Row("blanks around", Text(" a "), kTexts, "<t xml:space=\"preserve\"> a </t>");
@@ -386,6 +478,13 @@ private:
         Row("a mail word in the middle", Link("http://h?q=mailto:foo"), kTexts,
             "<t>http://h?q=mailto:foo</t>");
         Row("an empty tool tip", Link("http://h", "a"), kSheet, "tooltip=\"\"");
+        Row("a control character in the text of a place", Link("internal:'s'!A1", "a\x01<b"),
+            kSheet, "display=\"a" + kReplaced + "&lt;b\"");
+        Row("that text in its cell", Link("internal:'s'!A1", "a\x01<b"), kTexts, ">a_x0001_&lt;b<");
+        Row("a long Chinese text of a place", Link("internal:'s'!A1", Repeated("中", 1000)), kSheet,
+            "display=\"" + QByteArray("中").repeated(693) + '"');
+        Row("an address that is too long, without text", Link(longest + 'x', ""), kTexts,
+            QByteArray::fromStdString(longest + 'x'), kNothing, kNoLink);
         Row("an empty text keeps the link", Link("http://h", ""), kLinks, "\"http://h\"");
         Row("an empty address", Link("", "a"), kTexts, "", kNothing);
         Row("a path", Link("C:\\x y"), kLinks, "\"C:\\x%20y\"");
@@ -439,6 +538,13 @@ private:
             "in the last cell",
             [png](auto &writer) { writer.SetColumnPicsBuffer(1048575, 16383, png, png.size()); },
             kDrawing, "<xdr:col>16383</xdr:col>", "16384");
+        const std::string cell_sized = PngBytes(64, 20);
+        Row(
+            "as large as the last cell",
+            [cell_sized](auto &writer) {
+                writer.SetColumnPicsBuffer(1048575, 16383, cell_sized, cell_sized.size());
+            },
+            kDrawing, "<xdr:col>16383</xdr:col>", "<xdr:col>16384", smaller);
         std::string huge = png;
         huge[17] = 1; // 65,546 pixels wide
         Row("too wide for a picture", Picture(huge, huge.size()), no_drawing, "", kNothing,
@@ -498,6 +604,8 @@ private:
         };
         Row("eleven Chinese characters", add(Repeated("中", 11)), kBook,
             "name=\"" + QByteArray("中").repeated(10) + '"');
+        Row("an apostrophe at the cut", add(std::string(30, 'n') + "''x"), kBook,
+            "name=\"" + QByteArray(30, 'n') + '"');
         Row("stray bytes in a name", add("a\xFF\x01z"), kBook,
             "name=\"a" + kReplaced + kReplaced + "z\"");
         Row("markup in a name", add("a<&'\">"), kBook, "name=\"a&lt;&amp;'&quot;&gt;\"");

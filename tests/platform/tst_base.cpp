@@ -87,17 +87,18 @@ with zipfile.ZipFile(sys.argv[1], "w") as archive: # the sizes of the first are 
         QVERIFY(cut_at < 0 || file.resize(cut_at));
         file.close();
 
-        std::vector<Base::Zip::Part> parts;
-        QCOMPARE(Base::Zip::ReadParts(path.toStdString(), parts), is_sound);
+        QMap<std::string, std::string> parts;
+        const auto keep = [&parts](const std::string &name, const char *bytes, std::size_t size) {
+            parts[name].append(bytes, size);
+            return true;
+        };
+        QCOMPARE(Base::Zip::ReadParts(path.toStdString(), keep), is_sound);
 
         if (!is_sound)
             return;
-        QCOMPARE(parts.size(), std::size_t{2});
-        QCOMPARE(parts[0].name, std::string("a/long.xml"));
-        QCOMPARE(parts[0].size, std::uint64_t{3008});
-        QCOMPARE(parts[0].head, "head" + std::string(Base::Zip::kEndBytes - 4, '-'));
-        QCOMPARE(parts[0].tail, std::string(Base::Zip::kEndBytes - 4, '-') + "tail");
-        QCOMPARE(parts[1].head + parts[1].tail, std::string("allall"));
+        QCOMPARE(parts.size(), 2);
+        QCOMPARE(parts["a/long.xml"], "head" + std::string(3000, '-') + "tail");
+        QCOMPARE(parts["short"], std::string("all"));
     }
 
     void textFromOutsideIsNeitherFormatNorSecondLine()

@@ -61,4 +61,10 @@ VANTOR_BASE_EXPORT int CopyFileWithProgress(const char *source, const char *targ
 /// \return the stream, which the caller closes with fclose(), or null with the cause in errno.
 [[nodiscard]] VANTOR_BASE_EXPORT std::FILE *OpenShared(const QString &path, const char *mode);
 
+/// \brief A stream that reads from \a file and seeks in it. fclose() on it closes \a file too and
+/// sets \a is_closed, so that a foreign library can be watched.
+///
+/// \return the stream, or null where the system has no such streams; \a file is then untouched.
+[[nodiscard]] VANTOR_BASE_EXPORT std::FILE *WatchClosing(std::FILE *file, bool *is_closed);
+
 } // namespace Nim::Base::FileSystem

@@ -18,6 +18,13 @@ constexpr char kSeparators[] = "/";
 // The folder that the file `target` lies or shall lie in.
 std::string FolderOf(const char *target);
 
+// Whether the existing file `path` may be written by this process.
+bool IsWritable(const char *path);
+
+// Creates the empty file `path`, which must not exist yet, with the permissions of `model` if that
+// is there. 0, or errno.
+int CreateLike(const char *path, const char *model);
+
 // A name in that folder that no other copy has. May throw std::bad_alloc.
 std::string TemporaryNameBeside(const char *target);
 

@@ -3,14 +3,79 @@
 #include "Nim/Base/FileSystem_p.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QtCore/QFile>
 
 #include <cerrno>
 #include <cstdio>
+#include <memory>
 
 namespace Nim::Base::FileSystem {
+namespace {
+
+// What stands behind a stream of WatchClosing().
+struct Watched
+{
+    std::FILE *file;
+    bool *is_closed;
+};
+
+ssize_t ReadWatched(void *cookie, char *bytes, size_t size)
+{
+    std::FILE *const file = static_cast<Watched *>(cookie)->file;
+    const size_t length = std::fread(bytes, 1, size, file);
+    return length == 0 && std::ferror(file) != 0 ? -1 : static_cast<ssize_t>(length);
+}
+
+int SeekWatched(void *cookie, off64_t *position, int whence)
+{
+    std::FILE *const file = static_cast<Watched *>(cookie)->file;
+    if (fseeko64(file, *position, whence) != 0)
+        return -1;
+    *position = ftello64(file);
+    return 0;
+}
+
+int CloseWatched(void *cookie)
+{
+    const std::unique_ptr<Watched> watched(static_cast<Watched *>(cookie));
+    *watched->is_closed = true;
+    return std::fclose(watched->file);
+}
+
+} // namespace
+
+std::FILE *WatchClosing(std::FILE *file, bool *is_closed)
+{
+    auto watched = std::make_unique<Watched>(Watched{file, is_closed});
+    std::FILE *const stream =
+        fopencookie(watched.get(), "r", {ReadWatched, nullptr, SeekWatched, CloseWatched});
+    if (stream)
+        static_cast<void>(watched.release()); // the stream's now
+    return stream;
+}
+
+bool IsWritable(const char *path)
+{
+    return access(path, W_OK) == 0;
+}
+
+int CreateLike(const char *path, const char *model)
+{
+    constexpr mode_t kUsual = 0666;       // less the umask
+    constexpr mode_t kPermissions = 0777; // without the set-id bits
+    const int file = open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kUsual);
+    if (file < 0)
+        return errno;
+    struct stat status = {};
+    // A file system without permissions refuses; that is no obstacle.
+    if (stat(model, &status) == 0 && fchmod(file, status.st_mode & kPermissions) != 0)
+        errno = 0;
+    close(file);
+    return 0;
+}
 
 std::FILE *OpenShared(const QString &path, const char *mode)
 {

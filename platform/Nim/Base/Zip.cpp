@@ -3,41 +3,37 @@
 
 #include <zip.h>
 
-#include <algorithm>
 #include <memory>
+#include <vector>
 
 namespace Nim::Base::Zip {
 namespace {
 
 constexpr std::size_t kPieceBytes = std::size_t{64} * 1024;
 
-// Adds the next `size` bytes to what is kept of the part.
-void Keep(Part &part, const char *bytes, std::size_t size)
-{
-    part.size += size;
-    part.head.append(bytes, std::min(size, kEndBytes - part.head.size()));
-    const std::size_t last = std::min(size, kEndBytes);
-    const std::size_t before = std::min(part.tail.size(), kEndBytes - last);
-    part.tail.erase(0, part.tail.size() - before).append(bytes + (size - last), last);
-}
-
-bool ReadPart(zip_t *archive, zip_uint64_t index, std::vector<char> &piece, Part &part)
+bool ReadPart(zip_t *archive, zip_uint64_t index, std::vector<char> &piece,
+              const PartReader &reader)
 {
     const char *const name = zip_get_name(archive, index, ZIP_FL_ENC_RAW);
     const std::unique_ptr<zip_file_t, decltype(&zip_fclose)> file(
         zip_fopen_index(archive, index, 0), &zip_fclose);
     if (!name || !file)
         return false;
-    part.name = name;
-    zip_int64_t length = 0;
-    while ((length = zip_fread(file.get(), piece.data(), piece.size())) > 0)
-        Keep(part, piece.data(), static_cast<std::size_t>(length));
+    const std::string part = name;
+    zip_int64_t length = zip_fread(file.get(), piece.data(), piece.size());
+    if (length == 0)
+        return reader(part, piece.data(), 0);
+    while (length > 0) {
+        if (!reader(part, piece.data(), static_cast<std::size_t>(length)))
+            return false;
+        length = zip_fread(file.get(), piece.data(), piece.size());
+    }
     return length == 0; // the last read compares the sum
 }
 
 } // namespace
 
-bool ReadParts(const std::string &path, std::vector<Part> &parts)
+bool ReadParts(const std::string &path, const PartReader &reader)
 {
     try {
         const std::unique_ptr<zip_t, decltype(&zip_discard)> archive(
@@ -45,12 +41,11 @@ bool ReadParts(const std::string &path, std::vector<Part> &parts)
         const zip_int64_t count = archive ? zip_get_num_entries(archive.get(), 0) : 0;
         std::vector<char> piece(kPieceBytes);
         for (zip_int64_t i = 0; i < count; ++i) {
-            parts.emplace_back();
-            if (!ReadPart(archive.get(), static_cast<zip_uint64_t>(i), piece, parts.back()))
+            if (!ReadPart(archive.get(), static_cast<zip_uint64_t>(i), piece, reader))
                 return false;
         }
         return count > 0;
-    } catch (...) { // memory
+    } catch (...) { // memory, or what the reader threw
         return false;
     }
 }

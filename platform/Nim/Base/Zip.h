@@ -3,30 +3,24 @@
 
 #include <BaseExport.h>
 
-#include <cstdint>
+#include <cstddef>
+#include <functional>
 #include <string>
-#include <vector>
 
 /// \brief ZIP archives (APPNOTE 6.3, ZIP64 too). May be called from any thread.
 namespace Nim::Base::Zip {
 
-/// How much of either end of a part is kept, in bytes.
-constexpr std::size_t kEndBytes = 512;
+/// \brief Receives the unpacked bytes of the part \a name, piece by piece; a part without bytes
+/// comes once with \a size 0. Returns false to stop.
+using PartReader =
+    std::function<bool(const std::string &name, const char *bytes, std::size_t size)>;
 
-/// One file of an archive.
-struct Part
-{
-    std::string name;
-    std::uint64_t size = 0; ///< Unpacked bytes.
-    std::string head;       ///< Its first kEndBytes bytes; all of a smaller part.
-    std::string tail;       ///< Its last kEndBytes bytes; all of a smaller part.
-};
-
-/// \brief Unpack every part of the archive \a path, check it against its sum and keep both ends of
-/// it: memory stays flat whatever the sizes.
+/// \brief Unpack every part of the archive \a path in its order and check it against its sum.
+/// Memory stays flat whatever the sizes.
 ///
 /// \param path in the local encoding.
-/// \return false when the file cannot be read, is no archive, is empty, or any part is damaged.
-[[nodiscard]] VANTOR_BASE_EXPORT bool ReadParts(const std::string &path, std::vector<Part> &parts);
+/// \return false when the file cannot be read, is no archive, is empty, any part is damaged, or
+/// \a reader returned false or threw.
+[[nodiscard]] VANTOR_BASE_EXPORT bool ReadParts(const std::string &path, const PartReader &reader);
 
 } // namespace Nim::Base::Zip

@@ -8,82 +8,102 @@
 #include "controller/Excel/ExcelFormats.h"
 #include "controller/Excel/ExcelSheet.h"
 #include "controller/Excel/ExcelText.h"
+#include "controller/Excel/XlsxInternals.h"
 
 #include <Nim/Base/FileSystem.h>
 
 #include <xlsxwriter.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <map>
+#include <utility>
 
 #define EXCEL_FUNCTION(name) "Vantor::CExcelControllorWithC::" name
 
 namespace Vantor {
 
+// A sheet of the open workbook; one that was refused has no libxlsxwriter sheet.
+struct Sheet
+{
+    Sheet(lxw_worksheet *sheet, const std::string &name, CExcelFormats &formats)
+        : checked(sheet, name, formats)
+    {
+        record.SetVal_sheet(sheet);
+    }
+
+    CsheetFormat record;
+    CExcelSheet checked;
+};
+
 struct CExcelControllorWithCDataPtr
 {
     lxw_workbook *ptr_excel_ = nullptr;
-    std::map<std::string, CsheetFormat> map_sheets_; // by the name as the caller gave it
-    lxw_worksheet *ptr_sheet_ = nullptr;
-    std::string str_sheet_name_;
+    std::map<std::string, Sheet> map_sheets_; // by the name as the caller gave it
+    Sheet *ptr_current_ = nullptr;            // one of them, or null
     std::string str_cache_path_;
     std::string file_path_;
-
     CExcelFormats formats_;
-    std::map<std::string, CExcelSheet> map_checked_; // by the same names
-    CExcelSheet *ptr_checked_ = nullptr;            // of the current sheet, null when there is none
-    std::shared_ptr<sheetFormat> ptr_sheet_format_; // of the current sheet
-    int close_result_ = 0;
+    SaveResult last_close_;
+    ExcelCloseNotes notes_;
 };
 
 namespace {
 
-// Runs `write` with the current sheet, if there is one.
-template <class Write>
-void OnSheet(const char *function, CExcelControllorWithCDataPtr &data, Write &&write)
+// Whether there is a current sheet and it was not refused.
+bool HasSheet(const CExcelControllorWithCDataPtr &data)
 {
-    if (data.ptr_sheet_)
-        RunGuarded(function, [&] { std::forward<Write>(write)(*data.ptr_checked_); });
+    return data.ptr_current_ && !data.ptr_current_->checked.IsRefused();
 }
 
-lxw_format *FormatOf(CExcelControllorWithCDataPtr &data,
-                     const std::shared_ptr<Clxw_format_> &format, bool can_wrap)
+// Calls a write of the current sheet, if there is one, for the public operation `function`.
+template <class... Parameters, class... Arguments>
+void OnSheet(CExcelControllorWithCDataPtr &data, const char *function,
+             void (CExcelSheet::*write)(Parameters...), Arguments &&...arguments)
 {
-    return format ? data.formats_.FormatFor(data.ptr_excel_, format->Read(), can_wrap) : nullptr;
+    if (!HasSheet(data))
+        return;
+    CExcelSheet &sheet = data.ptr_current_->checked;
+    sheet.SpeakFor(function);
+    RunGuarded(function, [&] { (sheet.*write)(std::forward<Arguments>(arguments)...); });
+}
+
+void UseRow(CExcelControllorWithCDataPtr &data, int row)
+{
+    if (HasSheet(data))
+        data.ptr_current_->record.SetVal_has_used_row(row);
 }
 
 lxw_worksheet *AddWorksheet(lxw_workbook *workbook, const std::string &name)
 {
+    static constexpr char kFunction[] = EXCEL_FUNCTION("AddSheetByName");
     const std::string shown = ExcelText::SheetName(name);
-    if (shown.empty()) // libxlsxwriter 1.1.4 reads in front of an empty name
-        return nullptr;
-    return workbook_add_worksheet(workbook, shown.c_str());
+    // libxlsxwriter 1.1.4 reads in front of an empty name.
+    const bool is_valid =
+        !shown.empty() && workbook_validate_sheet_name(workbook, shown.c_str()) == LXW_NO_ERROR;
+    errno = 0;
+    lxw_worksheet *const sheet =
+        is_valid ? workbook_add_worksheet(workbook, shown.c_str()) : nullptr;
+    if (!is_valid)
+        VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING,
+                   "Sheet %s: the name was refused, what is written to it is left out",
+                   name.c_str());
+    else if (!sheet)
+        VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING,
+                   "Sheet %s: no temporary file (%s), what is written to it is left out",
+                   name.c_str(), std::strerror(errno != 0 ? errno : ENOMEM));
+    return sheet;
 }
 
-void MakeCurrent(CExcelControllorWithCDataPtr &data, const std::string &name, CsheetFormat &sheet)
+// Writes what the sheets held back, and counts what they lost.
+void FinishSheets(CExcelControllorWithCDataPtr &data)
 {
-    data.ptr_sheet_ = sheet.GetVal_sheet();
-    data.ptr_sheet_format_ = sheet.GetDataPtr();
-    data.ptr_checked_ = &data.map_checked_.try_emplace(name, data.ptr_sheet_, name).first->second;
-    data.str_sheet_name_ = name;
-}
-
-// libxlsxwriter shows the first sheet again when no other is active.
-void ActivateVisibleSheet(lxw_workbook *workbook)
-{
-    lxw_worksheet *first_visible = nullptr;
-    lxw_worksheet *sheet = nullptr;
-    STAILQ_FOREACH(sheet, workbook->worksheets, list_pointers)
-    {
-        if (!sheet->hidden && !first_visible)
-            first_visible = sheet;
-        if (sheet->index == workbook->active_sheet && !sheet->hidden)
-            return;
+    for (auto &[name, sheet] : data.map_sheets_) {
+        sheet.checked.Finish();
+        AddLosses(data.notes_, sheet.checked.Losses());
+        data.notes_.sheets_left_out += sheet.checked.IsRefused() ? 1 : 0;
     }
-    if (!first_visible)
-        return;
-    worksheet_activate(first_visible);
-    worksheet_set_first_sheet(first_visible);
 }
 
 void RemoveCache(CExcelControllorWithCDataPtr &data)
@@ -97,23 +117,20 @@ void RemoveCache(CExcelControllorWithCDataPtr &data)
                "delete file path = %s, result = %d", path.c_str(), is_removed ? 1 : 0);
 }
 
-const char *CloseErrorText(int result)
+const char *CloseErrorText(const SaveResult &result)
 {
-    if (result == LXW_ERROR_CREATING_TMPFILE)
+    if (result.code == LXW_ERROR_CREATING_TMPFILE)
         return "its temporary files could not be written, is there room for them?";
-    return lxw_strerror(static_cast<lxw_error>(result));
+    return result.error != 0 ? std::strerror(result.error)
+                             : lxw_strerror(static_cast<lxw_error>(result.code));
 }
 
 // Forgets the workbook, which is saved or freed by now, and removes its cache directory.
 void Reset(CExcelControllorWithCDataPtr &data)
 {
-    data.formats_.Clear();
+    data.ptr_current_ = nullptr;
     data.map_sheets_.clear();
-    data.map_checked_.clear();
-    data.ptr_checked_ = nullptr;
-    data.ptr_sheet_format_.reset();
-    data.ptr_sheet_ = nullptr;
-    data.str_sheet_name_.clear();
+    data.formats_.SetWorkbook(nullptr);
     data.file_path_.clear();
     RunGuarded(EXCEL_FUNCTION("Close"), [&data] { RemoveCache(data); });
 }
@@ -154,9 +171,11 @@ bool CExcelControllorWithC::Init(const std::string &file_path, std::string file_
             d_ptr_->ptr_excel_ = workbook_new_opt(file_path.c_str(), &options);
         }
         d_ptr_->file_path_ = file_path;
+        d_ptr_->formats_.SetWorkbook(d_ptr_->ptr_excel_);
+        d_ptr_->notes_ = {};
     });
     if (!d_ptr_->ptr_excel_) // Close() will have nothing to save
-        d_ptr_->close_result_ = LXW_ERROR_MEMORY_MALLOC_FAILED;
+        d_ptr_->last_close_ = {LXW_ERROR_MEMORY_MALLOC_FAILED, ENOMEM};
     return true;
 }
 
@@ -170,16 +189,12 @@ bool CExcelControllorWithC::AddSheetByName(const std::string &name)
                "CExcelControllorWithC::Init d_ptr_->ptr_excel_ != nullptr");
     RunGuarded(kFunction, [&] {
         auto known = d_ptr_->map_sheets_.find(name);
-        if (known == d_ptr_->map_sheets_.end()) {
-            CsheetFormat sheet;
-            sheet.SetVal_sheet(AddWorksheet(d_ptr_->ptr_excel_, name));
-            if (!sheet.GetVal_sheet())
-                VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING,
-                           "Sheet %s: the name was refused, what is written to it is left out",
-                           name.c_str());
-            known = d_ptr_->map_sheets_.emplace(name, sheet).first;
-        }
-        MakeCurrent(*d_ptr_, name, known->second);
+        if (known == d_ptr_->map_sheets_.end())
+            known = d_ptr_->map_sheets_
+                        .try_emplace(name, AddWorksheet(d_ptr_->ptr_excel_, name), name,
+                                     d_ptr_->formats_)
+                        .first;
+        d_ptr_->ptr_current_ = &known->second;
     });
     return true;
 }
@@ -193,7 +208,7 @@ lxw_worksheet *CExcelControllorWithC::GetWorkSheet(const std::string &name)
 {
     const auto known = d_ptr_->map_sheets_.find(name);
     const bool is_known = !name.empty() && known != d_ptr_->map_sheets_.end();
-    return is_known ? known->second.GetVal_sheet() : nullptr;
+    return is_known ? known->second.record.GetVal_sheet() : nullptr;
 }
 
 void CExcelControllorWithC::DeleteSheet(const std::string &name)
@@ -210,77 +225,60 @@ int CExcelControllorWithC::GetSheetCount() const
 void CExcelControllorWithC::SetCellString(int row, int col, const std::string &text,
                                           std::shared_ptr<Clxw_format_> format)
 {
-    static constexpr char kFunction[] = EXCEL_FUNCTION("SetCellString");
-    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
-        d_ptr_->ptr_sheet_format_->has_used_row = row;
-        sheet.WriteText(kFunction, row, col, text, FormatOf(*d_ptr_, format, true));
-    });
+    UseRow(*d_ptr_, row);
+    OnSheet(*d_ptr_, EXCEL_FUNCTION("SetCellString"), &CExcelSheet::WriteText, row, col, text,
+            format.get());
 }
 
 void CExcelControllorWithC::SetCellString(int row, int col, const double &value,
                                           std::shared_ptr<Clxw_format_> format)
 {
-    static constexpr char kFunction[] = EXCEL_FUNCTION("SetCellString");
-    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
-        d_ptr_->ptr_sheet_format_->has_used_row = row;
-        sheet.WriteNumber(kFunction, row, col, value, FormatOf(*d_ptr_, format, true));
-    });
+    UseRow(*d_ptr_, row);
+    OnSheet(*d_ptr_, EXCEL_FUNCTION("SetCellString"), &CExcelSheet::WriteNumber, row, col, value,
+            format.get());
 }
 
 void CExcelControllorWithC::MergeCells(int first_row, int first_col, int last_row, int last_col,
                                        const std::string &text,
                                        std::shared_ptr<Clxw_format_> format)
 {
-    static constexpr char kFunction[] = EXCEL_FUNCTION("MergeCells");
-    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
-        sheet.Merge(kFunction, {first_row, first_col, last_row, last_col}, text,
-                    FormatOf(*d_ptr_, format, false));
-    });
+    OnSheet(*d_ptr_, EXCEL_FUNCTION("MergeCells"), &CExcelSheet::Merge,
+            CellRange{first_row, first_col, last_row, last_col}, text, format.get());
 }
 
 void CExcelControllorWithC::SetCellValidCheck(int row, int col, const std::string &list)
 {
-    static constexpr char kFunction[] = EXCEL_FUNCTION("SetCellValidCheck");
-    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
-        sheet.Validate(kFunction, {row, col, row, col}, list);
-    });
+    OnSheet(*d_ptr_, EXCEL_FUNCTION("SetCellValidCheck"), &CExcelSheet::Validate,
+            CellRange{row, col, row, col}, list);
 }
 
 void CExcelControllorWithC::SetRangeValidCheck(int first_row, int first_col, int last_row,
                                                int last_col, const std::string &list)
 {
-    static constexpr char kFunction[] = EXCEL_FUNCTION("SetRangeValidCheck");
-    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
-        sheet.Validate(kFunction, {first_row, first_col, last_row, last_col}, list);
-    });
+    OnSheet(*d_ptr_, EXCEL_FUNCTION("SetRangeValidCheck"), &CExcelSheet::Validate,
+            CellRange{first_row, first_col, last_row, last_col}, list);
 }
 
 void CExcelControllorWithC::SetColumnPics(int row, int col, std::string path)
 {
-    static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnPics");
-    OnSheet(kFunction, *d_ptr_,
-            [&](CExcelSheet &sheet) { sheet.InsertPictureFile(kFunction, row, col, path); });
+    OnSheet(*d_ptr_, EXCEL_FUNCTION("SetColumnPics"), &CExcelSheet::InsertPictureFile, row, col,
+            path);
 }
 
 void CExcelControllorWithC::SetColumnPicsBuffer(int row, int col, std::string buffer,
                                                 std::uint64_t size)
 {
-    static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnPicsBuffer");
-    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
-        if (size < buffer.size())
-            buffer.resize(static_cast<std::size_t>(size));
-        sheet.InsertPicture(kFunction, row, col, buffer, {});
-    });
+    if (size < buffer.size())
+        buffer.resize(static_cast<std::size_t>(size));
+    OnSheet(*d_ptr_, EXCEL_FUNCTION("SetColumnPicsBuffer"), &CExcelSheet::InsertPicture, row, col,
+            buffer, lxw_image_options_());
 }
 
 void CExcelControllorWithC::SetColumnPicsBufferOpt(int row, int col, const std::string &buffer,
                                                    std::shared_ptr<Clxw_image_options_> options)
 {
-    static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnPicsBufferOpt");
-    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
-        sheet.InsertPicture(kFunction, row, col, buffer,
-                            options ? options->Read() : lxw_image_options_());
-    });
+    OnSheet(*d_ptr_, EXCEL_FUNCTION("SetColumnPicsBufferOpt"), &CExcelSheet::InsertPicture, row,
+            col, buffer, options ? options->Read() : lxw_image_options_());
 }
 
 void CExcelControllorWithC::SetColumnPics(int, int, QList<std::string>, QSize) {}
@@ -289,13 +287,14 @@ void CExcelControllorWithC::SetFilterCoumn(int begin_row, int begin_column, int 
                                            int end_column)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetFilterCoumn");
-    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
-        VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
-                   "CExcelControllorWithC::SetFilterCoumn begin_row =%d  begin_column =%d "
-                   "end_row =%d en_column =%d",
-                   begin_row, begin_column, end_row, end_column);
-        sheet.SetAutofilter(kFunction, {begin_row, begin_column, end_row, end_column});
-    });
+    if (!HasSheet(*d_ptr_))
+        return;
+    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
+               "CExcelControllorWithC::SetFilterCoumn begin_row =%d  begin_column =%d "
+               "end_row =%d en_column =%d",
+               begin_row, begin_column, end_row, end_column);
+    OnSheet(*d_ptr_, kFunction, &CExcelSheet::SetAutofilter,
+            CellRange{begin_row, begin_column, end_row, end_column});
 }
 
 void CExcelControllorWithC::SetFilterOneCoumnWith1Str(int column, std::string rule)
@@ -323,62 +322,54 @@ void CExcelControllorWithC::SetFilterCoumnWithListStr(int column, std::string li
 void CExcelControllorWithC::SetColumnWidth(int begin_column, int end_column, int width)
 {
     static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnWidth");
-    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
-        VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
-                   "CExcelControllorWithC::SetColumnWidth begin_column =%d  en_column =%d "
-                   "i_width =%d",
-                   begin_column, end_column, width);
-        sheet.SetColumnWidth(kFunction, begin_column, end_column, width, false);
-    });
+    if (!HasSheet(*d_ptr_))
+        return;
+    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
+               "CExcelControllorWithC::SetColumnWidth begin_column =%d  en_column =%d i_width =%d",
+               begin_column, end_column, width);
+    OnSheet(*d_ptr_, kFunction, &CExcelSheet::SetColumnWidth, begin_column, end_column, width,
+            SizeUnit::Native);
 }
 
 void CExcelControllorWithC::SetColumnWidthtWithPixels(int begin_column, int end_column, int pixels)
 {
-    static constexpr char kFunction[] = EXCEL_FUNCTION("SetColumnWidthtWithPixels");
-    OnSheet(kFunction, *d_ptr_, [&](CExcelSheet &sheet) {
-        sheet.SetColumnWidth(kFunction, begin_column, end_column, pixels, true);
-    });
+    OnSheet(*d_ptr_, EXCEL_FUNCTION("SetColumnWidthtWithPixels"), &CExcelSheet::SetColumnWidth,
+            begin_column, end_column, pixels, SizeUnit::Pixels);
 }
 
 void CExcelControllorWithC::SetRowHeight(int row, int height)
 {
-    static constexpr char kFunction[] = EXCEL_FUNCTION("SetRowHeight");
-    OnSheet(kFunction, *d_ptr_,
-            [&](CExcelSheet &sheet) { sheet.SetRowHeight(kFunction, row, height, false); });
+    OnSheet(*d_ptr_, EXCEL_FUNCTION("SetRowHeight"), &CExcelSheet::SetRowHeight, row, height,
+            SizeUnit::Native);
 }
 
 void CExcelControllorWithC::SetRowHeightWithPixels(int row, int pixels)
 {
-    static constexpr char kFunction[] = EXCEL_FUNCTION("SetRowHeightWithPixels");
-    OnSheet(kFunction, *d_ptr_,
-            [&](CExcelSheet &sheet) { sheet.SetRowHeight(kFunction, row, pixels, true); });
+    OnSheet(*d_ptr_, EXCEL_FUNCTION("SetRowHeightWithPixels"), &CExcelSheet::SetRowHeight, row,
+            pixels, SizeUnit::Pixels);
 }
 
 void CExcelControllorWithC::SetLinkString(int row, int col, std::string &url)
 {
-    static constexpr char kFunction[] = EXCEL_FUNCTION("SetLinkString");
-    OnSheet(kFunction, *d_ptr_,
-            [&](CExcelSheet &sheet) { sheet.WriteLink(kFunction, row, col, url, nullptr); });
+    OnSheet(*d_ptr_, EXCEL_FUNCTION("SetLinkString"), &CExcelSheet::WriteLink, row, col, url,
+            nullptr);
 }
 
 void CExcelControllorWithC::SetLinkString(int row, int col, std::string &url, std::string &text)
 {
-    static constexpr char kFunction[] = EXCEL_FUNCTION("SetLinkString");
-    OnSheet(kFunction, *d_ptr_,
-            [&](CExcelSheet &sheet) { sheet.WriteLink(kFunction, row, col, url, &text); });
+    OnSheet(*d_ptr_, EXCEL_FUNCTION("SetLinkString"), &CExcelSheet::WriteLink, row, col, url,
+            &text);
 }
 
 int CExcelControllorWithC::GetUsedRowsCount()
 {
-    const auto known = d_ptr_->map_sheets_.find(d_ptr_->str_sheet_name_);
-    return known != d_ptr_->map_sheets_.end() ? known->second.GetVal_has_used_row() : 0;
+    return d_ptr_->ptr_current_ ? d_ptr_->ptr_current_->record.GetVal_has_used_row() : 0;
 }
 
 void CExcelControllorWithC::UpdateSheetUsedRow(int row)
 {
-    const auto known = d_ptr_->map_sheets_.find(d_ptr_->str_sheet_name_);
-    if (known != d_ptr_->map_sheets_.end())
-        known->second.SetVal_has_used_row(row);
+    if (d_ptr_->ptr_current_)
+        d_ptr_->ptr_current_->record.SetVal_has_used_row(row);
 }
 
 void CExcelControllorWithC::Close()
@@ -387,17 +378,19 @@ void CExcelControllorWithC::Close()
     VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE, "file  close , file_path_ = %s ",
                d_ptr_->file_path_.c_str());
     if (lxw_workbook *const workbook = std::exchange(d_ptr_->ptr_excel_, nullptr)) {
-        d_ptr_->close_result_ = LXW_ERROR_MEMORY_MALLOC_FAILED; // unless the save gets to its end
+        d_ptr_->last_close_ = {LXW_ERROR_MEMORY_MALLOC_FAILED, ENOMEM}; // unless it gets to its end
         RunGuarded(kFunction, [&] {
-            ActivateVisibleSheet(workbook);
-            d_ptr_->close_result_ = SaveWorkbook(workbook, d_ptr_->file_path_);
+            FinishSheets(*d_ptr_);
+            XlsxInternals::ActivateVisibleSheet(workbook);
+            d_ptr_->last_close_ = SaveWorkbook(workbook, d_ptr_->file_path_);
         });
+        const SaveResult &result = d_ptr_->last_close_;
         VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
                    "file  close success, file_path_ = %s , close result = %d",
-                   d_ptr_->file_path_.c_str(), d_ptr_->close_result_);
-        if (d_ptr_->close_result_ != LXW_NO_ERROR)
+                   d_ptr_->file_path_.c_str(), result.code);
+        if (result.code != LXW_NO_ERROR)
             VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING, "The workbook %s was not saved: %s",
-                       d_ptr_->file_path_.c_str(), CloseErrorText(d_ptr_->close_result_));
+                       d_ptr_->file_path_.c_str(), CloseErrorText(result));
     }
     Reset(*d_ptr_);
 }
@@ -410,13 +403,30 @@ void CExcelControllorWithC::Discard()
         return;
     VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE, "The workbook %s is dropped",
                d_ptr_->file_path_.c_str());
-    RunGuarded(kFunction, [workbook] { FreeWorkbook(workbook); });
+    RunGuarded(kFunction, [workbook] { XlsxInternals::FreeWorkbook(workbook); });
     Reset(*d_ptr_);
 }
 
 int CExcelControllorWithC::LastCloseResult() const
 {
-    return d_ptr_->close_result_;
+    return d_ptr_->last_close_.code;
+}
+
+int CExcelControllorWithC::LastCloseErrno() const
+{
+    return d_ptr_->last_close_.error;
+}
+
+ExcelCloseNotes CExcelControllorWithC::LastCloseNotes() const
+{
+    return d_ptr_->notes_;
+}
+
+bool CExcelControllorWithC::HasWriteError() const
+{
+    const auto &sheets = d_ptr_->map_sheets_;
+    return std::any_of(sheets.begin(), sheets.end(),
+                       [](const auto &sheet) { return sheet.second.checked.HasFailed(); });
 }
 
 VANTOR_FORWARD_EVENTS(CExcelControllorWithC, QObject)

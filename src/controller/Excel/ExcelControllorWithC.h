@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "controller/Excel/ExcelCloseNotes.h"
 #include "controller/Excel/ExcelRecords.h"
 
 #include <VantorExport.h>
@@ -148,6 +149,14 @@ public:
     /// Not 0 too after an Init() that could not make a workbook. 3 (LXW_ERROR_CREATING_TMPFILE)
     /// means that there was no room for the temporary files.
     [[nodiscard]] int LastCloseResult() const;
+    /// \return the system's cause (errno) of a last Close() that failed, such as ENOSPC for a full
+    /// disk; 0 when it succeeded or the cause is not known.
+    [[nodiscard]] int LastCloseErrno() const;
+    /// \brief What the workbook of the last Close() shortened or left out; all 0 before the first.
+    [[nodiscard]] ExcelCloseNotes LastCloseNotes() const;
+    /// \brief Whether a temporary file of the open workbook was refused bytes, so that Close() will
+    /// fail: a long export can end here. Cheap; false without constant memory.
+    [[nodiscard]] bool HasWriteError() const;
 
     bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -1,109 +1,87 @@
 // SPDX-License-Identifier: MIT
 #include "controller/Excel/ExcelFile.h"
 
-#include "controller/Excel/SheetStreams.h"
-#include "controller/Excel/WorkbookParts.h"
+#include "controller/Excel/WorkbookCheck.h"
+#include "controller/Excel/XlsxInternals.h"
 
-#include <Nim/Base/FileSystem.h>
-#include <Nim/Base/Guid.h>
+#include <Nim/Base/WholeFile.h>
 
-#include <unistd.h>
 #include <xlsxwriter.h>
 
-#include <cstdlib>
-#include <cstring>
+#include <algorithm>
+#include <cerrno>
 #include <filesystem>
 
 namespace Vantor {
 namespace {
 
 namespace fs = std::filesystem;
+using Nim::Base::CWholeFile;
+using Rows = std::vector<XlsxInternals::SheetRows>;
 
-constexpr int kMaxLinks = 40; // as many as the system follows
-
-int CloseChecked(lxw_workbook *workbook, const std::string &path, const WorkbookParts &parts)
+SaveResult CloseChecked(lxw_workbook *workbook, const std::string &path, const Rows &rows)
 {
-    const CSheetStreams streams(workbook);
-    const int result = workbook_close(workbook);
-    return result == LXW_NO_ERROR ? CheckParts(path, parts) : result;
-}
-
-void KeepPermissions(const fs::path &from, const fs::path &to)
-{
-    std::error_code error;
-    const fs::file_status status = fs::status(from, error);
-    if (!error && fs::exists(status))
-        fs::permissions(to, status.permissions(), error);
-}
-
-// Step by step, because a link to a file that is still to come counts, and ".." behind a folder
-// that is missing does not. False where the links go round.
-bool FollowLinks(fs::path &path)
-{
-    for (int i = 0; i < kMaxLinks; ++i) {
-        std::error_code error;
-        if (!fs::is_symlink(fs::symlink_status(path, error)))
-            return true;
-        path = path.parent_path() / fs::read_symlink(path, error); // an absolute one stands alone
-        if (error)
-            return false;
-    }
-    return false;
-}
-
-// What keeps `target` from being written, or 0.
-int Obstacle(const fs::path &target, const WorkbookParts &parts)
-{
-    if (!parts.is_sound)
-        return LXW_ERROR_CREATING_TMPFILE;
-    const bool is_protected =
-        access(target.c_str(), F_OK) == 0 && access(target.c_str(), W_OK) != 0;
-    return is_protected ? LXW_ERROR_CREATING_XLSX_FILE : LXW_NO_ERROR;
-}
-
-int SaveBeside(lxw_workbook *workbook, const fs::path &target, const WorkbookParts &parts)
-{
-    // Without the file's own name, which may be as long as names can be.
-    const std::string temporary =
-        (target.parent_path() / ('.' + Nim::Base::GuidUtil::CreateGuid() + ".part")).string();
-    // libxlsxwriter keeps the name it will write to; it is ours to change until then.
-    std::free(workbook->filename);
-    workbook->filename = strdup(temporary.c_str());
-    int result = CloseChecked(workbook, temporary, parts);
-    if (result == LXW_NO_ERROR) {
-        KeepPermissions(target, temporary);
-        if (Nim::Base::FileSystem::RenameFile(temporary.c_str(), target.c_str()) != 0)
-            result = LXW_ERROR_CREATING_XLSX_FILE;
-    }
-    std::error_code error;
-    if (result != LXW_NO_ERROR)
-        fs::remove(temporary, error);
+    SaveResult result;
+    result.code = XlsxInternals::CloseWorkbook(workbook, result.error);
+    if (result.code == LXW_NO_ERROR)
+        result.code = CheckWorkbook(path, rows);
     return result;
+}
+
+SaveResult FreeUnsaved(lxw_workbook *workbook, int code, int error)
+{
+    XlsxInternals::FreeWorkbook(workbook);
+    return {code, error};
+}
+
+SaveResult SaveBeside(lxw_workbook *workbook, CWholeFile &file, const Rows &rows)
+{
+    XlsxInternals::SetFileName(workbook, file.TemporaryPath());
+    SaveResult result = CloseChecked(workbook, file.TemporaryPath(), rows);
+    if (result.code != LXW_NO_ERROR) {
+        if (file.IsDiskFull()) // looked at while the partial file is there
+            result = {LXW_ERROR_ZIP_FILE_OPERATION, ENOSPC};
+        return result;
+    }
+    return file.Commit() ? result : SaveResult{LXW_ERROR_CREATING_XLSX_FILE, file.Errno()};
+}
+
+int CauseOf(CWholeFile::Obstacle obstacle, const CWholeFile &file)
+{
+    switch (obstacle) {
+    case CWholeFile::Obstacle::None:
+    case CWholeFile::Obstacle::Device:
+        return 0;
+    case CWholeFile::Obstacle::NoFolder:
+        return ENOENT;
+    case CWholeFile::Obstacle::DeadLink:
+        return ELOOP;
+    case CWholeFile::Obstacle::Folder:
+        return EISDIR;
+    case CWholeFile::Obstacle::WriteProtected:
+        return EACCES;
+    case CWholeFile::Obstacle::FolderRefuses:
+        return file.Errno();
+    }
+    return 0;
 }
 
 } // namespace
 
-int SaveWorkbook(lxw_workbook *workbook, const std::string &path)
+SaveResult SaveWorkbook(lxw_workbook *workbook, const std::string &path)
 {
-    const WorkbookParts parts = PartsOf(workbook);
-    fs::path target(path);
-    const int obstacle =
-        FollowLinks(target) ? Obstacle(target, parts) : LXW_ERROR_CREATING_XLSX_FILE;
-    if (obstacle != LXW_NO_ERROR) {
-        FreeWorkbook(workbook);
-        return obstacle;
-    }
-    std::error_code error;
-    const fs::file_status status = fs::status(target, error);
-    if (path.empty() || (fs::exists(status) && !fs::is_regular_file(status)))
-        return CloseChecked(workbook, path, parts); // a device, a directory: the library judges
-    return SaveBeside(workbook, target, parts);
-}
-
-void FreeWorkbook(lxw_workbook *workbook)
-{
-    const CSheetStreams streams(workbook);
-    lxw_workbook_free(workbook);
+    const Rows rows = XlsxInternals::FlushRows(workbook);
+    const bool is_sound =
+        std::all_of(rows.begin(), rows.end(), [](const auto &sheet) { return sheet.is_sound; });
+    if (!is_sound)
+        return FreeUnsaved(workbook, LXW_ERROR_CREATING_TMPFILE, ENOSPC);
+    CWholeFile file;
+    const CWholeFile::Obstacle obstacle = file.Begin(path);
+    if (obstacle == CWholeFile::Obstacle::Device)
+        return CloseChecked(workbook, path, rows);
+    if (obstacle != CWholeFile::Obstacle::None)
+        return FreeUnsaved(workbook, LXW_ERROR_CREATING_XLSX_FILE, CauseOf(obstacle, file));
+    return SaveBeside(workbook, file, rows);
 }
 
 bool RemoveDirectory(const std::string &path)

@@ -7,12 +7,16 @@ struct lxw_workbook;
 
 namespace Vantor {
 
-// Closes `workbook` so that `path` holds either the whole new file or what it held before, and
-// returns 0 or libxlsxwriter's error code. A link is written through, not replaced.
-int SaveWorkbook(lxw_workbook *workbook, const std::string &path);
+// How a save ended: 0 or libxlsxwriter's error code, and errno as far as it is known.
+struct SaveResult
+{
+    int code = 0;
+    int error = 0;
+};
 
-// Frees `workbook` and its temporary files without saving it.
-void FreeWorkbook(lxw_workbook *workbook);
+// Closes `workbook` so that `path` holds either the whole new file or what it held before. A link
+// is written through, not replaced.
+SaveResult SaveWorkbook(lxw_workbook *workbook, const std::string &path);
 
 // Removes a directory with all its contents; a link is removed, not followed. True for success.
 bool RemoveDirectory(const std::string &path);

@@ -5,7 +5,6 @@
 
 #include <map>
 #include <string>
-#include <tuple>
 #include <vector>
 
 struct lxw_format;
@@ -19,38 +18,48 @@ namespace Vantor {
 unsigned ColorOf(const std::string &text);
 
 // The formats of one workbook: equal records share one. libxlsxwriter keeps each format it is
-// handed to the end and merges equal ones only when it saves, so a format a cell would cost more
-// memory than the cells.
+// handed to the end and merges equal ones only when it saves, so one format for each cell would
+// cost more memory than the cells.
 class CExcelFormats
 {
 public:
-    // The format for `look` in `workbook`, made at its first use; `can_wrap` false turns wrapping
-    // off.
-    lxw_format *FormatFor(lxw_workbook *workbook, const lxw_format_ &look, bool can_wrap);
+    static constexpr std::size_t kMost = 64000; // the file format's limit
 
-    // Forgets all: the formats die with their workbook.
-    void Clear();
+    // A format, and whether it is the one that was asked for: beyond kMost it is the nearest there.
+    struct Found
+    {
+        lxw_format *format = nullptr;
+        bool is_exact = true;
+    };
+
+    // Forgets all formats, which die with their workbook, and goes on with `workbook`.
+    void SetWorkbook(lxw_workbook *workbook);
+    // The format for `look`, made at its first use; `can_wrap` false turns wrapping off.
+    Found FormatFor(const lxw_format_ &look, bool can_wrap);
+    // That of links without a look of their own.
+    [[nodiscard]] lxw_format *LinkFormat() const;
 
 private:
-    // What shows of a record: bold, font, fill, colour, size, alignment, wrap.
-    using Key = std::tuple<bool, std::string, unsigned, unsigned, int, int, bool>;
-
-    static Key KeyOf(const lxw_format_ &look, bool can_wrap);
-
-    std::map<Key, lxw_format *> formats_;
+    struct LooksBefore
+    {
+        bool operator()(const lxw_format_ &a, const lxw_format_ &b) const;
+    };
     // The records seen last as they were given. Cells of a row go through the same few looks again
-    // and again, and to compare a record is much cheaper than to make its key.
+    // and again, and comparing a record is much cheaper than finding what it shows.
     struct Seen
     {
         lxw_format_ look;
         bool can_wrap = false;
-        lxw_format *format = nullptr;
+        Found found;
     };
 
+    Found FindOrMake(const lxw_format_ &shown);
     void Remember(const Seen &seen);
 
+    lxw_workbook *workbook_ = nullptr;
+    std::map<lxw_format_, lxw_format *, LooksBefore> formats_; // by what shows of a record
     std::vector<Seen> seen_;
-    std::size_t last_ = 0; // where the last one was found
+    std::size_t last_ = 0; // the place where the last one was found
 };
 
 } // namespace Vantor

@@ -10,6 +10,7 @@ namespace Vantor::ExcelText {
 namespace {
 
 constexpr char kReplacement[] = "\xEF\xBF\xBD";
+constexpr char kEscapedUnderscore[] = "_x005F_";
 constexpr std::uint64_t kHighBits = 0x8080808080808080;
 
 unsigned char ByteAt(const std::string &text, std::size_t i)
@@ -75,6 +76,21 @@ std::string WithoutControls(const std::string &text, const std::string &allowed)
             without += c;
     }
     return without;
+}
+
+// Where text that readers take for the escape of a character begins: _xHHHH_.
+std::size_t FindEscape(const std::string &text, std::size_t from)
+{
+    constexpr std::size_t kLength = 7;
+    for (std::size_t at = text.find("_x", from);
+         at != std::string::npos && at + kLength <= text.size(); at = text.find("_x", at + 1)) {
+        const auto digits = text.begin() + static_cast<std::ptrdiff_t>(at) + 2;
+        if (text[at + kLength - 1] == '_' && std::all_of(digits, digits + 4, [](unsigned char c) {
+                return std::isxdigit(c) != 0;
+            }))
+            return at;
+    }
+    return std::string::npos;
 }
 
 std::size_t UnitsOf(std::size_t character_length)
@@ -148,9 +164,49 @@ std::string CutToUnits(const std::string &text, std::size_t units)
     return text;
 }
 
+bool HasEscape(const std::string &text)
+{
+    return FindEscape(text, 0) != std::string::npos;
+}
+
+std::string Escaped(const std::string &text)
+{
+    std::string escaped;
+    std::size_t from = 0;
+    for (std::size_t at = FindEscape(text, 0); at != std::string::npos;
+         at = FindEscape(text, at + 1)) {
+        escaped.append(text, from, at - from).append(kEscapedUnderscore);
+        from = at + 1;
+    }
+    return from == 0 ? text : escaped.append(text, from);
+}
+
+std::string FitCell(const std::string &text, bool &is_cut)
+{
+    std::string fitting = CutToUnits(text, kMaxCellUnits);
+    is_cut = fitting.size() < text.size();
+    fitting = Escaped(fitting);
+    if (Utf16Units(fitting) <= kMaxCellUnits)
+        return fitting;
+    is_cut = true;
+    fitting = CutToUnits(fitting, kMaxCellUnits);
+    // An escape that is cut itself goes whole.
+    const std::string escape = kEscapedUnderscore;
+    for (std::size_t kept = escape.size(); kept > 0; --kept) {
+        const std::size_t at = fitting.size() - kept;
+        if (fitting.compare(at, kept, escape, 0, kept) == 0)
+            return kept == escape.size() ? fitting : fitting.substr(0, at);
+    }
+    return fitting;
+}
+
 std::string SheetName(const std::string &name)
 {
-    return CutToBytes(WithoutControls(Cleaned(name), ""), kMaxSheetNameBytes);
+    const std::string whole = WithoutControls(Cleaned(name), "");
+    std::string cut = CutToBytes(whole, kMaxSheetNameBytes);
+    while (cut.size() < whole.size() && !cut.empty() && cut.back() == '\'')
+        cut.pop_back();
+    return cut;
 }
 
 std::string LinkTarget(const std::string &url)

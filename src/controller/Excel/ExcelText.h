@@ -36,7 +36,18 @@ std::size_t Utf16Units(const std::string &text);
 // The longest prefix of clean text of at most `units` UTF-16 units that ends at a character.
 std::string CutToUnits(const std::string &text, std::size_t units);
 
-// The name a sheet gets in the file: cleaned, control characters replaced, at most 31 bytes.
+// Whether readers would take a part of `text`, such as "_x000D_", for the escape of a character.
+bool HasEscape(const std::string &text);
+
+// Clean text with "_x000D_" and its like written so that readers do not take them for escapes of
+// characters (ECMA-376, ST_Xstring): "_x005F_x000D_".
+std::string Escaped(const std::string &text);
+
+// Clean text as a cell can hold it: escaped, and at most kMaxCellUnits; `is_cut` tells the latter.
+std::string FitCell(const std::string &text, bool &is_cut);
+
+// The name a sheet gets in the file: cleaned, control characters replaced, at most 31 bytes. No
+// apostrophe is left at the end of a name that is cut, because the format refuses it there.
 std::string SheetName(const std::string &name);
 
 // The text of a link with the words that libxlsxwriter takes for schemes anywhere in it

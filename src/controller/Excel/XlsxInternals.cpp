@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+#include "controller/Excel/XlsxInternals.h"
+
+#include <Nim/Base/FileSystem.h>
+
+#include <xlsxwriter.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <deque>
+
+static_assert(LXW_VERSION_ID == 114, "only libxlsxwriter 1.1.4 was looked into");
+
+namespace Vantor::XlsxInternals {
+namespace {
+
+template <class Visit> void ForEachSheet(lxw_workbook *workbook, Visit &&visit)
+{
+    lxw_worksheet *sheet = nullptr;
+    STAILQ_FOREACH(sheet, workbook->worksheets, list_pointers)
+    {
+        visit(sheet);
+    }
+}
+
+// The element that was appended last to a queue, which is not empty: the queue knows the address of
+// its link. STAILQ_LAST does not compile as C++.
+template <class Element, class Queue> Element *LastOf(const Queue *queue, std::size_t link_offset)
+{
+    return reinterpret_cast<Element *>(reinterpret_cast<char *>(queue->stqh_last) - link_offset);
+}
+
+// The sheets' temporary files, each behind a stream that knows whether it was closed.
+class CSheetStreams
+{
+public:
+    explicit CSheetStreams(lxw_workbook *workbook)
+    {
+        ForEachSheet(workbook, [this](lxw_worksheet *sheet) {
+            if (!sheet->optimize_tmpfile)
+                return;
+            streams_.emplace_back();
+            Stream &stream = streams_.back();
+            stream.file =
+                Nim::Base::FileSystem::WatchClosing(sheet->optimize_tmpfile, &stream.is_closed);
+            if (stream.file)
+                sheet->optimize_tmpfile = stream.file;
+        });
+    }
+    ~CSheetStreams()
+    {
+        for (const Stream &stream : streams_) {
+            if (stream.file && !stream.is_closed)
+                std::fclose(stream.file);
+        }
+    }
+    CSheetStreams(const CSheetStreams &) = delete;
+    CSheetStreams &operator=(const CSheetStreams &) = delete;
+
+private:
+    struct Stream
+    {
+        std::FILE *file = nullptr;
+        bool is_closed = false;
+    };
+
+    std::deque<Stream> streams_; // the streams keep pointers into it
+};
+
+} // namespace
+
+bool IsConstantMemory(const lxw_worksheet *sheet)
+{
+    return sheet->optimize != 0;
+}
+
+int CurrentRow(const lxw_worksheet *sheet)
+{
+    return static_cast<int>(sheet->optimize_row->row_num);
+}
+
+bool HasFailed(const lxw_worksheet *sheet)
+{
+    return sheet->optimize_tmpfile && std::ferror(sheet->optimize_tmpfile) != 0;
+}
+
+int DefaultColumnPx(const lxw_worksheet *sheet)
+{
+    return static_cast<int>(sheet->default_col_pixels);
+}
+
+int DefaultRowPx(const lxw_worksheet *sheet)
+{
+    return static_cast<int>(sheet->default_row_pixels);
+}
+
+lxw_object_properties *LastPicture(lxw_worksheet *sheet)
+{
+    return LastOf<lxw_object_properties>(sheet->image_props,
+                                         offsetof(lxw_object_properties, list_pointers));
+}
+
+void ReplaceLastList(lxw_worksheet *sheet, const std::string &formula)
+{
+    auto *const added = LastOf<lxw_data_val_obj>(sheet->data_validations,
+                                                 offsetof(lxw_data_val_obj, list_pointers));
+    std::free(added->value_formula);
+    added->value_formula = strdup(formula.c_str());
+}
+
+std::vector<SheetRows> FlushRows(lxw_workbook *workbook)
+{
+    std::vector<SheetRows> rows;
+    ForEachSheet(workbook, [&rows](lxw_worksheet *sheet) {
+        SheetRows of_sheet;
+        of_sheet.part = "xl/worksheets/sheet" + std::to_string(sheet->index + 1) + ".xml";
+        if (std::FILE *const file = sheet->optimize_tmpfile) {
+            lxw_worksheet_write_single_row(sheet);
+            of_sheet.is_sound = std::fflush(file) == 0 && std::ferror(file) == 0;
+            const auto end = std::ftell(file);
+            of_sheet.bytes = end > 0 ? static_cast<std::uint64_t>(end) : 0;
+        }
+        rows.push_back(of_sheet);
+    });
+    return rows;
+}
+
+void ActivateVisibleSheet(lxw_workbook *workbook)
+{
+    lxw_worksheet *first_visible = nullptr;
+    bool is_active_visible = false;
+    ForEachSheet(workbook, [&](lxw_worksheet *sheet) {
+        if (sheet->hidden)
+            return;
+        first_visible = first_visible ? first_visible : sheet;
+        is_active_visible = is_active_visible || sheet->index == workbook->active_sheet;
+    });
+    if (is_active_visible || !first_visible)
+        return;
+    worksheet_activate(first_visible);
+    worksheet_set_first_sheet(first_visible);
+}
+
+void SetFileName(lxw_workbook *workbook, const std::string &path)
+{
+    std::free(workbook->filename);
+    workbook->filename = strdup(path.c_str());
+}
+
+int CloseWorkbook(lxw_workbook *workbook, int &error)
+{
+    const CSheetStreams streams(workbook);
+    errno = 0;
+    const int result = workbook_close(workbook);
+    error = result != LXW_NO_ERROR ? errno : 0;
+    return result;
+}
+
+void FreeWorkbook(lxw_workbook *workbook)
+{
+    std::vector<std::FILE *> files;
+    ForEachSheet(workbook, [&files](const lxw_worksheet *sheet) {
+        if (sheet->optimize_tmpfile)
+            files.push_back(sheet->optimize_tmpfile);
+    });
+    lxw_workbook_free(workbook);
+    for (std::FILE *const file : files)
+        std::fclose(file);
+}
+
+} // namespace Vantor::XlsxInternals

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+struct lxw_object_properties;
+struct lxw_workbook;
+struct lxw_worksheet;
+
+// Everything that looks into libxlsxwriter beyond its documented calls. The .cpp refuses to compile
+// with a version that nobody has looked at; look at each function here, then add the version.
+namespace Vantor::XlsxInternals {
+
+// Whether rows go to a temporary file as soon as the next one begins. No call asks this of a sheet.
+bool IsConstantMemory(const lxw_worksheet *sheet);
+// The row that a sheet in constant-memory mode has not let go yet.
+int CurrentRow(const lxw_worksheet *sheet);
+// Whether the temporary file of the sheet refused bytes: libxlsxwriter does not look.
+bool HasFailed(const lxw_worksheet *sheet);
+// Pixels of a column or row that was given no size.
+int DefaultColumnPx(const lxw_worksheet *sheet);
+int DefaultRowPx(const lxw_worksheet *sheet);
+
+// The picture that was inserted last; its size is known only now.
+lxw_object_properties *LastPicture(lxw_worksheet *sheet);
+
+// Replaces the list of the validation that was added last. worksheet_data_validation_range() counts
+// characters but copies bytes into a buffer of that many; a formula would be the same XML, but a
+// copy of it would leak.
+void ReplaceLastList(lxw_worksheet *sheet, const std::string &formula);
+
+// What the sheet puts into its part of the file, once its last row is written out.
+struct SheetRows
+{
+    std::string part;        // name in the archive
+    std::uint64_t bytes = 0; // of rows in the temporary file; 0 in memory
+    bool is_sound = true;    // false: the temporary file could not be written
+};
+std::vector<SheetRows> FlushRows(lxw_workbook *workbook);
+
+// Makes the first visible sheet active if the active one is hidden: libxlsxwriter would show that
+// one again.
+void ActivateVisibleSheet(lxw_workbook *workbook);
+
+// Changes the name that workbook_close() writes to.
+void SetFileName(lxw_workbook *workbook, const std::string &path);
+
+// Closes the workbook, or frees it unsaved; no stream stays open. libxlsxwriter closes the
+// temporary file of a sheet when it packs that sheet, so those behind a failure would stay open and
+// fill the disk unseen. `error` is errno of a failed close as far as it is known, else 0.
+int CloseWorkbook(lxw_workbook *workbook, int &error);
+void FreeWorkbook(lxw_workbook *workbook);
+
+} // namespace Vantor::XlsxInternals
