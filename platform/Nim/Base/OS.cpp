@@ -34,6 +34,12 @@ bool GetListSeparator(QString &separator)
     }
 }
 
+QString ListSeparator()
+{
+    QString separator;
+    return GetListSeparator(separator) ? separator : QStringLiteral(",");
+}
+
 void SetListSeparatorSource(std::function<bool(QString &)> source)
 {
     ListSeparatorSource().Set(std::move(source));

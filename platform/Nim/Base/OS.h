@@ -16,6 +16,9 @@ namespace Nim::Base::OS {
 /// none.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT bool GetListSeparator(QString &separator);
 
+/// \return what GetListSeparator() gives, or "," when there is none.
+[[nodiscard]] VANTOR_PLATFORM_EXPORT QString ListSeparator();
+
 /// \brief Replace where GetListSeparator() asks; an empty function restores the default.
 ///
 /// The default is the system's own call on Windows; elsewhere ";" when the locale's decimal point

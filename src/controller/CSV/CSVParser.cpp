@@ -93,9 +93,7 @@ QByteArray ReadPiece(std::FILE *stream)
 
 QString GetLocalListSperator()
 {
-    QString separator = QStringLiteral(",");
-    static_cast<void>(Nim::Base::OS::GetListSeparator(separator)); // keeps "," when there is none
-    return separator;
+    return Nim::Base::OS::ListSeparator();
 }
 
 CCSVParser::CCSVParser(QWidget *parent)

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "controller/CSV/CsvCollect.h"
 
-#include "controller/CSV/CSVParser.h"
 #include "controller/CSV/CsvLine.h"
+
+#include <Nim/Base/OS.h>
 
 #include <QtCore/QAbstractItemModel>
 
@@ -10,7 +11,7 @@ namespace Vantor {
 
 QString JoinFields(const QStringList &fields, bool guarded, bool rfc4180)
 {
-    const CsvLine separator = GetLocalListSperator().toStdU16String();
+    const CsvLine separator = Nim::Base::OS::ListSeparator().toStdU16String();
     CsvLine line;
     for (int i = 0; i < fields.size(); ++i) {
         if (i > 0)
@@ -33,7 +34,7 @@ QStringList HeaderTexts(const QAbstractItemModel &model)
 
 void CollectRows(QStringList &lines, const QAbstractItemModel &model, bool rfc4180)
 {
-    const CsvLine separator = GetLocalListSperator().toStdU16String();
+    const CsvLine separator = Nim::Base::OS::ListSeparator().toStdU16String();
     const int columns = model.columnCount();
     const int rows = model.rowCount();
     CsvLine line; // reused, so that a row costs one allocation: its own copy

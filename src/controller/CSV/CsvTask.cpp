@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controller/CSV/CsvTask.h"
 
-#include "controller/CSV/CSVParser.h"
-
+#include <Nim/Base/OS.h>
 #include <Ravel/TextCodec.h>
 
 #include <QtCore/QStringView>
@@ -180,7 +179,7 @@ bool ParseLine(csvparse_parser &parser, QStringView line, CRowWriter &writer)
 
 CRowWriter MakeWriter(const CsvJob &job)
 {
-    const QString text = GetLocalListSperator();
+    const QString text = Nim::Base::OS::ListSeparator();
     const QByteArray bytes = job.is_rfc4180 ? text.toUtf8() : Ravel::ConvertFromUnicode(text);
     // As fputs() writes it: up to the first zero byte.
     std::string separator = bytes.constData();
