@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <Vantor/CStyleManager>
 
-#include <QtCore/QMetaProperty>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStyle>
 
@@ -30,99 +27,67 @@ QString SheetOf(int shift)
     return sheet + " }";
 }
 
+// The properties that differ from the sheet.
+QStringList Wrong(const CStyleManager &manager, int shift)
+{
+    QStringList wrong;
+    for (int i = 0; i < kProperties.size(); ++i) {
+        if (manager.property(qPrintable(kProperties.at(i))).value<QColor>() != ToneOf(i, shift))
+            wrong.append(kProperties.at(i));
+    }
+    return wrong;
+}
+
+struct Opacity
+{
+    const char *name;
+    QColor stored;
+    float opacity;
+    int alpha;
+};
+
 } // namespace
 
-class TestStyleManager : public QObject
+class TestStyleManager : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { guard_.Begin(); }
-
-    void cleanup()
-    {
-        qApp->setStyleSheet(QString());
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
-    void thePropertiesHaveTheirPlaces()
-    {
-        const QMetaObject &meta = CStyleManager::staticMetaObject;
-
-        QStringList names;
-        for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
-            names.append(meta.property(i).name());
-            QCOMPARE(meta.property(i).type(), QVariant::Color);
-        }
-        QCOMPARE(names, kProperties);
-    }
-
-    void eachPropertyHasAColourOfItsOwn()
-    {
-        CStyleManager manager;
-        for (int i = 0; i < kProperties.size(); ++i) {
-            QVERIFY(!manager.property(qPrintable(kProperties.at(i))).value<QColor>().isValid());
-            manager.setProperty(qPrintable(kProperties.at(i)), ToneOf(i, 7));
-        }
-
-        for (int i = 0; i < kProperties.size(); ++i)
-            QCOMPARE(manager.property(qPrintable(kProperties.at(i))).value<QColor>(), ToneOf(i, 7));
-        QCOMPARE(manager.WidgetColorT2(),
-                 ToneOf(9, 7)); // one getter stands for the pairs of table and member
-    }
-
     void opacityGoesToTheCopyOnly_data()
     {
-        QTest::addColumn<QColor>("stored");
-        QTest::addColumn<float>("opacity");
-        QTest::addColumn<int>("alpha");
-        QTest::newRow("transparent") << QColor(1, 2, 3) << 0.0F << 0;
-        QTest::newRow("half") << QColor(1, 2, 3) << 0.5F << 128;
-        QTest::newRow("opaque") << QColor(1, 2, 3, 4) << 1.0F << 255;
-        QTest::newRow("an invalid colour stays invalid") << QColor() << 0.5F << 128;
+        AddRows<Opacity>({{"transparent", QColor(1, 2, 3), 0.0F, 0},
+                          {"half", QColor(1, 2, 3), 0.5F, 128},
+                          {"opaque", QColor(1, 2, 3, 4), 1.0F, 255},
+                          {"an invalid colour stays invalid", QColor(), 0.5F, 128},
+                          {"more than opaque is refused", QColor(1, 2, 3), 1.5F, 255}});
     }
 
     void opacityGoesToTheCopyOnly()
     {
-        QFETCH(QColor, stored);
-        QFETCH(float, opacity);
-        QFETCH(int, alpha);
+        const auto &row = FetchRow<Opacity>();
+        guard_.AnnounceWarnings("QColor::setAlphaF");
         CStyleManager manager;
-        manager.SetNeuColor(stored);
-        manager.SetNeuColorT2(stored);
-        manager.SetTextNeuColor(stored);
-        manager.SetTextNeuColorT2(stored);
+        manager.SetNeuColor(row.stored);
+        manager.SetNeuColorT2(row.stored);
+        manager.SetTextNeuColor(row.stored);
+        manager.SetTextNeuColorT2(row.stored);
 
         for (const QColor &color :
-             {manager.GetNeuColor(opacity), manager.GetNeuColorT2(opacity),
-              manager.GetTextNeuColor(opacity), manager.GetTextNeuColorT2(opacity)}) {
-            QCOMPARE(color.alpha(), alpha);
-            QCOMPARE(color.isValid(), stored.isValid());
+             {manager.GetNeuColor(row.opacity), manager.GetNeuColorT2(row.opacity),
+              manager.GetTextNeuColor(row.opacity), manager.GetTextNeuColorT2(row.opacity)}) {
+            QCOMPARE(color.alpha(), row.alpha);
+            QCOMPARE(color.isValid(), row.stored.isValid());
         }
 
-        QCOMPARE(manager.NeuColor(), stored);
-        QCOMPARE(manager.TextNeuColorT2(), stored);
-    }
-
-    void anOpacityOutOfRangeIsRefused()
-    {
-        guard_.AnnounceWarning("QColor::setAlphaF");
-        CStyleManager manager;
-        manager.SetNeuColor(QColor(1, 2, 3));
-
-        QCOMPARE(manager.GetNeuColor(1.5F).alpha(), 255);
+        QCOMPARE(manager.NeuColor(), row.stored);
+        QCOMPARE(manager.TextNeuColorT2(), row.stored);
     }
 
     void aSheetInForceBeforeTheFirstInstanceFillsIt()
     {
         qApp->setStyleSheet(SheetOf(40));
 
-        const CStyleManager &manager = Nim::Base::CSingleton<CStyleManager>::Instance();
-
-        for (int i = 0; i < kProperties.size(); ++i)
-            QCOMPARE(manager.property(qPrintable(kProperties.at(i))).value<QColor>(),
-                     ToneOf(i, 40));
+        QCOMPARE(Wrong(Nim::Base::CSingleton<CStyleManager>::Instance(), 40), QStringList());
     }
 
     void aSheetThatComesLaterIsFollowedWhenTheHostPolishes()
@@ -134,12 +99,11 @@ private Q_SLOTS:
         manager.style()->unpolish(&manager);
         manager.style()->polish(&manager);
 
-        QCOMPARE(manager.NeuColor(), ToneOf(0, 80));
-        QCOMPARE(manager.InfoColor(), ToneOf(11, 80));
+        QCOMPARE(Wrong(manager, 80), QStringList());
     }
 
-private:
-    CTestGuard guard_;
+protected:
+    void TearDown() override { qApp->setStyleSheet(QString()); }
 };
 
 QTEST_MAIN(TestStyleManager)

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/Files.h"
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <Nim/Base/Encrypt.h>
 #include <Nim/Base/Error.h>
@@ -10,15 +9,8 @@
 #include <Nim/Base/MonitorDriveUtil.h>
 #include <Nim/Base/OS.h>
 #include <Nim/Base/Zip.h>
+#include <Vantor/CCSVParser>
 #include <common/LogMacro.h>
-
-#include <sys/stat.h>
-
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QProcess>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
 
 #include <atomic>
 #include <stdexcept>
@@ -27,23 +19,38 @@
 
 namespace Base = Nim::Base;
 
-class TestBase : public QObject
+namespace {
+
+struct Archive
+{
+    const char *name;
+    int damaged_at;
+    int cut_at;
+    bool is_sound;
+};
+
+struct Base64
+{
+    const char *name;
+    const char *text;
+    bool is_text;
+    QByteArray bytes;
+};
+
+// Written by another program, compressed: "a/long.xml" is stored, with its sizes in 64 bits, and
+// holds "head", 3,000 dashes and "tail"; "short" is deflated and holds "all".
+const char kArchive[] =
+    "AAAMpXjaC/BmZtFlgADFmA0PRLT/QwEXgwhDon5Ofl66XkVuDiODAMMBbog6GJ2RmpiiOwpGwSgYBaNgFIyC"
+    "UTAKRsEoGPSgJDEzJwDY9hcBtuM5wG3/u4US1qxAFjMQg+jijPyiEu8zJxkZArwZmXSZUXsJoD4ACHMxIEAD"
+    "I4hE9BlA+kSYcduA0PeHG2pfgDcrG0iICQizgbQKD4gHAIwUO2Q=";
+
+} // namespace
+
+class TestBase : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        guard_.Begin();
-        folder_ = std::make_unique<QTemporaryDir>();
-    }
-
-    void cleanup()
-    {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void aLogLineIsFramedByFunctionAndFile()
     {
         VANTOR_LOG("Vantor::CName::DoThis", 3, VANTOR_LOG_USER_OPERATE, "took %d of %s", 3, "five");
@@ -51,50 +58,37 @@ private Q_SLOTS:
 
         QCOMPARE(
             guard_.LogLines(),
-            QStringList(QStringLiteral(
-                            "3 UserOperate [Vantor::CName::DoThis]took 3 of five[tst_base.cpp(%1)]")
-                            .arg(line)));
+            QStringList(
+                QString("3 UserOperate [Vantor::CName::DoThis]took 3 of five[tst_base.cpp(%1)]")
+                    .arg(line)));
     }
 
     void archivesAreReadToTheirEnd_data()
     {
-        QTest::addColumn<int>("damaged_at");
-        QTest::addColumn<int>("cut_at");
-        QTest::addColumn<bool>("is_sound");
-        QTest::newRow("a sound one") << -1 << -1 << true;
-        QTest::newRow("a byte of a part is wrong") << 1000 << -1 << false;
-        QTest::newRow("the directory is missing") << -1 << 1500 << false;
-        QTest::newRow("nothing at all") << -1 << 0 << false;
+        AddRows<Archive>({{"a sound one", -1, -1, true},
+                          {"a byte of a part is wrong", 1000, -1, false},
+                          {"the directory is missing", -1, 1500, false},
+                          {"nothing at all", -1, 0, false}});
     }
 
     void archivesAreReadToTheirEnd()
     {
-        QFETCH(int, damaged_at);
-        QFETCH(int, cut_at);
-        QFETCH(bool, is_sound);
-        const QString path = folder_->filePath("a.zip");
-        const QString script = R"(
-import sys, zipfile
-with zipfile.ZipFile(sys.argv[1], "w") as archive: # the sizes of the first are in 64 bits
-    with archive.open("a/long.xml", "w", force_zip64=True) as part:
-        part.write(b"head" + 3000 * b"-" + b"tail")
-    archive.writestr("short", b"all", compress_type=zipfile.ZIP_DEFLATED)
-)";
-        QCOMPARE(QProcess::execute("/usr/bin/python3", {"-c", script, path}), 0);
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadWrite));
-        QVERIFY(damaged_at < 0 || (file.seek(damaged_at) && file.putChar('x')));
-        QVERIFY(cut_at < 0 || file.resize(cut_at));
-        file.close();
+        const auto &row = FetchRow<Archive>();
+        const QString path = folder_.Path("a.zip");
+        QByteArray bytes = qUncompress(QByteArray::fromBase64(kArchive));
+        QCOMPARE(bytes.size(), 3237);
+        if (row.damaged_at >= 0)
+            bytes[row.damaged_at] = 'x';
+        folder_.Put("a.zip", row.cut_at >= 0 ? bytes.left(row.cut_at) : bytes);
 
         QMap<std::string, std::string> parts;
         const auto keep = [&parts](const std::string &name, const char *bytes, std::size_t size) {
             parts[name].append(bytes, size);
             return true;
         };
-        QCOMPARE(Base::Zip::ReadParts(path.toStdString(), keep), is_sound);
+        QCOMPARE(Base::Zip::ReadParts(path.toStdString(), keep), row.is_sound);
 
-        if (!is_sound)
+        if (!row.is_sound)
             return;
         QCOMPARE(parts.size(), 2);
         QCOMPARE(parts["a/long.xml"], "head" + std::string(3000, '-') + "tail");
@@ -113,23 +107,18 @@ with zipfile.ZipFile(sys.argv[1], "w") as archive: # the sizes of the first are 
         QVERIFY(line.size() > 200000);
     }
 
-    void theDefaultSinkHandsLinesToQtsCategories()
+    void sinksMayThrowAndTheDefaultIsQtsCategories()
     {
         guard_.AnnounceWarning("grew cold");
         guard_.AnnounceWarning("burnt down");
-        Base::Log::SetSink(nullptr);
-
-        Base::Log::Write(4, "ClientWarningAndMore", "grew cold");
-        Base::Log::Write(5, "ClientWarningAndMore", "burnt down");
-    }
-
-    void aSinkThatThrowsHarmsNobody()
-    {
         Base::Log::SetSink([](int, const std::string &, const std::string &) {
             throw std::runtime_error("full");
         });
-
         Base::Log::Write(5, "ClientWarningAndMore", "still here");
+
+        Base::Log::SetSink(nullptr);
+        Base::Log::Write(4, "ClientWarningAndMore", "grew cold");
+        Base::Log::Write(5, "ClientWarningAndMore", "burnt down");
 
         QVERIFY(guard_.LogLines().isEmpty());
     }
@@ -171,121 +160,79 @@ with zipfile.ZipFile(sys.argv[1], "w") as archive: # the sizes of the first are 
 
     void base64IsDecodedOrRefused_data()
     {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<bool>("is_text");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("padded") << QByteArray("AAECAw==") << true << QByteArray("\0\1\2\3", 4);
-        QTest::newRow("empty") << QByteArray() << false << QByteArray();
-        QTest::newRow("a character outside the alphabet")
-            << QByteArray("AA*CAw==") << false << QByteArray();
-        QTest::newRow("wrong padding") << QByteArray("A===") << false << QByteArray();
+        AddRows<Base64>({{"padded", "AAECAw==", true, QByteArray("\0\1\2\3", 4)},
+                         {"empty", "", false, {}},
+                         {"a character outside the alphabet", "AA*CAw==", false, {}},
+                         {"wrong padding", "A===", false, {}}});
     }
 
     void base64IsDecodedOrRefused()
     {
-        QFETCH(QByteArray, text);
-        QFETCH(bool, is_text);
-        QFETCH(QByteArray, bytes);
+        const auto &row = FetchRow<Base64>();
         std::string decoded = "left over";
 
-        QCOMPARE(Base::Encrypt::Base64Decode(decoded, text.toStdString()), is_text);
+        QCOMPARE(Base::Encrypt::Base64Decode(decoded, row.text), row.is_text);
 
-        QCOMPARE(QByteArray::fromStdString(decoded), bytes);
+        QCOMPARE(QByteArray::fromStdString(decoded), row.bytes);
     }
 
-    void guidsDiffer()
+    void filesAreCopiedAndRenamedWhole()
     {
-        const std::string guid = Base::GuidUtil::CreateGuid();
+        namespace Files = Base::FileSystem;
+        const auto name = [this](const char *file) { return folder_.Path(file).toStdString(); };
+        const auto copy = [&](const char *target, int keeps) {
+            return Files::CopyFileW(name("source").c_str(), name(target).c_str(), keeps);
+        };
+        QVERIFY(Files::MakeDir(name("a/b/c")));
+        QVERIFY(Files::MakeDir(name("a/b/c"))); // already there
+        QCOMPARE(Files::DeleteFileW(name("a/b/c").c_str()), -1);
+        folder_.Put("target", "old");
+        QVERIFY(!Files::MakeDir(name("target/below")));
+        QCOMPARE(copy("target", 0), -ENOENT); // there is no source
+        folder_.Put("source", "new");
 
-        QCOMPARE(guid.size(), size_t(36));
-        QVERIFY(guid != Base::GuidUtil::CreateGuid());
+        QCOMPARE(copy("target", 1), -EEXIST);
+        QCOMPARE(folder_.Bytes("target"), QByteArray("old"));
+        QCOMPARE(copy("no/such/folder", 0), -ENOENT);
+        QCOMPARE(copy("target", 0), 0);
+        QCOMPARE(folder_.Bytes("target"), QByteArray("new"));
+        folder_.Put("target", "old");
+        QCOMPARE(Files::RenameFile(name("source").c_str(), name("target").c_str()), 0);
+        QCOMPARE(Files::RenameFile(name("source").c_str(), name("target").c_str()), -1);
+
+        QCOMPARE(folder_.Bytes("target"), QByteArray("new"));
+        QCOMPARE(folder_.Files(), QStringList({"a", "target"}));
+        QVERIFY(Base::GuidUtil::CreateGuid() != Base::GuidUtil::CreateGuid());
     }
 
-    void directoriesAreMadeWithTheirParents()
+    void replacedServicesMayThrowAndTheDefaultsComeBack()
     {
-        const std::string path = Name("a/b/c");
-
-        QVERIFY(Base::FileSystem::MakeDir(path));
-        QVERIFY(Base::FileSystem::MakeDir(path)); // there already
-
-        QCOMPARE(Base::FileSystem::FileExists(path.c_str()), 0);
-        Write("file", "x");
-        QVERIFY(!Base::FileSystem::MakeDir(Name("file/below")));
-        QCOMPARE(Base::FileSystem::DeleteFileW(path.c_str()), -1); // a directory is no file
-    }
-
-    void aCopyNeverReplacesWhatItShallNot()
-    {
-        Write("source", "new");
-        Write("target", "old");
-
-        QCOMPARE(Base::FileSystem::CopyFileW(Name("source").c_str(), Name("target").c_str(), 1),
-                 -EEXIST);
-        QCOMPARE(FileBytes(folder_->filePath("target")), QByteArray("old"));
-        QCOMPARE(Base::FileSystem::CopyFileW(Name("source").c_str(), Name("target").c_str(), 0), 0);
-        QCOMPARE(FileBytes(folder_->filePath("target")), QByteArray("new"));
-        QCOMPARE(Base::FileSystem::CopyFileW(Name("missing").c_str(), Name("other").c_str(), 0),
-                 -ENOENT);
-        QCOMPARE(
-            Base::FileSystem::CopyFileW(Name("source").c_str(), Name("no/such/folder").c_str(), 0),
-            -ENOENT);
-
-        QCOMPARE(QDir(folder_->path()).entryList(QDir::Files), QStringList({"source", "target"}));
-    }
-
-    void renamingReplacesAtOnce()
-    {
-        Write("source", "new");
-        Write("target", "old");
-
-        QCOMPARE(Base::FileSystem::RenameFile(Name("source").c_str(), Name("target").c_str()), 0);
-
-        QCOMPARE(FileBytes(folder_->filePath("target")), QByteArray("new"));
-        QCOMPARE(Base::FileSystem::FileExists(Name("source").c_str()), -1);
-        QCOMPARE(Base::FileSystem::RenameFile(Name("source").c_str(), Name("target").c_str()), -1);
-    }
-
-    void seamsComeBackWithAnEmptyFunction()
-    {
+        namespace Monitors = Base::MonitorDriveUtil;
         Base::OS::SetCapsLockSource([] { return true; });
         QVERIFY(Base::OS::IsCapsLockOn());
         Base::OS::SetCapsLockSource([]() -> bool { throw std::runtime_error("no keyboard"); });
         QVERIFY(!Base::OS::IsCapsLockOn());
-
         Base::OS::SetCapsLockSource(nullptr);
-
         if (!qEnvironmentVariableIsSet("DISPLAY"))
             QVERIFY(!Base::OS::IsCapsLockOn());
-        bool asked = false;
-        Base::MonitorDriveUtil::SetBackend(
-            [&asked](bool enable, Base::MonitorDriveUtil::DeviceChangeCallBack, void *) {
-                asked = enable;
-                return true;
-            });
-        QVERIFY(Base::MonitorDriveUtil::SetDeviceChangeCallBack(true, nullptr, nullptr));
-        QVERIFY(asked);
-        Base::MonitorDriveUtil::SetBackend(
-            [](bool, Base::MonitorDriveUtil::DeviceChangeCallBack, void *) -> bool {
-                throw std::runtime_error("no wall");
-            });
-        QVERIFY(!Base::MonitorDriveUtil::SetDeviceChangeCallBack(true, nullptr, nullptr));
-        Base::MonitorDriveUtil::SetBackend(nullptr);
-        // The default follows screens, of which a program without windows knows none.
-        QVERIFY(!Base::MonitorDriveUtil::SetDeviceChangeCallBack(true, nullptr, nullptr));
+
+        Monitors::SetBackend([](bool, Monitors::DeviceChangeCallBack, void *) { return true; });
+        QVERIFY(Monitors::SetDeviceChangeCallBack(true, nullptr, nullptr));
+        Monitors::SetBackend([](bool, Monitors::DeviceChangeCallBack, void *) -> bool {
+            throw std::runtime_error("no wall");
+        });
+        QVERIFY(!Monitors::SetDeviceChangeCallBack(true, nullptr, nullptr));
+        Monitors::SetBackend(nullptr);
+        // The default follows screens; a program without windows has no screen.
+        QVERIFY(!Monitors::SetDeviceChangeCallBack(true, nullptr, nullptr));
     }
 
-private:
-    std::string Name(const QString &name) const { return folder_->filePath(name).toStdString(); }
-
-    void Write(const QString &name, const QByteArray &bytes) const
+    // A process reads the system's locale once, so each locale has its own run.
+    void theDecimalPointOfTheLocaleDecidesTheListSeparator()
     {
-        QFile file(folder_->filePath(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(bytes), qint64(bytes.size()));
+        const bool is_german = qgetenv("LC_ALL").startsWith("de_DE");
+        QCOMPARE(Vantor::GetLocalListSperator(), QString(is_german ? ";" : ","));
     }
-
-    CTestGuard guard_;
-    std::unique_ptr<QTemporaryDir> folder_;
 };
 
 QTEST_GUILESS_MAIN(TestBase)

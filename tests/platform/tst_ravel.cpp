@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <Ravel/ChaseDialog.h>
-#include <Ravel/LineEdit.h>
 #include <Ravel/LocationComboBox.h>
 #include <Ravel/MultiPairData.h>
 #include <Ravel/TextCodec.h>
@@ -12,31 +11,20 @@
 
 #include <QtCore/QTextCodec>
 #include <QtCore/QTimer>
-#include <QtGui/QMovie>
 #include <QtGui/QStandardItemModel>
 #include <QtTest/QAbstractItemModelTester>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QLabel>
 
 using Ravel::CTreeViewItem;
 using Ravel::CTreeViewModel;
 
-class TestRavel : public QObject
+class TestRavel : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { guard_.Begin(); }
-
-    void cleanup()
-    {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
-    void keysOfDifferentTypesAreDifferent()
+    void pairsAreKeptByTypeAndValueOfTheirKey()
     {
         Ravel::CMultiPairData data;
         data.InsertPairData(1, "number");
@@ -109,15 +97,7 @@ private Q_SLOTS:
         QCOMPARE(model.rowCount(), 1);
     }
 
-    void theWaitingPictureTurns()
-    {
-        QMovie movie(":/Express/Public/Gif/Images/Public/Gif/Waiting_M_4.gif");
-
-        QVERIFY2(movie.isValid(), qPrintable(movie.lastErrorString()));
-        QVERIFY(movie.frameCount() > 1);
-    }
-
-    void aStopBeforeTheDialogShowsIsKept()
+    void waitingDialogsEndByAnEarlyStopAndByEscape()
     {
         Ravel::CChaseDialog dialog(nullptr, QString(), "Working", false);
         QSignalSpy waiting(&Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance(),
@@ -129,34 +109,10 @@ private Q_SLOTS:
         QCOMPARE(result, int(QDialog::Accepted));
         QCOMPARE(waiting.count(), 2);
         QCOMPARE(dialog.findChild<QLabel *>("ChaseText")->text(), QString("Working"));
-    }
 
-    void escapeEndsADialogThatMayBeCancelled()
-    {
-        Ravel::CChaseDialog dialog(nullptr, QString(), QString(), true);
-        QTimer::singleShot(0, &dialog, [&dialog] { QTest::keyClick(&dialog, Qt::Key_Escape); });
-
-        QCOMPARE(dialog.exec(), int(QDialog::Rejected));
-        QVERIFY(!dialog.findChild<QLabel *>("ChaseText"));
-    }
-
-    void anEditTellsThatItLostTheKeysButNotToItsOwnMenu()
-    {
-        QWidget window;
-        Ravel::CLineEdit edit("typed", &window);
-        QSignalSpy out(&edit, &Ravel::CLineEdit::SignalFousOut);
-        QSignalSpy in(&edit, &Ravel::CLineEdit::SignalFocusIn);
-
-        for (const auto reason : {Qt::PopupFocusReason, Qt::TabFocusReason}) {
-            QFocusEvent focus_out(QEvent::FocusOut, reason);
-            QFocusEvent focus_in(QEvent::FocusIn, reason);
-            QCoreApplication::sendEvent(&edit, &focus_out);
-            QCoreApplication::sendEvent(&edit, &focus_in);
-        }
-
-        QCOMPARE(out.count(), 1);
-        QCOMPARE(out.first().first().toString(), QString("typed"));
-        QCOMPARE(in.count(), 1);
+        Ravel::CChaseDialog cancelled(nullptr, QString(), QString(), true);
+        QTimer::singleShot(0, &cancelled, [&] { QTest::keyClick(&cancelled, Qt::Key_Escape); });
+        QCOMPARE(cancelled.exec(), int(QDialog::Rejected));
     }
 
     void ticksLeaveThePopupOpenAndNoRowCurrent()
@@ -194,9 +150,6 @@ private Q_SLOTS:
         QTest::keyClick(&combo, Qt::Key_PageDown);
         QCOMPARE(combo.currentIndex(), -1);
     }
-
-private:
-    CTestGuard guard_;
 };
 
 QTEST_MAIN(TestRavel)

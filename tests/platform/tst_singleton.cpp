@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <Nim/Base/Log.h>
 #include <Nim/Base/Singleton.h>
@@ -11,9 +11,7 @@
 #include <dlfcn.h>
 
 #include <QtCore/QLibrary>
-#include <QtCore/QPointer>
 #include <QtCore/QProcess>
-#include <QtTest/QTest>
 #include <QtWidgets/QWidget>
 
 #include <atomic>
@@ -25,23 +23,13 @@ namespace {
 
 constexpr int kThreads = 32;
 
-class CBaseCounter : public Nim::Base::CSingleton<CBaseCounter>
+template <template <class> class Singleton> class CCounter : public Singleton<CCounter<Singleton>>
 {
 public:
-    CBaseCounter() { ++made; }
-    static std::atomic<int> made;
+    CCounter() { ++made; }
+    static inline std::atomic<int> made{0};
     int payload = 42;
 };
-std::atomic<int> CBaseCounter::made{0};
-
-class CUiCounter : public Ravel::CUiSingleton<CUiCounter>
-{
-public:
-    CUiCounter() { ++made; }
-    static std::atomic<int> made;
-    int payload = 42;
-};
-std::atomic<int> CUiCounter::made{0};
 
 class CMortal : public QObject, public Ravel::CObjectSingleton<CMortal>
 {
@@ -82,23 +70,15 @@ QString ModuleOf(const void *symbol)
 
 } // namespace
 
-class TestSingleton : public QObject
+class TestSingleton : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { guard_.Begin(); }
-
-    void cleanup()
-    {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void racingThreadsMakeOneInstance()
     {
-        Race<CBaseCounter>();
-        Race<CUiCounter>();
+        Race<CCounter<Nim::Base::CSingleton>>();
+        Race<CCounter<Ravel::CUiSingleton>>();
     }
 
     void hostLibraryAndPluginSeeOneInstance()
@@ -115,22 +95,15 @@ private Q_SLOTS:
         QCOMPARE(wait_watcher(),
                  static_cast<void *>(&Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance()));
 
-        // The code that answers lies in the library, so the library sees that instance too.
+        // Instance() is code of the library, so the library sees that instance too.
         using Nim::Base::CSingleton;
         QVERIFY(ModuleOf(reinterpret_cast<void *>(&CSingleton<Vantor::CStyleManager>::Instance))
                     .contains("libvantor.so"));
         QVERIFY(
             ModuleOf(reinterpret_cast<void *>(&Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance))
                 .contains("libvantor_platform.so"));
-    }
-
-    void hostAndPluginShareOneLogSink()
-    {
-        QLibrary plugin(PLUGIN_PATH);
-        QVERIFY(plugin.load());
 
         reinterpret_cast<void (*)()>(plugin.resolve("PluginLog"))();
-
         QCOMPARE(guard_.LogLines(), QStringList("3 Clientframework from the plug-in"));
     }
 
@@ -166,7 +139,7 @@ private Q_SLOTS:
         QVERIFY2(program.exitCode() == 0 && output.contains("ending"), output.constData());
     }
 
-    // exit() may be called from a slot: the application object lives, the window system may not.
+    // A slot may call exit(): the application object still exists, the window system may not.
     void atUnloadObjectsAreLeftAloneAndTheRestIsDeleted()
     {
         const std::unique_ptr<QObject> object(new QWidget);
@@ -184,9 +157,6 @@ private Q_SLOTS:
         QVERIFY(left);
         QVERIFY(is_plain_gone);
     }
-
-private:
-    CTestGuard guard_;
 };
 
 QTEST_MAIN(TestSingleton)
