@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "WorkbookReader.h"
-#include "support/Files.h"
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QFile>
 #include <QtCore/QProcess>
-#include <QtCore/QTemporaryDir>
 #include <QtGui/QImage>
-#include <QtTest/QTest>
 
 #include <csignal>
 
@@ -18,48 +14,63 @@ constexpr int kPatience_ms = 120000;
 
 struct Outcome
 {
-    int status = -1; // -1: it did not end by itself
+    int status = -1; // -1: the program did not end by itself
     QStringList output;
     QStringList errors;
 };
 
-QStringList Lines(const QByteArray &bytes)
+struct WrongUse
 {
-    return QString::fromUtf8(bytes).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-}
+    const char *name;
+    const char *arguments; // divided by blanks
+    const char *message;
+    int status;
+};
+
+struct FullDisk
+{
+    const char *name;
+    const char *file;
+    QString message;
+};
+
+struct Signal
+{
+    const char *name;
+    int number;
+};
+
+struct Display
+{
+    const char *name;
+    const char *display;
+};
 
 QProcessEnvironment NoDisplay()
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
-    environment.remove(QStringLiteral("DISPLAY"));
-    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    environment.remove("QT_QPA_PLATFORM");
+    environment.remove("DISPLAY");
+    environment.remove("WAYLAND_DISPLAY");
     return environment;
 }
 
 Outcome WaitForEnd(QProcess &process)
 {
+    const auto lines = [](const QByteArray &bytes) {
+        return QString::fromUtf8(bytes).split('\n', Qt::SkipEmptyParts);
+    };
     Outcome outcome;
     if (process.waitForFinished(kPatience_ms) && process.exitStatus() == QProcess::NormalExit)
         outcome.status = process.exitCode();
-    outcome.output = Lines(process.readAllStandardOutput());
-    outcome.errors = Lines(process.readAllStandardError());
+    outcome.output = lines(process.readAllStandardOutput());
+    outcome.errors = lines(process.readAllStandardError());
     return outcome;
-}
-
-Outcome Start(const QString &program, const QStringList &arguments, const QString &folder,
-              const QProcessEnvironment &environment = NoDisplay())
-{
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(folder);
-    process.start(program, arguments);
-    return WaitForEnd(process);
 }
 
 QByteArrayList Quoted(const QByteArray &line)
 {
-    QByteArrayList cells = line.split(','); // the list included holds no quotes
+    QByteArrayList cells = line.split(','); // the list that is included holds no quotes
     for (QByteArray &cell : cells)
         cell = '"' + cell + '"';
     return cells;
@@ -67,354 +78,237 @@ QByteArrayList Quoted(const QByteArray &line)
 
 } // namespace
 
-class tst_client_program : public QObject
+class TestClientProgram : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void runWithoutDisplayLeavesListAndPictures()
+    {
+        const Outcome outcome = Run({});
 
-    void runWithoutDisplayLeavesListAndPictures();
-    void displayThatDoesNotAnswerIsNone_data();
-    void displayThatDoesNotAnswerIsNone();
-    void usageNamesTheProgramWithoutItsFolder();
-    void signalEndsTheExportWithoutAFile_data();
-    void signalEndsTheExportWithoutAFile();
-    void signalEndsTheWindow();
-    void openQuoteIsToldOnTheWay();
-    void exportTakesTheRowsThatMatch();
-    void wrongUseEndsWithTwo_data();
-    void wrongUseEndsWithTwo();
-    void unusableFileEndsWithOne_data();
-    void unusableFileEndsWithOne();
-    void folderOfAnotherUserIsLeftAlone();
-    void fullDiskLeavesTheEarlierFile_data();
-    void fullDiskLeavesTheEarlierFile();
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.errors, QStringList());
+        QByteArray expected("\xEF\xBB\xBF");
+        const QByteArrayList lines = FileBytes(CLIENT_LIST).replace("\r\n", "\n").split('\n');
+        for (const QByteArray &line : lines)
+            expected += Quoted(line).join(',') + "\r\n";
+        QCOMPARE(lines.size(), 10001);
+        QVERIFY(folder_.Bytes("out/incidents.csv") == expected);
+
+        const QJsonObject sheet = Sheet(ReadWorkbook(folder_.Path("out/incidents.xlsx")), 0);
+        QCOMPARE(sheet.value("filter").toString(), QString("A1:N10001"));
+        for (int row = 0; row < lines.size(); ++row) {
+            QStringList cells = Cells(sheet, row);
+            while (cells.size() < 14) // empty cells at the end of a row are left out
+                cells.append(QString());
+            QCOMPARE(cells, QString::fromUtf8(lines.at(row)).split(','));
+        }
+
+        QVector<QImage> pictures;
+        for (const char *const name : {"light-en", "dark-en", "light-ar", "dark-ar", "waiting"}) {
+            const QImage picture(folder_.Path(QString("out/client-%1.png").arg(name)));
+            QVERIFY2(picture.width() >= 1280 && picture.height() >= 800, name);
+            QVERIFY2(!pictures.contains(picture), name);
+            pictures.append(picture);
+        }
+        QVERIFY(pictures.at(0).pixelColor(640, 105).lightness() > 200);
+        QVERIFY(pictures.at(1).pixelColor(640, 105).lightness() < 60);
+    }
+
+    void displayThatDoesNotAnswerCountsAsNoDisplay_data()
+    {
+        AddRows<Display>({{"an empty name", ""}, {"a server that has gone", ":7777"}});
+    }
+
+    void displayThatDoesNotAnswerCountsAsNoDisplay()
+    {
+        QProcessEnvironment environment = NoDisplay();
+        environment.insert("DISPLAY", FetchRow<Display>().display);
+        environment.insert("WAYLAND_DISPLAY", QString());
+        environment.insert("QT_QPA_PLATFORM", QString());
+
+        const Outcome outcome = Start(CLIENT_PROGRAM, {"--rows", "20"}, environment);
+
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.errors, QStringList());
+        QVERIFY(folder_.Files().contains("out"));
+    }
+
+    void signalEndsTheExportWithoutAFile_data()
+    {
+        AddRows<Signal>({{"from the keyboard", SIGINT}, {"from the system", SIGTERM}});
+    }
+
+    void signalEndsTheExportWithoutAFile()
+    {
+        const int number = FetchRow<Signal>().number;
+        std::signal(SIGINT, SIG_DFL); // a script ignores it in what it runs in the background
+        folder_.Put("out.csv", "earlier");
+        QProcess process;
+        process.setProcessEnvironment(NoDisplay());
+        process.start(CLIENT_PROGRAM, {"--rows", "2000000", "--export", folder_.Path("out.csv")});
+        QTRY_COMPARE_WITH_TIMEOUT(folder_.Files().size(), 2, kPatience_ms); // the temporary file
+
+        QCOMPARE(kill(static_cast<pid_t>(process.processId()), number), 0);
+
+        QCOMPARE(WaitForEnd(process).status, 128 + number);
+        QCOMPARE(folder_.Files(), QStringList("out.csv"));
+        QCOMPARE(folder_.Bytes("out.csv"), QByteArray("earlier"));
+    }
+
+    void signalEndsTheWindow()
+    {
+        QProcess process;
+        QProcessEnvironment environment = NoDisplay();
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        environment.insert("XDG_CONFIG_HOME", folder_.Path());
+        process.setProcessEnvironment(environment);
+        process.start(CLIENT_PROGRAM, QStringList());
+        QVERIFY(process.waitForStarted());
+        const QString status = QString("/proc/%1/status").arg(process.processId());
+        const auto catches_both = [&status] {
+            constexpr qulonglong kBoth = (1U << (SIGINT - 1)) | (1U << (SIGTERM - 1));
+            const QByteArray bytes = FileBytes(status);
+            const int mask_at = bytes.indexOf("SigCgt:") + int(sizeof "SigCgt:");
+            return (bytes.mid(mask_at, 16).toULongLong(nullptr, 16) & kBoth) == kBoth;
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(catches_both(), kPatience_ms);
+
+        process.terminate();
+
+        QCOMPARE(WaitForEnd(process).status, 128 + SIGTERM);
+        QVERIFY(folder_.Files().contains("Vantor")); // the settings are kept
+    }
+
+    void exportTakesTheRowsThatMatch()
+    {
+        const Outcome outcome = Run(
+            {"--rows", "20000", "--filter", "Herring gull", "--export", folder_.Path("gulls.csv")});
+
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.errors, QStringList());
+        QVERIFY(outcome.output.join(QString()).contains("104 incidents"));
+        QCOMPARE(folder_.Bytes("gulls.csv").count("\r\n"), 105);
+        QCOMPARE(folder_.Bytes("gulls.csv").count("Herring gull"), 104);
+        QCOMPARE(folder_.Files(), QStringList("gulls.csv"));
+    }
+
+    void wrongUseIsReported_data()
+    {
+        AddRows<WrongUse>({
+            {"help", "--help", "", 0},
+            {"an unknown option", "--bogus", "bogus", 2},
+            {"an argument too many", "list.csv", "list.csv", 2},
+            {"no rows", "--rows 0", "--rows", 2},
+            {"rows that are no number", "--rows many", "many", 2},
+            {"more rows than an int counts", "--rows 99999999999", "99999999999", 2},
+            {"more rows than a table holds", "--rows 10000001", "10,000,000", 2},
+            {"a value missing", "--export", "export", 2},
+            {"two tasks at once", "--headless --export list.csv", "--headless", 2},
+            {"another kind of file", "--export list.ods", ".csv, .xlsx", 2},
+            {"a name without an ending", "--export list", ".csv", 2},
+            {"a list that is missing", "--open missing.csv", "missing.csv", 1},
+            {"a list that is a folder", "--open folder", "folder", 1},
+            {"an empty list", "--open empty.csv", "is empty", 1},
+            {"nothing to repeat", "--open titles.csv --rows 5", "no row", 1},
+            {"an export to a missing folder", "--export missing/out.csv", "does not exist", 1},
+            {"a workbook to a missing folder", "--export missing/out.xlsx", "does not exist", 1},
+            {"an export over a folder", "--export folder/x.csv/out.csv", "does not exist", 1},
+            {"pictures in place of a file", "--headless --out empty.csv/out",
+             "empty.csv/out: Not a directory", 1},
+        });
+    }
+
+    void wrongUseIsReported()
+    {
+        const auto &row = FetchRow<WrongUse>();
+        folder_.PutFolder("folder");
+        folder_.Put("empty.csv", "");
+        folder_.Put("titles.csv", "a,b\n");
+        const QStringList before = folder_.Files();
+
+        const Outcome outcome = Run(QString(row.arguments).split(' '));
+
+        QCOMPARE(outcome.status, row.status);
+        QCOMPARE(folder_.Files(), before);
+        if (row.status == 0) {
+            QCOMPARE(outcome.output.constFirst(), QString("Usage: vantor-client [options]"));
+            return;
+        }
+        QCOMPARE(outcome.errors.size(), 1);
+        QVERIFY2(outcome.errors.constFirst().contains(row.message),
+                 qPrintable(outcome.errors.constFirst()));
+    }
+
+    void openQuoteIsReported()
+    {
+        folder_.Put("list.csv", "a,b\n1,2\n\"3,4\n5,6\n");
+
+        const Outcome outcome = Run({"--open", "list.csv", "--export", "out.csv"});
+
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.errors.size(), 1);
+        QVERIFY(outcome.errors.constFirst().contains("line 3 is not closed"));
+    }
+
+    void folderOfAnotherUserIsLeftAlone()
+    {
+        folder_.Put("out.csv", "earlier");
+        QVERIFY(QFile::setPermissions(folder_.Path(), QFile::Permissions(0x7055)));
+
+        const Outcome outcome = Start("setpriv", {"--reuid=65534", "--clear-groups", CLIENT_PROGRAM,
+                                                  "--export", folder_.Path("new.csv")});
+
+        QCOMPARE(outcome.status, 1);
+        QCOMPARE(outcome.errors.size(), 1);
+        QVERIFY2(outcome.errors.constFirst().contains("Cannot write to the folder"),
+                 qPrintable(outcome.errors.constFirst()));
+        QCOMPARE(folder_.Files(), QStringList("out.csv"));
+        QCOMPARE(folder_.Bytes("out.csv"), QByteArray("earlier"));
+    }
+
+    void fullDiskLeavesTheEarlierFile_data()
+    {
+        AddRows<FullDisk>(
+            {{"a list", "out.csv", "Writing failed: File too large. %1 was not written."},
+             // A workbook's sheets meet the limit first, in temporary files.
+             {"a workbook", "out.xlsx",
+              QString("There is not enough room for temporary files in %1. Nothing was exported.")
+                  .arg(QDir::tempPath())}});
+    }
+
+    void fullDiskLeavesTheEarlierFile()
+    {
+        const auto &row = FetchRow<FullDisk>();
+        const QString path = folder_.Put(row.file, "earlier");
+
+        const Outcome outcome = Start(
+            "bash", {"-c", "ulimit -f 64; exec \"$0\" --export \"$1\"", CLIENT_PROGRAM, path});
+
+        QCOMPARE(outcome.status, 1);
+        // The libraries log the cause first.
+        QVERIFY2(!outcome.errors.filter("ClientWarningAndMore:").isEmpty(),
+                 qPrintable(outcome.errors.join('\n')));
+        QCOMPARE(outcome.errors.constLast(),
+                 "vantor-client: " + QString(row.message).replace("%1", path));
+        QCOMPARE(folder_.Files(), QStringList(row.file));
+        QCOMPARE(folder_.Bytes(row.file), QByteArray("earlier"));
+    }
 
 private:
-    [[nodiscard]] Outcome Run(const QStringList &arguments) const;
-    [[nodiscard]] QString Path(const char *name) const;
-    [[nodiscard]] QStringList Files() const;
+    Outcome Start(const QString &program, const QStringList &arguments,
+                  const QProcessEnvironment &environment = NoDisplay()) const
+    {
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(folder_.Path());
+        process.start(program, arguments);
+        return WaitForEnd(process);
+    }
 
-    CTestGuard guard_;
-    std::unique_ptr<QTemporaryDir> folder_;
+    Outcome Run(const QStringList &arguments) const { return Start(CLIENT_PROGRAM, arguments); }
 };
 
-void tst_client_program::init()
-{
-    folder_ = std::make_unique<QTemporaryDir>();
-    guard_.Begin();
-}
-
-void tst_client_program::cleanup()
-{
-    const QString fault = guard_.End();
-    QVERIFY2(fault.isEmpty(), qPrintable(fault));
-}
-
-Outcome tst_client_program::Run(const QStringList &arguments) const
-{
-    return Start(QStringLiteral(CLIENT_PROGRAM), arguments, folder_->path());
-}
-
-QString tst_client_program::Path(const char *name) const
-{
-    return folder_->filePath(QLatin1String(name));
-}
-
-QStringList tst_client_program::Files() const
-{
-    return QDir(folder_->path())
-        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-}
-
-void tst_client_program::runWithoutDisplayLeavesListAndPictures()
-{
-    const Outcome outcome = Run({});
-
-    QCOMPARE(outcome.status, 0);
-    QCOMPARE(outcome.errors, QStringList());
-    QByteArray expected("\xEF\xBB\xBF");
-    const QByteArrayList lines =
-        FileBytes(QStringLiteral(CLIENT_LIST)).replace("\r\n", "\n").split('\n');
-    for (const QByteArray &line : lines)
-        expected += Quoted(line).join(',') + "\r\n";
-    QCOMPARE(lines.size(), 10001);
-    QVERIFY(FileBytes(Path("out/incidents.csv")) == expected);
-
-    const QJsonObject sheet = Sheet(ReadWorkbook(Path("out/incidents.xlsx")), 0);
-    QCOMPARE(sheet.value(QStringLiteral("filter")).toString(), QStringLiteral("A1:N10001"));
-    for (int row = 0; row < lines.size(); ++row) {
-        QStringList cells = Cells(sheet, row);
-        while (cells.size() < 14) // empty cells at the end of a row are left out
-            cells.append(QString());
-        QCOMPARE(cells, QString::fromUtf8(lines.at(row)).split(QLatin1Char(',')));
-    }
-
-    QVector<QImage> pictures;
-    for (const char *const name :
-         {"out/client-light-en.png", "out/client-dark-en.png", "out/client-light-ar.png",
-          "out/client-dark-ar.png", "out/client-waiting.png"}) {
-        const QImage picture(Path(name));
-        QVERIFY2(picture.width() >= 1280 && picture.height() >= 800, name);
-        QVERIFY2(!pictures.contains(picture), name);
-        pictures.append(picture);
-    }
-    QVERIFY(pictures.at(0).pixelColor(640, 105).lightness() > 200);
-    QVERIFY(pictures.at(1).pixelColor(640, 105).lightness() < 60);
-}
-
-void tst_client_program::displayThatDoesNotAnswerIsNone_data()
-{
-    QTest::addColumn<QString>("display");
-    QTest::newRow("an empty name") << QString();
-    QTest::newRow("a server that is gone") << QStringLiteral(":7777");
-}
-
-void tst_client_program::displayThatDoesNotAnswerIsNone()
-{
-    QFETCH(QString, display);
-    QProcessEnvironment environment = NoDisplay();
-    environment.insert(QStringLiteral("DISPLAY"), display);
-    environment.insert(QStringLiteral("WAYLAND_DISPLAY"), QString());
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QString());
-
-    const Outcome outcome =
-        Start(QStringLiteral(CLIENT_PROGRAM), {QStringLiteral("--rows"), QStringLiteral("20")},
-              folder_->path(), environment);
-
-    QCOMPARE(outcome.status, 0);
-    QCOMPARE(outcome.errors, QStringList());
-    QVERIFY(Files().contains(QStringLiteral("out")));
-}
-
-void tst_client_program::usageNamesTheProgramWithoutItsFolder()
-{
-    const Outcome outcome = Run({QStringLiteral("--help")});
-
-    QCOMPARE(outcome.status, 0);
-    QCOMPARE(outcome.output.constFirst(), QStringLiteral("Usage: vantor-client [options]"));
-}
-
-void tst_client_program::signalEndsTheExportWithoutAFile_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::newRow("from the keyboard") << SIGINT;
-    QTest::newRow("from the system") << SIGTERM;
-}
-
-void tst_client_program::signalEndsTheExportWithoutAFile()
-{
-    QFETCH(int, number);
-    std::signal(SIGINT, SIG_DFL); // ignored in what a script runs in the background
-    QProcess process;
-    process.setProcessEnvironment(NoDisplay());
-    process.start(QStringLiteral(CLIENT_PROGRAM),
-                  {QStringLiteral("--rows"), QStringLiteral("2000000"), QStringLiteral("--export"),
-                   Path("out.csv")});
-    QTRY_COMPARE_WITH_TIMEOUT(Files().size(), 1, kPatience_ms); // the temporary file
-
-    QCOMPARE(kill(static_cast<pid_t>(process.processId()), number), 0);
-
-    const Outcome outcome = WaitForEnd(process);
-    QCOMPARE(outcome.status, 128 + number);
-    QCOMPARE(Files(), QStringList());
-}
-
-void tst_client_program::signalEndsTheWindow()
-{
-    QProcess process;
-    QProcessEnvironment environment = NoDisplay();
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder_->path());
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(CLIENT_PROGRAM), QStringList());
-    QVERIFY(process.waitForStarted());
-    const QString status = QStringLiteral("/proc/%1/status").arg(process.processId());
-    const auto catches_both = [&status] {
-        constexpr qulonglong kBoth = (1U << (SIGINT - 1)) | (1U << (SIGTERM - 1));
-        const QByteArray bytes = FileBytes(status);
-        const int mask_at = bytes.indexOf("SigCgt:") + int(sizeof "SigCgt:");
-        return (bytes.mid(mask_at, 16).toULongLong(nullptr, 16) & kBoth) == kBoth;
-    };
-    QTRY_VERIFY_WITH_TIMEOUT(catches_both(), kPatience_ms);
-
-    process.terminate();
-
-    QCOMPARE(WaitForEnd(process).status, 128 + SIGTERM);
-    QVERIFY(Files().contains(QStringLiteral("Vantor"))); // the settings are kept
-}
-
-void tst_client_program::openQuoteIsToldOnTheWay()
-{
-    QFile list(Path("list.csv"));
-    QVERIFY(list.open(QIODevice::WriteOnly));
-    list.write("a,b\n1,2\n\"3,4\n5,6\n");
-    list.close();
-
-    const Outcome outcome = Run({QStringLiteral("--open"), QStringLiteral("list.csv"),
-                                 QStringLiteral("--export"), QStringLiteral("out.csv")});
-
-    QCOMPARE(outcome.status, 0);
-    QCOMPARE(outcome.errors.size(), 1);
-    QVERIFY2(outcome.errors.constFirst().contains(QStringLiteral("line 3 is not closed")),
-             qPrintable(outcome.errors.constFirst()));
-}
-
-void tst_client_program::exportTakesTheRowsThatMatch()
-{
-    const Outcome outcome =
-        Run({QStringLiteral("--rows"), QStringLiteral("20000"), QStringLiteral("--filter"),
-             QStringLiteral("Herring gull"), QStringLiteral("--export"), Path("gulls.csv")});
-
-    QCOMPARE(outcome.status, 0);
-    QCOMPARE(outcome.errors, QStringList());
-    QVERIFY(outcome.output.join(QString()).contains(QStringLiteral("104 incidents")));
-    const QByteArrayList lines = FileBytes(Path("gulls.csv")).trimmed().split('\n');
-    QCOMPARE(lines.size(), 105);
-    for (int i = 1; i < lines.size(); ++i)
-        QVERIFY2(lines.at(i).contains("Herring gull"), lines.at(i).constData());
-    QCOMPARE(Files(), QStringList{QStringLiteral("gulls.csv")});
-}
-
-void tst_client_program::wrongUseEndsWithTwo_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("message");
-    const auto add = [](const char *name, const char *arguments, const char *message) {
-        QTest::newRow(name) << QString::fromLatin1(arguments).split(QLatin1Char(' '))
-                            << QString::fromLatin1(message);
-    };
-    add("an unknown option", "--bogus", "bogus");
-    add("an argument too many", "list.csv", "list.csv");
-    add("no rows", "--rows 0", "--rows");
-    add("rows that are no number", "--rows many", "many");
-    add("more rows than an int counts", "--rows 99999999999", "99999999999");
-    add("more rows than a table holds", "--rows 10000001", "10,000,000");
-    add("a value missing", "--export", "export");
-    add("two works at once", "--headless --export list.csv", "--headless");
-    add("another kind of file", "--export list.ods", ".csv, .xlsx");
-    add("a name without an ending", "--export list", ".csv");
-}
-
-void tst_client_program::wrongUseEndsWithTwo()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, message);
-
-    const Outcome outcome = Run(arguments);
-
-    QCOMPARE(outcome.status, 2);
-    QCOMPARE(outcome.errors.size(), 1);
-    QVERIFY2(outcome.errors.constFirst().contains(message),
-             qPrintable(outcome.errors.constFirst()));
-    QCOMPARE(Files(), QStringList());
-}
-
-void tst_client_program::unusableFileEndsWithOne_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("message");
-    const auto add = [](const char *name, const char *arguments, const char *message) {
-        QTest::newRow(name) << QString::fromLatin1(arguments).split(QLatin1Char(' '))
-                            << QString::fromLatin1(message);
-    };
-    add("a list that is missing", "--open missing.csv", "missing.csv");
-    add("a list that is a folder", "--open folder", "folder");
-    add("an empty list", "--open empty.csv", "is empty");
-    add("nothing to repeat", "--open titles.csv --rows 5", "no row");
-    add("an export to a missing folder", "--export missing/out.csv", "does not exist");
-    add("a workbook to a missing folder", "--export missing/out.xlsx", "does not exist");
-    add("an export over a folder", "--export folder/x.csv/out.csv", "does not exist");
-    add("pictures to where a file is", "--headless --out empty.csv/out",
-        "empty.csv/out: Not a directory");
-}
-
-void tst_client_program::unusableFileEndsWithOne()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, message);
-    QVERIFY(QDir(folder_->path()).mkdir(QStringLiteral("folder")));
-    QFile empty(Path("empty.csv"));
-    QVERIFY(empty.open(QIODevice::WriteOnly));
-    QFile titles(Path("titles.csv"));
-    QVERIFY(titles.open(QIODevice::WriteOnly));
-    titles.write("a,b\n");
-    titles.close();
-    const QStringList before = Files();
-
-    const Outcome outcome = Run(arguments);
-
-    QCOMPARE(outcome.status, 1);
-    QCOMPARE(outcome.errors.size(), 1);
-    QVERIFY2(outcome.errors.constFirst().contains(message),
-             qPrintable(outcome.errors.constFirst()));
-    QCOMPARE(Files(), before);
-}
-
-void tst_client_program::folderOfAnotherUserIsLeftAlone()
-{
-    QFile earlier(Path("out.csv"));
-    QVERIFY(earlier.open(QIODevice::WriteOnly));
-    earlier.write("earlier");
-    earlier.close();
-    const QFile::Permissions readable =
-        QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
-    QVERIFY(QFile::setPermissions(folder_->path(), readable | QFile::WriteOwner));
-
-    const Outcome outcome =
-        Start(QStringLiteral("setpriv"),
-              {QStringLiteral("--reuid=65534"), QStringLiteral("--clear-groups"),
-               QStringLiteral(CLIENT_PROGRAM), QStringLiteral("--export"), Path("new.csv")},
-              folder_->path());
-
-    QCOMPARE(outcome.status, 1);
-    QCOMPARE(outcome.errors.size(), 1);
-    QVERIFY2(outcome.errors.constFirst().contains(QStringLiteral("Cannot write to the folder")),
-             qPrintable(outcome.errors.constFirst()));
-    QCOMPARE(Files(), QStringList{QStringLiteral("out.csv")});
-    QCOMPARE(FileBytes(Path("out.csv")), QByteArray("earlier"));
-}
-
-void tst_client_program::fullDiskLeavesTheEarlierFile_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("a list") << QStringLiteral(
-        "out.csv") << QStringLiteral("Writing failed: File too large. %1 was not written.");
-    QTest::newRow("a workbook") << QStringLiteral("out.xlsx")
-                                << QStringLiteral("There is not enough room for temporary files "
-                                                  "in %1. Nothing was exported.");
-}
-
-void tst_client_program::fullDiskLeavesTheEarlierFile()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, message);
-    QFile earlier(folder_->filePath(name));
-    QVERIFY(earlier.open(QIODevice::WriteOnly));
-    earlier.write("earlier");
-    earlier.close();
-
-    const Outcome outcome =
-        Start(QStringLiteral("bash"),
-              {QStringLiteral("-c"), QStringLiteral("ulimit -f 64; exec \"$0\" --export \"$1\""),
-               QStringLiteral(CLIENT_PROGRAM), folder_->filePath(name)},
-              folder_->path());
-
-    QCOMPARE(outcome.status, 1);
-    // The libraries' lines about the cause, then ours.
-    const QStringList causes = outcome.errors.filter(QStringLiteral("ClientWarningAndMore:"));
-    QVERIFY2(!causes.isEmpty(), qPrintable(outcome.errors.join(QLatin1Char('\n'))));
-    // A workbook's sheets meet the limit first, in temporary files.
-    const bool is_temporary = message.contains(QStringLiteral("temporary"));
-    QCOMPARE(outcome.errors.constLast(),
-             QStringLiteral("vantor-client: ")
-                 + message.arg(is_temporary ? QDir::tempPath() : folder_->filePath(name)));
-    QCOMPARE(Files(), QStringList{name});
-    QCOMPARE(FileBytes(folder_->filePath(name)), QByteArray("earlier"));
-}
-
-QTEST_MAIN(tst_client_program)
+QTEST_MAIN(TestClientProgram)
 #include "tst_client_program.moc"
