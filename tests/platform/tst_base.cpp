@@ -75,11 +75,11 @@ private Q_SLOTS:
     {
         const auto &row = FetchRow<Archive>();
         const QString path = folder_.Path("a.zip");
-        QByteArray bytes = qUncompress(QByteArray::fromBase64(kArchive));
-        QCOMPARE(bytes.size(), 3237);
+        QByteArray archive = qUncompress(QByteArray::fromBase64(kArchive));
+        QCOMPARE(archive.size(), 3237);
         if (row.damaged_at >= 0)
-            bytes[row.damaged_at] = 'x';
-        folder_.Put("a.zip", row.cut_at >= 0 ? bytes.left(row.cut_at) : bytes);
+            archive[row.damaged_at] = 'x';
+        folder_.Put("a.zip", row.cut_at >= 0 ? archive.left(row.cut_at) : archive);
 
         QMap<std::string, std::string> parts;
         const auto keep = [&parts](const std::string &name, const char *bytes, std::size_t size) {
