@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Checks the documents: every relative link leads somewhere, and README's example is tests/package."""
+"""Checks the documents: relative links lead somewhere, known-behaviour.md has a contents, README's example is tests/package."""
 
 import pathlib
 import re
@@ -17,14 +17,31 @@ def our_documents():
     return [root / name for name in names if name and (root / name).exists()]
 
 
+def anchor_of(heading):
+    return re.sub(r"[^\w\- ]", "", heading.lower()).replace(" ", "-")
+
+
+def anchors(document):
+    return {anchor_of(h) for h in re.findall(r"^#+ (.+)$", document.read_text(encoding="utf-8"), re.M)}
+
+
 def main():
     faults = []
     for document in our_documents():
         # Code may look like a link: [](int level) is a lambda.
         text = re.sub(r"```.*?```|`[^`\n]*`", "", document.read_text(encoding="utf-8"), flags=re.S)
-        for target in re.findall(r"\]\(([^)#\s]+)[^)]*\)", text):
-            if "://" not in target and not (document.parent / target).exists():
+        for target, anchor in re.findall(r"\]\(([^)#\s]*)#?([^)\s]*)\)", text):
+            if "://" in target:
+                continue
+            linked = document.parent / target if target else document
+            if not linked.exists():
                 faults.append(f"{document.relative_to(root)}: {target} is not there")
+            elif anchor and anchor not in anchors(linked):
+                faults.append(f"{document.relative_to(root)}: {target}#{anchor} is not there")
+    known = root / "docs/known-behaviour.md"
+    for heading in re.findall(r"^## (.+)$", known.read_text(encoding="utf-8"), re.M):
+        if f"](#{anchor_of(heading)})" not in known.read_text(encoding="utf-8"):
+            faults.append(f"docs/known-behaviour.md: its contents lack \"{heading}\"")
     readme = (root / "README.md").read_text(encoding="utf-8")
     for name in ("CMakeLists.txt", "main.cpp"):
         _, example = (root / "tests/package" / name).read_text(encoding="utf-8").split("\n", 1)

@@ -19,7 +19,7 @@ import tempfile
 
 root = pathlib.Path(__file__).resolve().parent.parent
 contexts = root / "docs/examples"
-ON_TOP = re.compile(r'(class|struct|template|extern "C"|[\w:<>\s*&]+?\b[\w:]+\([^;]*\)\n\{)')
+ON_TOP = re.compile(r'(class|struct|template|namespace \w+ \{|extern "C"|[\w:<>\s*&]+?\b[\w:]+\([^;]*\)\n\{)')
 
 
 def flags():
@@ -48,8 +48,8 @@ def source_of(guide):
         paragraph = []
         for at in range(number, end + 1):
             line = lines[at] if at < end else ""
-            if line.startswith("#include"):
-                includes.append(line)
+            if line.startswith("#"):
+                includes += [line] if line.startswith("#include") else []
             elif line or (paragraph and not closes(paragraph)):
                 paragraph.append((at + 1, line))
             elif paragraph:
