@@ -26,15 +26,6 @@ KNOWN_CYCLES = [
     {"host/client/export/CsvExport",
      "host/client/export/ExportFormat",
      "host/client/export/XlsxExport"},
-    {"host/server/HttpFront",
-     "host/server/Server"},
-    {"platform/BusinessCommon/AdaptiveColumnWidthManager",
-     "platform/BusinessCommon/ApplicationEnd",
-     "platform/BusinessCommon/HttpConnection",
-     "platform/BusinessCommon/LayoutExchange",
-     "platform/BusinessCommon/NetCommManager"},
-    {"platform/ClientComm/DocumentTree",
-     "platform/ClientComm/RapidJsonProto"},
     {"platform/KeyBoard/DefaultDriver",
      "platform/KeyBoard/KeyBoard",
      "platform/KeyBoard/SerialKeyboard"},
@@ -51,7 +42,6 @@ KNOWN_CYCLES = [
      "src/ui/AnimationProgressBar/AnimationProgressBarAccess"},
 ]
 KNOWN_LONG = {
-    "platform/BusinessCommon/HttpConnection.cpp",
     "src/controller/Excel/ExcelControllorWithC.cpp",
     "src/controller/Excel/ExcelSheet.cpp",
     "src/ui/AccountPassword/AccountPasswordWidget.cpp",

@@ -3,7 +3,7 @@
 
 #include "BusinessCommon/ApplicationEnd.h"
 #include "BusinessCommon/LayoutExchange.h"
-#include "BusinessCommon/NetCommManager.h"
+#include "BusinessCommon/NetErrors.h"
 #include "Nim/Base/Log.h"
 #include "Nim/Base/Replaceable.h"
 
@@ -24,6 +24,7 @@ using CHandler =
 constexpr char kRequest[] = "BusinessCommon::CAdaptiveColumnWidthManager::"
                             "AsyRequestAdaptiveColumnWidth";
 constexpr char kCategory[] = "ClientWarningAndMore";
+constexpr int kFinishTimeMs = 800;
 
 // One request of a manager, in the order in which its answers are told. Of the GUI thread.
 struct Request
@@ -112,8 +113,6 @@ private:
 
 } // namespace
 
-CAdaptiveColumnWidthObserver::~CAdaptiveColumnWidthObserver() = default;
-
 CAdaptiveColumnWidthManager::CAdaptiveColumnWidthManager()
     : d_ptr_(std::make_shared<CAdaptiveColumnWidthManagerDataPtr>())
 {}
@@ -144,7 +143,8 @@ void CAdaptiveColumnWidthManager::AsyRequestAdaptiveColumnWidth(
                                     kCategory, "No layout.");
         return;
     }
-    WatchApplicationEnd();
+    AtApplicationEnd(EndStep::FinishWrites,
+                     [] { CAdaptiveColumnWidthManager::FinishWrites(kFinishTimeMs); });
     const auto request = std::make_shared<Request>();
     d_ptr_->list_requests_.push_back(request);
     const auto once = std::make_shared<CAnswerOnce>(d_ptr_, request, IsWrite(*layout));

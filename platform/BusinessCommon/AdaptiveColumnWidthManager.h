@@ -1,33 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "BusinessCommon/AdaptiveLayout.h"
+#include "BusinessCommon/AdaptiveColumnWidthObserver.h"
 
 #include <functional>
 #include <memory>
-#include <utility>
 
 namespace BusinessCommon {
-
-/// \brief Is told what came of each layout request.
-class VANTOR_BASE_EXPORT CAdaptiveColumnWidthObserver
-{
-public:
-    /// \brief The outcome of one request.
-    struct Param
-    {
-        int current_column_state = 0;     ///< 1: success
-        int get_or_post = 0;              ///< 0: it was a read, otherwise a write
-        std::pair<int, int> error_code{}; ///< module and code, see CNetCommManager
-        AdaptiveLayoutResponse result;    ///< for a read that succeeded
-    };
-
-    virtual ~CAdaptiveColumnWidthObserver();
-
-    /// \brief Called on the GUI thread, once a request. May unregister itself, delete the manager
-    /// and ask again.
-    virtual void UpdateAdaptiveColumnWidthCurrentState(const Param &param) = 0;
-};
 
 struct CAdaptiveColumnWidthManagerDataPtr;
 
@@ -36,7 +15,9 @@ struct CAdaptiveColumnWidthManagerDataPtr;
 /// Requests are sent one after another on a thread that all managers share, for the user whose
 /// session is set when the request is made. Answers come on the GUI thread, in the order of the
 /// manager's requests, never from within the request; a request that is refused, lost or broken off
-/// gives an answer too. When the manager is destroyed its writes are still sent, its answers are
+/// gives an answer too. When a server does not answer one request in time, or cannot be reached,
+/// the reads that already wait behind it fail with it: nobody waits for the sum of the timeouts.
+/// When the manager is destroyed its writes are still sent, its answers are
 /// dropped. All operations belong to the GUI thread.
 class VANTOR_BASE_EXPORT CAdaptiveColumnWidthManager
 {

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "BusinessCommon/ApplicationEnd.h"
 
-#include "BusinessCommon/AdaptiveColumnWidthManager.h"
-#include "BusinessCommon/NetCommManager.h"
-
 #include <QtCore/QCoreApplication>
 #include <QtCore/QMetaObject>
 
+#include <array>
 #include <deque>
 #include <mutex>
 #include <utility>
@@ -14,15 +12,16 @@
 namespace BusinessCommon {
 namespace {
 
-constexpr int kFinishTime_ms = 800;
+constexpr size_t kSteps = 2;
 
 enum class Phase { None, Running, Ending };
 
 struct Application
 {
     std::mutex mutex;
-    Phase phase = Phase::None;               // under the mutex, as are the tasks
-    std::deque<std::function<void()>> tasks; // for the GUI thread
+    Phase phase = Phase::None;                // under the mutex, as are the tasks
+    std::deque<std::function<void()>> tasks;  // for the GUI thread
+    std::array<void (*)(), kSteps> actions{}; // by step; null: none
 };
 
 Application &CurrentApplication()
@@ -41,11 +40,23 @@ void SetPhase(Phase phase)
         dropped.swap(application.tasks);
 }
 
+void Take(EndStep step)
+{
+    Application &application = CurrentApplication();
+    void (*action)() = nullptr;
+    {
+        const std::lock_guard<std::mutex> lock(application.mutex);
+        action = application.actions.at(static_cast<size_t>(step));
+    }
+    if (action)
+        action();
+}
+
 void OnApplicationEnds()
 {
-    CAdaptiveColumnWidthManager::FinishWrites(kFinishTime_ms);
+    Take(EndStep::FinishWrites);
     SetPhase(Phase::Ending);
-    CNetCommManager::Abort();
+    Take(EndStep::BreakOff);
     QObject::connect(QCoreApplication::instance(), &QObject::destroyed,
                      [] { SetPhase(Phase::None); });
 }
@@ -64,10 +75,11 @@ void RunTasks()
 
 } // namespace
 
-void WatchApplicationEnd()
+void AtApplicationEnd(EndStep step, void (*action)())
 {
     Application &application = CurrentApplication();
     const std::lock_guard<std::mutex> lock(application.mutex);
+    application.actions.at(static_cast<size_t>(step)) = action;
     if (application.phase != Phase::None || !QCoreApplication::instance())
         return;
     application.phase = Phase::Running;

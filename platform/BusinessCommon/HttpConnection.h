@@ -1,21 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "BusinessCommon/Socket_p.h"
-
 #include <ClientComm/ClientInfo.h>
 
 #include <chrono>
-#include <memory>
-#include <mutex>
 #include <string>
-
-namespace httplib {
-
-class Client;
-struct Request;
-
-} // namespace httplib
 
 namespace BusinessCommon {
 
@@ -44,25 +33,16 @@ public:
 
     [[nodiscard]] const NetServer &Server() const { return server_; }
 
-    /// \brief One request and its reply, as CNetCommManager::ClientSynSend() tells it.
+    /// \brief One request and its reply, see CNetCommManager::ClientSynSend().
     bool Exchange(ClientComm::ClientRecvInfo &recv, const ClientComm::ClientSendInfo &send,
                   const std::string &session);
 
-    /// \brief Break off the exchange under way, if any. Any thread.
-    void Cut();
-
 private:
-    [[nodiscard]] int SendOnce(httplib::Request &request, ClientComm::ClientRecvInfo &recv,
-                               int &status);
-
     const NetServer server_;
-    std::unique_ptr<httplib::Client> client_;
-    bool is_aborted_ = false; // the last request was, by Abort()
-    std::mutex cutter_mutex_;
-    CSocketCutter cutter_; // under cutter_mutex_
+    void *const multi_; // libcurl's, with the connection that is kept
 };
 
-/// \brief Break off every exchange under way, on every thread.
-void CutAllExchanges();
+/// \brief Break off every exchange under way, on every thread. Any thread.
+void AbortAllExchanges();
 
 } // namespace BusinessCommon

@@ -6,6 +6,7 @@
 #include "ClientComm/RapidJsonProto.h"
 
 #include <algorithm>
+#include <iterator>
 #include <thread>
 #include <utility>
 
@@ -14,6 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using Param = CAdaptiveColumnWidthObserver::Param;
+using Error = std::pair<int, int>;
 
 constexpr char kUrl[] = "/Quorra/Brisent/Platform/V0/AdaptiveLayout";
 constexpr char kLayoutPath[] = "/ResponseStatus/Data/AdaptiveLayout/LayoutData";
@@ -81,10 +83,10 @@ CLayoutQueue &CLayoutQueue::Instance()
     return *queue;
 }
 
-void CLayoutQueue::Add(const AdaptiveLayout &layout, CAdaptiveColumnWidthManager::Answer answer)
+void CLayoutQueue::Add(const AdaptiveLayout &layout, Answer answer)
 {
     const std::lock_guard<std::mutex> lock(mutex_);
-    jobs_.push_back({layout, CNetCommManager::Session(), std::move(answer)});
+    jobs_.push_back({layout, CNetCommManager::Session(), CurrentServerNumber(), std::move(answer)});
     if (!is_running_)
         std::thread(&CLayoutQueue::Work, this).detach();
     is_running_ = true;
@@ -104,13 +106,33 @@ void CLayoutQueue::Work()
             param = ExchangeLayout(job.layout, job.session);
         } catch (...) { // out of memory, say: a failure as any other, this thread goes on
         }
+        const bool is_away = param.error_code == Error{kModuleNetwork, kNetTimeout}
+                             || param.error_code == Error{kModuleNetwork, kNetConnect};
+        std::deque<Job> failed;
+        if (is_away)
+            failed = TakeReads(job.server);
         job.answer(param);
-        job = {}; // what the answer holds goes without the lock
+        for (const Job &read : failed)
+            read.answer(param);
+        job = {}; // the answers hold anything, so they go without the lock
+        failed.clear();
         lock.lock();
         is_writing_ = false;
         changed_.notify_all();
     }
     is_running_ = false;
+}
+
+std::deque<CLayoutQueue::Job> CLayoutQueue::TakeReads(int server)
+{
+    const std::lock_guard<std::mutex> lock(mutex_);
+    const auto stays = [server](const Job &job) {
+        return job.server != server || IsWrite(job.layout);
+    };
+    const auto first = std::stable_partition(jobs_.begin(), jobs_.end(), stays);
+    std::deque<Job> reads(std::make_move_iterator(first), std::make_move_iterator(jobs_.end()));
+    jobs_.erase(first, jobs_.end());
+    return reads;
 }
 
 bool CLayoutQueue::FinishWrites(std::chrono::milliseconds time)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "BusinessCommon/AdaptiveColumnWidthManager.h"
+#include "BusinessCommon/AdaptiveColumnWidthObserver.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -24,12 +24,17 @@ namespace BusinessCommon {
 
 /// \brief The requests of all managers, sent one after another on a thread of their own, which ends
 /// when it has had nothing to do for a while.
+///
+/// When a server is silent or cannot be reached, the reads that wait for it fail at once. A write
+/// is tried all the same, because it is a change of the user.
 class CLayoutQueue
 {
 public:
+    using Answer = std::function<void(const CAdaptiveColumnWidthObserver::Param &)>;
+
     static CLayoutQueue &Instance();
 
-    void Add(const AdaptiveLayout &layout, CAdaptiveColumnWidthManager::Answer answer);
+    void Add(const AdaptiveLayout &layout, Answer answer);
     /// \brief Wait for the writes so far; give up what is then left.
     bool FinishWrites(std::chrono::milliseconds time);
 
@@ -38,10 +43,12 @@ private:
     {
         AdaptiveLayout layout;
         std::string session;
-        CAdaptiveColumnWidthManager::Answer answer;
+        int server = 0; // see CurrentServerNumber()
+        Answer answer;
     };
 
     void Work();
+    [[nodiscard]] std::deque<Job> TakeReads(int server);
     [[nodiscard]] bool HasWrites() const;
 
     // All under the mutex.

@@ -6,6 +6,7 @@
 #include "BusinessCommon/NetExchange.h"
 #include "Nim/Base/Log.h"
 #include "Nim/Base/Replaceable.h"
+#include "Nim/Base/SecretText.h"
 
 #include <algorithm>
 #include <chrono>
@@ -28,7 +29,8 @@ struct Settings
 {
     std::mutex mutex;
     NetServer server;
-    std::string session;
+    int server_number = 0; // of the server that is set now
+    Nim::Base::SecretText session;
 };
 
 Settings &CurrentSettings()
@@ -42,6 +44,7 @@ template <class Change> void ChangeServer(Change &&change)
     Settings &settings = CurrentSettings();
     const std::lock_guard<std::mutex> lock(settings.mutex);
     change(settings.server);
+    ++settings.server_number;
 }
 
 NetServer CurrentServer()
@@ -68,9 +71,16 @@ CTransport &CurrentTransport()
 
 } // namespace
 
+int CurrentServerNumber()
+{
+    Settings &settings = CurrentSettings();
+    const std::lock_guard<std::mutex> lock(settings.mutex);
+    return settings.server_number;
+}
+
 bool ExchangeAs(const std::string &session, CClientRecvInfo &recv, const CClientSendInfo &send)
 {
-    WatchApplicationEnd();
+    AtApplicationEnd(EndStep::BreakOff, CNetCommManager::Abort);
     try {
         return (*CurrentTransport().Get())(session, recv, send);
     } catch (const std::exception &failure) {
@@ -87,6 +97,12 @@ bool CNetCommManager::ClientSynSend(CClientRecvInfo &recv, const CClientSendInfo
                                     int /*flags*/)
 {
     return ExchangeAs(Session(), recv, send);
+}
+
+bool CNetCommManager::ClientSynSendAs(const std::string &session, CClientRecvInfo &recv,
+                                      const CClientSendInfo &send)
+{
+    return ExchangeAs(session, recv, send);
 }
 
 void CNetCommManager::SetServer(const std::string &host, int port, bool tls,
@@ -140,7 +156,7 @@ void CNetCommManager::SetTransport(Transport transport)
 
 void CNetCommManager::Abort()
 {
-    CutAllExchanges();
+    AbortAllExchanges();
 }
 
 } // namespace BusinessCommon

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "BusinessCommon/NetErrors.h"
+
 #include <BaseExport.h>
 #include <ClientComm/ClientInfo.h>
 #include <Nim/Base/Singleton.h>
@@ -23,35 +25,13 @@ extern template class VANTOR_BASE_EXPORT Nim::Base::CSingleton<BusinessCommon::C
 
 namespace BusinessCommon {
 
-/// Modules of the error codes that ClientSynSend() fills in.
-enum NetErrorModule : int {
-    kModuleNetwork = 2, ///< the code is a NetErrorCode
-    kModuleHttp =
-        3, ///< the code is the HTTP status, 300 to 599, of a reply without words of its own
-};
-
-/// Why no reply came. The third word, the subsystem, is then kNetSubSystem.
-enum NetErrorCode : int {
-    kNetTimeout = 20,     ///< nothing, or not all of it, within the time
-    kNetConnect = 21,     ///< nobody listens there, or the name is unknown
-    kNetTls = 22,         ///< the server speaks no TLS we know
-    kNetCertificate = 23, ///< the certificate is not signed by whom we trust, or for another host
-    kNetBroken = 24,      ///< the connection broke, or Abort() cut it
-    kNetTooLarge = 25,    ///< the reply is larger than kMaximumReplyBytes
-    kNetBadRequest = 26,  ///< the URL, the method or the session is none that can be sent
-    kNetFailed = 27,      ///< anything else
-    kNetBadReply = 28,    ///< the reply is no document, or lacks what was asked for
-};
-
-constexpr int kNetSubSystem = 2000;
-constexpr size_t kMaximumReplyBytes = size_t(16) << 20;
-
 /// \brief The exchange with the management server, reached through
 /// Nim::Base::CSingleton<CNetCommManager>::Instance().
 ///
 /// HTTP/1.1 (RFC 9112) or HTTPS. Each thread that sends has one connection of its own, kept alive
-/// between requests, so that nobody waits behind a slow request of another thread. All operations
-/// may be called from any thread.
+/// between requests, so that nobody waits behind a slow request of another thread. A reply is read
+/// within the limits of NetErrors.h, because a server may be hostile. All operations may be called
+/// from any thread.
 class VANTOR_BASE_EXPORT CNetCommManager : public Nim::Base::CSingleton<CNetCommManager>
 {
     friend class Nim::Base::CSingleton<CNetCommManager>;
@@ -73,6 +53,10 @@ public:
     bool ClientSynSend(ClientComm::CClientRecvInfo &recv, const ClientComm::CClientSendInfo &send,
                        int flags = 0);
 
+    /// \brief The same for \a session instead of the one that is set, for example to end it.
+    bool ClientSynSendAs(const std::string &session, ClientComm::CClientRecvInfo &recv,
+                         const ClientComm::CClientSendInfo &send);
+
     /// \brief Where to send; without it every exchange fails with kNetConnect.
     /// \param ca_file certificates to trust (PEM) instead of the system's; empty: the system's.
     static void SetServer(const std::string &host, int port, bool tls = false,
@@ -82,8 +66,9 @@ public:
     /// network where nobody can get in between.
     static void SetCertificateCheck(bool is_checked);
 
-    /// \brief Longest times in milliseconds, to connect (default 3000) and from then on until the
-    /// reply is complete (default 10000). Less than 1 counts as 1.
+    /// \brief Longest times in milliseconds: to look up the host, connect and agree on TLS (default
+    /// 3000), and from then on until the reply is complete (default 10000). Less than 1 counts
+    /// as 1.
     static void SetTimeouts(int connect_ms, int read_ms);
 
     /// \brief The session that later requests belong to, sent as "Authorization: Bearer token" (RFC

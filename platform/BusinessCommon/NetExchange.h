@@ -11,4 +11,8 @@ namespace BusinessCommon {
 bool ExchangeAs(const std::string &session, ClientComm::CClientRecvInfo &recv,
                 const ClientComm::CClientSendInfo &send);
 
+/// \brief Changes with every server that is set: requests with different numbers do not share their
+/// fate.
+[[nodiscard]] int CurrentServerNumber();
+
 } // namespace BusinessCommon

@@ -1,23 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtCore/QByteArray>
-#include <QtCore/QJsonValue>
-#include <QtCore/QString>
-#include <QtCore/QStringView>
-
+#include <string>
+#include <string_view>
 #include <vector>
-
-QT_BEGIN_NAMESPACE
-class QXmlStreamWriter;
-QT_END_NAMESPACE
 
 namespace ClientComm {
 
-/// \brief Named texts in a tree. Node 0 is the root, an object without a name.
+/// \brief Named texts in a tree, all UTF-8. Node 0 is the root, an object without a name.
 ///
-/// Nodes lie in one array and their names and texts in one string, because a reply has tens of
-/// thousands of them. Numbers of nodes stay valid until Clear().
+/// All nodes are in one array, and all names and texts in one string, because a reply has tens of
+/// thousands of them. Numbers of nodes stay valid until Clear(). Characters are overwritten before
+/// their memory is given up.
 class CDocumentTree
 {
 public:
@@ -36,41 +30,38 @@ public:
     CDocumentTree(const CDocumentTree &) = delete;
     CDocumentTree &operator=(const CDocumentTree &) = delete;
 
-    /// \brief Forget everything; the characters are overwritten.
+    /// \brief Forget everything.
     void Clear();
+    /// \brief Make room for \a size characters, so that reading them never grows the memory.
+    void Reserve(size_t size);
 
-    /// \brief Replace everything by XML, whose outermost element becomes the root's one child.
-    /// \return false, with an empty tree, when it is refused.
-    [[nodiscard]] bool ReadXml(const QByteArray &text);
-    /// \brief Replace everything by an object or array of JSON.
-    void ReadJson(const QJsonValue &value);
-
-    /// \brief The document as XML; empty when it cannot be.
-    [[nodiscard]] QByteArray ToXml() const;
-    [[nodiscard]] QJsonValue ToJson(int node = kRoot) const;
-
+    [[nodiscard]] size_t Size() const { return nodes_.size(); }
     [[nodiscard]] Kind KindOf(int node) const { return At(node).kind; }
-    [[nodiscard]] QStringView Text(int node) const { return View(At(node).text); }
-    [[nodiscard]] QStringView Name(int node) const { return View(At(node).name); }
+    [[nodiscard]] std::string_view Text(int node) const { return View(At(node).text); }
+    [[nodiscard]] std::string_view Name(int node) const { return View(At(node).name); }
     [[nodiscard]] int FirstChild(int node) const { return At(node).first_child; }
     [[nodiscard]] int NextSibling(int node) const { return At(node).next; }
     [[nodiscard]] int CountChildren(int node) const;
-    /// \brief The child of that name, or of several the one of that number; kNone for no such.
-    [[nodiscard]] int FindNamed(int parent, QStringView name, int number = 0) const;
-    [[nodiscard]] int CountNamed(int parent, QStringView name) const;
-    /// \brief The child of that number, whatever its name.
+    /// \brief The child of that name; of several the one with that number. kNone if there is none.
+    [[nodiscard]] int FindNamed(int parent, std::string_view name, int number = 0) const;
+    [[nodiscard]] int CountNamed(int parent, std::string_view name) const;
+    /// \brief The child of that number, whatever its name. Reading the children in order is linear.
     [[nodiscard]] int FindNumber(int parent, int number) const;
 
-    int AddChild(int parent, QStringView name, Kind kind);
-    /// \brief Make \a node a text or a literal; the text before is overwritten.
-    void SetText(int node, QStringView text, Kind kind = Kind::Text);
+    int AddChild(int parent, std::string_view name, Kind kind);
+    /// \brief Replace the text of \a node.
+    void SetText(int node, std::string_view text);
+    /// \brief Continue the text that was added last.
+    void AppendText(int node, std::string_view text);
+    /// \brief Change what \a node is; its text is dropped.
+    void SetKind(int node, Kind kind);
 
 private:
     // A piece of the characters.
     struct Piece
     {
-        int at = 0;
-        int size = 0;
+        size_t at = 0;
+        size_t size = 0;
     };
 
     struct Node
@@ -83,21 +74,26 @@ private:
         Kind kind = Kind::Object;
     };
 
+    // Where the last search by number ended.
+    struct Cursor
+    {
+        int parent = kNone;
+        int number = 0;
+        int node = kNone;
+    };
+
     [[nodiscard]] const Node &At(int node) const { return nodes_[static_cast<size_t>(node)]; }
     [[nodiscard]] Node &At(int node) { return nodes_[static_cast<size_t>(node)]; }
-    [[nodiscard]] QStringView View(const Piece &piece) const
+    [[nodiscard]] std::string_view View(const Piece &piece) const
     {
-        return QStringView(characters_).mid(piece.at, piece.size);
+        return std::string_view(characters_).substr(piece.at, piece.size);
     }
-    Piece Append(QStringView text);
-    void Reserve(int size);
-    void AppendText(int node, QStringView text);
-    void AddJson(int parent, QStringView name, const QJsonValue &value);
-    bool ReadElements(const QByteArray &text);
-    [[nodiscard]] bool WriteElement(QXmlStreamWriter &writer, int node, const QString &name) const;
+    Piece Append(std::string_view text);
+    void DropText(int node);
 
     std::vector<Node> nodes_;
-    QString characters_;
+    std::string characters_;
+    mutable Cursor cursor_;
 };
 
 } // namespace ClientComm

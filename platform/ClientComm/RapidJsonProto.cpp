@@ -1,23 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "ClientComm/RapidJsonProto.h"
 
+#include "ClientComm/DocumentReader.h"
 #include "ClientComm/DocumentTree.h"
+#include "ClientComm/DocumentWriter.h"
+#include "Nim/Base/Encrypt.h"
 
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <string_view>
+#include <vector>
 
 namespace ClientComm {
 namespace {
 
 using Kind = CDocumentTree::Kind;
+using Parts = std::vector<std::string_view>;
 
 // The parts of a path; none at all for a malformed one, but for "/", which is the document.
-bool SplitPath(const std::string &path, std::vector<QString> &parts)
+bool SplitPath(const std::string &path, Parts &parts)
 {
     if (path.empty() || path.front() != '/')
         return false;
@@ -25,39 +30,65 @@ bool SplitPath(const std::string &path, std::vector<QString> &parts)
         const size_t end = std::min(path.find('/', begin), path.size());
         if (end == begin || end + 1 == path.size())
             return false;
-        parts.push_back(QString::fromUtf8(path.data() + begin, static_cast<int>(end - begin)));
+        parts.push_back(std::string_view(path).substr(begin, end - begin));
         begin = end + 1;
     }
     return true;
 }
 
-bool ReadIndex(const QString &part, int &index)
+QString ToQt(std::string_view text)
 {
-    bool is_number = false;
-    index = part.toInt(&is_number);
-    return is_number && index >= 0 && part.at(0).isDigit();
+    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
 }
 
-// Also where it stands, because elements of one name are counted.
+bool ReadIndex(std::string_view part, int &index)
+{
+    bool is_number = false;
+    index = ToQt(part).toInt(&is_number);
+    return is_number && index >= 0 && part.front() >= '0' && part.front() <= '9';
+}
+
+// Also the parent, because elements of one name are counted.
 struct Place
 {
     int node = CDocumentTree::kNone;
     int parent = CDocumentTree::kNone;
 };
 
-Place FindNode(const CDocumentTree &tree, const std::vector<QString> &parts)
+int IntOf(double number, int preset)
+{
+    using Limits = std::numeric_limits<int>;
+    const bool fits = number >= Limits::min() && number <= Limits::max();
+    return fits && std::trunc(number) == number ? static_cast<int>(number) : preset;
+}
+
+} // namespace
+
+struct CRapidJsonProtoDataPtr
+{
+    // kNone for a malformed path, too.
+    [[nodiscard]] Place Find(const std::string &path) const;
+
+    CDocumentTree tree_;
+    bool b_xml_ = false; // elements of one name are an array
+};
+
+Place CRapidJsonProtoDataPtr::Find(const std::string &path) const
 {
     constexpr int kNone = CDocumentTree::kNone;
+    Parts parts;
+    if (!SplitPath(path, parts))
+        return {};
     Place place{CDocumentTree::kRoot, kNone};
-    for (const QString &part : parts) {
+    for (const std::string_view part : parts) {
         const int node = place.node;
         int index = 0;
-        if (tree.KindOf(node) == CDocumentTree::Kind::Array) {
-            place = {ReadIndex(part, index) ? tree.FindNumber(node, index) : kNone, kNone};
-        } else if (const int child = tree.FindNamed(node, part); child != kNone) {
+        if (tree_.KindOf(node) == Kind::Array) {
+            place = {ReadIndex(part, index) ? tree_.FindNumber(node, index) : kNone, kNone};
+        } else if (const int child = tree_.FindNamed(node, part); child != kNone) {
             place = {child, node};
-        } else if (place.parent != kNone && ReadIndex(part, index)) {
-            place = {tree.FindNamed(place.parent, tree.Name(node), index), kNone};
+        } else if (b_xml_ && place.parent != kNone && ReadIndex(part, index)) {
+            place = {tree_.FindNamed(place.parent, tree_.Name(node), index), kNone};
         } else {
             place = {};
         }
@@ -67,53 +98,15 @@ Place FindNode(const CDocumentTree &tree, const std::vector<QString> &parts)
     return place;
 }
 
-QJsonValue FindValue(QJsonValue value, const std::vector<QString> &parts)
-{
-    for (const QString &part : parts) {
-        int index = 0;
-        if (value.isObject())
-            value = value.toObject().value(part);
-        else if (value.isArray() && ReadIndex(part, index))
-            value = value.toArray().at(index);
-        else
-            return QJsonValue::Undefined;
-    }
-    return value;
-}
-
-int IntOf(double number, int preset)
-{
-    using Limits = std::numeric_limits<int>;
-    const bool fits = number >= Limits::min() && number <= Limits::max();
-    return fits && std::trunc(number) == number ? static_cast<int>(number) : preset;
-}
-
-int IntOf(const QString &text, int preset)
-{
-    bool is_number = false;
-    const int number = text.toInt(&is_number);
-    return is_number ? number : preset;
-}
-
-} // namespace
-
-// JSON stays as Qt has read it until it is changed: most replies are only looked at.
-struct CRapidJsonProtoDataPtr
-{
-    QJsonValue json_;
-    bool b_json_ = false; // the document is json_, else tree_
-    CDocumentTree tree_;
-};
-
 CRapidJsonProto::CRapidJsonProto() : d_ptr_(std::make_unique<CRapidJsonProtoDataPtr>()) {}
 
 CRapidJsonProto::~CRapidJsonProto() = default;
 
 bool CRapidJsonProto::Load(const std::string &text)
 {
-    d_ptr_->tree_.Clear();
-    d_ptr_->json_ = {};
-    d_ptr_->b_json_ = false;
+    CDocumentTree &tree = d_ptr_->tree_;
+    tree.Clear();
+    d_ptr_->b_xml_ = false;
     if (text.size() > kMaximumBytes)
         return false;
     constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
@@ -121,30 +114,23 @@ bool CRapidJsonProto::Load(const std::string &text)
     const size_t first = text.find_first_not_of(" \t\r\n", begin);
     if (first == std::string::npos)
         return false;
-    const auto bytes =
-        QByteArray::fromRawData(text.data() + first, static_cast<int>(text.size() - first));
-    if (bytes.at(0) == '<')
-        return d_ptr_->tree_.ReadXml(bytes);
-    const QJsonDocument document = QJsonDocument::fromJson(bytes);
-    if (document.isNull())
-        return false;
-    d_ptr_->json_ =
-        document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
-    d_ptr_->b_json_ = true;
-    return true;
+    const std::string_view document = std::string_view(text).substr(first);
+    d_ptr_->b_xml_ = document.front() == '<';
+    const bool is_read = d_ptr_->b_xml_ ? ReadXml(document, tree) : ReadJson(document, tree);
+    if (!is_read) {
+        tree.Clear();
+        d_ptr_->b_xml_ = false;
+    }
+    return is_read;
 }
 
 bool CRapidJsonProto::SetString(const std::string &path, const std::string &text)
 {
-    std::vector<QString> parts;
-    if (!SplitPath(path, parts) || parts.empty() || parts.size() > size_t(kMaximumDepth))
+    const std::string names = ToUtf8(path);
+    Parts parts;
+    if (!SplitPath(names, parts) || parts.empty() || parts.size() > size_t(kMaximumDepth))
         return false;
     CDocumentTree &tree = d_ptr_->tree_;
-    if (d_ptr_->b_json_) {
-        tree.ReadJson(d_ptr_->json_);
-        d_ptr_->json_ = {};
-        d_ptr_->b_json_ = false;
-    }
     int node = CDocumentTree::kRoot;
     size_t known = 0; // nothing is made before it is clear that all can be
     for (; known < parts.size(); ++known) {
@@ -162,59 +148,44 @@ bool CRapidJsonProto::SetString(const std::string &path, const std::string &text
         return false;
     for (; known < parts.size(); ++known)
         node = tree.AddChild(node, parts[known], Kind::Object);
-    QString value = QString::fromStdString(text);
+    tree.SetKind(node, Kind::Text);
+    std::string value = ToUtf8(text);
     tree.SetText(node, value);
-    value.fill(QChar());
+    Nim::Base::Encrypt::Wipe(value);
     return true;
 }
 
 int CRapidJsonProto::GetInt(const std::string &path, int preset) const
 {
-    std::vector<QString> parts;
-    if (!SplitPath(path, parts))
+    const CDocumentTree &tree = d_ptr_->tree_;
+    const int node = d_ptr_->Find(path).node;
+    if (node == CDocumentTree::kNone)
         return preset;
-    if (d_ptr_->b_json_) {
-        const QJsonValue value = FindValue(d_ptr_->json_, parts);
-        return value.isDouble() ? IntOf(value.toDouble(), preset) : IntOf(value.toString(), preset);
+    bool is_number = false;
+    const QString text = ToQt(tree.Text(node));
+    if (tree.KindOf(node) == Kind::Literal) {
+        const double number = text.toDouble(&is_number);
+        return is_number ? IntOf(number, preset) : preset;
     }
-    const int node = FindNode(d_ptr_->tree_, parts).node;
-    return node == CDocumentTree::kNone ? preset
-                                        : IntOf(d_ptr_->tree_.Text(node).toString(), preset);
+    const int number = text.toInt(&is_number);
+    return is_number ? number : preset;
 }
 
 std::string CRapidJsonProto::GetString(const std::string &path, const std::string &preset) const
 {
-    std::vector<QString> parts;
-    if (!SplitPath(path, parts))
-        return preset;
-    if (d_ptr_->b_json_) {
-        const QJsonValue value = FindValue(d_ptr_->json_, parts);
-        if (value.isString())
-            return value.toString().toStdString();
-        return value.isDouble() || value.isBool() ? value.toVariant().toString().toStdString()
-                                                  : preset;
-    }
     const CDocumentTree &tree = d_ptr_->tree_;
-    const int node = FindNode(tree, parts).node;
+    const int node = d_ptr_->Find(path).node;
     if (node == CDocumentTree::kNone || tree.KindOf(node) == Kind::Object
         || tree.KindOf(node) == Kind::Array)
         return preset;
-    const QStringView text = tree.Text(node);
-    const bool is_null = tree.KindOf(node) == Kind::Literal && text == QLatin1String("null");
-    return is_null ? preset : text.toString().toStdString();
+    const bool is_null = tree.KindOf(node) == Kind::Literal && tree.Text(node) == "null";
+    return is_null ? preset : std::string(tree.Text(node));
 }
 
 int CRapidJsonProto::GetCount(const std::string &path) const
 {
-    std::vector<QString> parts;
-    if (!SplitPath(path, parts))
-        return 0;
-    if (d_ptr_->b_json_) {
-        const QJsonValue value = FindValue(d_ptr_->json_, parts);
-        return value.isArray() ? value.toArray().size() : value.toObject().size();
-    }
     const CDocumentTree &tree = d_ptr_->tree_;
-    const Place place = FindNode(tree, parts);
+    const Place place = d_ptr_->Find(path);
     if (place.node == CDocumentTree::kNone)
         return 0;
     const int named = place.parent == CDocumentTree::kNone
@@ -225,19 +196,12 @@ int CRapidJsonProto::GetCount(const std::string &path) const
 
 std::string CRapidJsonProto::ToJson() const
 {
-    const QJsonValue value = d_ptr_->b_json_ ? d_ptr_->json_ : d_ptr_->tree_.ToJson();
-    const QJsonDocument document =
-        value.isArray() ? QJsonDocument(value.toArray()) : QJsonDocument(value.toObject());
-    return document.toJson(QJsonDocument::Compact).toStdString();
+    return WriteJson(d_ptr_->tree_);
 }
 
 std::string CRapidJsonProto::ToXml() const
 {
-    if (!d_ptr_->b_json_)
-        return d_ptr_->tree_.ToXml().toStdString();
-    CDocumentTree tree;
-    tree.ReadJson(d_ptr_->json_);
-    return tree.ToXml().toStdString();
+    return WriteXml(d_ptr_->tree_);
 }
 
 } // namespace ClientComm

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <BaseExport.h>
+#include <ClientComm/DocumentLimits.h>
 
 #include <memory>
 #include <string>
@@ -18,16 +19,19 @@ struct CRapidJsonProtoDataPtr;
 /// a number, counted from 0; without one the first such element is meant, but no item of an array.
 /// Attributes of elements are not read. One thread at a time.
 ///
-/// What SetString() has put in is overwritten when the document goes.
+/// All texts of the document, and the copies that reading and writing made, are overwritten when
+/// they are no longer needed. The texts that are returned belong to the caller.
 class VANTOR_BASE_EXPORT CRapidJsonProto
 {
 public:
     /// The longest text that Load() takes.
-    static constexpr size_t kMaximumBytes = size_t(16) << 20;
+    static constexpr size_t kMaximumBytes = kDocumentBytes;
     /// The deepest nesting that Load() takes and SetString() makes.
-    static constexpr int kMaximumDepth = 1024;
-    /// The most elements of an XML document that Load() takes.
-    static constexpr int kMaximumElements = 1'000'000;
+    static constexpr int kMaximumDepth = kDocumentDepth;
+    /// The most elements, or members and items, that Load() takes.
+    static constexpr int kMaximumElements = kDocumentNodes;
+    /// The most attributes of one element that Load() takes.
+    static constexpr int kMaximumAttributes = kDocumentAttributes;
 
     CRapidJsonProto();
     ~CRapidJsonProto();
@@ -39,8 +43,8 @@ public:
     ///
     /// JSON is UTF-8, XML what it declares. A document type is refused, and with it every entity
     /// but the five of XML.
-    /// \return false for anything that is not well-formed, too long or nested too deeply; the
-    /// document is then empty.
+    /// \return false for anything that is not well-formed or beyond a limit, and for two members of
+    /// one name; the document is then empty. It takes time linear in \a text.
     bool Load(const std::string &text);
 
     /// \brief Put \a text at \a path and make what is missing on the way.
@@ -61,7 +65,7 @@ public:
     /// are several, or of members of the object; 0 for a text and for nothing.
     [[nodiscard]] int GetCount(const std::string &path) const;
 
-    /// \brief The document as compact JSON, members in any order.
+    /// \brief The document as compact JSON, members in the order of their names.
     [[nodiscard]] std::string ToJson() const;
 
     /// \brief The document as "<?xml version="1.0" encoding="UTF-8"?>", a line feed, its elements

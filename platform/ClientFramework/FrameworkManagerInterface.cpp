@@ -17,7 +17,7 @@ namespace {
 using BusinessCommon::CNetCommManager;
 
 constexpr char kUrl[] = "/Quorra/Brisent/Platform/V0/Permission/CheckPassword";
-constexpr int kNoResult = -1; // of a reply without one
+constexpr int kUnreadable = -1; // no server sends it
 
 Nim::Base::SecretText MakeBody(const CheckPwdRequestParam &request)
 {
@@ -26,35 +26,50 @@ Nim::Base::SecretText MakeBody(const CheckPwdRequestParam &request)
     document.SetString("/CheckPasswordRequest/PassWord", request.str_password);
     document.SetString("/CheckPasswordRequest/VerifyCode", request.str_verify_code);
     document.SetString("/CheckPasswordRequest/VerifyMark", request.str_verify_mark);
-    return document.ToJson();
+    return Nim::Base::SecretText(document.ToJson());
+}
+
+// The error that a reply reports; what cannot be read is an error too.
+Nim::Base::Error::ErrorCode ErrorIn(const ClientComm::CRapidJsonProto &reply)
+{
+    const std::string module_path = "/ResponseStatus/ErrorModule";
+    const int code = reply.GetInt("/ResponseStatus/ErrorCode", kUnreadable);
+    const bool has_module =
+        reply.GetCount(module_path) != 0 || !reply.GetString(module_path).empty();
+    const int module = reply.GetInt(module_path, has_module ? kUnreadable : 0);
+    const int check_result = reply.GetInt("/ResponseStatus/Data/CheckResult", kUnreadable);
+    if (code == kUnreadable || module == kUnreadable
+        || (code == 0 && module == 0 && check_result == kUnreadable))
+        return {BusinessCommon::kModuleNetwork, BusinessCommon::kNetBadReply,
+                BusinessCommon::kNetSubSystem};
+    return {module, code, 0};
 }
 
 void CheckOnServer(const std::string & /*plugin*/, const CCheckPwdRequestParam &request,
                    CCheckPwdResultParam &result)
 {
+    constexpr Nim::Base::Error::ErrorCode kNoError;
     ClientComm::ClientSendInfo message;
     message.URL = kUrl;
     message.Method = "POST";
-    message.Request_Data = MakeBody(request.Read());
+    message.Request_Data = MakeBody(request.Read()).Text();
     const ClientComm::CClientSendInfo send(
         std::make_shared<ClientComm::ClientSendInfo>(std::move(message)));
     ClientComm::CClientRecvInfo recv;
-    Nim::Base::CSingleton<CNetCommManager>::Instance().ClientSynSend(recv, send, 0);
+    const bool is_answered =
+        Nim::Base::CSingleton<CNetCommManager>::Instance().ClientSynSend(recv, send, 0);
     ClientComm::CRapidJsonProto reply;
-    const bool is_document = reply.Load(recv.Read().Receive_Data);
-    const int check_result = reply.GetInt("/ResponseStatus/Data/CheckResult", kNoResult);
-    constexpr Nim::Base::Error::ErrorCode kNoError;
+    reply.Load(recv.Read().Receive_Data);
     Nim::Base::Error::ErrorCode error = recv.Read().Error_code;
-    if (error == kNoError) {
-        error = {reply.GetInt("/ResponseStatus/ErrorModule", 0),
-                 reply.GetInt("/ResponseStatus/ErrorCode", 0), 0};
-        if (!is_document || (error == kNoError && check_result == kNoResult))
-            error = {BusinessCommon::kModuleNetwork, BusinessCommon::kNetBadReply,
-                     BusinessCommon::kNetSubSystem};
-    }
+    if (error == kNoError && is_answered)
+        error = ErrorIn(reply);
+    else if (error == kNoError)
+        error = {BusinessCommon::kModuleNetwork, BusinessCommon::kNetFailed,
+                 BusinessCommon::kNetSubSystem};
     result.SetVal_error_code(error);
-    // What comes with an error is no success, whatever else the reply says.
-    result.SetVal_check_result(error == kNoError && check_result != kNoResult ? check_result : 0);
+    // A reply with an error is no success, even if its body says otherwise.
+    result.SetVal_check_result(
+        error == kNoError ? reply.GetInt("/ResponseStatus/Data/CheckResult", 0) : 0);
     result.SetVal_remain_count(reply.GetInt("/ResponseStatus/Data/RemainCount", -1));
     result.SetVal_lock_remain_time(reply.GetInt("/ResponseStatus/Data/LockRemainTime", 0));
 }

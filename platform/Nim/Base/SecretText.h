@@ -4,33 +4,47 @@
 #include <Nim/Base/Encrypt.h>
 
 #include <string>
-#include <utility>
 
 namespace Nim::Base {
 
 /// \brief A text that is overwritten before its memory is given up: a password, a session.
 ///
-/// It is a std::string in all else. What is copied out of it into a std::string is the caller's to
-/// overwrite, see Encrypt::Wipe().
-class SecretText : public std::string
+/// It can be read, compared and replaced as a whole; nothing appends to it, because growing would
+/// leave copies behind. What is copied out of it into a std::string is the caller's to overwrite,
+/// see Encrypt::Wipe().
+class SecretText
 {
 public:
     SecretText() = default;
-    // NOLINTNEXTLINE(google-explicit-constructor): a std::string in all else
-    SecretText(std::string text) : std::string(text) { Encrypt::Wipe(text); }
-    SecretText(const char *text) : std::string(text) {} // NOLINT(google-explicit-constructor)
+    // NOLINTNEXTLINE(google-explicit-constructor): hosts hand over std::string
+    SecretText(std::string text) : text_(text.data(), text.size()) { Encrypt::Wipe(text); }
+    SecretText(const char *text) : text_(text) {} // NOLINT(google-explicit-constructor)
     SecretText(const SecretText &other) = default;
 
     SecretText &operator=(const SecretText &other)
     {
         if (this != &other) {
-            Encrypt::Wipe(*this);
-            assign(other);
+            Encrypt::Wipe(text_);
+            text_ = other.text_;
         }
         return *this;
     }
 
-    ~SecretText() { Encrypt::Wipe(*this); }
+    ~SecretText() { Encrypt::Wipe(text_); }
+
+    operator const std::string &() const { return text_; } // NOLINT(google-explicit-constructor)
+    [[nodiscard]] const std::string &Text() const { return text_; }
+
+    [[nodiscard]] bool empty() const { return text_.empty(); }
+    [[nodiscard]] std::size_t size() const { return text_.size(); }
+    [[nodiscard]] const char *data() const { return text_.data(); }
+    [[nodiscard]] const char *c_str() const { return text_.c_str(); }
+
+    friend bool operator==(const SecretText &a, const SecretText &b) { return a.text_ == b.text_; }
+    friend bool operator!=(const SecretText &a, const SecretText &b) { return a.text_ != b.text_; }
+
+private:
+    std::string text_;
 };
 
 } // namespace Nim::Base
@@ -39,7 +53,7 @@ public:
 #define VANTOR_RECORD_SECRET(field)                                                                \
     [[nodiscard]] std::string GetVal_##field() const                                               \
     {                                                                                              \
-        return data_ptr_->field;                                                                   \
+        return data_ptr_->field.Text();                                                            \
     }                                                                                              \
     void SetVal_##field(const std::string &value)                                                  \
     {                                                                                              \

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include "BusinessCommon/AdaptiveColumnWidthObserver.h"
+
+namespace BusinessCommon {
+
+CAdaptiveColumnWidthObserver::~CAdaptiveColumnWidthObserver() = default;
+
+} // namespace BusinessCommon
