@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Message.h"
+#include "Sessions.h"
 #include "VerifyCodes.h"
 
 #include <QtCore/QString>
@@ -11,6 +12,7 @@
 
 namespace Server {
 
+class CAudit;
 class CDatabase;
 class CDatabaseThread;
 
@@ -21,25 +23,21 @@ enum LoginCode : int {
     kWrongPasswordCodeNext = 310,  ///< the same; the next try needs a verification code
     kWrongVerifyCode = 311,        ///< the password was not looked at
     kVerifyCodeNeeded = 214,       ///< none was given, or it has expired or was used before
-    kUserLocked = 41050,           ///< this user name, from this address
+    kUserLocked = 41050,           ///< this user name, from this address or from all
     kAddressLocked = 262,          ///< every user name, from this address
 };
 
 /// "CheckResult" of a password check that succeeded.
 constexpr int kCheckPassed = 9;
 
-/// \brief Argon2id hash of \a password, as text with its parameters and salt. Throws
-/// std::bad_alloc.
-[[nodiscard]] QString HashPassword(const std::string &password);
-
-/// \brief Accounts with their passwords, locks, verification codes and sessions.
+/// \brief Checks passwords with locks and verification codes, and begins and ends sessions.
 ///
 /// Called on any thread; passwords are hashed there, everything else happens on the database
 /// thread.
 class CAccounts
 {
 public:
-    CAccounts(CDatabaseThread &database, std::function<qint64()> clock,
+    CAccounts(CDatabaseThread &database, CAudit &audit, std::function<qint64()> clock,
               std::function<QString()> code_source);
 
     [[nodiscard]] Reply MakeVerifyCode(const Request &request);
@@ -57,14 +55,14 @@ private:
     [[nodiscard]] Reply Check(const Request &request, bool is_login);
     [[nodiscard]] bool Begin(CDatabase &database, Attempt &attempt);
     void Finish(CDatabase &database, Attempt &attempt, bool is_right, bool is_login);
-    [[nodiscard]] bool IsLocked(CDatabase &database, Attempt &attempt) const;
-    void CountFailure(CDatabase &database, Attempt &attempt) const;
-    [[nodiscard]] QString NewSession(CDatabase &database, const QString &user) const;
+    void WriteAudit(const Attempt &attempt, const Request &request, bool is_login);
 
     CDatabaseThread &database_;
+    CAudit &audit_;
     const std::function<qint64()> clock_;
     const std::function<QString()> code_source_; // may be empty
-    CVerifyCodes codes_;                         // of the database thread
+    CVerifyCodes codes_;                         // of the database thread, as is the next one
+    CSessions sessions_;
 };
 
 } // namespace Server

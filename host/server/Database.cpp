@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Database.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QUuid>
 #include <QtSql/QSqlError>
 
@@ -29,12 +30,22 @@ const char *const kSetUp[] = {
     "CREATE TABLE IF NOT EXISTS incident_title (position INTEGER PRIMARY KEY, title TEXT NOT NULL)",
 };
 
+// Only the owner may read hashes and layouts. SQLite gives its other files the mode of this one.
+void MakePrivate(const QString &path)
+{
+    QFile file(path);
+    const bool is_there = file.exists();
+    if (is_there || file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+}
+
 } // namespace
 
 CDatabase::CDatabase(const QString &path)
     : name_(QUuid::createUuid().toString()),
       database_(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name_))
 {
+    MakePrivate(path);
     database_.setDatabaseName(path);
     try {
         if (!database_.open())

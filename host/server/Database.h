@@ -28,7 +28,8 @@ struct DatabaseError : std::runtime_error
 class CDatabase
 {
 public:
-    /// \brief Open \a path and bring its tables up to date. Throws DatabaseError.
+    /// \brief Open \a path, which only the owner may read from then on, and bring its tables up to
+    /// date. Throws DatabaseError.
     explicit CDatabase(const QString &path);
     ~CDatabase();
     CDatabase(const CDatabase &) = delete;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "HttpFront.h"
 
-#include "Server.h"
+#include "Connections.h"
+#include "ServerOptions.h"
 
 #include <ClientComm/RapidJsonProto.h>
 #include <Nim/Base/Log.h>
@@ -9,23 +10,31 @@
 #include <arpa/inet.h>
 #include <microhttpd.h>
 #include <netinet/in.h>
+#include <strings.h>
 
 #include <QtCore/QJsonDocument>
 
+#include <cstdarg>
+#include <cstdio>
 #include <cstring>
 
 namespace Server {
 namespace {
 
 constexpr char kAnswer[] = "Server::CHttpFront::Answer";
-constexpr unsigned kThreads = 4;          // a password check keeps one busy
-constexpr unsigned kConnections = 64;     // at a time
-constexpr unsigned kIdleTime_s = 60;      // then a connection is closed
-constexpr size_t kHeaderBytes = 16 << 10; // request line and headers, then status 431
+constexpr unsigned kThreads = 4; // a password check keeps one busy
+// Beyond CConnections::kMaximum those that wait are closed; this is for the time until they are.
+constexpr unsigned kConnections = 2 * CConnections::kMaximum;
+constexpr unsigned kIdleTime_s = 60; // then a connection is closed
+constexpr size_t kPathBytes = 2 << 10;
+constexpr size_t kHeaderBytes = 16 << 10;
+constexpr int kHeaderFields = 100;
+constexpr size_t kConnectionBytes = 48 << 10; // beyond it the library refuses, in its own words
 // A body that is too long is read to its end all the same, so that its sender gets to see why it is
 // refused; one that is far too long is not.
-constexpr size_t kDrainedBody = 8 * CHttpFront::kMaximumBody;
-constexpr char kBearer[] = "Bearer ";
+constexpr size_t kDrainedBody = size_t(16) << 20;
+constexpr char kBearer[] = "Bearer "; // in upper or lower case
+constexpr size_t kNetworkBytes = 8;   // of an IPv6 address
 
 struct Address
 {
@@ -48,19 +57,35 @@ bool ReadAddress(const std::string &text, int port, Address &address)
     return address.is_ipv6;
 }
 
-std::string ClientAddress(MHD_Connection *connection)
+void ReadClient(const sockaddr *client, std::string &address, std::string &network)
+{
+    char text[INET6_ADDRSTRLEN] = "";
+    if (client->sa_family == AF_INET) {
+        const auto *const v4 = reinterpret_cast<const sockaddr_in *>(client);
+        inet_ntop(AF_INET, &v4->sin_addr, text, sizeof text);
+        address = network = text;
+    } else if (client->sa_family == AF_INET6) {
+        in6_addr v6 = reinterpret_cast<const sockaddr_in6 *>(client)->sin6_addr;
+        inet_ntop(AF_INET6, &v6, text, sizeof text);
+        address = text;
+        std::fill(std::begin(v6.s6_addr) + kNetworkBytes, std::end(v6.s6_addr), 0);
+        inet_ntop(AF_INET6, &v6, text, sizeof text);
+        network = text;
+    }
+}
+
+void ReadClient(MHD_Connection *connection, std::string &address, std::string &network)
 {
     const auto *const info =
         MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CLIENT_ADDRESS);
-    char text[INET6_ADDRSTRLEN] = "";
-    if (info && info->client_addr->sa_family == AF_INET) {
-        const auto *const v4 = reinterpret_cast<const sockaddr_in *>(info->client_addr);
-        inet_ntop(AF_INET, &v4->sin_addr, text, sizeof text);
-    } else if (info && info->client_addr->sa_family == AF_INET6) {
-        const auto *const v6 = reinterpret_cast<const sockaddr_in6 *>(info->client_addr);
-        inet_ntop(AF_INET6, &v6->sin6_addr, text, sizeof text);
-    }
-    return text;
+    if (info)
+        ReadClient(info->client_addr, address, network);
+}
+
+int SocketOf(MHD_Connection *connection)
+{
+    const auto *const info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD);
+    return info ? info->connect_fd : -1;
 }
 
 const char *HeaderOf(MHD_Connection *connection, const char *name)
@@ -101,55 +126,174 @@ MHD_Result Send(MHD_Connection *connection, const Reply &reply, bool is_xml)
     return result;
 }
 
+// A request while it is read.
+struct Upload
+{
+    Request request;
+    size_t limit = 0; // of the body
+    int refusal = 0;  // a status, when the body is not kept
+};
+
+// The size of the header fields, or a status that refuses them.
+struct Head
+{
+    size_t bytes = 0;
+    int fields = 0;
+};
+
+MHD_Result OnField(void *data, MHD_ValueKind /*kind*/, const char *name, const char *value)
+{
+    auto &head = *static_cast<Head *>(data);
+    head.bytes += std::strlen(name) + (value ? std::strlen(value) : 0);
+    ++head.fields;
+    return MHD_YES;
+}
+
+int RefusalOfHead(MHD_Connection *connection, const char *path)
+{
+    if (std::strlen(path) > kPathBytes)
+        return kUriTooLong;
+    Head head;
+    MHD_get_connection_values(connection, MHD_HEADER_KIND, OnField, &head);
+    return head.bytes > kHeaderBytes || head.fields > kHeaderFields ? kHeadTooLarge : 0;
+}
+
+// The handler's answer; an exception becomes a status.
+Reply Answer(const FrontHandler &handler, const Request &request)
+{
+    try {
+        return handler.answer(request);
+    } catch (const Refused &refusal) {
+        return Reply::Refusal(refusal.status);
+    } catch (const std::exception &failure) {
+        Nim::Base::Log::WriteFramed(kAnswer, __FILE__, __LINE__, Nim::Base::Log::kError,
+                                    "ClientWarningAndMore", "%s %s failed: %s",
+                                    request.method.c_str(), request.path.c_str(), failure.what());
+    }
+    return Reply::Refusal(kServerError);
+}
+
+MHD_Result Refuse(const CHttpFront &front, MHD_Connection *connection, const Upload &upload)
+{
+    front.Handler().refused(upload.request, upload.refusal);
+    return Send(connection, Reply::Refusal(upload.refusal), false);
+}
+
+MHD_Result BeginRequest(const CHttpFront &front, MHD_Connection *connection, const char *path,
+                        const char *method, void **context)
+{
+    auto upload = std::make_unique<Upload>();
+    Request &request = upload->request;
+    request.method = method;
+    request.path = std::string(path, strnlen(path, kPathBytes));
+    ReadClient(connection, request.address, request.network);
+    const char *const session = HeaderOf(connection, "Authorization");
+    if (session && strncasecmp(session, kBearer, sizeof kBearer - 1) == 0)
+        request.session = session + sizeof kBearer - 1;
+    const char *const length = HeaderOf(connection, "Content-Length");
+    const size_t announced = length ? std::strtoull(length, nullptr, 10) : 0;
+    upload->refusal = RefusalOfHead(connection, path);
+    upload->limit = upload->refusal == 0 ? front.Handler().body_limit(request) : 0;
+    if (upload->refusal == 0 && announced > upload->limit)
+        upload->refusal = kTooLarge;
+    if (upload->refusal == 0)
+        request.body.reserve(announced); // growing would leave copies of a password behind
+    const bool is_refused_at_once = announced > kDrainedBody;
+    const MHD_Result result = is_refused_at_once ? Refuse(front, connection, *upload) : MHD_YES;
+    *context = upload.release();
+    return result;
+}
+
 // Called by the library for the headers, for each piece of the body, and at its end.
-MHD_Result OnRequest(void *front, MHD_Connection *connection, const char *url, const char *method,
-                     const char * /*version*/, const char *upload, size_t *upload_size,
+MHD_Result OnRequest(void *data, MHD_Connection *connection, const char *path, const char *method,
+                     const char * /*version*/, const char *piece, size_t *piece_size,
                      void **context)
 {
-    if (!*context) {
-        const char *const length = HeaderOf(connection, "Content-Length");
-        const size_t announced = length ? std::strtoull(length, nullptr, 10) : 0;
-        if (announced > kDrainedBody)
-            return Send(connection, Reply::Refusal(kTooLarge), false);
-        auto request = std::make_unique<Request>();
-        request->method = method;
-        request->path = url;
-        request->address = ClientAddress(connection);
-        request->is_too_large = announced > CHttpFront::kMaximumBody;
-        if (!request->is_too_large)
-            request->body.reserve(announced); // growing would leave copies of a password behind
-        const char *const session = HeaderOf(connection, "Authorization");
-        if (session && std::strncmp(session, kBearer, sizeof kBearer - 1) == 0)
-            request->session = session + sizeof kBearer - 1;
-        *context = request.release();
-        return MHD_YES;
-    }
-    auto *const request = static_cast<Request *>(*context);
-    if (*upload_size > 0) {
-        if (!request->is_too_large) {
-            if (request->body.size() + *upload_size > CHttpFront::kMaximumBody)
-                return MHD_NO; // its length was not announced: the connection is closed
-            request->body.append(upload, *upload_size);
+    const auto &front = *static_cast<const CHttpFront *>(data);
+    try {
+        if (!*context)
+            return BeginRequest(front, connection, path, method, context);
+        auto &upload = *static_cast<Upload *>(*context);
+        Request &request = upload.request;
+        if (*piece_size > 0) {
+            if (upload.refusal == 0) {
+                if (request.body.size() + *piece_size > upload.limit)
+                    return MHD_NO; // its length was not announced: the connection is closed
+                request.body.append(piece, *piece_size);
+            }
+            *piece_size = 0;
+            return MHD_YES;
         }
-        *upload_size = 0;
-        return MHD_YES;
+        if (upload.refusal != 0)
+            return Refuse(front, connection, upload);
+        const int socket = SocketOf(connection);
+        front.Connections().SetAnswering(socket, true);
+        const bool is_xml = !request.body.empty() && request.body.front() == '<';
+        const Reply reply = Answer(front.Handler(), request);
+        if (!request.session.empty() && reply.status != kUnauthorized)
+            front.Connections().SetKnown(socket);
+        front.Connections().SetAnswering(socket, false);
+        return Send(connection, reply, is_xml);
+    } catch (const std::bad_alloc &) {
+        return MHD_NO;
     }
-    if (request->is_too_large)
-        return Send(connection, Reply::Refusal(kTooLarge), false);
-    const bool is_xml = !request->body.empty() && request->body.front() == '<';
-    return Send(connection, static_cast<const CHttpFront *>(front)->Answer(*request), is_xml);
 }
 
 void OnCompleted(void * /*front*/, MHD_Connection * /*connection*/, void **context,
                  MHD_RequestTerminationCode /*reason*/)
 {
-    delete static_cast<Request *>(*context);
+    delete static_cast<Upload *>(*context);
     *context = nullptr;
+}
+
+void OnConnection(void *data, MHD_Connection *connection, void ** /*context*/,
+                  MHD_ConnectionNotificationCode code)
+{
+    const auto &front = *static_cast<const CHttpFront *>(data);
+    const int socket = SocketOf(connection);
+    if (code == MHD_CONNECTION_NOTIFY_CLOSED) {
+        front.Connections().Remove(socket);
+        return;
+    }
+    std::string address;
+    std::string network;
+    ReadClient(connection, address, network);
+    const std::string closed = front.Connections().Add(socket, address, network);
+    if (!closed.empty())
+        front.Handler().closed(closed);
+}
+
+// The library's reason why it does not start. What it says later is about clients that went away.
+struct StartMessage
+{
+    std::string text;
+};
+
+thread_local StartMessage *start_message = nullptr;
+
+__attribute__((format(printf, 2, 0))) void OnLibraryMessage(void * /*data*/, const char *format,
+                                                            va_list values)
+{
+    char text[256] = "";
+    std::vsnprintf(text, sizeof text, format, values);
+    if (start_message && start_message->text.empty())
+        start_message->text = text;
 }
 
 } // namespace
 
-CHttpFront::CHttpFront(Handler handler) : handler_(std::move(handler)) {}
+bool IsLoopback(const std::string &address)
+{
+    in6_addr v6{};
+    in_addr v4{};
+    if (inet_pton(AF_INET, address.c_str(), &v4) == 1)
+        return ntohl(v4.s_addr) >> 24 == 127;
+    return inet_pton(AF_INET6, address.c_str(), &v6) == 1 && IN6_IS_ADDR_LOOPBACK(&v6);
+}
+
+CHttpFront::CHttpFront(FrontHandler handler)
+    : handler_(std::move(handler)), connections_(std::make_unique<CConnections>())
+{}
 
 CHttpFront::~CHttpFront()
 {
@@ -161,7 +305,7 @@ QString CHttpFront::Start(const ServerOptions &options)
     Address address;
     if (!ReadAddress(options.address, options.port, address))
         return QStringLiteral("%1 is no IP address.").arg(QString::fromStdString(options.address));
-    unsigned flags = MHD_USE_AUTO | MHD_USE_INTERNAL_POLLING_THREAD;
+    unsigned flags = MHD_USE_AUTO | MHD_USE_INTERNAL_POLLING_THREAD | MHD_USE_ERROR_LOG;
     if (address.is_ipv6)
         flags |= MHD_USE_IPv6;
     const bool is_tls = !options.certificate.empty();
@@ -171,18 +315,25 @@ QString CHttpFront::Start(const ServerOptions &options)
         {MHD_OPTION_HTTPS_MEM_CERT, 0, const_cast<char *>(options.certificate.c_str())},
         {MHD_OPTION_HTTPS_MEM_KEY, 0, const_cast<char *>(options.private_key.c_str())},
         {MHD_OPTION_END, 0, nullptr}};
+    StartMessage message;
+    start_message = &message;
+    errno = 0;
     daemon_ = MHD_start_daemon(
-        flags, 0, nullptr, nullptr, &OnRequest, this, MHD_OPTION_SOCK_ADDR,
-        reinterpret_cast<sockaddr *>(&address.storage), MHD_OPTION_NOTIFY_COMPLETED, &OnCompleted,
-        nullptr, MHD_OPTION_THREAD_POOL_SIZE, kThreads, MHD_OPTION_CONNECTION_LIMIT, kConnections,
-        MHD_OPTION_CONNECTION_TIMEOUT, kIdleTime_s, MHD_OPTION_CONNECTION_MEMORY_LIMIT,
-        kHeaderBytes, MHD_OPTION_ARRAY, is_tls ? tls : tls + 2, MHD_OPTION_END);
+        flags, 0, nullptr, nullptr, &OnRequest, this, MHD_OPTION_EXTERNAL_LOGGER, &OnLibraryMessage,
+        nullptr, MHD_OPTION_SOCK_ADDR, reinterpret_cast<sockaddr *>(&address.storage),
+        MHD_OPTION_NOTIFY_COMPLETED, &OnCompleted, nullptr, MHD_OPTION_NOTIFY_CONNECTION,
+        &OnConnection, this, MHD_OPTION_THREAD_POOL_SIZE, kThreads, MHD_OPTION_CONNECTION_LIMIT,
+        kConnections, MHD_OPTION_CONNECTION_TIMEOUT, kIdleTime_s,
+        MHD_OPTION_CONNECTION_MEMORY_LIMIT, kConnectionBytes, MHD_OPTION_ARRAY,
+        is_tls ? tls : tls + 2, MHD_OPTION_END);
+    start_message = nullptr;
     if (daemon_)
         return {};
     return QStringLiteral("Cannot listen on %1, port %2: %3")
         .arg(QString::fromStdString(options.address))
         .arg(options.port)
-        .arg(QString::fromLocal8Bit(std::strerror(errno)));
+        .arg(message.text.empty() ? QString::fromLocal8Bit(std::strerror(errno))
+                                  : QString::fromStdString(message.text).simplified());
 }
 
 void CHttpFront::Stop()
@@ -197,20 +348,6 @@ int CHttpFront::Port() const
     const auto *const info =
         daemon_ ? MHD_get_daemon_info(daemon_, MHD_DAEMON_INFO_BIND_PORT) : nullptr;
     return info ? info->port : 0;
-}
-
-Reply CHttpFront::Answer(const Request &request) const
-{
-    try {
-        return handler_(request);
-    } catch (const Refused &refusal) {
-        return Reply::Refusal(refusal.status);
-    } catch (const std::exception &failure) {
-        Nim::Base::Log::WriteFramed(kAnswer, __FILE__, __LINE__, Nim::Base::Log::kError,
-                                    "ClientWarningAndMore", "%s %s failed: %s",
-                                    request.method.c_str(), request.path.c_str(), failure.what());
-    }
-    return Reply::Refusal(kServerError);
 }
 
 } // namespace Server

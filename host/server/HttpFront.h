@@ -5,23 +5,36 @@
 
 #include <QtCore/QString>
 
+#include <functional>
 #include <memory>
 
 struct MHD_Daemon;
 
 namespace Server {
 
+class CConnections;
 struct ServerOptions;
 
+/// \brief What a front asks of the server behind it. Called on several threads at once.
+struct FrontHandler
+{
+    /// Answers a request.
+    std::function<Reply(const Request &)> answer;
+    /// The longest body, in bytes, that a request may have; called before the body is read.
+    std::function<size_t(const Request &)> body_limit;
+    /// Hears of each request that is refused without being handed over.
+    std::function<void(const Request &, int status)> refused;
+    /// Hears that a connection of \a address was closed to make room.
+    std::function<void(const std::string &address)> closed;
+};
+
 /// \brief Listens, reads requests within their limits, and hands each to one function.
+///
+/// When there are many connections, those that wait the longest without a session are closed first.
 class CHttpFront
 {
 public:
-    /// Longest body of a request in bytes; longer ones get status 413.
-    static constexpr size_t kMaximumBody = size_t(2) << 20;
-
-    /// \param handler is called on several threads at once; what it throws becomes a status.
-    explicit CHttpFront(Handler handler);
+    explicit CHttpFront(FrontHandler handler);
     ~CHttpFront();
     CHttpFront(const CHttpFront &) = delete;
     CHttpFront &operator=(const CHttpFront &) = delete;
@@ -31,12 +44,16 @@ public:
     void Stop();
     [[nodiscard]] int Port() const;
 
-    /// \brief \a handler's answer, with what it throws as a status.
-    [[nodiscard]] Reply Answer(const Request &request) const;
+    [[nodiscard]] const FrontHandler &Handler() const { return handler_; }
+    [[nodiscard]] CConnections &Connections() const { return *connections_; }
 
 private:
-    const Handler handler_;
+    const FrontHandler handler_;
+    const std::unique_ptr<CConnections> connections_;
     MHD_Daemon *daemon_ = nullptr;
 };
+
+/// \brief Whether \a address, IPv4 or IPv6, is reached from this machine only.
+[[nodiscard]] bool IsLoopback(const std::string &address);
 
 } // namespace Server

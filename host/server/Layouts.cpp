@@ -4,14 +4,13 @@
 
 #include <ClientComm/RapidJsonProto.h>
 
-#include <QtCore/QStringList>
-
 namespace Server {
 namespace {
 
 constexpr int kMaximumKey = 512;
 constexpr int kMaximumText = 1 << 20;
-constexpr int kMaximumLayouts = 10'000; // of one account
+constexpr int kMaximumLayouts = 10'000;          // of one account
+constexpr qint64 kQuota_bytes = qint64(4) << 20; // of the texts and keys of one account
 
 struct Layout
 {
@@ -40,21 +39,6 @@ Layout LayoutOf(const Request &request, bool has_text)
 
 } // namespace
 
-Reply ReadSecuritySetting(CDatabase &database)
-{
-    QJsonObject groups;
-    QSqlQuery query = database.Run(QStringLiteral("SELECT name, value FROM setting"));
-    while (query.next()) {
-        const QStringList name = query.value(0).toString().split(QLatin1Char('/'));
-        QJsonObject group = groups.value(name.constFirst()).toObject();
-        group.insert(name.constLast(), query.value(1).toInt());
-        groups.insert(name.constFirst(), group);
-    }
-    Reply reply;
-    reply.data = QJsonObject{{QStringLiteral("SecuritySetting"), groups}};
-    return reply;
-}
-
 Reply ReadLayout(CDatabase &database, qint64 account, const Request &request)
 {
     const Layout layout = LayoutOf(request, false);
@@ -74,12 +58,17 @@ Reply WriteLayout(CDatabase &database, qint64 account, const Request &request)
 {
     const Layout layout = LayoutOf(request, true);
     database.Write([&] {
-        database.Run(QStringLiteral("INSERT INTO layout VALUES (?, ?, ?, ?) ON CONFLICT DO UPDATE "
-                                    "SET text = excluded.text"),
-                     {account, layout.key, layout.type, layout.text});
-        const QString count = QStringLiteral("SELECT count(*) FROM layout WHERE account = ?");
-        if (database.Value(count, {account}).toInt() > kMaximumLayouts)
-            throw Refused(kTooLarge);
+        database.Run(
+            QStringLiteral("INSERT INTO layout VALUES (?, ?, ?, ?) ON CONFLICT (account, name, "
+                           "type) DO UPDATE SET text = excluded.text"),
+            {account, layout.key, layout.type, layout.text});
+        QSqlQuery sums = database.Run(
+            QStringLiteral("SELECT count(*), sum(length(CAST(text AS BLOB)) + length(CAST(name AS "
+                           "BLOB))) FROM layout WHERE account = ?"),
+            {account});
+        if (!sums.next() || sums.value(0).toInt() > kMaximumLayouts
+            || sums.value(1).toLongLong() > kQuota_bytes)
+            throw Refused(kTooLarge); // which takes the text back
     });
     return {};
 }

@@ -23,18 +23,20 @@ enum Status : int {
     kNotFound = 404,
     kWrongMethod = 405,
     kTooLarge = 413,
+    kUriTooLong = 414,
+    kHeadTooLarge = 431,
     kServerError = 500,
 };
 
-/// \brief A request as it came in. Its texts may be secrets and are overwritten.
+/// \brief A request as it came in. Its texts may be secrets, so they are overwritten.
 struct Request
 {
     std::string method;
     std::string path;    ///< without the query
     std::string session; ///< the token; empty: none
     std::string address; ///< of the client
+    std::string network; ///< the same, but for IPv6 only its first 64 bits, which one site has
     std::string body;
-    bool is_too_large = false; ///< the body was not kept
 
     Request() = default;
     Request(const Request &) = delete;
@@ -46,7 +48,7 @@ struct Request
     }
 };
 
-/// \brief What is answered: the words of the error and what stands at "/ResponseStatus/Data".
+/// \brief An answer: the words of the error, and the object at "/ResponseStatus/Data".
 struct Reply
 {
     int status = kOk;
@@ -56,8 +58,6 @@ struct Reply
 
     static Reply Refusal(int status) { return {status, kModuleHttp, status, {}}; }
 };
-
-using Handler = std::function<Reply(const Request &)>;
 
 /// \brief Ends the handling of a request with its status; nothing is changed.
 struct Refused : std::runtime_error

@@ -11,26 +11,16 @@ class CDatabase;
 
 // What the database keeps for clients. All of it is called on the database thread.
 
-/// \brief The security settings.
-[[nodiscard]] Reply ReadSecuritySetting(CDatabase &database);
-
 /// \brief The layout text that \a account has stored, empty when there is none.
 [[nodiscard]] Reply ReadLayout(CDatabase &database, qint64 account, const Request &request);
-/// \brief Store a layout text for \a account; the last one wins.
+/// \brief Store a layout text for \a account; the last one wins. Each account has a quota.
 [[nodiscard]] Reply WriteLayout(CDatabase &database, qint64 account, const Request &request);
 
 /// \brief One page of the incident list, filtered and sorted.
 [[nodiscard]] Reply ReadIncidents(CDatabase &database, const Request &request);
 
-/// \brief Give every security setting that is missing its default.
-void SetDefaults(CDatabase &database);
-
 /// \brief Fill a database that has no account: sample accounts, and the incidents of the CSV file
 /// \a path. Nothing happens to one that has. Throws when the file cannot be read.
 void Seed(CDatabase &database, const QString &path);
-
-/// \brief Add an account, or give it a new password. Throws Refused for a name or password that
-/// nobody could log in with.
-void SetAccount(CDatabase &database, const QString &name, const std::string &password);
 
 } // namespace Server

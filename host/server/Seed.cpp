@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Accounts.h"
+#include "AccountRecords.h"
 #include "Database.h"
 #include "Records.h"
 #include "SampleAccounts.h"
@@ -15,22 +15,7 @@ namespace Server {
 namespace {
 
 constexpr int kMaximumColumns = 100;
-constexpr int kMaximumName = 256;
 constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
-
-struct Setting
-{
-    const char *name;
-    int value;
-};
-
-// Durations are minutes, days are days.
-constexpr Setting kSettings[] = {
-    {"IPLock/Enable", 1},           {"IPLock/FailCount", 5},          {"IPLock/Duration", 10},
-    {"PasswordStrength/Enable", 1}, {"PasswordStrength/Strength", 2}, {"PasswordExpiry/Enable", 0},
-    {"PasswordExpiry/Config", 0},   {"PasswordExpiry/Day", 90},       {"ClientLock/Enable", 1},
-    {"ClientLock/Config", 0},       {"ClientLock/Duration", 10},
-};
 
 using Rows = std::vector<QStringList>;
 
@@ -90,28 +75,6 @@ void SeedIncidents(CDatabase &database, const Rows &rows)
 }
 
 } // namespace
-
-void SetDefaults(CDatabase &database)
-{
-    database.Write([&database] {
-        for (const Setting &setting : kSettings)
-            database.Run(QStringLiteral("INSERT OR IGNORE INTO setting VALUES (?, ?)"),
-                         {QLatin1String(setting.name), setting.value});
-    });
-}
-
-void SetAccount(CDatabase &database, const QString &name, const std::string &password)
-{
-    if (name.isEmpty() || name.toUtf8().size() > kMaximumName || password.empty())
-        throw Refused(kBadRequest);
-    const QString hash = HashPassword(password);
-    database.Write([&] {
-        database.Run(
-            QStringLiteral("INSERT INTO account (name, password) VALUES (?, ?) ON CONFLICT "
-                           "DO UPDATE SET password = excluded.password"),
-            {name, hash});
-    });
-}
 
 void Seed(CDatabase &database, const QString &path)
 {

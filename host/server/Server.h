@@ -1,30 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ServerOptions.h"
+
+#include <Nim/Base/SecretText.h>
+
 #include <QtCore/QString>
 
-#include <functional>
 #include <memory>
-#include <string>
 
 namespace Server {
 
-/// \brief How a server runs.
-struct ServerOptions
-{
-    QString data_path; ///< the SQLite file, made when it is missing; its folder must be there
-    std::string address = "127.0.0.1"; ///< IPv4 or IPv6 address to listen on
-    int port = 0;                      ///< 0: any that is free
-    QString seed_path;       ///< CSV file for an empty database, with sample accounts; may be empty
-    std::string certificate; ///< PEM; with the key: HTTPS
-    std::string private_key; ///< PEM
-    /// Seconds since 1970, for locks, sessions and codes; empty: the system's clock. Any thread.
-    std::function<qint64()> clock;
-    /// The texts of verification codes; empty: four random letters and digits. Any thread.
-    std::function<QString()> code_source;
-};
-
 struct CServerDataPtr;
+
+/// \brief Add an account to the database \a data_path, or give it a new password, which ends its
+/// sessions. No port is opened; a server may use the database meanwhile.
+/// \return an empty text, or why it cannot.
+[[nodiscard]] QString SetAccount(const QString &data_path, const QString &name,
+                                 const Nim::Base::SecretText &password);
 
 /// \brief The management server: accounts, layouts and the incident list over HTTP or HTTPS, kept
 /// in one SQLite file.
@@ -41,12 +34,10 @@ public:
     CServer &operator=(const CServer &) = delete;
 
     /// \brief Open the database and listen. Takes as long as reading the seed does, the first time.
+    /// On an address that other machines reach, plain HTTP and sample accounts are refused unless
+    /// the options allow them.
     /// \return an empty text, or why it cannot.
     [[nodiscard]] QString Start();
-
-    /// \brief Add an account, or give it a new password; once the server has started.
-    /// \return an empty text, or why it cannot.
-    [[nodiscard]] QString SetAccount(const QString &name, const std::string &password);
 
     /// \brief Finish the requests at hand and stop listening.
     void Stop();

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include "Audit.h"
 #include "Server.h"
 
-#include <Nim/Base/Encrypt.h>
+#include <sys/stat.h>
 
 #include <QtCore/QCommandLineParser>
+#include <QtCore/QDateTime>
+#include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
 
@@ -22,6 +26,8 @@ constexpr int kExitFailed = 1;
 constexpr int kExitBadUsage = 2;
 constexpr int kLastPort = 65535;
 constexpr auto kSignalLook = 50ms;
+constexpr mode_t kPrivate = 077; // files are the owner's
+constexpr char kDataName[] = "vantor-server.sqlite";
 
 volatile std::sig_atomic_t stop_signal = 0;
 
@@ -40,8 +46,9 @@ struct Options
         QStringLiteral("Address to listen on (default: 127.0.0.1, this machine only)."),
         QStringLiteral("IP"), QStringLiteral("127.0.0.1")};
     QCommandLineOption data{QStringLiteral("data"),
-                            QStringLiteral("Database file, made when it is missing."),
-                            QStringLiteral("FILE"), QStringLiteral("vantor-server.sqlite")};
+                            QStringLiteral("Database file, made when it is missing, or the folder "
+                                           "of vantor-server.sqlite."),
+                            QStringLiteral("FILE|DIR"), QLatin1String(kDataName)};
     QCommandLineOption seed{
         QStringLiteral("seed"),
         QStringLiteral("Fill an empty database with the sample accounts and this list."),
@@ -49,7 +56,7 @@ struct Options
     QCommandLineOption account{
         QStringLiteral("account"),
         QStringLiteral("Add this account, or give it a new password: one line of the standard "
-                       "input; then exit."),
+                       "input; then exit. No port is opened."),
         QStringLiteral("NAME")};
     QCommandLineOption certificate{
         QStringLiteral("certificate"),
@@ -58,6 +65,13 @@ struct Options
     QCommandLineOption key{QStringLiteral("key"),
                            QStringLiteral("Private key of the certificate (PEM)."),
                            QStringLiteral("FILE")};
+    QCommandLineOption plain{
+        QStringLiteral("plain-http"),
+        QStringLiteral("Serve other machines without a certificate. Passwords can then be read on "
+                       "the way.")};
+    QCommandLineOption samples{
+        QStringLiteral("sample-accounts"),
+        QStringLiteral("Let other machines use the sample accounts, whose passwords are public.")};
 };
 
 void PrintError(const QString &text)
@@ -65,7 +79,19 @@ void PrintError(const QString &text)
     std::fprintf(stderr, "vantor-server: %s\n", qPrintable(text));
 }
 
-// Empty, with an error printed, when it cannot be read.
+// One line of the audit log. The journal takes the priority from the line and adds the time.
+void WriteAudit(Server::AuditLevel level, const std::string &line)
+{
+    static const bool is_journal = qEnvironmentVariableIsSet("JOURNAL_STREAM");
+    if (is_journal)
+        std::fprintf(stderr, "<%d>%s\n", int(level), line.c_str());
+    else
+        std::fprintf(stderr, "%s %s\n",
+                     qPrintable(QDateTime::currentDateTimeUtc().toString(Qt::ISODate)),
+                     line.c_str());
+}
+
+// Empty, with an error printed, if there is nothing to read.
 std::string ReadPem(const QString &path)
 {
     QFile file(path);
@@ -73,22 +99,28 @@ std::string ReadPem(const QString &path)
         PrintError(QStringLiteral("Cannot read %1: %2").arg(path, file.errorString()));
         return {};
     }
-    return file.readAll().toStdString();
+    std::string text = file.readAll().toStdString();
+    if (text.empty())
+        PrintError(QStringLiteral("%1 is empty.").arg(path));
+    return text;
 }
 
-int SetAccount(Server::ServerOptions options, const QString &name)
+int SetAccount(const QString &data_path, const QString &name)
 {
-    Server::CServer server(std::move(options));
-    QString error = server.Start();
-    if (error.isEmpty()) {
-        std::string password;
-        std::getline(std::cin, password);
-        error = server.SetAccount(name, password);
-        Nim::Base::Encrypt::Wipe(password);
-    }
-    if (!error.isEmpty())
+    std::string line;
+    std::getline(std::cin, line);
+    if (!line.empty() && line.back() == '\r') // of a file with lines of Windows
+        line.pop_back();
+    const Nim::Base::SecretText password(line);
+    Nim::Base::Encrypt::Wipe(line);
+    const QString error = Server::SetAccount(data_path, name, password);
+    if (!error.isEmpty()) {
         PrintError(error);
-    return error.isEmpty() ? 0 : kExitFailed;
+        return kExitFailed;
+    }
+    Server::CAudit(WriteAudit)
+        .Write(Server::kAuditNotice, "account-changed", {{"user", name.toStdString()}});
+    return 0;
 }
 
 int Serve(Server::ServerOptions options)
@@ -101,6 +133,7 @@ int Serve(Server::ServerOptions options)
     }
     std::printf("listening on port %d\n", server.Port());
     std::fflush(stdout);
+    std::signal(SIGHUP, SIG_IGN); // a terminal that closes, or an unwary reload, changes nothing
     for (const int signal : {SIGINT, SIGTERM})
         std::signal(signal, OnSignal);
     QTimer look;
@@ -121,7 +154,7 @@ int Run()
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({names.port, names.address, names.data, names.seed, names.account,
-                       names.certificate, names.key});
+                       names.certificate, names.key, names.plain, names.samples});
     parser.process(*qApp);
 
     Server::ServerOptions options;
@@ -135,6 +168,11 @@ int Run()
     }
     options.address = parser.value(names.address).toStdString();
     options.data_path = parser.value(names.data);
+    if (QFileInfo(options.data_path).isDir())
+        options.data_path = QDir(options.data_path).filePath(QLatin1String(kDataName));
+    options.is_plain_allowed = parser.isSet(names.plain);
+    options.are_samples_allowed = parser.isSet(names.samples);
+    options.audit = WriteAudit;
     options.seed_path = parser.value(names.seed);
     if (has_tls) {
         options.certificate = ReadPem(parser.value(names.certificate));
@@ -143,7 +181,7 @@ int Run()
             return kExitFailed;
     }
     if (parser.isSet(names.account))
-        return SetAccount(std::move(options), parser.value(names.account));
+        return SetAccount(options.data_path, parser.value(names.account));
     return Serve(std::move(options));
 }
 
@@ -151,6 +189,7 @@ int Run()
 
 int main(int argc, char **argv)
 {
+    umask(kPrivate);
     // It draws, but it has no window.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -438,7 +438,8 @@ private Q_SLOTS:
         const QString certificate = TLS_FOLDER "/certificate.pem";
         const QString key = TLS_FOLDER "/key.pem";
         program.start(SERVER_PROGRAM, {"--data", server_.DataPath(), "--address", "0.0.0.0",
-                                       "--certificate", certificate, "--key", key});
+                                       "--sample-accounts", "--certificate", certificate, "--key",
+                                       key});
         int port = 0;
         QVERIFY(TalkTo(program, &port));
         CNetCommManager::SetServer(host.toStdString(), port, true,

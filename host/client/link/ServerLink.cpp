@@ -13,6 +13,9 @@
 #include <QtCore/QStandardPaths>
 #include <QtCore/QUrl>
 
+#include <chrono>
+#include <future>
+
 namespace Client {
 namespace {
 
@@ -20,6 +23,8 @@ using BusinessCommon::CAdaptiveColumnWidthManager;
 using BusinessCommon::CNetCommManager;
 
 constexpr int kFinishTime_ms = 800;
+constexpr auto kEndTime = std::chrono::milliseconds(300);
+constexpr char kSessionUrl[] = "/Quorra/Brisent/Platform/V0/Session";
 
 CServerLink *current = nullptr;
 
@@ -61,7 +66,7 @@ std::string NewSession(const QString &user, const Nim::Base::SecretText &passwor
     body.SetString("/LoginRequest/UserName", user.toStdString());
     body.SetString("/LoginRequest/PassWord", password);
     ClientComm::CClientSendInfo send;
-    send.SetVal_URL("/Quorra/Brisent/Platform/V0/Session");
+    send.SetVal_URL(kSessionUrl);
     send.SetVal_Method("POST");
     send.SetVal_Request_Data(body.ToJson());
     ClientComm::CClientRecvInfo recv;
@@ -70,6 +75,18 @@ std::string NewSession(const QString &user, const Nim::Base::SecretText &passwor
     ClientComm::CRapidJsonProto reply;
     reply.Load(recv.Read().Receive_Data);
     return reply.GetString("/ResponseStatus/Data/Session");
+}
+
+// A session must not be used after its user has gone. A server that does not answer ends it after
+// some hours by itself.
+void EndSession(const std::string &session)
+{
+    ClientComm::CClientSendInfo send;
+    send.SetVal_URL(kSessionUrl);
+    send.SetVal_Method("DELETE");
+    ClientComm::CClientRecvInfo recv;
+    if (!session.empty())
+        Nim::Base::CSingleton<CNetCommManager>::Instance().ClientSynSendAs(session, recv, send);
 }
 
 } // namespace
@@ -84,7 +101,13 @@ CServerLink::~CServerLink()
 {
     current = nullptr;
     CAdaptiveColumnWidthManager::FinishWrites(kFinishTime_ms);
+    const std::string session = user_.isEmpty() ? std::string() : CNetCommManager::Session();
+    const auto ending = std::async(std::launch::async, EndSession, session);
+    ending.wait_for(kEndTime);
     CNetCommManager::Abort();
+    ending.wait();
+    if (!session.empty())
+        CNetCommManager::SetSession({});
     watcher_.waitForFinished(); // it may hold the server
     server_.reset();
 }
@@ -140,10 +163,14 @@ void CServerLink::LogIn(const QString &user, const Nim::Base::SecretText &passwo
         next_password_ = password;
         return;
     }
-    watcher_.setFuture(QtConcurrent::run([user, password] {
+    watcher_.setFuture(QtConcurrent::run([user, password, last = CNetCommManager::Session()] {
         Outcome outcome;
         outcome.user = user;
         outcome.session = NewSession(user, password);
+        if (!outcome.session.empty()) {
+            CAdaptiveColumnWidthManager::FinishWrites(kFinishTime_ms); // of the last user
+            EndSession(last);
+        }
         return outcome;
     }));
 }

@@ -22,7 +22,8 @@ namespace Client {
 /// is logged in there.
 ///
 /// Connecting and logging in happen on another thread; the window never waits. There is one link at
-/// most in a process. When it goes, what the user changed last is stored first, within a second.
+/// most in a process. When it goes, what the user changed last is stored first, and the session is
+/// ended, in little more than a second.
 class CServerLink : public QObject
 {
     Q_OBJECT
@@ -40,7 +41,8 @@ public:
     /// \brief Connect and log \a user in.
     /// \param server an address as above; empty: a server in this process, on this machine only.
     void Start(const QString &server, const QString &user);
-    /// \brief Log another user in; the one before stays when that fails.
+    /// \brief Log another user in, and end the session of the one before, who stays when that
+    /// fails.
     void LogIn(const QString &user, const Nim::Base::SecretText &password);
     /// \brief The same for one of Users().
     void SwitchUser(const QString &user);

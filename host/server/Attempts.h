@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "SecuritySettings.h"
+
+#include <QtCore/QString>
+
+namespace Server {
+
+class CDatabase;
+
+// Counts tries of passwords, and locks. A try is counted as a failure before the password is looked
+// at, and taken back when it was right: a try that cannot be stored is not made. All of it is
+// called on the database thread, within a transaction when it writes.
+
+/// \brief Who tries, and where. The address stands for a network when it is IPv6.
+struct Trier
+{
+    QString address;
+    QString user;
+};
+
+enum class Lock {
+    None,
+    User,    ///< this user, from this address or from everywhere
+    Address, ///< every user, from this address
+};
+
+/// \brief How a user stands before, or after, a try.
+struct Standing
+{
+    Lock lock = Lock::None;
+    int failures = 0;       ///< of the user from this address
+    int remaining = -1;     ///< tries left until the lock; -1: not limited
+    qint64 lock_left_s = 0; ///< of a lock, in seconds
+};
+
+/// \param own how many tries that were counted are to be left out: 1 for the one under way.
+[[nodiscard]] Standing StandingOf(CDatabase &database, const LockSettings &settings,
+                                  const Trier &trier, qint64 now, int own = 0);
+void CountTry(CDatabase &database, const LockSettings &settings, const Trier &trier, qint64 now);
+/// \brief The password was right: the user's failures from this address are forgotten, and the try
+/// does not count for the others.
+void TakeBackTry(CDatabase &database, const Trier &trier);
+
+} // namespace Server

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Message.h"
+
+namespace Server {
+
+class CDatabase;
+
+// All of it is called on the database thread.
+
+/// \brief What the settings say about wrong passwords.
+struct LockSettings
+{
+    bool is_limited = false;
+    int failures = 1;  ///< of one user from one address, until the lock
+    qint64 lock_s = 0; ///< seconds
+};
+
+/// \brief Give every security setting that is missing its default.
+void SetDefaults(CDatabase &database);
+
+[[nodiscard]] LockSettings ReadLockSettings(CDatabase &database);
+
+/// \brief The security settings as clients read them.
+[[nodiscard]] Reply ReadSecuritySetting(CDatabase &database);
+
+} // namespace Server

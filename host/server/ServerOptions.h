@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QString>
+
+#include <functional>
+#include <string>
+
+namespace Server {
+
+/// \brief How important a line of the audit log is, by the numbers of syslog (RFC 5424).
+enum AuditLevel : int {
+    kAuditWarning = 4,
+    kAuditNotice = 5,
+    kAuditInformation = 6,
+};
+
+/// \brief How a server runs.
+struct ServerOptions
+{
+    QString data_path; ///< the SQLite file, made when it is missing; its folder must be there
+    std::string address = "127.0.0.1"; ///< IPv4 or IPv6 address to listen on
+    int port = 0;                      ///< 0: any that is free
+    QString seed_path;       ///< CSV file for an empty database, with sample accounts; may be empty
+    std::string certificate; ///< PEM; with the key: HTTPS
+    std::string private_key; ///< PEM
+    /// Serve plain HTTP on an address that other machines reach. Anybody on the way can then read
+    /// passwords.
+    bool is_plain_allowed = false;
+    /// Serve accounts that still have their sample passwords to other machines.
+    bool are_samples_allowed = false;
+    /// Seconds since 1970, for locks, sessions and codes; empty: the system's clock. Any thread.
+    std::function<qint64()> clock;
+    /// The texts of verification codes; empty: four random letters and digits. Any thread.
+    std::function<QString()> code_source;
+    /// Gets each line of the audit log, one line without secrets: logins, failures, locks, refused
+    /// requests, changes of accounts. Empty: they are dropped. Any thread, one call at a time.
+    std::function<void(AuditLevel level, const std::string &line)> audit;
+};
+
+} // namespace Server
