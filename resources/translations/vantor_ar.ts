@@ -283,6 +283,10 @@
         <translation>حدث خطأ ما.</translation>
     </message>
     <message>
+        <source>Not a regular file</source>
+        <translation>ليس ملفًا عاديًا</translation>
+    </message>
+    <message>
         <source>Confirm</source>
         <translation>تأكيد</translation>
     </message>

@@ -283,6 +283,10 @@
         <translation>Something went wrong.</translation>
     </message>
     <message>
+        <source>Not a regular file</source>
+        <translation>Not a regular file</translation>
+    </message>
+    <message>
         <source>Confirm</source>
         <translation>Confirm</translation>
     </message>

@@ -4,6 +4,7 @@
 #include "common/CopyNames.h"
 #include "common/ForwardEvents.h"
 #include "common/Guard.h"
+#include "common/Translate.h"
 
 #include <Nim/Base/FileSystem.h>
 #include <Ravel/TextCodec.h>
@@ -27,34 +28,45 @@ struct CCopyFileThreadPtr
     bool b_flag_ = false;
     bool b_keep_existing_ = false;
     std::atomic<bool> b_stop_{false}; // set by any thread, read by the copying one
-    QVector<CopiedFile> vec_results_; // written by the copying thread, read when it has told
+    QVector<CopiedFile> vec_results_; // written by the copying thread, read after SendSaveFinish()
 };
 
 namespace {
 
 namespace FileSystem = Nim::Base::FileSystem;
 
-constexpr int kPathBytes = 260; // the longest path that hosts' file systems are promised
-constexpr int kTellEvery_ms = 50;
+constexpr int kPathBytes = 260; // the longest path that the file systems of hosts are promised
+constexpr int kProgressEveryMs = 50;
+// Several threads that copy to one name take it from one another. A platform that reports a free
+// name as taken must not keep a file going round for ever.
+constexpr int kMostLostNames = 100;
 
-// Tells bytes and files, not so often that the receiver's queue fills.
-class CProgressTeller
+// Emits the progress of a job, not so often that the receiver's queue fills.
+class CProgress
 {
 public:
-    CProgressTeller(CCopyFileThread &thread, const QStringList &sources)
-        : thread_(thread), files_total_(sources.size())
+    CProgress(CCopyFileThread &thread, int files_total) : thread_(thread), files_total_(files_total)
     {
-        for (const QString &source : sources)
+        Emit();
+    }
+
+    // Asking for the sizes of many files takes a while, so a stop counts here too.
+    void Measure(const QStringList &sources, const std::atomic<bool> &is_stopped)
+    {
+        for (const QString &source : sources) {
+            if (is_stopped)
+                return;
             sizes_.append(source.contains(QChar(0)) ? 0 : QFileInfo(source).size());
-        for (const qint64 size : qAsConst(sizes_))
-            bytes_total_ += size;
-        Tell();
+            bytes_total_ += sizes_.constLast();
+            EmitSometimes();
+        }
+        Emit();
     }
 
     void OnBytes(qint64 bytes)
     {
         bytes_of_file_ += bytes;
-        TellSometimes();
+        EmitSometimes();
     }
 
     void OnFile()
@@ -63,36 +75,39 @@ public:
         ++files_done_;
         bytes_of_file_ = 0;
         if (files_done_ == files_total_)
-            Tell();
+            Emit();
         else
-            TellSometimes();
+            EmitSometimes();
     }
 
 private:
-    void TellSometimes()
+    void EmitSometimes()
     {
-        if (since_last_.elapsed() >= kTellEvery_ms)
-            Tell();
+        if (since_last_.elapsed() >= kProgressEveryMs)
+            Emit();
     }
 
-    void Tell()
+    void Emit()
     {
         since_last_.start();
-        Q_EMIT thread_.SendSaveProgress(std::min(bytes_done_ + bytes_of_file_, bytes_total_),
-                                        bytes_total_, files_done_, files_total_);
+        // A file that has grown since it was measured counts as large as it was.
+        const qint64 of_file =
+            files_done_ < sizes_.size() ? std::min(bytes_of_file_, sizes_.at(files_done_)) : 0;
+        Q_EMIT thread_.SendSaveProgress(bytes_done_ + of_file, bytes_total_, files_done_,
+                                        files_total_);
     }
 
     CCopyFileThread &thread_;
     QVector<qint64> sizes_;
-    qint64 bytes_done_ = 0;
-    qint64 bytes_of_file_ = 0;
+    qint64 bytes_done_ = 0;    // of the files that are done
+    qint64 bytes_of_file_ = 0; // of the one being copied
     qint64 bytes_total_ = 0;
     int files_done_ = 0;
     const int files_total_;
     QElapsedTimer since_last_;
 };
 
-// The bytes of a path, or why there are none.
+// A path in the local encoding, or the reason why it has none.
 struct LocalPath
 {
     QByteArray bytes;
@@ -104,7 +119,8 @@ LocalPath ToLocal(const QString &path)
     QByteArray bytes = Ravel::ConvertFromUnicode(path);
     if (bytes.size() > kPathBytes)
         return {{}, -ENAMETOOLONG};
-    // A "?" in place of a character, or a zero byte that ends it early, would be another file.
+    // A "?" in place of a character, or a zero byte that ends the path early, would name another
+    // file.
     if (bytes.contains('\0') || Ravel::ConvertToUnicode(bytes) != path)
         return {{}, -EILSEQ};
     return {bytes, 0};
@@ -114,9 +130,9 @@ LocalPath ToLocal(const QString &path)
 class CCopyJob
 {
 public:
-    CCopyJob(const CCopyFileThreadPtr &data, CProgressTeller &teller)
+    CCopyJob(const CCopyFileThreadPtr &data, CProgress &progress)
         : b_flag_(data.b_flag_), b_keep_existing_(data.b_keep_existing_),
-          on_bytes_([&teller](std::int64_t bytes) { teller.OnBytes(bytes); })
+          on_bytes_([&progress](std::int64_t bytes) { progress.OnBytes(bytes); })
     {}
 
     // \return 0 and the name it was written under, or a negative errno.
@@ -124,7 +140,7 @@ public:
     {
         if (source.contains(QChar(0))) // QFileInfo would warn
             return -EILSEQ;
-        if (!QFileInfo::exists(source))
+        if (!QFileInfo::exists(source) || destination.isEmpty())
             return -ENOENT;
         const LocalPath from = ToLocal(source);
         const LocalPath to = ToLocal(destination);
@@ -132,8 +148,7 @@ public:
             return from.error != 0 ? from.error : to.error;
         written = to.bytes;
         if (from.bytes == to.bytes)
-            return FileSystem::RenameFile(from.bytes.constData(), to.bytes.constData()) < 0 ? -EIO
-                                                                                            : 0;
+            return Result(FileSystem::RenameFile(from.bytes.constData(), to.bytes.constData()));
         const CopyName name = b_keep_existing_ ? SplitKeepingAll(to.bytes) : SplitClassic(to.bytes);
         return name.is_numbered ? CopyToFreeName(from.bytes, name, written)
                                 : CopyToKeptName(from.bytes, to.bytes);
@@ -147,14 +162,14 @@ private:
             if (result != -EEXIST)
                 return result;
         }
-        // From where the last search in this run ended: many sources for one name would otherwise
+        // Begin where the last search of this run ended, because many sources for one name would
         // ask for every number again.
         int &number = next_numbers_[name.stem + '\0' + name.extension];
-        while (number < INT_MAX) {
+        for (int lost_names = 0; lost_names < kMostLostNames && number < INT_MAX;) {
             target = NumberedName(name, ++number);
             if (FileSystem::FileExists(target.constData()) == 0)
                 continue;
-            // Exclusive whatever the flag is: somebody else may have found the same name free.
+            // Exclusive whatever the flag is: another thread may have found the same name free.
             const int result = CopyFile(source, target, 1);
             if (result == 0)
                 return result;
@@ -162,6 +177,7 @@ private:
                 --number; // this name is still free
                 return result;
             }
+            ++lost_names;
         }
         return -EEXIST;
     }
@@ -170,10 +186,16 @@ private:
     {
         if (FileSystem::IsSameFile(source.constData(), target.constData()))
             return -EEXIST; // another spelling or a link: deleting it would delete the source
-        if (!b_flag_)
-            static_cast<void>(FileSystem::DeleteFileW(target.constData()));
-        return CopyFile(source, target, b_flag_ ? 0 : 1);
+        if (b_flag_)
+            return CopyFile(source, target, 0);
+        const int deleted = Result(FileSystem::DeleteFileW(target.constData()));
+        const int result = CopyFile(source, target, 1);
+        // An old file that could not be deleted is in the way, so the reason is why it could not.
+        return result == -EEXIST && deleted != 0 && deleted != -ENOENT ? deleted : result;
     }
+
+    // Of the base library's operations, which leave the reason in errno.
+    static int Result(int result) { return result >= 0 ? 0 : errno != 0 ? -errno : -EIO; }
 
     int CopyFile(const QByteArray &source, const QByteArray &target, int fail_if_exists)
     {
@@ -184,11 +206,13 @@ private:
     const bool b_flag_;
     const bool b_keep_existing_;
     const FileSystem::CopyProgress on_bytes_;
-    QHash<QByteArray, int> next_numbers_; // the last number that was given to stem and extension
+    QHash<QByteArray, int> next_numbers_; // the last number tried, by stem and extension
 };
 
-QString ErrorText(int result)
+QString ErrorText(int result, const QString &source = {})
 {
+    if (result == -EINVAL && !source.isEmpty() && !QFileInfo(source).isFile())
+        return Translate(QStringLiteral("Not a regular file"));
     return QString::fromLocal8Bit(std::strerror(-result));
 }
 
@@ -237,20 +261,21 @@ void CCopyFileThread::run()
     QVector<CopiedFile> &results = d_ptr_->vec_results_;
     results.clear();
     RunGuarded(kFunction, [&] {
-        CProgressTeller teller(*this, sources);
-        CCopyJob job(*d_ptr_, teller);
+        CProgress progress(*this, sources.size());
+        progress.Measure(sources, d_ptr_->b_stop_);
+        CCopyJob job(*d_ptr_, progress);
         results.reserve(sources.size());
         for (int i = 0; i < sources.size() && !d_ptr_->b_stop_; ++i) {
             QByteArray written;
             const int result = job.Copy(sources.at(i), destinations.at(i), written);
             if (result < 0)
-                results.append({sources.at(i), {}, ErrorText(result)});
+                results.append({sources.at(i), {}, ErrorText(result, sources.at(i))});
             else
                 results.append({sources.at(i), Ravel::ConvertToUnicode(written), {}});
-            teller.OnFile();
+            progress.OnFile();
         }
     });
-    // What a stop left out, or an exception of a slot.
+    // The files that a stop left out, or an exception of a slot.
     while (results.size() < sources.size())
         results.append({sources.at(results.size()), {}, ErrorText(-ECANCELED)});
     QStringList failed;

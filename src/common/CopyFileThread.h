@@ -13,12 +13,12 @@ namespace Vantor {
 
 struct CCopyFileThreadPtr;
 
-/// \brief What became of one file of a copy.
+/// \brief The outcome for one file of a copy.
 struct CopiedFile
 {
     QString source;
     QString target; ///< The name it was written under; empty when it did not arrive.
-    QString error;  ///< The system's text for the user; empty when it arrived.
+    QString error;  ///< The reason, a text for the user; empty when it arrived.
 };
 
 /// \brief Copies a list of files to a list of names on a thread of its own and picks a free name
@@ -34,7 +34,7 @@ struct CopiedFile
 /// on (docs/known-behaviour.md).
 ///
 /// The object belongs to the GUI thread; its destructor asks a running copy to stop and waits until
-/// the file at hand is done.
+/// the current file is done.
 // clazy:excludeall=ctor-missing-parent-argument,thread-with-slots
 class VANTOR_EXPORT CCopyFileThread : public QThread
 {
@@ -58,10 +58,10 @@ public:
     /// \brief Overwrite nothing: number names without a dot too, at their end, look for the dot in
     /// the file's name only, and keep long extensions. Off by default; call it before start().
     void SetKeepExisting(bool on);
-    [[nodiscard]] bool IsKeepExisting() const;
+    [[nodiscard]] bool IsKeepExisting() const; ///< See SetKeepExisting().
 
-    /// \brief What became of each file, in order, the reasons for failures and the names that were
-    /// taken; complete when SendSaveFinish() is emitted.
+    /// \brief The outcome for each file, in order, with the reasons for failures and the names that
+    /// were taken; complete when SendSaveFinish() is emitted.
     [[nodiscard]] QVector<CopiedFile> Results() const;
 
     /// \brief The thread's body: copies, then emits SendSaveFinish().
@@ -71,7 +71,8 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 public Q_SLOTS:
-    /// \brief Copy no further file; the one at hand is finished. Safe from any thread.
+    /// \brief Copy no further file; the current one is finished. Takes effect between any two
+    /// files, also while their sizes are still being measured. Safe from any thread.
     ///
     /// The request stays for good: a stopped object copies nothing any more.
     void OnStopCopyFileThread();
@@ -82,9 +83,10 @@ Q_SIGNALS:
     /// \param failed_sources those that did not, in order, with what a stop left out.
     void SendSaveFinish(bool all_copied, const QStringList &failed_sources);
 
-    /// How far it is, from the copying thread: at the start, at most every 50 ms, and at the end of
-    /// the last file. Bytes of a file that fails count as done.
-    /// \param bytes_total what all sources held at the start.
+    /// The progress, emitted from the copying thread: at once with 0, then at most every 50 ms, and
+    /// at the end of the last file. It never goes back. Bytes of a file that fails count as done.
+    /// \param bytes_total the size of all sources at the start; it grows from 0 while they are
+    ///                    being measured, before the first is copied.
     void SendSaveProgress(qint64 bytes_done, qint64 bytes_total, int files_done, int files_total);
 
 private:

@@ -1,31 +1,28 @@
 // SPDX-License-Identifier: MIT
-// File systems that cannot do what ours can: without files that have no name, without renaming that
-// refuses, without hard links. The system's calls are stood in for, for this program only.
-#include "support/Files.h"
-#include "support/TestGuard.h"
+// File systems that lack something: files without a name, renaming that refuses, hard links. This
+// program replaces the system's calls for itself.
+#include "support/Test.h"
 
 #include <Nim/Base/FileSystem.h>
+#include <Vantor/CCopyFileThread>
 
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <QtCore/QDir>
-#include <QtCore/QSet>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
+#include <QtCore/QHash>
 
 #include <cerrno>
 #include <cstdarg>
 
-// Before what the libraries would call.
+// The dynamic linker finds these before the system's.
 #define SEEN __attribute__((visibility("default")))
 
 namespace FileSystem = Nim::Base::FileSystem;
 
 namespace {
 
-// The calls that fail now, with what each says.
+// The calls that fail now, with their errors.
 QHash<QByteArray, int> broken;
 
 bool IsBroken(const char *call)
@@ -41,6 +38,13 @@ template <class Call> Call Next(Call, const char *name)
 {
     return reinterpret_cast<Call>(dlsym(RTLD_NEXT, name));
 }
+
+struct Poor
+{
+    const char *name;
+    QHash<QByteArray, int> faults;
+    int expected;
+};
 
 } // namespace
 
@@ -96,81 +100,75 @@ SEEN ssize_t write(int file, const void *bytes, size_t size)
 }
 // NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
-using Faults = QHash<QByteArray, int>;
-Q_DECLARE_METATYPE(Faults)
-
-class TestFileCopy : public QObject
+class TestFileCopy : public CGuardedTest
 {
     Q_OBJECT
 
+protected:
+    void TearDown() override { broken.clear(); }
+
 private Q_SLOTS:
-    void init() { guard_.Begin(); }
-
-    void cleanup()
-    {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void poorFileSystemsAreServedToo_data()
     {
-        QTest::addColumn<Faults>("faults");
-        QTest::addColumn<int>("expected");
-        QTest::newRow("nothing is missing") << Faults() << 0;
-        QTest::newRow("the kernel cannot copy") << Faults{{"copy_file_range", EXDEV}} << 0;
-        QTest::newRow("it can, but not all") << Faults{{"copy_file_range later", EINVAL}} << 0;
-        QTest::newRow("a bad block") << Faults{{"copy_file_range later", EIO}} << -EIO;
-        QTest::newRow("a full disk") << Faults{{"copy_file_range later", ENOSPC}} << -ENOSPC;
-        QTest::newRow("a full disk, not by the kernel")
-            << Faults{{"copy_file_range", ENOSYS}, {"write", ENOSPC}} << -ENOSPC;
-        QTest::newRow("files need a name") << Faults{{"O_TMPFILE", EOPNOTSUPP}} << 0;
-        QTest::newRow("a full disk where files need a name")
-            << Faults{{"O_TMPFILE", EOPNOTSUPP}, {"copy_file_range later", ENOSPC}} << -ENOSPC;
-        QTest::newRow("files without a name cannot get one") << Faults{{"linkat", ENOENT}} << 0;
-        QTest::newRow("no room in the folder") << Faults{{"linkat", ENOSPC}} << -ENOSPC;
-        QTest::newRow("no renaming that refuses")
-            << Faults{{"O_TMPFILE", EISDIR}, {"renameat2", EINVAL}} << 0;
-        QTest::newRow("and no hard links")
-            << Faults{{"O_TMPFILE", EISDIR}, {"renameat2", EINVAL}, {"link", EPERM}} << 0;
+        AddRows<Poor>({
+            {"nothing is missing", {}, 0},
+            {"the kernel cannot copy", {{"copy_file_range", EXDEV}}, 0},
+            {"it can, but not all", {{"copy_file_range later", EINVAL}}, 0},
+            {"a bad block", {{"copy_file_range later", EIO}}, -EIO},
+            {"a full disk", {{"copy_file_range later", ENOSPC}}, -ENOSPC},
+            {"a full disk, not by the kernel",
+             {{"copy_file_range", ENOSYS}, {"write", ENOSPC}},
+             -ENOSPC},
+            {"files need a name", {{"O_TMPFILE", EOPNOTSUPP}}, 0},
+            {"a full disk where files need a name",
+             {{"O_TMPFILE", EOPNOTSUPP}, {"copy_file_range later", ENOSPC}},
+             -ENOSPC},
+            {"files without a name cannot get one", {{"linkat", ENOENT}}, 0},
+            {"no room in the folder", {{"linkat", ENOSPC}}, -ENOSPC},
+            {"no renaming that refuses", {{"O_TMPFILE", EISDIR}, {"renameat2", EINVAL}}, 0},
+            {"and no hard links",
+             {{"O_TMPFILE", EISDIR}, {"renameat2", EINVAL}, {"link", EPERM}},
+             0},
+        });
     }
 
     void poorFileSystemsAreServedToo()
     {
-        QFETCH(Faults, faults);
-        QFETCH(int, expected);
+        const auto &row = FetchRow<Poor>();
         const QByteArray bytes(20 * 1024 * 1024 + 1, 'x'); // more than one call copies
-        const QTemporaryDir folder;
-        const QByteArray source = folder.filePath("source").toLocal8Bit();
-        const QByteArray old = folder.filePath("old").toLocal8Bit();
-        const QByteArray fresh = folder.filePath("fresh").toLocal8Bit();
-        QFile source_file(source);
-        QVERIFY(source_file.open(QIODevice::WriteOnly) && source_file.write(bytes) == bytes.size());
-        source_file.close();
-        QVERIFY(QFile(old).open(QIODevice::WriteOnly));
-        qint64 told = 0;
+        const QByteArray source = folder_.Put("source", bytes).toLocal8Bit();
+        const QByteArray old = folder_.Put("old", {}).toLocal8Bit();
+        const QByteArray fresh = folder_.Path("fresh").toLocal8Bit();
+        qint64 reported = 0;
 
-        broken = faults;
+        broken = row.faults;
         const int refused = FileSystem::CopyFileW(source.constData(), old.constData(), 1);
         const int made =
             FileSystem::CopyFileWithProgress(source.constData(), fresh.constData(), 1,
-                                             [&told](std::int64_t count) { told += count; });
+                                             [&](std::int64_t count) { reported += count; });
         const QByteArray old_bytes = FileBytes(old);
         const int replaced = FileSystem::CopyFileW(source.constData(), old.constData(), 0);
         broken.clear();
 
         QCOMPARE(refused, -EEXIST);
         QVERIFY(old_bytes.isEmpty());
-        QCOMPARE(made, expected);
-        QCOMPARE(replaced, expected);
-        QCOMPARE(FileBytes(fresh), expected == 0 ? bytes : QByteArray());
-        QCOMPARE(FileBytes(old), expected == 0 ? bytes : QByteArray());
-        QVERIFY(expected != 0 || told >= bytes.size());
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(),
-                 expected == 0 ? 3 : 2);
+        QCOMPARE(made, row.expected);
+        QCOMPARE(replaced, row.expected);
+        QCOMPARE(FileBytes(fresh), row.expected == 0 ? bytes : QByteArray());
+        QCOMPARE(FileBytes(old), row.expected == 0 ? bytes : QByteArray());
+        QVERIFY(row.expected != 0 || reported >= bytes.size());
+        QCOMPARE(folder_.Files().size(), row.expected == 0 ? 3 : 2);
     }
 
-private:
-    CTestGuard guard_;
+    void numbersEndWhereEveryNameIsReportedAsTaken()
+    {
+        Vantor::CCopyFileThread thread;
+        thread.SetFileInfo({folder_.Put("source", "x")}, {folder_.Path("a.jpg")}, false);
+        broken = {{"linkat", EEXIST}};
+        thread.run();
+        QCOMPARE(thread.Results().constFirst().error, qt_error_string(EEXIST));
+        QCOMPARE(folder_.Files(), QStringList("source"));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestFileCopy)

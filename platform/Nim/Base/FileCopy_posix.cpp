@@ -15,11 +15,12 @@ namespace Nim::Base::FileSystem {
 namespace {
 
 constexpr std::int64_t kPieceBytes = std::int64_t{16} * 1024 * 1024; // of one call to the kernel
-constexpr size_t kBufferBytes = size_t{1024} * 1024;
-constexpr mode_t kPrivateMode = 0600; // until it is whole, nobody else reads it
+constexpr std::int64_t kBufferBytes = std::int64_t{1024} * 1024;
+constexpr std::int64_t kSmallBufferBytes = std::int64_t{64} * 1024; // for a file of size 0
+constexpr mode_t kPrivateMode = 0600; // until it is whole, no other user can read it
 constexpr mode_t kKeptMode = 0777;
 
-// With these the kernel says that it cannot copy between these two files itself.
+// Errors that mean: the kernel cannot copy between these two files itself.
 constexpr int kNotInKernel[] = {EXDEV, EINVAL, ENOSYS, EOPNOTSUPP, EPERM};
 
 class CDescriptor
@@ -51,11 +52,14 @@ int LastError()
     return errno != 0 ? -errno : -EIO;
 }
 
-int CopyThroughBuffer(int from, int to, std::int64_t left, const CopyProgress &on_bytes)
+// Copies `left` bytes, or up to the end of the file if that comes first.
+int CopyThroughBuffer(int from, int to, std::int64_t left, std::int64_t buffer_bytes,
+                      const CopyProgress &on_bytes)
 {
-    const auto buffer = std::make_unique<char[]>(kBufferBytes);
+    // Not make_unique(), which clears the buffer: that took longer than copying an empty file.
+    const std::unique_ptr<char[]> buffer(new char[size_t(buffer_bytes)]);
     while (left > 0) {
-        const auto wanted = static_cast<size_t>(std::min<std::int64_t>(left, kBufferBytes));
+        const auto wanted = static_cast<size_t>(std::min(left, buffer_bytes));
         const ssize_t count = read(from, buffer.get(), wanted);
         if (count == 0)
             return 0;
@@ -79,8 +83,8 @@ int CopyThroughBuffer(int from, int to, std::int64_t left, const CopyProgress &o
 // From the present positions of both files.
 int CopyBytes(int from, int to, std::int64_t size, const CopyProgress &on_bytes)
 {
-    if (size == 0) // empty, or of a file system that does not tell sizes
-        return CopyThroughBuffer(from, to, INT64_MAX, on_bytes);
+    if (size == 0) // empty, or on a file system that reports no sizes
+        return CopyThroughBuffer(from, to, INT64_MAX, kSmallBufferBytes, on_bytes);
     std::int64_t left = size;
     while (left > 0) {
         const auto wanted = static_cast<size_t>(std::min(left, kPieceBytes));
@@ -90,9 +94,9 @@ int CopyBytes(int from, int to, std::int64_t size, const CopyProgress &on_bytes)
         const bool is_for_us = count < 0
                                && std::find(std::begin(kNotInKernel), std::end(kNotInKernel), errno)
                                       != std::end(kNotInKernel);
-        // No bytes before the end: it has shrunk, or this file system gives nothing this way.
+        // No bytes before the end: the file has shrunk, or this file system cannot copy this way.
         if (is_for_us || count == 0)
-            return CopyThroughBuffer(from, to, left, on_bytes);
+            return CopyThroughBuffer(from, to, left, std::min(left, kBufferBytes), on_bytes);
         if (count < 0)
             return LastError();
         left -= count;
@@ -102,7 +106,7 @@ int CopyBytes(int from, int to, std::int64_t size, const CopyProgress &on_bytes)
     return 0;
 }
 
-// What is written here is all there, with the source's times and permissions.
+// Fills `file` with the bytes, the times and the permissions of the source.
 int FillFrom(const Source &source, int file, const CopyProgress &on_bytes)
 {
     const int result = CopyBytes(source.file, file, source.facts.st_size, on_bytes);
@@ -112,7 +116,7 @@ int FillFrom(const Source &source, int file, const CopyProgress &on_bytes)
     static_cast<void>(fchmod(file, source.facts.st_mode & kKeptMode));
     const timespec times[] = {source.facts.st_atim, source.facts.st_mtim};
     static_cast<void>(futimens(file, times));
-    // A file system across the network may only say here that it had no room.
+    // A network file system may report only on close that it had no room.
     const int copy = dup(file);
     return copy >= 0 && close(copy) != 0 ? LastError() : 0;
 }
@@ -178,23 +182,34 @@ bool CopyWithoutName(const Source &source, const char *target, int fail_if_exist
         if (result == 0)
             result = Publish(temporary, target, 0);
     }
-    // Without the privilege and without /proc; or the folder is gone, as the other way will tell.
+    // -ENOENT: there is neither the privilege nor /proc; or the folder is gone, which the other way
+    // reports.
     return result != -ENOENT || lseek(source.file, 0, SEEK_SET) != 0;
+}
+
+int OpenSource(const char *path)
+{
+    // Without O_NONBLOCK a named pipe would wait for a writer.
+    const int file = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    struct stat facts = {};
+    if (file >= 0 || errno != EWOULDBLOCK || stat(path, &facts) != 0 || !S_ISREG(facts.st_mode))
+        return file;
+    // Another program has a lease on the file, which the kernel takes back while this waits.
+    return open(path, O_RDONLY | O_CLOEXEC);
 }
 
 int Copy(const char *source_path, const char *target, int fail_if_exists,
          const CopyProgress &on_bytes)
 {
-    // Without O_NONBLOCK a named pipe would wait for a writer.
-    const CDescriptor file(open(source_path, O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const CDescriptor file(OpenSource(source_path));
     Source source;
     source.file = file.Number();
     if (source.file < 0 || fstat(source.file, &source.facts) != 0)
         return LastError();
     if (!S_ISREG(source.facts.st_mode))
-        return -EINVAL;
+        return S_ISDIR(source.facts.st_mode) ? -EISDIR : -EINVAL;
     if (fail_if_exists != 0 && FileExists(target) == 0)
-        return -EEXIST; // before anything is copied in vain
+        return -EEXIST; // now, not after the copy
     int result = 0;
     if (CopyWithoutName(source, target, fail_if_exists, on_bytes, result))
         return result;

@@ -4,12 +4,26 @@
 #include "Nim/Base/FileSystem_p.h"
 #include "Nim/Base/Guid.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
 namespace Nim::Base::FileSystem {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+// 0, or -1 with the reason in errno.
+int Report(const std::error_code &error)
+{
+    if (!error)
+        return 0;
+    errno = error.default_error_condition().value(); // on Windows the code is the system's own
+    return -1;
+}
+
+} // namespace
 
 bool MakeDir(const std::string &path)
 {
@@ -37,7 +51,7 @@ int RenameFile(const char *source, const char *target)
     try {
         std::error_code error;
         fs::rename(source, target, error);
-        return error ? -1 : 0;
+        return Report(error);
     } catch (...) {
         return -1;
     }
@@ -48,8 +62,10 @@ int DeleteFileW(const char *path)
     try {
         std::error_code error;
         if (fs::is_directory(fs::symlink_status(path, error)))
-            return -1;
-        return fs::remove(path, error) ? 0 : -1;
+            return Report(std::make_error_code(std::errc::is_a_directory));
+        if (!fs::remove(path, error) && !error)
+            error = std::make_error_code(std::errc::no_such_file_or_directory);
+        return Report(error);
     } catch (...) {
         return -1;
     }

@@ -22,11 +22,11 @@ VANTOR_BASE_EXPORT bool MakeDir(const std::string &path);
 [[nodiscard]] VANTOR_BASE_EXPORT int FileExists(const char *path);
 
 /// \brief Rename \a source; an existing file \a target is replaced at once, never seen half.
-/// \return 0, or -1 and both names as they were.
+/// \return 0, or -1 with the reason in errno, and both names as they were.
 VANTOR_BASE_EXPORT int RenameFile(const char *source, const char *target);
 
 /// \brief Delete a file; directories are refused.
-/// \return 0, or -1.
+/// \return 0, or -1 with the reason in errno.
 VANTOR_BASE_EXPORT int DeleteFileW(const char *path);
 
 /// \brief Told how many bytes came over since the last call, on the copying thread.
@@ -43,7 +43,8 @@ using CopyProgress = std::function<void(std::int64_t bytes)>;
 /// \param fail_if_exists 1 refuses an existing \a target; looking and naming are one step, so of
 ///                       several that copy to one name exactly one succeeds. 0 replaces it at once.
 /// \return 0, or a negative errno: no partial file is left and an existing \a target is as it was.
-///         -EEXIST is the refusal, -EINVAL a source that is no regular file.
+///         -EEXIST is the refusal, -EISDIR a directory as the source, -EINVAL a source that is no
+///         regular file.
 VANTOR_BASE_EXPORT int CopyFileW(const char *source, const char *target, int fail_if_exists);
 
 /// \brief The same, telling \a on_bytes every few megabytes; it must not throw and may be empty.
