@@ -14,8 +14,9 @@ namespace Nim::Base::FileSystem {
 
 std::FILE *OpenShared(const QString &path, const char *mode)
 {
-    return _wfsopen(path.toStdWString().c_str(), QString::fromLatin1(mode).toStdWString().c_str(),
-                    _SH_DENYNO);
+    // "N": child processes do not inherit it.
+    const std::wstring not_inherited = QString::fromLatin1(mode).toStdWString() + L"N";
+    return _wfsopen(path.toStdWString().c_str(), not_inherited.c_str(), _SH_DENYNO);
 }
 
 // No such streams here: what a library leaves open after an error stays open.
