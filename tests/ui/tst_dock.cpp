@@ -1,49 +1,32 @@
 // SPDX-License-Identifier: MIT
-#include "support/TestGuard.h"
+#include "DockTest.h"
 #include "ui/DockManager/DockPosition.h"
 
 #include <Faceplate/GUIFullScreenWidget.h>
 #include <Lookout/BaseWidget.h>
 #include <Ravel/ShadowWidget.h>
-#include <Vantor/CBaseDockFrame>
-#include <Vantor/CDockManager>
-#include <Vantor/CDockWidget>
 #include <Vantor/CDockWidgetPosRule>
 
 #include <QtCore/QPropertyAnimation>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
-#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QCompleter>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollArea>
+#include <QtWidgets/QShortcut>
 
 #include <functional>
-#include <memory>
 #include <random>
 
 using Vantor::CBaseDockFrame;
 using Vantor::CDockManager;
 using Vantor::CDockWidget;
 
-Q_DECLARE_METATYPE(Vantor::DockSituation)
-
 namespace {
 
-CDockManager &Manager()
-{
-    return Ravel::CUiSingleton<CDockManager>::Instance();
-}
-
-CDockWidget *Dock()
-{
-    return Manager().GetDockWidget();
-}
-
-// The slide that is under way; those before it are deleted when the event loop runs.
+// The slide that is running; Qt deletes those before it when the event loop runs.
 QPropertyAnimation *Slide()
 {
     const auto slides =
@@ -59,6 +42,11 @@ void Finish()
 {
     if (QPropertyAnimation *const slide = Slide())
         slide->setCurrentTime(slide->totalDuration());
+}
+
+void RunDeferredDeletes()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void Click(QWidget *widget, const QPoint &position = {3, 3})
@@ -92,8 +80,6 @@ public:
 class CRule : public Vantor::CDockWidgetPosRule
 {
 public:
-    using CDockWidgetPosRule::CDockWidgetPosRule;
-
     int updates = 0;
 
     void Place(CDockWidget *dock, Vantor::CAbstractDockFrame *, QWidget *inner, int width) override
@@ -104,16 +90,31 @@ public:
     void UpdateOnResize(CDockWidget *) override { ++updates; }
 };
 
+using RulePointer = QPointer<Vantor::CDockWidgetPosRule>;
+
+struct Corner
+{
+    const char *name;
+    Vantor::DockSituation situation;
+    QPoint expected; // null: the dock is left alone
+};
+
+struct Target
+{
+    const char *name; // the object that is clicked, after the last blank
+    bool auto_hide;
+    bool hides;
+};
+
 } // namespace
 
-class TestDock : public QObject
+class TestDock : public CGuardedTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
+protected:
+    void SetUp() override
     {
-        guard_.Begin();
         window_ = std::make_unique<QWidget>();
         window_->setObjectName("main");
         window_->setGeometry(100, 100, 900, 600);
@@ -122,157 +123,118 @@ private Q_SLOTS:
         Manager().SetContentType(CDockManager::Common);
     }
 
-    void cleanup()
+    void TearDown() override
     {
         window_.reset();
         QApplication::setLayoutDirection(Qt::LeftToRight);
         Faceplate::SetFullScreenModeSource(nullptr);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+        RunDeferredDeletes();
     }
 
+private Q_SLOTS:
     void theCornerFollowsFromTheSituation_data()
     {
-        QTest::addColumn<Vantor::DockSituation>("situation");
-        QTest::addColumn<QPoint>("expected"); // null: left alone
-        const auto row = [](const char *what, Vantor::DockSituation situation, QPoint expected) {
-            QTest::newRow(what) << situation << expected;
-        };
         const QPoint g1(100, 50);
         const QPoint g2(1099, 749);
         constexpr auto kLeft = Qt::LeftToRight;
         constexpr auto kRight = Qt::RightToLeft;
-        row("window found", {g1, g2, 400, true, 1, kLeft}, {700, 50});
-        row("window found, first step of the slide", {g1, g2, 0, true, 1, kLeft}, {1100, 50});
-        row("window found, text from the right", {g1, g2, 400, true, 1, kRight}, {101, 50});
-        row("export, below the title bar", {g1, g2, 400, true, 2, kLeft}, {700, 91});
-        row("export, text from the right", {g1, g2, 400, true, 2, kRight}, {700, 91});
-        row("content of another type", {g1, g2, 400, true, 3, kLeft}, {});
-        row("not looked for", {g1, g2, 400, false, 1, kLeft}, {698, 91});
-        row("not looked for, text from the right", {g1, g2, 400, false, 3, kRight}, {698, 91});
-        row("on a screen to the left", {{-1920, 0}, {-1, 1079}, 400, true, 1, kLeft}, {-400, 0});
-        row("across two screens", {{1800, -200}, {2199, 99}, 300, false, 1, kLeft}, {1898, -159});
+        AddRows<Corner>({
+            {"window found", {g1, g2, 400, true, 1, kLeft}, {700, 50}},
+            {"window found, first step of the slide", {g1, g2, 0, true, 1, kLeft}, {1100, 50}},
+            {"window found, text from the right", {g1, g2, 400, true, 1, kRight}, {101, 50}},
+            {"export, below the title bar", {g1, g2, 400, true, 2, kLeft}, {700, 91}},
+            {"content of another type", {g1, g2, 400, true, 3, kLeft}, {}},
+            {"not looked for", {g1, g2, 400, false, 1, kLeft}, {698, 91}},
+            {"not looked for, from the right", {g1, g2, 400, false, 3, kRight}, {698, 91}},
+            {"at the left", {{-1920, 0}, {-1, 1079}, 400, true, 1, kLeft}, {-400, 0}},
+        });
     }
 
     void theCornerFollowsFromTheSituation()
     {
-        QFETCH(Vantor::DockSituation, situation);
-        QFETCH(QPoint, expected);
-        QCOMPARE(Vantor::DockPosition(situation).value_or(QPoint()), expected);
+        const auto &row = FetchRow<Corner>();
+        QCOMPARE(Vantor::DockPosition(row.situation).value_or(QPoint()), row.expected);
     }
 
     void aPanelSlidesInAndOut()
     {
         CFrame frame(window_.get());
         Manager().SetDockWidget(&frame, -1);
-        QWidget *const inner = Dock()->findChild<QWidget *>("ptr_dock_widget");
+        const QWidget *const inner = Dock()->findChild<QWidget *>("ptr_dock_widget");
         const int right = window_->mapToGlobal(window_->rect().bottomRight()).x() - 2;
         QVERIFY(Dock()->isVisible());
+        QCOMPARE(Dock()->windowFlags(),
+                 Qt::WindowFlags(Qt::FramelessWindowHint | Qt::Dialog | Qt::WindowStaysOnTopHint));
         QCOMPARE(Dock()->width(), 0);
         for (int time = 0; time < 300; time += 10) {
             Slide()->setCurrentTime(time);
-            QCOMPARE(Dock()->geometry().right(), right); // stands still
-            QCOMPARE(inner->size(), QSize(400, 558));    // nothing is squeezed
+            QCOMPARE(Dock()->geometry().right(), right);
+            QCOMPARE(inner->size(), QSize(400, 558)); // nothing is squeezed
+            Click(window_.get());                     // too early to count
         }
         Finish();
 
         QCOMPARE(Dock()->geometry(), QRect(QPoint(right - 399, 141), QSize(400, 558)));
-        QVERIFY(frame.isVisible());
         QVERIFY(frame.height() >= 540); // all the room but the spacer's
-        QVERIFY(Dock()->windowFlags() & Qt::WindowStaysOnTopHint);
         QCOMPARE(Manager().GetDockWidgetHeight(), 558);
+        QTRY_COMPARE(QApplication::focusWidget(), Dock());
         const auto *const shadow = window_->findChild<Ravel::CShadowWidget *>();
         QVERIFY(shadow && shadow->isVisible());
 
         const QPoint before = window_->mapToGlobal(QPoint(0, 0));
-        window_->move(150, 120); // the panel goes along
+        window_->move(150, 120);
         const QPoint way = window_->mapToGlobal(QPoint(0, 0)) - before;
         QVERIFY(!way.isNull());
         QCOMPARE(Dock()->pos(), QPoint(right - 399, 141) + way);
 
+        QTest::keyClick(Dock(), Qt::Key_Escape, Qt::ControlModifier);
+        QVERIFY(!Slide());
         QTest::keyClick(Dock(), Qt::Key_Escape);
+        QVERIFY(Slide() && Dock()->isVisible());
         Finish();
         QVERIFY(Dock()->isHidden() && shadow->isHidden());
         QCOMPARE(frame.parentWidget(), window_.get());
         QCOMPARE(frame.hidden, 1);
     }
 
-    void theLogTellsEachStep()
-    {
-        CFrame frame(window_.get());
-        Manager().SetContentType(CDockManager::Export);
-        Manager().SetDockWidget(&frame, 300);
-        Finish();
-        Click(window_.get());
-        Finish();
-
-        const char *const geometries =
-            "]DockWidget:pt_base_frame_topleft(98,98),pt_base_frame_bottonright(1001,701),"
-            "pt_global_topleft(100,100),pt_global_bottonright(999,699)[";
-        QStringList steps = guard_.LogLines();
-        for (const char *const part :
-             {"]d_ptr_->ptr_dock_widget_->SetContentType(Export);[DockManager.cpp(",
-              "]d_ptr_->ptr_dock_widget_->SetDockWidget[width:300][",
-              "]DockWidget:parent widget size:(900,600)[", geometries,
-              "]DockWidget:d_ptr_->ptr_parent_widget_->parentWidget():,Pos(98,98)[",
-              "]ShowInAnimation()[", "]CDockWidget::qApp->installEventFilter(this)[",
-              "]pt_global_pos[x:103][y:103][", "]pt_global_pos[x:1][y:0][",
-              "]this->geometry().contains[", "]HideInAnimation()[",
-              "]qApp->removeEventFilter(this)["}) {
-            while (!steps.isEmpty() && !steps.constFirst().contains(part))
-                steps.removeFirst();
-            QVERIFY2(!steps.isEmpty(), part); // each after the one before
-        }
-        QCOMPARE(guard_.LogLines().filter("UserOperate").size(), 1);
-    }
-
     void theWindowIsLookedFor_data()
     {
-        QTest::addColumn<bool>("is_plugin");
-        QTest::addColumn<bool>("is_full_screen");
-        QTest::addColumn<bool>("is_owned"); // the frame's window is a dialog of the one above
+        QTest::addColumn<QString>("trace"); // that the log shows
         QTest::addColumn<bool>("is_found");
-        QTest::newRow("a plain window") << false << false << false << false;
-        QTest::newRow("a plug-in's window") << true << false << false << true;
-        QTest::newRow("a window that fills the screen") << false << true << false << true;
-        QTest::newRow("a dialog of a plug-in's window") << true << false << true << true;
+        QTest::newRow("a plain window") << "frame--top" << false;
+        QTest::newRow("a plug-in's window") << "frame--plugin" << true;
+        QTest::newRow("a window that fills the screen") << "frame" << true;
+        QTest::newRow("a dialog of a plug-in's window") << "frame--dialog--plugin" << true;
     }
 
     void theWindowIsLookedFor()
     {
-        QFETCH(bool, is_plugin);
-        QFETCH(bool, is_full_screen);
-        QFETCH(bool, is_owned);
+        QFETCH(QString, trace);
         QFETCH(bool, is_found);
-        std::unique_ptr<QWidget> window;
-        if (is_plugin)
-            window = std::make_unique<Lookout::CBaseWidget>();
-        else
-            window = std::make_unique<Faceplate::CGUIFullScreenWidget>();
-        Faceplate::SetFullScreenModeSource([&](const QWidget *) { return is_full_screen; });
-        window->setObjectName("top");
-        window->setGeometry(200, 150, 700, 500);
-        window->show();
-        QDialog dialog(is_owned ? window.get() : nullptr);
+        Lookout::CBaseWidget plugin;
+        Faceplate::CGUIFullScreenWidget full;
+        Faceplate::SetFullScreenModeSource([&](const QWidget *) { return trace == "frame"; });
+        QWidget *const top = trace.endsWith("plugin") ? static_cast<QWidget *>(&plugin) : &full;
+        top->setObjectName(trace.section("--", -1));
+        top->setGeometry(200, 150, 700, 500);
+        top->show();
+        QDialog dialog(top);
         dialog.setObjectName("dialog");
-        CFrame frame(is_owned ? &dialog : window.get());
+        CFrame frame(trace.contains("dialog") ? &dialog : top);
         frame.setObjectName("frame");
 
         Manager().SetDockWidget(&frame, 300, true, window_.get());
         Finish();
 
-        const QString way = is_owned         ? "frame--dialog--top"
-                            : is_full_screen ? "frame"
-                                             : "frame--top";
-        QCOMPARE(guard_.LogLines().filter("DockWidget:parent widgets:" + way + "[").size(), 1);
-        QCOMPARE(Dock()->GetParentWidget(), is_found ? window.get() : nullptr);
+        QCOMPARE(guard_.LogLines().filter("DockWidget:parent widgets:" + trace + "[").size(), 1);
+        QCOMPARE(Dock()->GetParentWidget(), is_found ? top : nullptr);
         QCOMPARE(frame.window() == Dock(), is_found);
-        QVERIFY(Dock()->isVisible()); // empty where nothing was found
+        QVERIFY(Dock()->isVisible()); // empty if no window was found
         QCOMPARE(Dock()->parentWidget(), window_.get());
-        const int beyond = is_full_screen ? 5 : 0; // counted with the window's frame of 2 pixels
+        // A window that fills the screen is measured with the frame around it.
+        const int beyond = top->frameGeometry().width() - top->width() + 1;
         if (is_found)
-            QCOMPARE(Dock()->pos(), QPoint(600 + beyond, 150));
+            QCOMPARE(Dock()->pos(), QPoint(trace == "frame" ? 600 + beyond : 600, 150));
         delete Dock();
     }
 
@@ -296,145 +258,230 @@ private Q_SLOTS:
 
     void onlyClicksOutsideHide_data()
     {
-        QTest::addColumn<QString>("target");
-        QTest::addColumn<bool>("auto_hide");
-        QTest::addColumn<bool>("hides");
-        QTest::newRow("the main window") << "main" << true << true;
-        QTest::newRow("a child of it") << "child" << true << true;
-        QTest::newRow("another window") << "other" << true << true;
-        QTest::newRow("the panel") << "frame" << true << false;
-        QTest::newRow("a field of the panel") << "field" << true << false;
-        QTest::newRow("a dialog of the panel") << "dialog" << true << false;
-        QTest::newRow("the completions of a field") << "completions" << true << false;
-        QTest::newRow("a widget of that name elsewhere") << "ptr_dock_widget" << true << false;
-        QTest::newRow("outside a panel that stays") << "main" << false << false;
+        AddRows<Target>({{"the window, main", true, true},
+                         {"a child of it, child", true, true},
+                         {"another window, other", true, true},
+                         {"the panel itself, frame", true, false},
+                         {"a field of the panel, field", true, false},
+                         {"a dialog of the panel, dialog", true, false},
+                         {"a menu without parent that the panel opened, menu", true, false},
+                         {"a menu of the window, stranger", true, true},
+                         {"a widget elsewhere, ptr_dock_widget", true, false},
+                         {"outside a panel that stays, main", false, false}});
     }
 
     void onlyClicksOutsideHide()
     {
-        QFETCH(QString, target);
-        QFETCH(bool, auto_hide);
-        QFETCH(bool, hides);
+        const auto &row = FetchRow<Target>();
         QWidget other;
         other.setObjectName("other");
         CFrame frame(window_.get());
         frame.setObjectName("frame");
-        frame.SetAutoHide(auto_hide);
+        frame.SetAutoHide(row.auto_hide);
         auto *const field = new QLineEdit;
         field->setObjectName("field");
         frame.SetContentWnd(field);
         QDialog dialog(field);
         dialog.setObjectName("dialog");
-        auto *const completer = new QCompleter(QStringList("x"), field);
-        field->setCompleter(completer);
-        completer->popup()->setObjectName("completions");
         for (const char *const name : {"child", "ptr_dock_widget"})
             (new QLineEdit(window_.get()))->setObjectName(name);
         Manager().SetDockWidget(&frame, 300);
         Finish();
+        QMenu stranger;
+        stranger.setObjectName("stranger");
+        QMenu menu;
+        menu.setObjectName("menu");
+        window_->activateWindow();
+        QTRY_VERIFY(window_->isActiveWindow());
+        stranger.popup({100, 100});
+        stranger.hide();
+        Dock()->activateWindow();
+        QTRY_COMPARE(QApplication::focusWidget(), Dock());
+        menu.popup({100, 100});
+        menu.hide();
+        const QString wanted = QString(row.name).section(' ', -1);
         const QWidgetList all = QApplication::allWidgets();
         const auto found = std::find_if(all.begin(), all.end(), [&](const QWidget *widget) {
-            return widget->objectName() == target && widget->parentWidget() != Dock();
+            return widget->objectName() == wanted && widget->parentWidget() != Dock();
         });
         QVERIFY(found != all.end());
-        // Beyond the dock, wherever the widget is; a panel lets the click through to the dock
-        // itself.
+        // A point beyond the dock, wherever the widget is; the panel passes the click on to the
+        // dock.
         const QPoint place =
-            target == "frame" ? QPoint(9, 9) : (*found)->mapFromGlobal(QPoint(110, 110));
+            wanted == "frame" ? QPoint(9, 9) : (*found)->mapFromGlobal(QPoint(110, 110));
         QMouseEvent press(QEvent::MouseButtonDblClick, place, Qt::LeftButton, Qt::LeftButton, {});
 
         QCoreApplication::sendEvent(*found, &press);
         QCoreApplication::sendEvent(*found, &press); // counts once
 
-        QCOMPARE(guard_.LogLines().filter("]HideInAnimation()").size(), hides ? 1 : 0);
+        QCOMPARE(guard_.LogLines().filter("]HideInAnimation()").size(), row.hides ? 1 : 0);
         Finish();
-        QCOMPARE(Dock()->isHidden(), hides);
-        QCOMPARE(frame.hidden, hides ? 1 : 0);
+        QCOMPARE(Dock()->isHidden(), row.hides);
+        QCOMPARE(frame.hidden, row.hides ? 1 : 0);
         GoInactive(); // hides in any case
         QVERIFY(Dock()->isHidden());
-        QCOMPARE(guard_.LogLines().filter("app hide. add by vtq.[").size(), hides ? 0 : 1);
+        QCOMPARE(guard_.LogLines().filter("app hide. add by vtq.[").size(), row.hides ? 0 : 1);
         guard_.AnnounceLogLines();
     }
 
     void aDialogOfThePanelKeepsItInTheBackground_data()
     {
-        QTest::addColumn<bool>("is_own");
-        QTest::newRow("the panel's dialog") << true;
-        QTest::newRow("another dialog") << false;
+        QTest::addColumn<QString>("owner");
+        for (const char *const owner : {"frame", "main", "none"})
+            QTest::addRow("%s", owner) << owner;
     }
 
     void aDialogOfThePanelKeepsItInTheBackground()
     {
-        QFETCH(bool, is_own);
+        QFETCH(QString, owner);
         guard_.AnnounceLogLines();
         CFrame frame(window_.get());
         Manager().SetDockWidget(&frame, 300);
         Finish();
-        QDialog dialog(is_own ? static_cast<QWidget *>(&frame) : window_.get());
-        dialog.open();
+        QTRY_COMPARE(QApplication::focusWidget(), Dock());
+        QDialog dialog(owner == "none"   ? nullptr // the panel opened it
+                       : owner == "main" ? window_.get()
+                                         : &frame);
+        dialog.setWindowModality(Qt::ApplicationModal);
+        dialog.show();
 
         GoInactive();
 
-        QCOMPARE(Dock()->isVisible(), is_own);
-        QCOMPARE(
-            guard_.LogLines().filter("4 ClientWarningAndMore").filter("app hide.add by").size(),
-            is_own ? 0 : 1);
+        QCOMPARE(Dock()->isVisible(), owner != "main");
+        QCOMPARE(guard_.LogLines().filter("4 ClientWarningAndMore").filter("hide.add").size(),
+                 owner == "main" ? 1 : 0);
     }
 
-    void aFrameComesBackAlive_data()
+    void aModalDialogOwnsTheDockOfItsFrame()
+    {
+        CFrame frame(window_.get());
+        CRule rule;
+        Manager().SetDockWidget(&frame, RulePointer(&rule), 200);
+        QDialog dialog(window_.get());
+        dialog.setModal(true);
+        dialog.resize(400, 400);
+        dialog.show();
+        CFrame inside(&dialog);
+        for (const bool is_ruled : {true, false}) {
+            if (is_ruled)
+                Manager().SetDockWidget(&inside, RulePointer(&rule), 200);
+            else
+                Manager().SetDockWidget(&inside, 200);
+            Finish();
+            QCoreApplication::processEvents(); // lays out the panel
+            QCOMPARE(Dock()->parentWidget(), &dialog);
+            QSignalSpy confirmed(&inside, &CBaseDockFrame::signalConfirm);
+            QTest::mouseClick(
+                Dock()->windowHandle(), Qt::LeftButton, {},
+                inside.findChild<QPushButton *>("DockSaveButton")->mapTo(Dock(), QPoint(5, 5)));
+            QCOMPARE(confirmed.size(), 1);
+        }
+    }
+
+    void thePanelGoesAndComesWithItsWindow()
+    {
+        CRule rule;
+        CFrame frame(window_.get());
+        Manager().SetDockWidget(&frame, RulePointer(&rule), 300);
+        for (const auto go : {&QWidget::hide, &QWidget::showMinimized}) {
+            Slide() ? Slide()->setCurrentTime(100) : void(); // in the slide, then in place
+            (window_.get()->*go)();
+            QVERIFY(!Dock()->isVisible() && frame.window() == Dock() && frame.hidden == 0);
+            GoInactive(); // as every platform reports when the last window is gone
+            window_->showNormal();
+            QTRY_VERIFY(Dock()->isVisible() && frame.isVisible());
+            QCOMPARE(Dock()->geometry(), QRect(50, 60, 300, 300));
+        }
+        window_->hide();
+        Manager().HideDockWidget(); // without a slide
+        QCOMPARE(frame.hidden, 1);
+        QCOMPARE(frame.parentWidget(), window_.get());
+        Manager().SetDockWidget(&frame, 300);
+        QVERIFY(!Dock()->isVisible());
+        window_->show();
+        QTRY_VERIFY(Dock()->isVisible());
+        Click(window_.get());
+        QVERIFY(Slide()); // clicks outside count again
+    }
+
+    void unusedKeysAreTheWindows()
+    {
+        QAction action;
+        action.setShortcut(Qt::CTRL | Qt::Key_J);
+        action.setEnabled(false);
+        window_->addAction(&action);
+        QShortcut shortcut(Qt::CTRL | Qt::Key_F, window_.get());
+        QSignalSpy triggered(&action, &QAction::triggered);
+        QSignalSpy activated(&shortcut, &QShortcut::activated);
+        CFrame frame(window_.get());
+        auto *const field = new QLineEdit;
+        frame.SetContentWnd(field);
+        Manager().SetDockWidget(&frame, 300);
+        Finish();
+        QTRY_VERIFY(Dock()->isActiveWindow());
+
+        QTest::keyClick(field, Qt::Key_J, Qt::ControlModifier);
+        QCOMPARE(triggered.size(), 0);
+        action.setEnabled(true);
+        QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier); // the field's own
+        QTest::keyClick(field, Qt::Key_J, Qt::ControlModifier);
+        QTRY_VERIFY(window_->isActiveWindow());
+        QTest::keyClick(Dock(), Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(triggered.size() * 10 + activated.size(), 11);
+        connect(&action, &QAction::triggered, this, [] { delete Dock(); });
+        QTest::keyClick(Dock(), Qt::Key_J, Qt::ControlModifier);
+        QVERIFY(!Dock());
+    }
+
+    void aFrameLivesAsLongAsItsParent_data()
     {
         QTest::addColumn<QString>("owner");
         QTest::addColumn<QString>("way");
-        for (const char *const owner : {"nobody", "elsewhere", "window", "page"}) {
+        for (const char *const owner : {"no parent", "elsewhere", "window", "page"}) {
             for (const char *const way :
-                 {"hidden", "twice", "replaced", "by a rule", "dock deleted", "window deleted"})
+                 {"hidden", "twice", "replaced", "dock deleted", "window deleted", "home deleted"})
                 QTest::addRow("of %s, %s", owner, way) << owner << way;
         }
     }
 
-    void aFrameComesBackAlive()
+    void aFrameLivesAsLongAsItsParent()
     {
         QFETCH(QString, owner);
         QFETCH(QString, way);
-        QWidget elsewhere; // of a host that outlives the main window
-        auto *const page = new QWidget(window_.get());
-        QWidget *const parent = owner == "elsewhere" ? &elsewhere
-                                : owner == "window"  ? window_.get()
-                                : owner == "page"    ? page
-                                                     : nullptr;
-        const QPointer<QWidget> home = parent;
-        const QPointer<CFrame> frame = new CFrame(parent);
-        QWidget *const place = owner == "elsewhere" ? &elsewhere : window_.get();
+        const QPointer<QWidget> elsewhere = new QWidget; // of a host that outlives the main window
+        const QPointer<QWidget> home = owner == "elsewhere" ? elsewhere.data()
+                                       : owner == "window"  ? window_.get()
+                                       : owner == "page"    ? new QWidget(window_.get())
+                                                            : nullptr;
+        const QPointer<CFrame> frame = new CFrame(home);
         CFrame other;
-        CRule rule;
         Manager().SetDockWidget(frame, 300);
-        QCOMPARE(Dock()->GetParentWidget(), place);
-        const QPointer<CDockWidget> first = Dock();
+        QCOMPARE(Dock()->GetParentWidget(),
+                 owner == "elsewhere" ? elsewhere.data() : window_.get());
 
         if (way == "hidden")
             Dock()->hide();
-        else if (way == "twice")
-            Manager().SetDockWidget(frame, 200);
-        else if (way == "replaced")
-            Manager().SetDockWidget(&other, 200);
-        else if (way == "by a rule")
-            Manager().SetDockWidget(&other, QPointer<Vantor::CDockWidgetPosRule>(&rule), 200);
+        else if (way == "twice" || way == "replaced")
+            Manager().SetDockWidget(way == "twice" ? frame.data() : &other, 200);
         else if (way == "dock deleted")
             delete Dock();
+        else if (way == "home deleted" && owner != "window")
+            delete home.data();
         else
             window_.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+        RunDeferredDeletes();
 
-        QVERIFY(frame);
-        QCOMPARE(first.isNull(), way != "hidden" && way != "by a rule");
-        if (way == "twice") {
+        QCOMPARE(frame.isNull(), owner != "no parent" && home.isNull());
+        if (frame.isNull())
+            QVERIFY(!Dock() || Dock()->isHidden()); // never an empty panel
+        else if (frame->window() == Dock())
             QVERIFY(frame->isVisible());
-            QCOMPARE(Dock()->GetParentWidget(), place);
-            delete Dock();
-        }
-        QCOMPARE(frame->parentWidget(), home.data());
-        QVERIFY(frame->isHidden());
+        else
+            QVERIFY(frame->isHidden() && frame->parentWidget() == home);
+        delete Dock();
         delete frame;
+        delete elsewhere;
     }
 
     void aButtonOfThePanelMayReplaceIt()
@@ -443,7 +490,7 @@ private Q_SLOTS:
         CFrame second(window_.get());
         first.on_hide = [&] {
             guard_.AnnounceLogLines();
-            Manager().SetDockWidget(&first, 200); // too late: the second one is on its way
+            Manager().SetDockWidget(&first, 200); // refused: the second one is being shown
         };
         connect(&first, &CBaseDockFrame::signalConfirm, this,
                 [&] { Manager().SetDockWidget(&second, 300); });
@@ -454,10 +501,9 @@ private Q_SLOTS:
 
         QVERIFY(second.isVisible() && first.isHidden());
         QCOMPARE(guard_.LogLines().filter("Refused").size(), 1);
-        QCOMPARE(window_->findChildren<CDockWidget *>().size(), 2); // until the loop runs
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        RunDeferredDeletes();
+        RunDeferredDeletes();
         QCOMPARE(window_->findChildren<CDockWidget *>().size(), 1);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCOMPARE(window_->findChildren<Ravel::CShadowWidget *>().size(), 1);
         second.on_hide = [] { delete Dock(); };
         Dock()->hide();
@@ -469,42 +515,51 @@ private Q_SLOTS:
         window_.reset();
         CRule rule;
         CFrame frame;
-        Manager().SetDockWidget(&frame, QPointer<Vantor::CDockWidgetPosRule>(), 250);
-        Manager().SetDockWidget(&frame, QPointer<Vantor::CDockWidgetPosRule>(&rule), 250);
-        QVERIFY(!Dock()); // nowhere to go
+        CFrame other;
+        Manager().SetDockWidget(&frame, RulePointer(), 250);
+        Manager().SetDockWidget(&frame, RulePointer(&rule), 250);
+        QVERIFY(!Dock()); // there is no window
         QWidget host;
         rule.setProperty("__dock_frame_attach_to__", QVariant::fromValue<QObject *>(&host));
-
-        Manager().SetDockWidget(&frame, QPointer<Vantor::CDockWidgetPosRule>(&rule), 250);
+        Manager().SetDockWidget(&frame, RulePointer(&rule), 250);
         const QPointer<CDockWidget> dock = Dock();
         Finish();
-
         QCOMPARE(Manager().GetMainWindow(), &host);
         QCOMPARE(dock->geometry(), QRect(50, 60, 250, 300));
         QVERIFY(frame.isVisible() && rule.updates > 1);
-        CFrame other;
-        Manager().SetDockWidget(&other, QPointer<Vantor::CDockWidgetPosRule>(&rule), -1);
+        Manager().SetDockWidget(&other, RulePointer(&rule), -1);
         Finish();
         QCOMPARE(Dock(), dock.data()); // the same one
         QCOMPARE(dock->width(), 400);
         QVERIFY(other.isVisible() && !frame.parentWidget());
     }
 
-    void thePanelsButtonsTell()
+    void thePanelsButtonsEmitAndTabEndsAtThem()
     {
         CBaseDockFrame frame;
         QSignalSpy confirm(&frame, &CBaseDockFrame::signalConfirm);
         QSignalSpy cancel(&frame, &CBaseDockFrame::signalCancel);
         QSignalSpy reset(&frame, &CBaseDockFrame::signalReset);
-        auto *const field = new QLineEdit;
+        auto *const content = new QWidget;
+        auto *const field = new QLineEdit(content);
         const QPointer<QWidget> first = new QWidget;
         frame.SetContentWnd(first);
-        frame.SetContentWnd(field);
-        QVERIFY(first && first->parentWidget() == &frame);
+        frame.SetContentWnd(content);
+        QVERIFY(first);
         frame.show();
         frame.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&frame));
         field->setFocus();
+        auto *const late = new QLineEdit(content);
+        late->setObjectName("late");
+        late->show();
+        QString order;
+        for (int i = 0; i < 5; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            order += QApplication::focusWidget()->objectName() + ' ';
+        }
+        QCOMPARE(order, QString("late DockResetButton DockCancelButton DockSaveButton "
+                                "DockScrollArea "));
 
         QTest::keyClick(field, Qt::Key_Return);
         QCOMPARE(confirm.size(), 1);
@@ -516,99 +571,74 @@ private Q_SLOTS:
         QTest::keyClick(frame.findChild<QPushButton *>("DockCancelButton"), Qt::Key_Space);
         Click(frame.findChild<QPushButton *>("DockResetButton"));
         QCOMPARE(cancel.size() * 10 + reset.size(), 11);
-        frame.SetSaveBtnText("Export");
-        QCOMPARE(save->text(), QString("Export"));
-        frame.SetSaveBtnText({});
-        QCOMPARE(save->text(), QString("Confirm"));
         frame.OnDockHide();
         frame.SetHideEmit(true);
         frame.OnDockHide();
         QCOMPARE(cancel.size(), 2);
     }
 
-    // Whatever a host and its user do in whatever order: the frames live on, in the dock or at
-    // home.
+    // Whatever hosts and users do in whatever order: a frame is in the dock or at home, and only
+    // its parent takes it along.
     void tenThousandRandomStepsLoseNothing()
     {
         guard_.AnnounceLogLines();
         std::mt19937 dice(20260301);
         QWidget home;
         CRule rule;
-        std::vector<QPointer<CFrame>> frames;
-        const auto home_of = [&](int i) {
-            return i == 0 ? &home : i == 1 ? window_.get() : nullptr;
-        };
-        for (int i = 0; i < 4; ++i)
-            frames.emplace_back(new CFrame(home_of(i)));
+        const std::array<QPointer<CFrame>, 4> frames{new CFrame(&home), new CFrame(&home),
+                                                     new CFrame, new CFrame};
+        QPointer<CFrame> mortal;
         frames[3]->on_hide = [&] { Manager().SetDockWidget(frames[2], 200); };
         frames[2]->SetAutoHide(false);
-        for (int step = 0; step < 10000; ++step) {
-            CFrame *const frame = frames[dice() % 4];
-            switch (dice() % 14) {
-            case 0:
-            case 1:
-            case 2:
+        const std::vector<std::function<void(CFrame *)>> steps{
+            [&](CFrame *frame) {
                 Manager().SetDockWidget(frame, int(dice() % 300) - 1, dice() % 4 == 0);
-                break;
-            case 3:
-                Manager().SetDockWidget(frame, QPointer<Vantor::CDockWidgetPosRule>(&rule), 200);
-                break;
-            case 4:
-                Manager().HideDockWidget();
-                break;
-            case 5:
-                Click(window_.get());
-                break;
-            case 6:
-                Finish();
-                break;
-            case 7:
-                GoInactive();
-                break;
-            case 8:
-                if (Dock())
-                    dice() % 2 ? Dock()->ShowInAnimation()
-                               : Dock()->SetDockWidget(frame, 100, false);
-                break;
-            case 9:
-                if (dice() % 4 == 0)
-                    delete Dock();
-                break;
-            case 10:
-                if (dice() % 8 == 0) {
-                    if (frames[1]->window() != Dock()) // else the dock keeps it
-                        frames[1]->setParent(nullptr);
-                    window_ = std::make_unique<QWidget>();
-                    window_->resize(600, 400);
-                    window_->show();
-                    Manager().SetMainWindow(window_.get());
-                }
-                break;
-            case 11:
-                window_->setGeometry(int(dice() % 200), 50, 500 + int(dice() % 200), 300);
-                break;
-            case 12:
-                Manager().SetContentType(CDockManager::ContentType(1 + dice() % 3));
-                break;
-            default:
+            },
+            [&](CFrame *frame) { Manager().SetDockWidget(frame, 200); },
+            [&](CFrame *frame) { Manager().SetDockWidget(frame, RulePointer(&rule), 200); },
+            [](CFrame *) { Manager().HideDockWidget(); },
+            [&](CFrame *) { Click(window_.get()); },
+            [](CFrame *) { Finish(); },
+            [](CFrame *) { GoInactive(); },
+            [](CFrame *) { Dock() ? Dock()->ShowInAnimation() : void(); },
+            [](CFrame *frame) { Dock() ? Dock()->SetDockWidget(frame, 100, false) : void(); },
+            [&](CFrame *) { dice() % 4 == 0 ? delete Dock() : void(); },
+            [&](CFrame *) { window_->setVisible(dice() % 2 == 0); },
+            [&](CFrame *) { window_->setGeometry(int(dice() % 200), 50, 500, 300); },
+            [&](CFrame *) { Manager().SetContentType(CDockManager::ContentType(1 + dice() % 3)); },
+            [&](CFrame *) {
+                if (!mortal)
+                    mortal = new CFrame(new QWidget(window_.get()));
+                Manager().SetDockWidget(mortal, 200);
+            },
+            [&](CFrame *) {
+                if (dice() % 8 != 0)
+                    return;
+                window_.reset();
+                QVERIFY(!mortal);
+                SetUp();
+            },
+            [](CFrame *) {
                 QCoreApplication::processEvents();
-                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                RunDeferredDeletes();
+            }};
+        for (int step = 0; step < 10000; ++step) {
+            steps[dice() % steps.size()](frames[dice() % 4]);
+            for (size_t i = 0; i < frames.size(); ++i) {
+                QVERIFY2(frames[i], qPrintable(QString::number(step)));
+                const bool is_home = frames[i]->parentWidget() == (i < 2 ? &home : nullptr);
+                QVERIFY(is_home || (Dock() && frames[i]->window() == Dock()));
             }
-            for (int i = 0; i < 4; ++i) {
-                QVERIFY2(frames[size_t(i)], qPrintable(QString::number(step)));
-                const QWidget *const parent = frames[size_t(i)]->parentWidget();
-                const bool is_home = parent == home_of(i) || (i == 1 && !parent);
-                QVERIFY(is_home || (Dock() && frames[size_t(i)]->window() == Dock()));
-            }
+            QVERIFY(!Dock() || !Dock()->isVisible() || window_->isVisible()
+                    || Dock()->GetParentWidget() != window_.get());
         }
         frames[3]->on_hide = {};
         delete Dock();
-        for (const QPointer<CFrame> &frame : frames)
-            delete frame;
+        delete frames[2];
+        delete frames[3];
     }
 
 private:
-    CTestGuard guard_;
     std::unique_ptr<QWidget> window_;
 };
 

@@ -1,23 +1,23 @@
 // SPDX-License-Identifier: MIT
-// Docks among real windows, on an X display of its own; DOCK_WINDOW_MANAGER names the window
-// manager, empty for none. The pointer and the keys are moved from outside, as a user does.
-#include "support/TestGuard.h"
+// Docks among real windows, on an X display; DOCK_WINDOW_MANAGER names the window manager, empty
+// for none. xdotool moves the pointer and presses the keys, as a user does.
+#include "DockTest.h"
+#include "ui/DockManager/DockPosition.h"
 
 #include <Faceplate/GUIFullScreenWidget.h>
-#include <Vantor/CBaseDockFrame>
-#include <Vantor/CDockManager>
-#include <Vantor/CDockWidget>
+#include <Lookout/BaseWidget.h>
+#include <Vantor/CDockWidgetPosRule>
 
+#include <QtCore/QDebug>
 #include <QtCore/QProcess>
 #include <QtGui/QScreen>
-#include <QtTest/QTest>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialog>
-#include <QtWidgets/QLabel>
 
-#include <memory>
+#include <functional>
+#include <random>
 
 using Vantor::CBaseDockFrame;
 using Vantor::CDockManager;
@@ -26,31 +26,15 @@ using Vantor::CDockWidget;
 namespace {
 
 constexpr char kStranger[] = "--stranger"; // shows a window of another application
-
-CDockManager &Manager()
-{
-    return Ravel::CUiSingleton<CDockManager>::Instance();
-}
-
-CDockWidget *Dock()
-{
-    return Manager().GetDockWidget();
-}
+const QPoint kRulePlace(300, 150);
 
 bool XDoTool(const QStringList &arguments)
 {
     QProcess tool;
     tool.start("xdotool", arguments);
     while (!tool.waitForFinished(10) && tool.state() != QProcess::NotRunning)
-        QCoreApplication::processEvents(); // what it waits for may come from us
+        QCoreApplication::processEvents(); // it may wait for an answer of this program
     return tool.exitCode() == 0;
-}
-
-void ClickAt(const QPoint &place)
-{
-    QVERIFY(XDoTool(
-        {"mousemove", QString::number(place.x()), QString::number(place.y()), "click", "1"}));
-    QTest::qWait(50); // until the server has handed it round, also to nobody
 }
 
 QPoint CentreOf(const QWidget &widget)
@@ -58,28 +42,34 @@ QPoint CentreOf(const QWidget &widget)
     return widget.mapToGlobal(widget.rect().center());
 }
 
-// Notes where the right edge is at each step.
+struct CRule : Vantor::CDockWidgetPosRule
+{
+    void Place(CDockWidget *dock, Vantor::CAbstractDockFrame *, QWidget *inner, int width) override
+    {
+        dock->setGeometry(QRect(kRulePlace, QSize(0, 300)));
+        inner->resize(width, 300);
+    }
+};
+
+// Collects the right edges of a dock during its slide.
 class CEdgeWatch : public QObject
 {
 public:
-    QSet<int> edges;
-    int steps = 0;
+    QVector<int> edges;
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         auto *const dock = qobject_cast<CDockWidget *>(watched);
-        // The server's reports of steps that are past come in between.
-        if (dock && dock->width() > 0 && event->type() == QEvent::Move && !event->spontaneous()) {
-            edges.insert(dock->geometry().right());
-            ++steps;
-        }
+        // Spontaneous events are the server's late reports of earlier steps.
+        if (dock && dock->width() > 0 && event->type() == QEvent::Move && !event->spontaneous())
+            edges.append(dock->geometry().right());
         return false;
     }
 };
 
 } // namespace
 
-class TestDockDisplay : public QObject
+class TestDockDisplay : public CGuardedTest
 {
     Q_OBJECT
 
@@ -100,55 +90,17 @@ private Q_SLOTS:
             QVERIFY(window_manager_.waitForFinished());
     }
 
-    void init()
-    {
-        guard_.Begin();
-        guard_.AnnounceLogLines();
-        window_ = std::make_unique<QWidget>();
-        window_->setWindowTitle("main");
-        window_->setGeometry(150, 150, 800, 600);
-        child_ = new QLabel("child", window_.get());
-        child_->setGeometry(20, 20, 100, 50);
-        window_->show();
-        QVERIFY(QTest::qWaitForWindowExposed(window_.get()));
-        if (HasManager()) // it puts its frame around the window some time later
-            QTRY_VERIFY(window_->frameGeometry() != window_->geometry());
-        QVERIFY(XDoTool({"windowfocus", "--sync", QString::number(window_->winId())}));
-        QTRY_VERIFY(window_->isActiveWindow());
-        Manager().SetMainWindow(window_.get());
-        frame_ = new CBaseDockFrame(window_.get());
-    }
-
-    void cleanup()
-    {
-        Faceplate::SetFullScreenModeSource(nullptr);
-        delete Dock();
-        delete frame_;
-        window_.reset();
-        QApplication::setLayoutDirection(Qt::LeftToRight);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void theEdgeStandsStillAndThePanelFollows()
     {
         CEdgeWatch watch;
         qApp->installEventFilter(&watch);
         Show();
 
-        QVERIFY(watch.steps > 3);
-        QCOMPARE(watch.edges.size(), 1);
         const int right = window_->mapToGlobal(window_->rect().bottomRight()).x() - 2;
+        QVERIFY(watch.edges.size() > 3 && watch.edges.count(right) == watch.edges.size());
         QCOMPARE(Dock()->geometry(),
                  QRect(right - 299, window_->mapToGlobal({0, 0}).y() + 41, 300, 558));
         QTRY_VERIFY(Dock()->isActiveWindow());
-
-        window_->move(window_->pos() + QPoint(40, 30));
-        QTRY_COMPARE(Dock()->geometry().right(), right + 40);
-        window_->resize(700, 600);
-        QTRY_COMPARE(Dock()->geometry().right(), right - 60);
-
         QVERIFY(XDoTool({"key", "Escape"}));
         QTRY_VERIFY(Dock()->isHidden());
         QCOMPARE(frame_->parentWidget(), window_.get());
@@ -158,13 +110,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("target");
         QTest::addColumn<bool>("hides");
-        QTest::newRow("a child of the window") << "child" << true;
         QTest::newRow("the window") << "window" << true;
         QTest::newRow("another window") << "other" << true;
         QTest::newRow("the panel") << "panel" << false;
         QTest::newRow("a dialog of the panel") << "dialog" << false;
         QTest::newRow("a list that drops down beyond the panel") << "list" << false;
-        QTest::newRow("the title bar") << "title" << false; // the window manager's alone
+        QTest::newRow("the title bar") << "title" << false; // the window manager takes the click
     }
 
     void aRealClickOutsideSlidesItOut()
@@ -172,13 +123,11 @@ private Q_SLOTS:
         QFETCH(QString, target);
         QFETCH(bool, hides);
         if (target == "title" && !HasManager())
-            return; // there is none
+            return; // there is no title bar
         QWidget other;
         other.setGeometry(1000, 700, 150, 150);
         auto *const combo = new QComboBox;
-        for (int i = 0; i < 40; ++i)
-            combo->addItem("a text that makes the list wider than the panel, by far, by far");
-        combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        combo->addItems(QStringList{"one", "two", "three"});
         frame_->SetContentWnd(combo);
         QDialog dialog(frame_);
         dialog.setGeometry(20, 700, 100, 100);
@@ -187,61 +136,44 @@ private Q_SLOTS:
             window->show();
             QVERIFY(QTest::qWaitForWindowExposed(window));
         }
-
-        if (target == "child")
-            ClickAt(CentreOf(*child_));
-        else if (target == "window")
-            ClickAt(window_->mapToGlobal(QPoint(200, 300)));
-        else if (target == "other")
-            ClickAt(CentreOf(other));
+        QPoint place = window_->mapToGlobal(QPoint(200, 300));
+        if (target == "other" || target == "dialog")
+            place = CentreOf(target == "other" ? other : dialog);
         else if (target == "panel")
-            ClickAt(CentreOf(*Dock()));
-        else if (target == "dialog")
-            ClickAt(CentreOf(dialog));
+            place = CentreOf(*Dock());
         else if (target == "title")
-            ClickAt(window_->frameGeometry().topLeft() + QPoint(200, 5));
-        else
-            ClickInList(*combo);
+            place = window_->frameGeometry().topLeft() + QPoint(200, 5);
+        else if (target == "list")
+            place = DropDownBesidePanel(*combo);
 
-        const bool is_going = guard_.LogLines().filter("]HideInAnimation()").size() == 1;
-        QCOMPARE(is_going, hides);
-        if (hides)
-            QTRY_VERIFY(Dock()->isHidden());
-        else
-            QVERIFY(frame_->isVisible());
+        QVERIFY(XDoTool({"mousemove", QString::number(place.x()), QString::number(place.y())}));
+        QVERIFY(XDoTool({"click", "1", "key", "--clearmodifiers", "F7"}));
+        QTest::qWait(20); // a click on a title bar does not come here: nothing tells its end
+
+        QCOMPARE(guard_.LogLines().filter("]HideInAnimation()").size(), hides ? 1 : 0);
+        QTRY_COMPARE(Dock()->isHidden(), hides);
+    }
+
+    void anotherApplicationTakesItAway_data()
+    {
+        QTest::addColumn<bool>("slides");
+        QTest::newRow("when it is shown") << false;
+        QTest::newRow("during the slide") << true;
     }
 
     void anotherApplicationTakesItAway()
     {
-        QProcess stranger;
-        stranger.start(QCoreApplication::applicationFilePath(), QStringList(kStranger));
-        QVERIFY(stranger.waitForReadyRead());
-        const QString id = QString::fromLatin1(stranger.readLine()).trimmed();
-        Show();
-
-        QVERIFY(XDoTool({"windowfocus", id}));
-
+        QFETCH(bool, slides);
+        StartStranger();
+        if (slides)
+            Manager().SetDockWidget(frame_, 300);
+        else
+            Show();
+        QTRY_VERIFY(Dock()->isActiveWindow());
+        QVERIFY(XDoTool({"windowfocus", stranger_id_}));
         QTRY_VERIFY(Dock()->isHidden());
         QCOMPARE(frame_->parentWidget(), window_.get());
         QCOMPARE(guard_.LogLines().filter("app hide. add by vtq.").size(), 1);
-        stranger.kill();
-        QVERIFY(stranger.waitForFinished());
-    }
-
-    void minimisingLosesNothing()
-    {
-        if (!HasManager())
-            return; // nobody minimises
-        Show();
-        QVERIFY(XDoTool({"windowminimize", QString::number(window_->winId())}));
-        QTRY_VERIFY(window_->isMinimized());
-        window_->showNormal();
-        QTRY_VERIFY(!window_->isMinimized() && window_->isVisible());
-
-        // Gone with the application, or back with its window: never an empty panel.
-        QTRY_COMPARE(Dock()->isVisible(), frame_->window() == Dock());
-        Show();
-        QVERIFY(frame_->isVisible());
     }
 
     void aWindowThatFillsTheScreenHasItAtItsEdge()
@@ -252,7 +184,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(&live));
         const QSize screen = live.screen()->size();
         live.SetFullScreenMode(true);
-        if (!HasManager()) { // nobody else does it
+        if (!HasManager()) { // without one, a program has to do it
             live.setGeometry(QRect(QPoint(), screen));
             Faceplate::SetFullScreenModeSource([](const QWidget *) { return true; });
         }
@@ -267,30 +199,149 @@ private Q_SLOTS:
         delete Dock();
     }
 
+    void thePanelIsInPlaceAfterEachRandomStep_data()
+    {
+        QTest::addColumn<Qt::LayoutDirection>("direction");
+        QTest::newRow("text from the left") << Qt::LeftToRight;
+        QTest::newRow("text from the right") << Qt::RightToLeft;
+    }
+
+    void thePanelIsInPlaceAfterEachRandomStep()
+    {
+        QFETCH(Qt::LayoutDirection, direction);
+        QApplication::setLayoutDirection(direction);
+        StartStranger();
+        std::mt19937 dice(20260302);
+        CBaseDockFrame second(window_.get());
+        const std::vector<std::function<void()>> steps{
+            [&] { window_->move(int(dice() % 300), int(dice() % 200)); },
+            [&] { window_->resize(500 + int(dice() % 300), 300 + int(dice() % 200)); },
+            [&] { dice() % 2 ? window_->showMaximized() : window_->showNormal(); },
+            [&] { dice() % 2 ? window_->showMinimized() : window_->showNormal(); },
+            [&] { dice() % 2 ? window_->hide() : void(window_->close()); },
+            [&] { window_->showNormal(); },
+            [&] {
+                XDoTool({"windowfocus", dice() % 2 ? stranger_id_ : WindowId()});
+            },
+            [&] { Manager().HideDockWidget(); },
+            [&] { ShowAnywhere(dice() % 2 ? frame_.data() : &second, dice() % 4); },
+            [&] { ShowAnywhere(dice() % 2 ? frame_.data() : &second, dice() % 4); },
+        };
+        const int count = qMax(60, qEnvironmentVariableIntValue("DOCK_STEPS"));
+        for (int step = 0; step < count; ++step) {
+            const size_t kind = dice() % steps.size();
+            steps[kind]();
+            QVERIFY(window_->isVisible() || !Dock() || !Dock()->isVisible());
+            QTRY_VERIFY2(IsInPlace(), qPrintable(Describe(step, kind)));
+            QTest::qWait(int(dice() % 50)); // the next step may come in the middle of a slide
+            QTRY_VERIFY2(IsInPlace(), qPrintable(Describe(step, kind)));
+        }
+    }
+
+protected:
+    void SetUp() override
+    {
+        guard_.AnnounceLogLines();
+        guard_.AnnounceWarnings("XCB error"); // about windows that are gone meanwhile
+        window_ = std::make_unique<Lookout::CBaseWidget>();
+        window_->setWindowTitle("main");
+        window_->setGeometry(150, 150, 800, 600);
+        window_->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window_.get()));
+        if (HasManager()) // it puts its frame around the window some time later
+            QTRY_VERIFY(window_->frameGeometry() != window_->geometry());
+        QVERIFY(XDoTool({"windowfocus", "--sync", WindowId()}));
+        QTRY_VERIFY(window_->isActiveWindow());
+        Manager().SetMainWindow(window_.get());
+        Manager().SetContentType(CDockManager::Common);
+        frame_ = new CBaseDockFrame(window_.get());
+    }
+
+    void TearDown() override
+    {
+        Faceplate::SetFullScreenModeSource(nullptr);
+        stranger_.kill();
+        stranger_.waitForFinished();
+        window_.reset();
+        QApplication::setLayoutDirection(Qt::LeftToRight);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
 private:
     [[nodiscard]] bool HasManager() const { return window_manager_.state() == QProcess::Running; }
+    [[nodiscard]] QString WindowId() const { return QString::number(window_->winId()); }
 
     void Show()
     {
         Manager().SetDockWidget(frame_, 300);
-        QTRY_COMPARE(Dock()->width(), 300);
-        QTRY_COMPARE(guard_.LogLines().filter("installEventFilter").isEmpty(), false);
+        QTRY_VERIFY(!guard_.LogLines().filter("installEventFilter").isEmpty());
+        QCOMPARE(Dock()->width(), 300);
     }
 
-    void ClickInList(QComboBox &combo)
+    void StartStranger()
+    {
+        stranger_.start(QCoreApplication::applicationFilePath(), QStringList(kStranger));
+        QVERIFY(stranger_.waitForReadyRead());
+        stranger_id_ = QString::fromLatin1(stranger_.readLine()).trimmed();
+    }
+
+    static QPoint DropDownBesidePanel(QComboBox &combo)
     {
         combo.showPopup();
         QWidget *const list = combo.view()->window();
-        QVERIFY(QTest::qWaitForWindowExposed(list));
+        if (!QTest::qWaitForWindowExposed(list))
+            qFatal("no list");
         list->move(Dock()->x() - list->width() - 20, Dock()->y());
         QTest::qWait(50);
-        ClickAt(CentreOf(*combo.view()));
+        return CentreOf(*combo.view());
     }
 
-    CTestGuard guard_;
+    // In one of four ways: as a plain panel, as common content or an export of a window that is
+    // looked for, and with a rule.
+    void ShowAnywhere(CBaseDockFrame *frame, unsigned way)
+    {
+        asked_ = {};
+        asked_.is_parent_found = way == 1 || way == 2;
+        asked_.content_type = way == 2 ? CDockManager::Export : CDockManager::Common;
+        asked_.direction = QApplication::layoutDirection();
+        Manager().SetContentType(CDockManager::ContentType(asked_.content_type));
+        if (way == 3)
+            Manager().SetDockWidget(frame, QPointer<Vantor::CDockWidgetPosRule>(&rule_), 200);
+        else
+            Manager().SetDockWidget(frame, 300, asked_.is_parent_found);
+    }
+
+    // Hidden, or with its frame, beside its window and where the rules want it.
+    [[nodiscard]] bool IsInPlace()
+    {
+        if (!Dock() || !Dock()->isVisible())
+            return true;
+        asked_.top_left = window_->mapToGlobal({0, 0});
+        asked_.bottom_right = window_->mapToGlobal(window_->rect().bottomRight());
+        asked_.width = Dock()->width();
+        const QPoint wanted =
+            Dock()->GetParentWidget() ? *Vantor::DockPosition(asked_) : kRulePlace;
+        // A window manager lets no dialog leave the screen.
+        const bool is_free =
+            !HasManager() || window_->screen()->geometry().contains({wanted, Dock()->size()});
+        return window_->isVisible() && !window_->isMinimized()
+               && (Dock()->pos() == wanted || !is_free) && Dock()->findChild<CBaseDockFrame *>();
+    }
+
+    [[nodiscard]] QString Describe(int step, size_t kind) const
+    {
+        QString text;
+        QDebug(&text) << step << kind << (Dock() ? Dock()->geometry() : QRect())
+                      << window_->geometry() << window_->windowState();
+        return text;
+    }
+
     QProcess window_manager_;
+    QProcess stranger_;
+    QString stranger_id_;
+    CRule rule_;
+    Vantor::DockSituation asked_; // of the panel that was shown last
     std::unique_ptr<QWidget> window_;
-    QLabel *child_ = nullptr;
     QPointer<CBaseDockFrame> frame_;
 };
 
@@ -306,6 +357,7 @@ int main(int argc, char **argv)
         fflush(stdout);
         return QApplication::exec();
     }
+    QApplication::setQuitOnLastWindowClosed(false);
     QTEST_SET_MAIN_SOURCE_PATH
     TestDockDisplay test;
     return QTest::qExec(&test, argc, argv);

@@ -36,7 +36,7 @@ struct CBaseDockFramePtr
     QPushButton *ptr_reset_ = nullptr;
     QPushButton *ptr_cancel_ = nullptr;
     QPushButton *ptr_save_ = nullptr;
-    QString str_save_text_; // the host's; empty: our own
+    QString str_save_text_; // set by the host; empty means our own text
     bool b_hide_emit_ = false;
 };
 
@@ -49,34 +49,12 @@ CBaseDockFrame::CBaseDockFrame(QWidget *parent)
     around->setContentsMargins(0, 0, 0, 0);
     around->addWidget(d_ptr_->ptr_ui_);
 
-    d_ptr_->ptr_title_frame_ = new QFrame(d_ptr_->ptr_ui_);
-    d_ptr_->ptr_title_frame_->setObjectName(QStringLiteral("DockTitleFrame"));
-    d_ptr_->ptr_title_ = new QLabel(d_ptr_->ptr_title_frame_);
-    d_ptr_->ptr_title_->setObjectName(QStringLiteral("DockTitle"));
-    d_ptr_->ptr_title_->setTextFormat(Qt::PlainText);
-    d_ptr_->ptr_title_->setWordWrap(true);
-    auto *const title = new QHBoxLayout(d_ptr_->ptr_title_frame_);
-    title->setContentsMargins(kMarginPx, kMarginPx, kMarginPx, kMarginPx);
-    title->addWidget(d_ptr_->ptr_title_);
-
     d_ptr_->ptr_scroll_area_ = new QScrollArea(d_ptr_->ptr_ui_);
     d_ptr_->ptr_scroll_area_->setObjectName(QStringLiteral("DockScrollArea"));
     d_ptr_->ptr_scroll_area_->setWidgetResizable(true);
     d_ptr_->ptr_scroll_area_->setFrameShape(QFrame::NoFrame);
-
-    d_ptr_->ptr_buttons_ = new QFrame(d_ptr_->ptr_ui_);
-    d_ptr_->ptr_buttons_->setObjectName(QStringLiteral("DockButtons"));
-    d_ptr_->ptr_reset_ = NewButton("DockResetButton", d_ptr_->ptr_buttons_);
-    d_ptr_->ptr_cancel_ = NewButton("DockCancelButton", d_ptr_->ptr_buttons_);
-    d_ptr_->ptr_save_ = NewButton("DockSaveButton", d_ptr_->ptr_buttons_);
-    d_ptr_->ptr_save_->setDefault(true);
-    auto *const buttons = new QHBoxLayout(d_ptr_->ptr_buttons_);
-    buttons->setContentsMargins(kMarginPx, kMarginPx, kMarginPx, kMarginPx);
-    buttons->setSpacing(kSpacingPx);
-    buttons->addWidget(d_ptr_->ptr_reset_);
-    buttons->addStretch();
-    buttons->addWidget(d_ptr_->ptr_cancel_);
-    buttons->addWidget(d_ptr_->ptr_save_);
+    BuildTitle();
+    BuildButtons();
 
     auto *const layout = new QVBoxLayout(d_ptr_->ptr_ui_);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -84,26 +62,55 @@ CBaseDockFrame::CBaseDockFrame(QWidget *parent)
     layout->addWidget(d_ptr_->ptr_title_frame_);
     layout->addWidget(d_ptr_->ptr_scroll_area_, 1);
     layout->addWidget(d_ptr_->ptr_buttons_);
-
-    connect(d_ptr_->ptr_save_, &QPushButton::clicked, this, &CBaseDockFrame::signalConfirm);
-    connect(d_ptr_->ptr_cancel_, &QPushButton::clicked, this, &CBaseDockFrame::signalCancel);
-    connect(d_ptr_->ptr_reset_, &QPushButton::clicked, this, &CBaseDockFrame::signalReset);
     Retranslate();
 }
 
 CBaseDockFrame::~CBaseDockFrame() = default;
 
+void CBaseDockFrame::BuildTitle()
+{
+    d_ptr_->ptr_title_frame_ = new QFrame(d_ptr_->ptr_ui_);
+    d_ptr_->ptr_title_frame_->setObjectName(QStringLiteral("DockTitleFrame"));
+    d_ptr_->ptr_title_ = new QLabel(d_ptr_->ptr_title_frame_);
+    d_ptr_->ptr_title_->setObjectName(QStringLiteral("DockTitle"));
+    d_ptr_->ptr_title_->setTextFormat(Qt::PlainText);
+    d_ptr_->ptr_title_->setWordWrap(true);
+    auto *const row = new QHBoxLayout(d_ptr_->ptr_title_frame_);
+    row->setContentsMargins(kMarginPx, kMarginPx, kMarginPx, kMarginPx);
+    row->addWidget(d_ptr_->ptr_title_);
+}
+
+void CBaseDockFrame::BuildButtons()
+{
+    d_ptr_->ptr_buttons_ = new QFrame(d_ptr_->ptr_ui_);
+    d_ptr_->ptr_buttons_->setObjectName(QStringLiteral("DockButtons"));
+    d_ptr_->ptr_reset_ = NewButton("DockResetButton", d_ptr_->ptr_buttons_);
+    d_ptr_->ptr_cancel_ = NewButton("DockCancelButton", d_ptr_->ptr_buttons_);
+    d_ptr_->ptr_save_ = NewButton("DockSaveButton", d_ptr_->ptr_buttons_);
+    d_ptr_->ptr_save_->setDefault(true);
+    auto *const row = new QHBoxLayout(d_ptr_->ptr_buttons_);
+    row->setContentsMargins(kMarginPx, kMarginPx, kMarginPx, kMarginPx);
+    row->setSpacing(kSpacingPx);
+    row->addWidget(d_ptr_->ptr_reset_);
+    row->addStretch();
+    row->addWidget(d_ptr_->ptr_cancel_);
+    row->addWidget(d_ptr_->ptr_save_);
+    connect(d_ptr_->ptr_save_, &QPushButton::clicked, this, &CBaseDockFrame::signalConfirm);
+    connect(d_ptr_->ptr_cancel_, &QPushButton::clicked, this, &CBaseDockFrame::signalCancel);
+    connect(d_ptr_->ptr_reset_, &QPushButton::clicked, this, &CBaseDockFrame::signalReset);
+}
+
 void CBaseDockFrame::SetTitleText(const QString &title)
 {
     d_ptr_->ptr_title_->setText(title);
-    setWindowTitle(title); // the dock takes it over, for those who hear the screen
+    setWindowTitle(title); // the dock takes it over: screen readers announce it
 }
 
 void CBaseDockFrame::SetContentWnd(QWidget *content)
 {
     if (content && content == d_ptr_->ptr_scroll_area_->widget())
         return;
-    // A scroll area deletes the widget that it had.
+    // setWidget() would delete the previous content.
     if (QWidget *const old = d_ptr_->ptr_scroll_area_->takeWidget()) {
         old->hide();
         old->setParent(this);
@@ -180,8 +187,27 @@ void CBaseDockFrame::changeEvent(QEvent *event)
         Retranslate();
 }
 
-// As in a dialog, which the dock's window is not: Enter presses the button that has the keys, and
-// confirms where a field has them.
+// The tab order is that of construction, so fields would come after the buttons. It is put right
+// here because a host may add fields at any time.
+bool CBaseDockFrame::focusNextPrevChild(bool next)
+{
+    QWidget *const content = d_ptr_->ptr_scroll_area_->widget();
+    QWidget *last = nullptr;
+    for (QWidget *widget = nextInFocusChain(); content && widget != this;
+         widget = widget->nextInFocusChain()) {
+        if (widget->focusPolicy() != Qt::NoFocus && content->isAncestorOf(widget))
+            last = widget;
+    }
+    for (QWidget *const button : {d_ptr_->ptr_reset_, d_ptr_->ptr_cancel_, d_ptr_->ptr_save_}) {
+        if (last && last->nextInFocusChain() != button)
+            setTabOrder(last, button);
+        last = button;
+    }
+    return CAbstractDockFrame::focusNextPrevChild(next);
+}
+
+// Enter works as in a dialog: it clicks the focused button, and the save button if a field has the
+// focus.
 void CBaseDockFrame::keyPressEvent(QKeyEvent *event)
 {
     const bool is_enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

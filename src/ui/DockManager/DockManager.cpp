@@ -8,6 +8,7 @@
 
 #include <Ravel/ShadowWidget.h>
 
+#include <QtCore/QScopedValueRollback>
 #include <QtCore/QVariant>
 
 #include <utility>
@@ -20,6 +21,14 @@ namespace {
 constexpr char kAttachTo[] = "__dock_frame_attach_to__";
 
 constexpr char kSetDockWidget[] = "Vantor::CDockManager::SetDockWidget";
+
+// A modal dialog blocks every window that it does not own, so it has to own the docks of its
+// frames.
+QWidget *ModalWindowOf(const CAbstractDockFrame &frame)
+{
+    QWidget *const window = frame.window();
+    return window != &frame && window->isModal() ? window : nullptr;
+}
 
 // Hosts store either kind of pointer.
 QWidget *AttachedTo(const CDockWidgetPosRule &rule)
@@ -38,12 +47,12 @@ struct CDockManagerPtr
     QPointer<QWidget> ptr_main_window_;
     QPointer<Ravel::CShadowWidget> ptr_shadow_;
     CDockManager::ContentType content_type_ = CDockManager::Common;
-    bool b_replacing_ = false;
+    bool b_replacing_ = false; // a host may be inside the OnDockHide() of a frame
 };
 
 namespace {
 
-// Then the call around this one is about to show its own frame.
+// If so, the call around this one is about to show its own frame.
 bool IsReplacing(const CDockManagerPtr &data)
 {
     if (data.b_replacing_) {
@@ -53,12 +62,11 @@ bool IsReplacing(const CDockManagerPtr &data)
     return data.b_replacing_;
 }
 
-// Hosts hear of the frames that they lose, and may do or throw anything.
+// `body` calls OnDockHide() of a host's frame, which may do or throw anything.
 template <class Body> void Replace(CDockManagerPtr &data, Body body)
 {
-    data.b_replacing_ = true;
+    const QScopedValueRollback<bool> replacing(data.b_replacing_, true);
     RunGuarded(kSetDockWidget, body);
-    data.b_replacing_ = false;
 }
 
 } // namespace
@@ -84,14 +92,11 @@ void CDockManager::SetDockWidget(CAbstractDockFrame *frame, int width, bool find
     if (!frame || (!d_ptr_->ptr_main_window_ && !parent) || IsReplacing(*d_ptr_))
         return;
     const QPointer<CAbstractDockFrame> wanted = frame;
-    const QPointer<QWidget> owner = parent ? parent : d_ptr_->ptr_main_window_.data();
-    Replace(*d_ptr_, [this] {
-        if (CDockWidget *const old = std::exchange(d_ptr_->ptr_dock_widget_, nullptr))
-            old->Retire();
-    });
-    if (!wanted || !owner)
+    const QPointer<QWidget> given = parent;
+    RetireDock(); // after which the frame is at home again
+    if (!wanted || (parent && !given) || (!parent && !d_ptr_->ptr_main_window_))
         return;
-    MakeDock(owner);
+    MakeDock(OwnerFor(*wanted, parent));
     CDockWidget *const dock = d_ptr_->ptr_dock_widget_;
     if (d_ptr_->content_type_ == Common) {
         dock->SetContentType(Common);
@@ -105,7 +110,7 @@ void CDockManager::SetDockWidget(CAbstractDockFrame *frame, int width, bool find
     VANTOR_LOG(kSetDockWidget, 3, VANTOR_LOG_FRAMEWORK,
                "d_ptr_->ptr_dock_widget_->SetDockWidget[width:%d]", width);
     dock->SetDockWidget(wanted, width, find_parent);
-    if (d_ptr_->ptr_dock_widget_) // the frame's host has heard of its showing
+    if (d_ptr_->ptr_dock_widget_) // the host may have deleted it when its frame was shown
         d_ptr_->ptr_dock_widget_->ShowInAnimation();
 }
 
@@ -118,19 +123,43 @@ void CDockManager::SetDockWidget(CAbstractDockFrame *frame, QPointer<CDockWidget
         d_ptr_->ptr_main_window_ = AttachedTo(*rule);
     if (!d_ptr_->ptr_main_window_)
         return;
+    const QPointer<CAbstractDockFrame> wanted = frame;
+    const QPointer<QWidget> modal = ModalWindowOf(*frame);
+    if (modal && d_ptr_->ptr_dock_widget_ && d_ptr_->ptr_dock_widget_->parentWidget() != modal)
+        RetireDock();
+    if (!wanted || !d_ptr_->ptr_main_window_)
+        return;
     if (!d_ptr_->ptr_dock_widget_)
-        MakeDock(d_ptr_->ptr_main_window_);
+        MakeDock(OwnerFor(*wanted, nullptr));
     Replace(*d_ptr_, [&] {
-        d_ptr_->ptr_dock_widget_->SetDockWidgetWithPosRule(frame, std::move(rule), width);
+        d_ptr_->ptr_dock_widget_->SetDockWidgetWithPosRule(wanted, std::move(rule), width);
     });
     if (d_ptr_->ptr_dock_widget_)
         d_ptr_->ptr_dock_widget_->ShowInAnimation();
 }
 
+QWidget *CDockManager::OwnerFor(const CAbstractDockFrame &frame, QWidget *parent) const
+{
+    if (parent)
+        return parent;
+    QWidget *const modal = ModalWindowOf(frame);
+    return modal ? modal : d_ptr_->ptr_main_window_.data();
+}
+
+void CDockManager::RetireDock()
+{
+    Replace(*d_ptr_, [this] {
+        if (CDockWidget *const old = std::exchange(d_ptr_->ptr_dock_widget_, nullptr))
+            old->Retire();
+    });
+}
+
 void CDockManager::MakeDock(QWidget *parent)
 {
     d_ptr_->ptr_dock_widget_ = new CDockWidget(parent);
-    QWidget *const window = d_ptr_->ptr_main_window_ ? d_ptr_->ptr_main_window_.data() : parent;
+    // A modal dialog shows the shadow of its own docks.
+    const bool is_of_main_window = d_ptr_->ptr_main_window_ && !parent->isModal();
+    QWidget *const window = is_of_main_window ? d_ptr_->ptr_main_window_.data() : parent;
     d_ptr_->ptr_shadow_ = new Ravel::CShadowWidget(window);
     d_ptr_->ptr_shadow_->Wrap(d_ptr_->ptr_dock_widget_, Ravel::CShadowWidget::kShadowAround);
 }

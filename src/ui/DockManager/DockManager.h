@@ -30,8 +30,8 @@ namespace Vantor {
 ///
 /// Reached through Ravel::CUiSingleton<CDockManager>::Instance(). The panel slides out again when
 /// the user clicks outside it or presses Escape, and is hidden when the application goes to the
-/// background. Frames stay their host's: they come back alive to the parent they had, whatever
-/// happens to the dock. GUI thread only.
+/// background. Frames stay the property of their hosts: they come back to the parent they had,
+/// whatever happens to the dock, and die with that parent only. GUI thread only.
 class VANTOR_EXPORT CDockManager : public Ravel::CUiSingleton<CDockManager>
 {
 public:
@@ -54,7 +54,8 @@ public:
     /// a log line) from within the OnDockHide() of the frame that is just being replaced.
     /// \param width       of the panel in pixels; a negative one means 400.
     /// \param find_parent see CDockWidget::SetDockWidget().
-    /// \param parent      owns the dock in place of the main window.
+    /// \param parent      owns the dock in place of the main window. If it is null and the frame's
+    ///                    window is modal, that window owns the dock, because it blocks all others.
     void SetDockWidget(CAbstractDockFrame *frame, int width, bool find_parent = false,
                        QWidget *parent = nullptr);
 
@@ -72,12 +73,14 @@ public:
     /// \brief Its height in pixels, 0 without one.
     [[nodiscard]] int GetDockWidgetHeight() const;
 
-    /// \brief What the docks of SetDockWidget() with a width show from now on; Common at first.
+    /// \brief The type of what SetDockWidget() with a width shows from now on; Common at first.
     void SetContentType(ContentType type);
 
 private:
     friend class Ravel::CUiSingleton<CDockManager>;
     CDockManager();
+    [[nodiscard]] QWidget *OwnerFor(const CAbstractDockFrame &frame, QWidget *parent) const;
+    void RetireDock();
     void MakeDock(QWidget *parent);
 
     const std::unique_ptr<CDockManagerPtr> d_ptr_;

@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ui/DockManager/DockWidget.h"
 
-#include "common/ForwardEvents.h"
 #include "common/LogMacro.h"
 #include "ui/DockManager/AbstractDockFrame.h"
-#include "ui/DockManager/DockPosition.h"
 #include "ui/DockManager/DockWidgetPosRule.h"
+#include "ui/DockManager/DockWidget_p.h"
 
-#include <Faceplate/GUIFullScreenWidget.h>
-
-#include <QtCore/QPropertyAnimation>
-#include <QtGui/QKeyEvent>
-#include <QtGui/QMouseEvent>
+#include <QtCore/QTimer>
+#include <QtGui/QHideEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QVBoxLayout>
 
@@ -20,105 +16,73 @@
 namespace Vantor {
 namespace {
 
-constexpr char kInnerName[] = "ptr_dock_widget";
-constexpr char kFullScreenClass[] = "Faceplate::CGUIFullScreenWidget";
-constexpr char kPluginClass[] = "Lookout::CBaseWidget";
-constexpr int kSlideTime_ms = 300;
 constexpr int kSpacerPx = 10;
 
-bool IsFullScreenWidget(const QWidget *widget)
+// On Wayland the compositor places windows, and no program knows where its own are.
+bool CanPlaceWindows()
 {
-    return widget->inherits(kFullScreenClass) && Faceplate::IsFullScreenMode(widget);
-}
-
-// Across the borders of windows: to the owner of a dialog, and to the field that a list of
-// completions belongs to, which has no parent. That way once only: a window may also hand its keys
-// to a child of its own.
-template <class Condition> bool AnyOwner(const QWidget *widget, Condition condition)
-{
-    bool is_proxied = false;
-    while (widget && !condition(widget)) {
-        const QWidget *const parent = widget->parentWidget();
-        widget = parent || std::exchange(is_proxied, true) ? parent : widget->focusProxy();
-    }
-    return widget != nullptr;
-}
-
-// Watches the whole line of parents: a dying window still looks alive to its children, but to get
-// one more child would crash it. It tells before it takes them along.
-QVector<QMetaObject::Connection> WatchOwners(QWidget *widget, const QObject *context, bool &is_gone)
-{
-    QVector<QMetaObject::Connection> watches;
-    for (; widget; widget = widget->parentWidget()) {
-        watches.append(
-            QObject::connect(widget, &QObject::destroyed, context, [&is_gone] { is_gone = true; }));
-    }
-    return watches;
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
 } // namespace
 
-struct CDockWidgetPtr
-{
-    QVBoxLayout *ptr_layout_ = nullptr;
-    QWidget *ptr_inner_ = nullptr;
-    QPointer<CAbstractDockFrame> ptr_content_;
-    QPointer<QWidget> ptr_parent_widget_;
-    QPointer<CDockWidgetPosRule> ptr_rule_;
-    QPointer<CAbstractDockFrame> ptr_let_go_; // is to hear that it was hidden
-    QPointer<QPropertyAnimation> ptr_animation_;
-    int width_px_ = -1;
-    int content_type_ = kCommonContent;
-    bool b_find_parent_ = false;
-    bool b_hiding_ = false;
-    bool b_retired_ = false;
-    bool b_dying_ = false; // the dock is about to go with its window
-
-    // What the frame was before it was taken.
-    QPointer<QWidget> ptr_previous_parent_;
-    bool b_had_parent_ = false;
-    bool b_owner_gone_ = false; // that parent, or what it was part of, has died or is dying
-    QVector<QMetaObject::Connection> vec_owner_watch_;
-    Qt::WindowFlags previous_flags_;
-};
-
 CDockWidget::CDockWidget(QWidget *parent)
-    : QFrame(parent, Qt::FramelessWindowHint | Qt::Dialog),
+    : QFrame(parent,
+             parent && !CanPlaceWindows() ? Qt::Widget : Qt::FramelessWindowHint | Qt::Dialog),
       d_ptr_(std::make_unique<CDockWidgetPtr>())
 {
-    WatchOwners(parent, this, d_ptr_->b_dying_);
-    setWindowFlag(Qt::WindowStaysOnTopHint, true);
+    if (isWindow())
+        setWindowFlag(Qt::WindowStaysOnTopHint, true);
     setFocusPolicy(Qt::StrongFocus);
-    // In no layout of the dock, which would squeeze the frame or stop the slide at its least width.
+    // The dock has no layout, which would squeeze the frame or stop the slide at its least width.
     d_ptr_->ptr_inner_ = new QWidget(this);
-    d_ptr_->ptr_inner_->setObjectName(QLatin1String(kInnerName));
+    d_ptr_->ptr_inner_->setObjectName(QLatin1String(kDockInnerName));
     d_ptr_->ptr_inner_->setAutoFillBackground(true);
     d_ptr_->ptr_layout_ = new QVBoxLayout(d_ptr_->ptr_inner_);
     d_ptr_->ptr_layout_->setContentsMargins(0, 0, 0, 0);
     d_ptr_->ptr_layout_->addSpacerItem(
         new QSpacerItem(kSpacerPx, kSpacerPx, QSizePolicy::Preferred, QSizePolicy::Expanding));
+
+    d_ptr_->ptr_window_watch_ = new CWindowWatch(this);
+    connect(d_ptr_->ptr_window_watch_, &CWindowWatch::SignalMoved, this, &CDockWidget::Reposition);
+    connect(d_ptr_->ptr_window_watch_, &CWindowWatch::SignalShownOrHidden, this,
+            &CDockWidget::OnShownOrHidden);
+    connect(d_ptr_->ptr_window_watch_, &CWindowWatch::SignalDestroyed, this,
+            &CDockWidget::OnWindowDestroyed);
+    if (parent)
+        connect(parent, &QObject::destroyed, this, &CDockWidget::OnWindowDestroyed);
+    // The application's event filter, which hides the dock, is not there before the slide has
+    // ended.
+    connect(qApp, &QGuiApplication::applicationStateChanged, this,
+            [this](Qt::ApplicationState state) {
+                if (d_ptr_->phase_ == DockPhase::SlidingIn)
+                    OnApplicationState(state);
+            });
 }
 
 CDockWidget::~CDockWidget()
 {
-    // hideEvent() does not come here any more when QWidget's destructor hides.
-    static_cast<void>(Release());
+    // Its destroyed() comes when this is no dock any more.
+    d_ptr_->ptr_window_watch_->disconnect(this);
+    d_ptr_->slide_.Stop();
+    d_ptr_->ptr_borrowed_.reset();
 }
 
 void CDockWidget::SetDockWidget(CAbstractDockFrame *frame, int width, bool find_parent)
 {
     static constexpr char kFunction[] = "Vantor::CDockWidget::SetDockWidget";
     d_ptr_->b_find_parent_ = find_parent;
-    if (!frame || !d_ptr_->ptr_layout_)
-        return;
-    if (!Take(frame, width))
+    if (!frame || !d_ptr_->ptr_layout_ || !Borrow(frame, width))
         return;
     QWidget *parent = frame->window() == frame ? parentWidget() : frame->window();
     if (find_parent)
         parent = FindParent(parent);
     d_ptr_->ptr_parent_widget_ = parent;
-    if (!parent)
+    StandAt(parent);
+    if (!parent) {
+        CallOnDockHide();
         return;
+    }
     if (HasFixedHeight(d_ptr_->content_type_)) {
         setFixedHeight(DockHeight(parent->height()));
         d_ptr_->ptr_inner_->setFixedHeight(DockHeight(parent->height()));
@@ -130,145 +94,155 @@ void CDockWidget::SetDockWidget(CAbstractDockFrame *frame, int width, bool find_
     Insert();
 }
 
-QWidget *CDockWidget::FindParent(QWidget *window) const
-{
-    static constexpr char kFunction[] = "Vantor::CDockWidget::SetDockWidget";
-    QString trace = d_ptr_->ptr_content_->objectName();
-    QWidget *widget = window;
-    while (widget && !IsFullScreenWidget(widget)) {
-        trace += QLatin1String("--") + widget->objectName();
-        if (widget->inherits(kPluginClass))
-            break;
-        widget = widget->parentWidget();
-    }
-    VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK, "DockWidget:parent widgets:%s",
-               qUtf8Printable(trace));
-    return widget;
-}
-
 void CDockWidget::SetDockWidgetWithPosRule(CAbstractDockFrame *frame,
                                            QPointer<CDockWidgetPosRule> rule, int width)
 {
-    if (!frame || !d_ptr_->ptr_layout_)
-        return;
-    if (!Take(frame, width))
+    if (!frame || !d_ptr_->ptr_layout_ || !Borrow(frame, width))
         return;
     d_ptr_->ptr_rule_ = std::move(rule);
-    // Of an earlier call without a rule: neither its window nor its height counts here.
+    // An earlier call without a rule may have set a window and a height.
     d_ptr_->ptr_parent_widget_.clear();
+    StandAt(parentWidget());
     for (QWidget *const widget : {static_cast<QWidget *>(this), d_ptr_->ptr_inner_}) {
         widget->setMinimumHeight(0);
         widget->setMaximumHeight(QWIDGETSIZE_MAX);
     }
     d_ptr_->ptr_inner_->move(0, 0);
     const QPointer<CDockWidget> self = this;
-    if (d_ptr_->ptr_rule_)
+    if (d_ptr_->ptr_rule_) {
         d_ptr_->ptr_rule_->Place(this, frame, d_ptr_->ptr_inner_, d_ptr_->width_px_);
+        if (self)
+            d_ptr_->rule_place_ = pos();
+    }
     if (self)
         Insert();
 }
 
-// \return false when the frame or the dock is gone: the previous frame's host may do anything when
-// it hears of the change.
-bool CDockWidget::Take(CAbstractDockFrame *frame, int width)
+// Gives the previous frame back and takes this one. False, and nothing is taken, if a host used
+// that moment to delete the frame or the dock, or to retire the dock.
+bool CDockWidget::Borrow(CAbstractDockFrame *frame, int width)
 {
     const QPointer<CAbstractDockFrame> taken = frame;
     const QPointer<CDockWidget> self = this;
-    const QPointer<CAbstractDockFrame> previous = Release();
-    if (previous && previous != frame)
-        previous->OnDockHide();
-    if (!self || d_ptr_->b_retired_ || !taken)
+    QPointer<CAbstractDockFrame> previous;
+    if (const auto borrowed = std::move(d_ptr_->ptr_borrowed_))
+        previous = borrowed->GiveBack();
+    if (previous == taken)
+        previous.clear();
+    if (!self || !taken || !d_ptr_->ptr_layout_) {
+        if (previous)
+            previous->OnDockHide();
         return false;
+    }
+    d_ptr_->ptr_let_go_ = previous;
     d_ptr_->width_px_ = DockWidth(width);
-    d_ptr_->ptr_content_ = taken;
-    d_ptr_->ptr_previous_parent_ = taken->parentWidget();
-    d_ptr_->b_had_parent_ = taken->parentWidget() != nullptr;
-    d_ptr_->previous_flags_ = taken->windowFlags();
-    d_ptr_->b_owner_gone_ = false;
-    d_ptr_->vec_owner_watch_ = WatchOwners(taken->parentWidget(), this, d_ptr_->b_owner_gone_);
+    d_ptr_->ptr_borrowed_ = std::make_unique<CBorrowedFrame>(frame, d_ptr_->ptr_layout_);
     return true;
 }
 
 void CDockWidget::Insert()
 {
-    if (!d_ptr_->ptr_content_) // a rule may delete it
+    const QPointer<CDockWidget> self = this;
+    if (d_ptr_->ptr_borrowed_)
+        d_ptr_->ptr_borrowed_->Insert();
+    if (!self)
         return;
-    // With all the room: beside the expanding spacer a frame would get half of it, or less.
-    d_ptr_->ptr_layout_->insertWidget(0, d_ptr_->ptr_content_, 1);
-    d_ptr_->ptr_content_->show();
-    setWindowTitle(d_ptr_->ptr_content_->windowTitle());
+    if (const CAbstractDockFrame *const frame = d_ptr_->Content()) {
+        setWindowTitle(frame->windowTitle());
+        // Queued, because the frame is still a child of the dock when it emits this.
+        connect(frame, &QObject::destroyed, this, &CDockWidget::OnFrameDestroyed,
+                Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));
+    }
+    OnShownOrHidden();
+    if (self)
+        CallOnDockHide();
 }
 
-QPointer<CAbstractDockFrame> CDockWidget::Release()
+void CDockWidget::OnFrameDestroyed()
 {
-    QPointer<CAbstractDockFrame> frame = d_ptr_->ptr_content_;
-    d_ptr_->ptr_content_.clear();
-    for (const QMetaObject::Connection &watch : qAsConst(d_ptr_->vec_owner_watch_))
-        disconnect(watch);
-    d_ptr_->vec_owner_watch_.clear();
-    if (!frame)
-        return frame;
-    d_ptr_->ptr_layout_->removeWidget(frame);
-    QWidget *owner = d_ptr_->b_owner_gone_ ? nullptr : d_ptr_->ptr_previous_parent_.data();
-    if (!owner && d_ptr_->b_had_parent_ && !d_ptr_->b_dying_)
-        owner = parentWidget();
-    const Qt::WindowFlags flags = d_ptr_->previous_flags_;
-    const bool is_ours = frame->parentWidget() == d_ptr_->ptr_inner_;
-    frame->hide();
-    // Not when its host has put it elsewhere meanwhile.
-    if (frame && is_ours)
-        frame->setParent(owner, flags);
-    return frame;
+    if (!d_ptr_->Content())
+        hide();
+}
+
+// The last step of whatever let the frame go, because its host may show the dock again with another
+// frame, or delete the dock.
+void CDockWidget::CallOnDockHide()
+{
+    const QPointer<CAbstractDockFrame> frame = std::exchange(d_ptr_->ptr_let_go_, nullptr);
+    if (frame)
+        frame->OnDockHide();
+}
+
+void CDockWidget::LetGo()
+{
+    static constexpr char kFunction[] = "Vantor::CDockWidget::hideEvent";
+    d_ptr_->slide_.Stop();
+    if (std::exchange(d_ptr_->phase_, DockPhase::Hidden) == DockPhase::Hidden
+        && !d_ptr_->ptr_borrowed_)
+        return;
+    const QPointer<CDockWidget> self = this;
+    const auto borrowed = std::move(d_ptr_->ptr_borrowed_);
+    const QPointer<CAbstractDockFrame> frame = borrowed ? borrowed->GiveBack() : nullptr;
+    if (!self)
+        return;
+    d_ptr_->ptr_let_go_ = frame;
+    qApp->removeEventFilter(this);
+    VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK, "qApp->removeEventFilter(this)");
+    d_ptr_->ptr_rule_.clear();
+    d_ptr_->vec_opened_.clear();
+}
+
+// Follow `widget` from now on. `ptr_parent_widget_` is apart, because a rule has none.
+void CDockWidget::StandAt(QWidget *widget)
+{
+    if (widget && !isWindow() && widget->window() != parentWidget())
+        setParent(widget->window());
+    d_ptr_->ptr_window_watch_->Watch(widget);
 }
 
 void CDockWidget::ShowInAnimation()
 {
     static constexpr char kFunction[] = "Vantor::CDockWidget::ShowInAnimation";
-    d_ptr_->b_hiding_ = false;
-    Animate(0, DockWidth(d_ptr_->width_px_));
-    connect(d_ptr_->ptr_animation_.data(), &QPropertyAnimation::finished, this, [this] {
-        qApp->installEventFilter(this);
-        VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK,
-                   "CDockWidget::qApp->installEventFilter(this)");
-    });
-    connect(d_ptr_->ptr_animation_.data(), &QPropertyAnimation::finished, this,
-            &CDockWidget::OnShowFinished);
-    d_ptr_->ptr_animation_->start(QAbstractAnimation::DeleteWhenStopped);
+    const QPointer<CDockWidget> self = this;
+    const int width = DockWidth(d_ptr_->width_px_);
+    if (isWindow() && d_ptr_->ptr_window_watch_->IsAway()) {
+        d_ptr_->phase_ = DockPhase::AwayWithWindow;
+        SetSlideSize(QSize(width, height()));
+        return;
+    }
+    d_ptr_->phase_ = DockPhase::SlidingIn;
+    d_ptr_->slide_.Start(this, 0, width, [this] { OnSlidIn(); });
     VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK, "ShowInAnimation()");
     show();
+    if (!self)
+        return;
     raise();
     setFocus();
-    activateWindow();
+    if (self)
+        activateWindow();
+}
+
+void CDockWidget::OnSlidIn()
+{
+    static constexpr char kFunction[] = "Vantor::CDockWidget::ShowInAnimation";
+    d_ptr_->phase_ = DockPhase::Shown;
+    qApp->installEventFilter(this);
+    VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK, "CDockWidget::qApp->installEventFilter(this)");
+    OnShowFinished();
 }
 
 void CDockWidget::HideInAnimation()
 {
     static constexpr char kFunction[] = "Vantor::CDockWidget::HideInAnimation";
-    const bool is_under_way = std::exchange(d_ptr_->b_hiding_, true);
-    if (isVisible() && !is_under_way) {
-        Animate(DockWidth(d_ptr_->width_px_), 0);
-        connect(d_ptr_->ptr_animation_.data(), &QPropertyAnimation::finished, this, &QWidget::hide);
-        d_ptr_->ptr_animation_->start(QAbstractAnimation::DeleteWhenStopped);
+    const DockPhase phase = d_ptr_->phase_;
+    const bool is_in_sight = phase == DockPhase::SlidingIn || phase == DockPhase::Shown;
+    if (is_in_sight && isVisible()) {
+        d_ptr_->phase_ = DockPhase::SlidingOut;
+        d_ptr_->slide_.Start(this, DockWidth(d_ptr_->width_px_), 0, [this] { hide(); });
     }
     VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK, "HideInAnimation()");
-}
-
-void CDockWidget::Animate(int from, int to)
-{
-    StopAnimation();
-    d_ptr_->ptr_animation_ = new QPropertyAnimation(this, QByteArrayLiteral("size"), this);
-    d_ptr_->ptr_animation_->setDuration(kSlideTime_ms);
-    d_ptr_->ptr_animation_->setStartValue(QSize(from, height()));
-    d_ptr_->ptr_animation_->setEndValue(QSize(to, height()));
-}
-
-// One that is stopped halfway does not tell that it has finished. It is not deleted here: its end
-// may be what brought us here.
-void CDockWidget::StopAnimation()
-{
-    if (d_ptr_->ptr_animation_)
-        d_ptr_->ptr_animation_->stop();
-    d_ptr_->ptr_animation_.clear();
+    if (phase == DockPhase::AwayWithWindow || (is_in_sight && !isVisible()))
+        hide();
 }
 
 void CDockWidget::OnShowFinished() {}
@@ -292,179 +266,67 @@ QWidget *CDockWidget::GetParentWidget() const
 
 void CDockWidget::Retire()
 {
-    d_ptr_->b_retired_ = true;
+    d_ptr_->ptr_layout_ = nullptr;
     deleteLater();
-    const QPointer<CDockWidget> self = this; // what hears of the hiding may delete it
     hide();
-    if (self)
-        static_cast<void>(Release()); // it was not shown
 }
 
-DockSituation CDockWidget::SituationAt(int width) const
+void CDockWidget::OnShownOrHidden()
 {
-    const QWidget *const parent = d_ptr_->ptr_parent_widget_;
-    const QRect frame = parent->frameGeometry();
-    DockSituation situation;
-    situation.top_left = parent->mapToGlobal(QPoint(0, 0));
-    situation.bottom_right = IsFullScreenWidget(parent)
-                                 ? parent->mapToGlobal(QPoint(frame.width(), frame.height()))
-                                 : parent->mapToGlobal(parent->rect().bottomRight());
-    situation.width = width;
-    situation.is_parent_found = d_ptr_->b_find_parent_;
-    situation.content_type = d_ptr_->content_type_;
-    situation.direction = parent->layoutDirection();
-    return situation;
-}
-
-void CDockWidget::SetSlideSize(const QSize &size)
-{
-    std::optional<QPoint> position;
-    if (d_ptr_->ptr_content_ && d_ptr_->ptr_parent_widget_ && !d_ptr_->ptr_rule_)
-        position = DockPosition(SituationAt(size.width()));
-    setGeometry(QRect(position.value_or(pos()), size));
-}
-
-void CDockWidget::UpdatePostion()
-{
-    static constexpr char kFunction[] = "Vantor::CDockWidget::UpdatePostion";
-    QWidget *const parent = d_ptr_->ptr_parent_widget_;
-    if (!d_ptr_->ptr_content_ || !parent)
+    if (!isWindow()) // a child is shown and hidden with its window
         return;
-    const QRect frame = parent->frameGeometry();
-    const DockSituation situation = SituationAt(width());
-    VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK,
-               "DockWidget:pt_base_frame_topleft(%d,%d),pt_base_frame_bottonright(%d,%d),"
-               "pt_global_topleft(%d,%d),pt_global_bottonright(%d,%d)",
-               frame.left(), frame.top(), frame.right(), frame.bottom(), situation.top_left.x(),
-               situation.top_left.y(), situation.bottom_right.x(), situation.bottom_right.y());
-    const QWidget *const owner = parent->parentWidget();
-    const QByteArray owner_name = owner ? owner->objectName().toUtf8() : QByteArray();
-    VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK,
-               "DockWidget:d_ptr_->ptr_parent_widget_->parentWidget():%s,Pos(%d,%d)",
-               owner_name.constData(), parent->x(), parent->y());
-    const std::optional<QPoint> position = DockPosition(situation);
-    if (!position)
-        return;
-    move(*position);
-    // Slid in from the left, the panel's right part comes first.
-    d_ptr_->ptr_inner_->move(IsLeftDocked(situation) ? width() - d_ptr_->width_px_ : 0, 0);
-    if (situation.is_parent_found && situation.content_type == kCommonContent) {
-        VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK, "DockWidget:Move position(%d,%d)",
-                   position->x(), position->y());
+    if (d_ptr_->ptr_window_watch_->IsAway())
+        FollowWindow();
+    else if (d_ptr_->phase_ == DockPhase::AwayWithWindow)
+        QTimer::singleShot(0, this, &CDockWidget::FollowWindow); // the window comes first
+}
+
+void CDockWidget::FollowWindow()
+{
+    const bool is_away = d_ptr_->ptr_window_watch_->IsAway();
+    if (is_away && isVisible()) {
+        // A window that is being destroyed hides first, and its children take no frame any more.
+        if (d_ptr_->phase_ == DockPhase::SlidingOut)
+            QTimer::singleShot(0, this, &QWidget::hide);
+        d_ptr_->phase_ = DockPhase::AwayWithWindow;
+        d_ptr_->slide_.Stop();
+        qApp->removeEventFilter(this);
+        SetSlideSize(QSize(DockWidth(d_ptr_->width_px_), height()));
+        QFrame::setVisible(false);
+    } else if (!is_away && d_ptr_->phase_ == DockPhase::AwayWithWindow) {
+        d_ptr_->phase_ = DockPhase::Shown;
+        SetSlideSize(QSize(DockWidth(d_ptr_->width_px_), height()));
+        qApp->installEventFilter(this);
+        QFrame::setVisible(true);
+        raise();
     }
 }
 
-VANTOR_FORWARD_EVENT(CDockWidget, QFrame)
-
-// On the application from the end of the slide on, until the dock is hidden.
-bool CDockWidget::eventFilter(QObject *watched, QEvent *event)
+void CDockWidget::OnWindowDestroyed(const QObject *window)
 {
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-        OnMousePress(watched, static_cast<QMouseEvent *>(event)->pos());
-        break;
-    case QEvent::ApplicationStateChange:
-        OnApplicationState(static_cast<QApplicationStateChangeEvent *>(event)->applicationState());
-        break;
-    case QEvent::Move:
-    case QEvent::Resize:
-        if (d_ptr_->ptr_parent_widget_
-            && (watched == d_ptr_->ptr_parent_widget_
-                || watched == d_ptr_->ptr_parent_widget_->window()))
-            Reposition();
-        break;
-    default:
-        break;
-    }
-    return QFrame::eventFilter(watched, event);
-}
-
-void CDockWidget::OnMousePress(QObject *watched, const QPoint &position)
-{
-    static constexpr char kFunction[] = "Vantor::CDockWidget::eventFilter";
-    bool hides = !d_ptr_->ptr_content_ || d_ptr_->ptr_content_->IsAutoHide();
-    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE, "QEvent::MouseButtonPress[x:%d][y:%d]",
-               position.x(), position.y());
-    // One click comes as often as there are receivers: the native window, which is no widget, the
-    // widget, and its parents while nobody takes it.
-    const auto *const widget = qobject_cast<QWidget *>(watched);
-    if (!widget)
-        return;
-    const QLatin1String inner(kInnerName);
-    if (AnyOwner(widget, [inner](const QWidget *owner) { return owner->objectName() == inner; }))
-        hides = false;
-    const QPoint global = widget->mapToGlobal(position);
-    VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK, "pt_global_pos[x:%d][y:%d]", global.x(),
-               global.y());
-    VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK, "pt_global_pos[x:%d][y:%d]", int(hides),
-               int(d_ptr_->b_hiding_));
-    if (geometry().contains(global) || !hides || d_ptr_->b_hiding_)
-        return;
-    VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK, "this->geometry().contains");
-    HideInAnimation();
-}
-
-void CDockWidget::OnApplicationState(Qt::ApplicationState state)
-{
-    static constexpr char kFunction[] = "Vantor::CDockWidget::eventFilter";
-    if (state != Qt::ApplicationInactive && state != Qt::ApplicationHidden)
-        return;
-    const QWidget *const modal = QApplication::activeModalWidget();
-    if (!modal) {
+    const QPointer<CDockWidget> self = this;
+    if (d_ptr_->ptr_borrowed_)
+        d_ptr_->ptr_borrowed_->OnWindowDestroyed(window);
+    if (self && window != parent())
         hide();
-        // One blank more than below: log readers of hosts look for both texts.
-        VANTOR_LOG(kFunction, 4, VANTOR_LOG_WARNING,
-                   "Activate Detail Widget,app hide. add by vtq.");
-    } else if (!AnyOwner(modal, [this](const QWidget *owner) { return owner == this; })) {
-        hide();
-        VANTOR_LOG(kFunction, 4, VANTOR_LOG_WARNING, "Activate Detail Widget,app hide.add by vtq.");
-    }
-}
-
-void CDockWidget::Reposition()
-{
-    if (d_ptr_->ptr_rule_)
-        d_ptr_->ptr_rule_->UpdateOnResize(this);
-    else
-        UpdatePostion();
-}
-
-void CDockWidget::resizeEvent(QResizeEvent *event)
-{
-    QFrame::resizeEvent(event);
-    Reposition();
-}
-
-void CDockWidget::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier)
-        HideInAnimation();
-    else
-        QFrame::keyPressEvent(event);
 }
 
 void CDockWidget::hideEvent(QHideEvent *event)
 {
-    static constexpr char kFunction[] = "Vantor::CDockWidget::hideEvent";
     QFrame::hideEvent(event);
-    if (event->spontaneous()) // minimised with its window: it comes back as it was
-        return;
-    StopAnimation();
-    d_ptr_->ptr_let_go_ = Release();
-    qApp->removeEventFilter(this);
-    VANTOR_LOG(kFunction, 3, VANTOR_LOG_FRAMEWORK, "qApp->removeEventFilter(this)");
-    d_ptr_->ptr_rule_.clear();
+    // Not when only its window is hidden or minimised: it comes back as it was.
+    const bool is_explicit = isHidden() && !event->spontaneous();
+    if (is_explicit && d_ptr_->phase_ != DockPhase::AwayWithWindow)
+        LetGo();
 }
 
 void CDockWidget::setVisible(bool visible)
 {
     QFrame::setVisible(visible);
-    // Not in hideEvent(), from where Qt goes on hiding: the frame's host may show the dock again
-    // with another frame, or delete it.
-    const QPointer<CAbstractDockFrame> frame = std::exchange(d_ptr_->ptr_let_go_, nullptr);
-    if (frame)
-        frame->OnDockHide();
+    if (!visible)
+        LetGo(); // there is no hideEvent() if the window is hidden already
+    // Not in hideEvent(), because Qt goes on hiding after it.
+    CallOnDockHide();
 }
 
 } // namespace Vantor

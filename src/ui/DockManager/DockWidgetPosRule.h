@@ -33,12 +33,14 @@ public:
     /// \brief Give \a dock its geometry and \a inner, the widget in it that carries the frame, its
     /// size. Called before \a frame is put in and before the dock slides in.
     ///
-    /// The height that the dock has afterwards is the one it slides in with. Does nothing here.
+    /// Positions are in global coordinates. The dock keeps the corner and the height that it has
+    /// afterwards. Does nothing here.
     /// \param width in pixels, never negative.
     virtual void Place(CDockWidget *dock, CAbstractDockFrame *frame, QWidget *inner, int width);
 
     /// \brief Called when \a dock was resized, which includes every step of its animations, and
-    /// when the widget it belongs to was moved or resized. Does nothing here.
+    /// when the main window was moved or resized. It may move \a dock, which keeps the new corner.
+    /// Does nothing here.
     virtual void UpdateOnResize(CDockWidget *dock);
 };
 
