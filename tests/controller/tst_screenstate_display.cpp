@@ -1,29 +1,20 @@
 // SPDX-License-Identifier: MIT
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <Nim/Base/MonitorDriveUtil.h>
 
 #include <QtCore/QProcess>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
-#include <QtTest/QTest>
 
 namespace MonitorDriveUtil = Nim::Base::MonitorDriveUtil;
 
 // Runs on an X display of its own, whose size it changes.
-class tst_screenstate_display : public QObject
+class tst_screenstate_display : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { guard_.Begin(); }
-
-    void cleanup()
-    {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void displayThatChangesItsSizeIsReportedUntilItIsNotWatched()
     {
         std::vector<MonitorDriveUtil::DeviceInfoStru> seen;
@@ -47,9 +38,6 @@ private Q_SLOTS:
         QTRY_COMPARE(QGuiApplication::primaryScreen()->size(), QSize(640, 480));
         QVERIFY(seen.empty());
     }
-
-private:
-    CTestGuard guard_;
 };
 
 QTEST_MAIN(tst_screenstate_display)

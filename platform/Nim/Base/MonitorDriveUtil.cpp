@@ -22,6 +22,11 @@ void SetBackend(Backend backend)
     CurrentBackend().Set(std::move(backend));
 }
 
+std::vector<DeviceInfoStru> PresentScreens()
+{
+    return QtScreens();
+}
+
 bool SetDeviceChangeCallBack(bool enable, DeviceChangeCallBack callback, void *user_data)
 {
     try {

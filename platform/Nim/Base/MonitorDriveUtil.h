@@ -1,34 +1,24 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <PlatformExport.h>
+#include "Nim/Base/DisplayInfo.h"
 
-#include <QtCore/QRect>
-#include <QtCore/QString>
+#include <PlatformExport.h>
 
 #include <functional>
 #include <vector>
 
 namespace Nim::Base::MonitorDriveUtil {
 
-/// \brief One display that is present.
-struct DeviceInfoStru
-{
-    QString name;                 ///< The system's name of the output.
-    QRect geometry;               ///< Place on the virtual desktop, device-independent pixels.
-    bool is_primary = false;      ///< The display that carries the main menu or task bar.
-    qreal device_pixel_ratio = 1; ///< Physical pixels to one device-independent pixel.
-};
-
-/// Called with the complete list of displays each time the set changes, on the notifier's thread.
-using DeviceChangeCallBack = void (*)(std::vector<DeviceInfoStru> devices, void *user_data);
-
 /// What watches the displays: starts (\a enable) or stops calling \a callback; false when it
 /// cannot.
 using Backend = std::function<bool(bool enable, DeviceChangeCallBack callback, void *user_data)>;
 
-/// \brief Replace what watches the displays; an empty function restores the default, which follows
-/// Qt's screens, calls on the GUI thread, and needs the QGuiApplication to exist.
+/// \brief Replace what watches the displays; an empty function restores the default.
+///
+/// The default follows Qt's screens. It calls on the GUI thread, once for all changes of one pass
+/// of the event loop, when they are complete. Without a QGuiApplication it cannot watch: it logs
+/// that and answers false.
 VANTOR_PLATFORM_EXPORT void SetBackend(Backend backend);
 
 /// \brief Have \a callback called with \a user_data whenever a display comes, goes or changes its
