@@ -1,101 +1,50 @@
 // SPDX-License-Identifier: MIT
 #include "KeyBoard/DefaultDriver.h"
 
-#include "KeyBoard/Joysticks.h"
+#include "KeyBoard/JoystickThread.h"
 #include "KeyBoard/SerialKeyboard.h"
+#include "Nim/Base/Replaceable.h"
 
-#include <QtCore/QEventLoop>
-#include <QtCore/QTimer>
-
-#include <chrono>
-#include <functional>
-#include <future>
 #include <memory>
 #include <mutex>
-#include <thread>
 
 namespace KeyBoard {
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto kOrderTime = 10ms;
 constexpr quint32 kSerialKeyboard = 1000;
 constexpr quint32 kUsbJoystick = 1002;
 
-struct Ports
+struct Settings
 {
     std::mutex mutex;
-    QStringList paths;
+    QStringList paths; // under the mutex
+    Nim::Base::CReplaceable<void(const KeyBoardPortNews &)> port_listener{
+        [](const KeyBoardPortNews &) {}};
 };
 
-Ports &ThePorts()
+Settings &TheSettings()
 {
-    static auto *const ports = new Ports;
-    return *ports;
+    static auto *const settings = new Settings; // a thread may outlast the static objects
+    return *settings;
 }
 
-// The thread of the devices: an event loop that also takes orders.
-class CDeviceThread
+void ReportPort(const KeyBoardPortNews &news)
 {
-public:
-    CDeviceThread(KeyBoardCallBack callback, void *user_data)
-        : thread_([=] { Run(callback, user_data); })
-    {}
-
-    ~CDeviceThread()
-    {
-        Do([](CSerialKeyboard &, QEventLoop &loop) { loop.quit(); });
-        thread_.join();
+    try {
+        (*TheSettings().port_listener.Get())(news);
+    } catch (...) { // a client's listener may throw; the port is served all the same
     }
+}
 
-    CDeviceThread(const CDeviceThread &) = delete;
-    CDeviceThread &operator=(const CDeviceThread &) = delete;
-
-    // Returns when the thread has done `order`.
-    void Do(const std::function<void(CSerialKeyboard &, QEventLoop &)> &order)
+// Ends the threads when the process exits and nobody called Uninit(): exit() then destroys the
+// static objects that the threads use. A callback that calls exit() cannot wait for its own thread.
+struct EndAtExit
+{
+    ~EndAtExit()
     {
-        std::promise<void> done;
-        {
-            const std::lock_guard<std::mutex> lock(mutex_);
-            order_ = [&order, &done](CSerialKeyboard &serial, QEventLoop &loop) {
-                order(serial, loop);
-                done.set_value();
-            };
-        }
-        done.get_future().wait();
+        if (!CDeviceThread::IsCurrent())
+            DefaultDriver().Uninit();
     }
-
-private:
-    void Run(KeyBoardCallBack callback, void *user_data)
-    {
-        QEventLoop loop;
-        CSerialKeyboard serial([=](const DeviceCode &code) {
-            callback(kSerialKeyboard, code.code, code.value, 0, nullptr, nullptr, user_data);
-        });
-        const CJoysticks joysticks([=](quint32 code, quint32 value) {
-            callback(kUsbJoystick, code, value, 0, nullptr, nullptr, user_data);
-        });
-        QTimer orders;
-        QObject::connect(&orders, &QTimer::timeout, &loop, [&] { TakeOrder(serial, loop); });
-        orders.start(kOrderTime);
-        loop.exec();
-    }
-
-    void TakeOrder(CSerialKeyboard &serial, QEventLoop &loop)
-    {
-        std::function<void(CSerialKeyboard &, QEventLoop &)> order;
-        {
-            const std::lock_guard<std::mutex> lock(mutex_);
-            order.swap(order_);
-        }
-        if (order)
-            order(serial, loop);
-    }
-
-    std::mutex mutex_;
-    std::function<void(CSerialKeyboard &, QEventLoop &)> order_; // under mutex_
-    std::thread thread_;                                         // last: it uses the others
 };
 
 class CDefaultDriver : public KeyBoardDriver
@@ -103,53 +52,80 @@ class CDefaultDriver : public KeyBoardDriver
 public:
     bool Init(KeyBoardCallBack callback, void *user_data) override
     {
-        thread_ = std::make_unique<CDeviceThread>(callback, user_data);
-        thread_->Do([](CSerialKeyboard &, QEventLoop &) {}); // devices are heard from now on
+        static const EndAtExit end_at_exit;
+        callback_ = callback;
+        user_data_ = user_data;
+        joysticks_ = std::make_unique<CJoystickThread>(
+            [this](quint32 code, quint32 value) { Call(kUsbJoystick, code, value); });
         return true;
     }
 
-    void Uninit() override { thread_.reset(); }
+    void Uninit() override
+    {
+        serial_.reset();
+        joysticks_.reset();
+        callback_ = nullptr;
+    }
 
     bool OpenSerialKeyBoard(quint32 id, const KeyBoardSerialParam &param) override
     {
-        if (id != kSerialKeyboard)
+        if (id != kSerialKeyboard || !callback_)
             return false;
         QStringList paths;
         {
-            const std::lock_guard<std::mutex> lock(ThePorts().mutex);
-            paths = ThePorts().paths;
+            const std::lock_guard<std::mutex> lock(TheSettings().mutex);
+            paths = TheSettings().paths;
         }
-        bool is_open = false;
-        thread_->Do([&](CSerialKeyboard &serial, QEventLoop &) {
-            is_open = serial.Open(SerialPath(param.port_name, paths), param);
-        });
-        return is_open;
+        serial_.reset(); // the same port may be meant
+        serial_ = std::make_unique<CSerialKeyboard>(
+            SerialPath(param.port_name, paths), param,
+            [this](const DeviceCode &code) { Call(kSerialKeyboard, code.code, code.value); },
+            &ReportPort);
+        if (!serial_->IsOpen())
+            serial_.reset();
+        return serial_ != nullptr;
     }
 
     bool CloseSerialKeyBoard(quint32 id) override
     {
-        bool is_closed = false;
-        if (id == kSerialKeyboard)
-            thread_->Do([&](CSerialKeyboard &serial, QEventLoop &) { is_closed = serial.Close(); });
-        return is_closed;
+        if (id != kSerialKeyboard || !serial_)
+            return false;
+        serial_.reset();
+        return true;
     }
 
 private:
-    std::unique_ptr<CDeviceThread> thread_; // between Init() and Uninit()
+    // On the device threads, which take turns.
+    void Call(quint32 type, quint32 code, quint32 value)
+    {
+        const std::lock_guard<std::mutex> lock(call_mutex_);
+        callback_(type, code, value, 0, nullptr, nullptr, user_data_);
+    }
+
+    std::mutex call_mutex_;
+    KeyBoardCallBack callback_ = nullptr; // written while no device thread runs
+    void *user_data_ = nullptr;
+    std::unique_ptr<CJoystickThread> joysticks_; // between Init() and Uninit()
+    std::unique_ptr<CSerialKeyboard> serial_;    // while a port is open
 };
 
 } // namespace
 
 KeyBoardDriver &DefaultDriver()
 {
-    static auto *const driver = new CDefaultDriver; // a thread may outlast the static objects
+    static auto *const driver = new CDefaultDriver; // calls may come after the static objects
     return *driver;
 }
 
 void SetSerialPorts(const QStringList &paths)
 {
-    const std::lock_guard<std::mutex> lock(ThePorts().mutex);
-    ThePorts().paths = paths;
+    const std::lock_guard<std::mutex> lock(TheSettings().mutex);
+    TheSettings().paths = paths;
+}
+
+void SetPortListener(std::function<void(const KeyBoardPortNews &news)> listener)
+{
+    TheSettings().port_listener.Set(std::move(listener));
 }
 
 } // namespace KeyBoard

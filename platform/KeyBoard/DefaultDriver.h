@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "KeyBoard/KeyBoard.h"
+#include "KeyBoard/KeyBoardDriver.h"
+
+#include <QtCore/QStringList>
+
+#include <functional>
 
 namespace KeyBoard {
 
@@ -10,5 +14,8 @@ namespace KeyBoard {
 
 /// \brief See KeyBoard_SetSerialPorts().
 void SetSerialPorts(const QStringList &paths);
+
+/// \brief See KeyBoard_SetPortListener().
+void SetPortListener(std::function<void(const KeyBoardPortNews &news)> listener);
 
 } // namespace KeyBoard

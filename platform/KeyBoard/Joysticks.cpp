@@ -5,125 +5,342 @@
 
 #include <SDL.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cstdlib>
+#include <iterator>
+#include <memory>
 
 namespace KeyBoard {
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto kPollTime = 10ms;
 constexpr quint32 kFound = 1301;
 constexpr quint32 kGone = 1302;
 constexpr quint32 kButtonReleased = 1303;
 constexpr quint32 kButtonPressed = 1304;
+constexpr Uint32 kSubsystems = SDL_INIT_JOYSTICK | SDL_INIT_GAMECONTROLLER;
+constexpr int kPollsUntilRestart = 100; // a second
+constexpr int kEventsKept = 4096;
+constexpr Uint32 kFirstEvent = SDL_JOYAXISMOTION;
+constexpr Uint32 kLastEvent = SDL_FINGERDOWN - 1; // after those of joysticks and controllers
+constexpr int kHatDeflection = 23836;             // half of the full speed
+constexpr int kHatDiagonal = 16855;               // the same along both axes
+
+void LogSdl(const char *what)
+{
+    Nim::Base::Log::WriteFramed("KeyBoard::CJoysticks", __FILE__, __LINE__, 4,
+                                "ClientWarningAndMore", "%s: %s", what, SDL_GetError());
+}
+
+struct Deflections
+{
+    int right = 0;
+    int down = 0;
+    int zoom_in = 0;
+};
+
+qint64 Now_ms()
+{
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
+// One of two opposite keys, or neither.
+int Way(bool is_forth, bool is_back)
+{
+    return int(is_forth) - int(is_back);
+}
+
+void Steer(Deflections &deflections, int right, int down)
+{
+    const int size = right && down ? kHatDiagonal : kHatDeflection;
+    if (right || down) {
+        deflections.right = right * size;
+        deflections.down = down * size;
+    }
+}
+
+// The first value that is seen is the one at which the axis rests, or not. SDL's own initial state
+// may be older: the client may have opened the stick long before.
+int ReadAxis(std::map<int, CStickAxis> &axes, int number, CStickAxis::Kind kind, int value)
+{
+    return axes.try_emplace(number, kind, value).first->second.Deflection(value, Now_ms());
+}
+
+// A pad that SDL knows: left stick and direction keys pan and tilt, triggers and right stick zoom.
+Deflections ReadPad(SDL_GameController *pad, std::map<int, CStickAxis> &axes)
+{
+    using Kind = CStickAxis::Kind;
+    const auto axis = [&](SDL_GameControllerAxis number, Kind kind) {
+        return ReadAxis(axes, number, kind, SDL_GameControllerGetAxis(pad, number));
+    };
+    const auto is_down = [pad](SDL_GameControllerButton button) {
+        return SDL_GameControllerGetButton(pad, button) == SDL_PRESSED;
+    };
+    Deflections read;
+    read.right = axis(SDL_CONTROLLER_AXIS_LEFTX, Kind::kDirection);
+    read.down = axis(SDL_CONTROLLER_AXIS_LEFTY, Kind::kDirection);
+    Steer(read,
+          Way(is_down(SDL_CONTROLLER_BUTTON_DPAD_RIGHT), is_down(SDL_CONTROLLER_BUTTON_DPAD_LEFT)),
+          Way(is_down(SDL_CONTROLLER_BUTTON_DPAD_DOWN), is_down(SDL_CONTROLLER_BUTTON_DPAD_UP)));
+    const int x = axis(SDL_CONTROLLER_AXIS_RIGHTX, Kind::kDirection);
+    const int y = axis(SDL_CONTROLLER_AXIS_RIGHTY, Kind::kDirection);
+    read.zoom_in = (std::abs(x) >= std::abs(y) ? x : -y)
+                   + axis(SDL_CONTROLLER_AXIS_TRIGGERRIGHT, Kind::kTrigger)
+                   - axis(SDL_CONTROLLER_AXIS_TRIGGERLEFT, Kind::kTrigger);
+    return read;
+}
+
+// Any other stick: the first two axes and the first hat pan and tilt, the third axis zooms.
+Deflections ReadStick(SDL_Joystick *device, std::map<int, CStickAxis> &axes)
+{
+    using Kind = CStickAxis::Kind;
+    const bool has_levers = SDL_JoystickGetType(device) == SDL_JOYSTICK_TYPE_THROTTLE;
+    const auto axis = [&](int number, Kind kind) {
+        Sint16 initial = 0;
+        if (number >= SDL_JoystickNumAxes(device)
+            || !SDL_JoystickGetAxisInitialState(device, number, &initial))
+            return 0; // the device has not reported it yet
+        return ReadAxis(axes, number, kind, SDL_JoystickGetAxis(device, number));
+    };
+    Deflections read;
+    read.right = axis(0, has_levers ? Kind::kTwist : Kind::kDirection);
+    read.down = axis(1, has_levers ? Kind::kTwist : Kind::kDirection);
+    if (SDL_JoystickNumHats(device) > 0) {
+        const Uint8 hat = SDL_JoystickGetHat(device, 0);
+        Steer(read, Way(hat & SDL_HAT_RIGHT, hat & SDL_HAT_LEFT),
+              Way(hat & SDL_HAT_DOWN, hat & SDL_HAT_UP));
+    }
+    read.zoom_in = axis(2, Kind::kTwist);
+    return read;
+}
+
+std::set<int> DirectionButtons(SDL_GameController *pad)
+{
+    std::set<int> buttons;
+    for (int key = SDL_CONTROLLER_BUTTON_DPAD_UP; key <= SDL_CONTROLLER_BUTTON_DPAD_RIGHT; ++key) {
+        const auto bind = SDL_GameControllerGetBindForButton(pad, SDL_GameControllerButton(key));
+        if (bind.bindType == SDL_CONTROLLER_BINDTYPE_BUTTON)
+            buttons.insert(bind.value.button);
+    }
+    return buttons;
+}
+
+// Where the client reads no events of joysticks, they would fill SDL's queue. A client that does
+// read them never has so many waiting.
+void TrimEvents()
+{
+    int surplus = SDL_PeepEvents(nullptr, 0, SDL_PEEKEVENT, kFirstEvent, kLastEvent) - kEventsKept;
+    SDL_Event events[64];
+    while (surplus > 0) {
+        const int count = std::min(surplus, int(std::size(events)));
+        if (SDL_PeepEvents(events, count, SDL_GETEVENT, kFirstEvent, kLastEvent) <= 0)
+            return;
+        surplus -= count;
+    }
+}
 
 } // namespace
 
-CJoysticks::CJoysticks(Take take, QObject *parent)
-    : QObject(parent), take_(std::move(take)), timer_(this)
-{
-    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");               // signals are the client's
-    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1"); // SDL has no window here
-    is_running_ = SDL_InitSubSystem(SDL_INIT_JOYSTICK) == 0;
-    if (!is_running_) {
-        Nim::Base::Log::WriteFramed("KeyBoard::CJoysticks", __FILE__, __LINE__, 4,
-                                    "ClientWarningAndMore", "No joysticks: %s", SDL_GetError());
-        return;
-    }
-    connect(&timer_, &QTimer::timeout, this, &CJoysticks::Poll);
-    timer_.start(kPollTime);
-    Poll();
-}
+CJoysticks::CJoysticks(JoystickPlugin::Take take, void *user_data)
+    : take_(take), user_data_(user_data)
+{}
 
 CJoysticks::~CJoysticks()
 {
-    if (!is_running_)
-        return;
+    SDL_DelEventWatch(&WatchEvent, this);
+    SDL_LockJoysticks();
     for (const auto &[id, stick] : sticks_)
-        SDL_JoystickClose(stick.device);
-    SDL_QuitSubSystem(SDL_INIT_JOYSTICK);
+        Close(id, stick);
+    SDL_UnlockJoysticks();
+    SendMotion({});
+    Deliver();
+    if (SDL_WasInit(kSubsystems))
+        SDL_QuitSubSystem(kSubsystems);
     SDL_TLSCleanup(); // of this thread, which SDL did not make
+}
+
+bool CJoysticks::Begin()
+{
+    // As defaults: what the client has set remains. Signals are the client's, and there is no
+    // window here that could have the focus.
+    SDL_SetHintWithPriority(SDL_HINT_NO_SIGNAL_HANDLERS, "1", SDL_HINT_DEFAULT);
+    SDL_SetHintWithPriority(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1", SDL_HINT_DEFAULT);
+    if (SDL_InitSubSystem(kSubsystems) != 0) {
+        LogSdl("There are no joysticks, because SDL does not start");
+        return false;
+    }
+    SDL_AddEventWatch(&WatchEvent, this);
+    return true;
+}
+
+// SDL_Quit() of the client ends SDL for everybody, and may still be at it.
+void CJoysticks::Restart()
+{
+    if (++polls_without_sdl_ < kPollsUntilRestart)
+        return;
+    polls_without_sdl_ = 0;
+    SDL_DelEventWatch(&WatchEvent, this);
+    static_cast<void>(Begin()); // a failure is logged and tried again
+}
+
+// On whatever thread pumps SDL's events, with SDL's locks held.
+int CJoysticks::WatchEvent(void *joysticks, SDL_Event *event)
+{
+    if (event->type != SDL_JOYBUTTONDOWN && event->type != SDL_JOYBUTTONUP)
+        return 0;
+    auto *const self = static_cast<CJoysticks *>(joysticks);
+    const std::lock_guard<std::mutex> lock(self->edges_mutex_);
+    self->edges_.push_back(
+        {event->jbutton.which, event->jbutton.button, event->type == SDL_JOYBUTTONDOWN});
+    return 0;
 }
 
 void CJoysticks::Poll()
 {
+    if ((SDL_WasInit(kSubsystems) & kSubsystems) != kSubsystems)
+        Restart();
     SDL_JoystickUpdate();
-    // Only what is ours: the client may use SDL too.
-    SDL_Event events[64];
-    while (true) {
-        const int count = SDL_PeepEvents(events, int(std::size(events)), SDL_GETEVENT,
-                                         SDL_JOYAXISMOTION, SDL_JOYDEVICEREMOVED);
-        for (int i = 0; i < count; ++i)
-            Handle(events[i]);
-        if (count < int(std::size(events)))
-            return;
+    SDL_LockJoysticks(); // the client may open, close and end on another thread
+    FindSticks();
+    TakeButtons();
+    TakeMotions();
+    SDL_UnlockJoysticks();
+    TrimEvents();
+    Deliver();
+}
+
+void CJoysticks::FindSticks()
+{
+    for (auto stick = sticks_.begin(); stick != sticks_.end();) {
+        if (SDL_JoystickFromInstanceID(stick->first) == stick->second.device
+            && SDL_JoystickGetAttached(stick->second.device)) {
+            ++stick;
+            continue;
+        }
+        Close(stick->first, stick->second);
+        if (steering_ == stick->first)
+            SendMotion({}); // a camera must not go on moving because the stick was pulled out
+        stick = sticks_.erase(stick);
+        if (sticks_.empty())
+            Send(kGone, 0); // while another is there, joysticks are connected
+    }
+    const int count = SDL_NumJoysticks();
+    for (int index = 0; index < count; ++index) {
+        const Id id = SDL_JoystickGetDeviceInstanceID(index);
+        if (id >= 0 && !sticks_.count(id) && !refused_.count(id))
+            Open(index, id);
     }
 }
 
-void CJoysticks::Handle(const SDL_Event &event)
+void CJoysticks::Open(int index, Id id)
 {
-    switch (event.type) {
-    case SDL_JOYDEVICEADDED:
-        Open(event.jdevice.which);
+    Stick stick;
+    if (SDL_IsGameController(index))
+        stick.pad = SDL_GameControllerOpen(index);
+    stick.device = stick.pad ? SDL_GameControllerGetJoystick(stick.pad) : SDL_JoystickOpen(index);
+    if (!stick.device) {
+        refused_.insert(id);
+        LogSdl("A joystick cannot be opened");
         return;
-    case SDL_JOYDEVICEREMOVED:
-        Remove(event.jdevice.which);
-        return;
-    default:
-        break;
     }
-    if (event.type == SDL_JOYAXISMOTION) {
-        const auto stick = sticks_.find(event.jaxis.which);
-        if (stick == sticks_.end() || event.jaxis.axis >= std::size(stick->second.axes))
-            return;
-        stick->second.axes[event.jaxis.axis] = event.jaxis.value;
-        TellMotion(stick->second);
-    } else if (event.type == SDL_JOYBUTTONDOWN || event.type == SDL_JOYBUTTONUP) {
-        if (sticks_.count(event.jbutton.which))
-            take_(event.type == SDL_JOYBUTTONDOWN ? kButtonPressed : kButtonReleased,
-                  event.jbutton.button);
+    if (stick.pad)
+        stick.direction_buttons = DirectionButtons(stick.pad);
+    sticks_.emplace(id, std::move(stick));
+    Send(kFound, 0);
+}
+
+// Ends what the stick holds down, and gives it back to SDL, if SDL still has it.
+void CJoysticks::Close(Id id, const Stick &stick)
+{
+    for (const int button : stick.held_buttons)
+        Send(kButtonReleased, quint32(button));
+    if (SDL_JoystickFromInstanceID(id) != stick.device)
+        return;
+    if (stick.pad)
+        SDL_GameControllerClose(stick.pad);
+    else
+        SDL_JoystickClose(stick.device);
+}
+
+void CJoysticks::TakeButtons()
+{
+    std::vector<ButtonEdge> edges;
+    {
+        const std::lock_guard<std::mutex> lock(edges_mutex_);
+        edges.swap(edges_);
+    }
+    for (const ButtonEdge &edge : edges) {
+        const auto stick = sticks_.find(edge.stick);
+        if (stick != sticks_.end())
+            TakeButton(stick->second, edge.button, edge.is_down);
+    }
+    // A client can turn SDL's events of joysticks off; the state remains.
+    for (auto &[id, stick] : sticks_) {
+        const int count = SDL_JoystickNumButtons(stick.device);
+        for (int button = 0; button < count; ++button)
+            TakeButton(stick, button, SDL_JoystickGetButton(stick.device, button) == SDL_PRESSED);
     }
 }
 
-void CJoysticks::Open(int index)
+void CJoysticks::TakeButton(Stick &stick, int button, bool is_down)
 {
-    SDL_Joystick *const device = SDL_JoystickOpen(index);
-    if (!device)
-        return; // unplugged again
-    const qint32 id = SDL_JoystickInstanceID(device);
-    Stick &stick = sticks_[id];
-    if (stick.device) { // told twice
-        SDL_JoystickClose(device);
+    if (stick.direction_buttons.count(button))
         return;
+    const bool is_change =
+        is_down ? stick.held_buttons.insert(button).second : stick.held_buttons.erase(button) > 0;
+    if (is_change)
+        Send(is_down ? kButtonPressed : kButtonReleased, quint32(button));
+}
+
+void CJoysticks::TakeMotions()
+{
+    for (auto &[id, stick] : sticks_) {
+        const Deflections read =
+            stick.pad ? ReadPad(stick.pad, stick.axes) : ReadStick(stick.device, stick.axes);
+        stick.wanted = stick.motion.Take(read.right, read.down, read.zoom_in);
     }
-    stick.device = device;
-    take_(kFound, 0);
+    const auto steers = [](const auto &stick) { return stick.second.wanted.code != 0; };
+    auto steering = sticks_.find(steering_);
+    if (steering == sticks_.end() || !steers(*steering))
+        steering = std::find_if(sticks_.begin(), sticks_.end(), steers);
+    const bool is_any = steering != sticks_.end();
+    steering_ = is_any ? steering->first : -1;
+    SendMotion(is_any ? steering->second.wanted : JoystickMotion());
 }
 
-void CJoysticks::Remove(qint32 id)
+void CJoysticks::SendMotion(const JoystickMotion &motion)
 {
-    const auto stick = sticks_.find(id);
-    if (stick == sticks_.end())
+    if (motion == sent_)
         return;
-    // A camera must not go on moving because the stick was pulled out.
-    if (stick->second.motion.code)
-        take_(kStopCode, 0);
-    SDL_JoystickClose(stick->second.device);
-    sticks_.erase(stick);
-    take_(kGone, 0);
-}
-
-void CJoysticks::TellMotion(Stick &stick)
-{
-    const JoystickMotion motion = MotionOf(stick.axes[0], stick.axes[1], stick.axes[2]);
-    if (motion == stick.motion)
-        return;
-    if (stick.motion.code && motion.code != stick.motion.code)
-        take_(kStopCode, 0); // one motion ends before another begins
-    stick.motion = motion;
+    if (sent_.code && motion.code != sent_.code)
+        Send(kStopCode, 0); // one motion ends before another begins
+    sent_ = motion;
     if (motion.code)
-        take_(motion.code, motion.speed);
+        Send(motion.code, motion.speed);
+}
+
+// Without SDL's lock, which the client may wait for while it holds one that the callback takes.
+void CJoysticks::Deliver()
+{
+    std::vector<Code> codes;
+    codes.swap(codes_);
+    for (const Code &code : codes)
+        take_(code.code, code.value, user_data_);
 }
 
 } // namespace KeyBoard
+
+extern "C" Q_DECL_EXPORT const KeyBoard::JoystickPlugin *VantorJoystickPlugin()
+{
+    using KeyBoard::CJoysticks;
+    static const KeyBoard::JoystickPlugin plugin{
+        [](KeyBoard::JoystickPlugin::Take take, void *user_data) -> void * {
+            auto joysticks = std::make_unique<CJoysticks>(take, user_data);
+            return joysticks->Begin() ? joysticks.release() : nullptr;
+        },
+        [](void *handle) { static_cast<CJoysticks *>(handle)->Poll(); },
+        [](void *handle) { delete static_cast<CJoysticks *>(handle); },
+    };
+    return &plugin;
+}

@@ -2,46 +2,87 @@
 #pragma once
 
 #include "KeyBoard/JoystickMotion.h"
+#include "KeyBoard/JoystickPlugin.h"
 
-#include <QtCore/QObject>
-#include <QtCore/QTimer>
-
-#include <functional>
 #include <map>
+#include <mutex>
+#include <set>
+#include <vector>
 
-struct _SDL_Joystick; // NOLINT(bugprone-reserved-identifier): SDL's own name
+// NOLINTBEGIN(bugprone-reserved-identifier): SDL's own names
+struct _SDL_GameController;
+struct _SDL_Joystick;
+// NOLINTEND(bugprone-reserved-identifier)
 union SDL_Event;
 
 namespace KeyBoard {
 
-/// \brief The joysticks of the default driver, through SDL. Lives on the driver's thread, where SDL
-/// is asked for news a hundred times a second.
-class CJoysticks : public QObject
+/// \brief All joysticks of the machine, through SDL, which the client may use at the same time.
+///
+/// SDL's events are left to the client: a poll reads the state of each joystick, and an event watch
+/// sees the buttons, whoever pumps the events. So no press is lost between two polls.
+///
+/// Several joysticks share one stream of codes. The one that moves first steers until it rests.
+class CJoysticks
 {
 public:
-    using Take = std::function<void(quint32 code, quint32 value)>;
+    CJoysticks(JoystickPlugin::Take take, void *user_data);
+    ~CJoysticks();
+    CJoysticks(const CJoysticks &) = delete;
+    CJoysticks &operator=(const CJoysticks &) = delete;
 
-    explicit CJoysticks(Take take, QObject *parent = nullptr);
-    ~CJoysticks() override;
+    /// \brief Start SDL's joysticks. \return false, after a log line, when SDL refuses.
+    [[nodiscard]] bool Begin();
+    /// \brief Read all joysticks and send what changed.
+    void Poll();
 
 private:
+    using Id = qint32; // SDL's number of a joystick from plugging in to pulling out
+
     struct Stick
     {
         _SDL_Joystick *device = nullptr;
-        int axes[3] = {0, 0, 0}; // right, down, turned clockwise
-        JoystickMotion motion;   // told last
+        _SDL_GameController *pad = nullptr; // null unless SDL knows what its axes and buttons are
+        std::map<int, CStickAxis> axes;     // by SDL's number, once the axis has a value
+        std::set<int> held_buttons;
+        std::set<int> direction_buttons; // a pad's direction keys, which steer
+        CStickMotion motion;
+        JoystickMotion wanted; // what the last poll asked for
+    };
+    struct ButtonEdge
+    {
+        Id stick;
+        int button;
+        bool is_down;
+    };
+    struct Code
+    {
+        quint32 code;
+        quint32 value;
     };
 
-    void Poll();
-    void Handle(const SDL_Event &event);
-    void Open(int index);
-    void Remove(qint32 id);
-    void TellMotion(Stick &stick);
+    static int WatchEvent(void *joysticks, SDL_Event *event);
+    void Restart();
+    void FindSticks();
+    void Open(int index, Id id);
+    void Close(Id id, const Stick &stick);
+    void TakeButtons();
+    void TakeButton(Stick &stick, int button, bool is_down);
+    void TakeMotions();
+    void SendMotion(const JoystickMotion &motion);
+    void Send(quint32 code, quint32 value) { codes_.push_back({code, value}); }
+    void Deliver();
 
-    const Take take_;
-    QTimer timer_;
-    std::map<qint32, Stick> sticks_; // by SDL's number of the instance
-    bool is_running_ = false;
+    const JoystickPlugin::Take take_;
+    void *const user_data_;
+    std::map<Id, Stick> sticks_;
+    std::set<Id> refused_;      // could not be opened; each is reported once
+    int polls_without_sdl_ = 0; // since the client ended SDL as a whole
+    Id steering_ = -1;          // the stick that moves, -1 for none
+    JoystickMotion sent_;       // the motion that was sent last
+    std::vector<Code> codes_;   // of this poll; delivered when SDL is unlocked again
+    std::mutex edges_mutex_;
+    std::vector<ButtonEdge> edges_; // under the mutex: written by whoever pumps SDL's events
 };
 
 } // namespace KeyBoard

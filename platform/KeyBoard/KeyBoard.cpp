@@ -4,6 +4,7 @@
 #include "KeyBoard/DefaultDriver.h"
 
 #include <mutex>
+#include <utility>
 
 namespace {
 
@@ -21,8 +22,6 @@ Library &TheLibrary()
 }
 
 } // namespace
-
-KeyBoardDriver::~KeyBoardDriver() = default;
 
 bool KeyBoard_Init(KeyBoardCallBack callback, void *user_data)
 {
@@ -75,4 +74,9 @@ KeyBoardDriver &KeyBoard_DefaultDriver()
 void KeyBoard_SetSerialPorts(const QStringList &paths)
 {
     KeyBoard::SetSerialPorts(paths);
+}
+
+void KeyBoard_SetPortListener(std::function<void(const KeyBoardPortNews &news)> listener)
+{
+    KeyBoard::SetPortListener(std::move(listener));
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "KeyBoard/PelcoD.h"
 
+#include <algorithm>
+
 namespace KeyBoard {
 namespace {
 
@@ -35,6 +37,21 @@ constexpr struct
     {0x0200, 3015, Value::kNone},      // iris open
     {0x0400, 3016, Value::kNone},      // iris close
 };
+// The bits of command 1 << 8 | command 2 that begin an operation of the managers' signals.
+constexpr struct
+{
+    int operation;
+    quint16 bits;
+} kOperations[] = {
+    {100, 0x0008}, {101, 0x0010}, {102, 0x0004}, {103, 0x0002}, {106, 0x000C},
+    {107, 0x000A}, {108, 0x0014}, {109, 0x0012}, {104, 0x0020}, {105, 0x0040},
+    {112, 0x0100}, {113, 0x0080}, {114, 0x0200}, {115, 0x0400},
+};
+constexpr int kCallPresetOperation = 200;
+constexpr quint8 kCallPreset = 0x07;
+constexpr int kFullSpeed = 63;
+constexpr int kLastPreset = 255;
+
 constexpr quint16 kTiltBits = 0x0018;
 constexpr quint16 kPanBits = 0x0006;
 
@@ -71,6 +88,35 @@ DeviceCode TranslateExtended(const PelcoFrame &frame)
 }
 
 } // namespace
+
+QByteArray EncodePelco(const PelcoFrame &frame)
+{
+    const auto sum =
+        quint8(frame.address + frame.command1 + frame.command2 + frame.data1 + frame.data2);
+    const quint8 bytes[kFrameLength] = {
+        kSync, frame.address, frame.command1, frame.command2, frame.data1, frame.data2, sum};
+    return {reinterpret_cast<const char *>(bytes), kFrameLength};
+}
+
+std::optional<PelcoFrame> PelcoCommand(quint8 address, int operation, int speed, int index)
+{
+    if (operation == kCallPresetOperation && index > 0 && index <= kLastPreset)
+        return PelcoFrame{address, 0, kCallPreset, 0, quint8(index)};
+    for (const auto &row : kOperations) {
+        if (row.operation != operation)
+            continue;
+        const auto limited = quint8(std::clamp(speed, 0, kFullSpeed));
+        return PelcoFrame{address, quint8(row.bits >> 8), quint8(row.bits & 0xFF),
+                          row.bits & kPanBits ? limited : quint8(0),
+                          row.bits & kTiltBits ? limited : quint8(0)};
+    }
+    return {};
+}
+
+PelcoFrame PelcoStop(quint8 address)
+{
+    return {address, 0, 0, 0, 0};
+}
 
 DeviceCode TranslatePelco(const PelcoFrame &frame)
 {

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <PlatformExport.h>
+
 #include <QtCore/QByteArray>
 #include <QtCore/QtGlobal>
 
 #include <functional>
+#include <optional>
 
 namespace KeyBoard {
 
-/// \brief What a key press of a serial keyboard is to the managers: a code and its value.
+/// \brief A key press of a serial keyboard as the managers know it: a code and its value.
 struct DeviceCode
 {
     quint32 code = 0; ///< 0: nothing.
@@ -34,15 +37,33 @@ inline constexpr quint32 kSerialStopCode = 3030;
     return !is_extended && (frame.command1 || frame.command2);
 }
 
+/// \brief The seven bytes of \a frame: sync 0xFF, address, commands, data, and the sum of the
+/// middle five modulo 256.
+[[nodiscard]] VANTOR_PLATFORM_EXPORT QByteArray EncodePelco(const PelcoFrame &frame);
+
+/// \brief What makes a camera do an operation of the managers' signals: the frame that begins it.
+///
+/// \param address   of the camera, 1 to 255.
+/// \param operation see docs/devices.md: moves 100 to 103 and 106 to 109, zoom 104 and 105, focus
+///                  112 and 113, iris 114 and 115, and 200, which calls a preset.
+/// \param speed     of a move; limited to 0 to 63, the range of the protocol.
+/// \param index     of the preset, 1 to 255.
+/// \return nothing for an operation or an index that the protocol has no command for.
+[[nodiscard]] VANTOR_PLATFORM_EXPORT std::optional<PelcoFrame>
+PelcoCommand(quint8 address, int operation, int speed, int index);
+
+/// \brief The frame that ends everything that moves in the camera at \a address.
+[[nodiscard]] VANTOR_PLATFORM_EXPORT PelcoFrame PelcoStop(quint8 address);
+
 /// \brief The code of \a frame by the table in docs/devices.md; code 0 for a frame that has none.
-[[nodiscard]] DeviceCode TranslatePelco(const PelcoFrame &frame);
+[[nodiscard]] VANTOR_PLATFORM_EXPORT DeviceCode TranslatePelco(const PelcoFrame &frame);
 
 /// \brief Finds the frames in a stream of bytes: sync 0xFF, address, two command bytes, two data
 /// bytes, and the sum of these five modulo 256.
 ///
 /// After noise it goes on at the next byte that can begin a frame, so that a broken frame costs no
 /// other, unless its bytes make the sum right by chance.
-class CPelcoReader
+class VANTOR_PLATFORM_EXPORT CPelcoReader
 {
 public:
     /// \brief Take \a bytes and call \a take with each frame that is whole now.

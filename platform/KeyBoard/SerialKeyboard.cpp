@@ -3,9 +3,12 @@
 
 #include "Nim/Base/Log.h"
 
+#include <QtCore/QStringList>
+#include <QtSerialPort/QSerialPort>
 #include <QtSerialPort/QSerialPortInfo>
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <utility>
 
@@ -14,89 +17,115 @@ namespace {
 
 using namespace std::chrono_literals;
 
+constexpr auto kReadTime = 25ms; // the longest that closing a port has to wait
 constexpr auto kRetryTime = 1s;
 constexpr char kPrefix[] = "COM";
 
-void LogPort(const char *what, const QSerialPort &port)
-{
-    Nim::Base::Log::WriteFramed(
-        "KeyBoard::CSerialKeyboard", __FILE__, __LINE__, 4, "ClientWarningAndMore", "%s %s: %s",
-        what, qUtf8Printable(port.portName()), qUtf8Printable(port.errorString()));
-}
-
 } // namespace
 
-CSerialKeyboard::CSerialKeyboard(Take take, QObject *parent)
-    : QObject(parent), take_(std::move(take)), port_(this), retry_(this)
+CSerialKeyboard::CSerialKeyboard(const QString &path, const KeyBoardSerialParam &param, Take take,
+                                 Listener listener)
+    : path_(path), param_(param), take_(std::move(take)), listener_(std::move(listener))
 {
-    retry_.setInterval(kRetryTime);
-    connect(&port_, &QSerialPort::readyRead, this, &CSerialKeyboard::OnReadyRead);
-    connect(&port_, &QSerialPort::errorOccurred, this, &CSerialKeyboard::OnError,
-            Qt::QueuedConnection); // closing a port inside its own signal is not safe
-    connect(&retry_, &QTimer::timeout, this, [this] {
-        if (port_.open(QIODevice::ReadOnly))
-            retry_.stop();
-    });
+    is_open_ = Begin();
 }
 
-bool CSerialKeyboard::Open(const QString &path, const KeyBoardSerialParam &param)
+CSerialKeyboard::~CSerialKeyboard()
 {
-    Close();
-    port_.setPortName(path);
-    port_.setBaudRate(qint32(param.baud_rate));
-    port_.setDataBits(QSerialPort::DataBits(param.data_bits));
-    port_.setStopBits(QSerialPort::StopBits(param.stop_bits));
-    port_.setParity(QSerialPort::Parity(param.parity));
-    port_.setFlowControl(QSerialPort::FlowControl(param.flow_control));
-    if (path.isEmpty() || !port_.open(QIODevice::ReadOnly)) {
-        LogPort("Cannot open", port_);
-        return false;
+    End();
+}
+
+bool CSerialKeyboard::Prepare()
+{
+    port_ = std::make_unique<QSerialPort>();
+    port_->setPortName(path_);
+    port_->setBaudRate(qint32(param_.baud_rate));
+    port_->setDataBits(QSerialPort::DataBits(param_.data_bits));
+    port_->setStopBits(QSerialPort::StopBits(param_.stop_bits));
+    port_->setParity(QSerialPort::Parity(param_.parity));
+    port_->setFlowControl(QSerialPort::FlowControl(param_.flow_control));
+    if (OpenPort())
+        return true;
+    Report(KeyBoardPortNews::kRefused,
+           path_.isEmpty() ? QStringLiteral("There is no such port") : port_->errorString());
+    port_.reset();
+    return false;
+}
+
+void CSerialKeyboard::Serve()
+{
+    while (!ShallEnd(port_->isOpen() ? 0ms : kRetryTime)) {
+        if (port_->isOpen())
+            ReadPort();
+        else
+            OpenPort();
     }
-    is_wanted_ = true;
-    return true;
+    StopMotion();
+    port_.reset();
+    Report(KeyBoardPortNews::kClosed);
 }
 
-bool CSerialKeyboard::Close()
+bool CSerialKeyboard::OpenPort()
 {
-    if (!is_wanted_)
+    if (path_.isEmpty() || !port_->open(QIODevice::ReadOnly))
         return false;
-    is_wanted_ = false;
-    retry_.stop();
-    reader_.Reset();
-    port_.close();
-    StopMotion();
+    Report(KeyBoardPortNews::kOpened);
     return true;
 }
 
-void CSerialKeyboard::OnReadyRead()
+void CSerialKeyboard::ReadPort()
 {
-    reader_.Read(port_.readAll(), [this](const PelcoFrame &frame) {
-        const DeviceCode code = TranslatePelco(frame);
-        if (!code.code)
-            return;
-        if (code.code == kSerialStopCode || IsPelcoMotion(frame))
-            is_moving_ = code.code != kSerialStopCode;
-        take_(code);
-    });
-}
-
-void CSerialKeyboard::OnError(QSerialPort::SerialPortError error)
-{
-    // A read error comes again and again until the port is closed.
-    const bool is_lost = error == QSerialPort::ResourceError || error == QSerialPort::ReadError;
-    if (!is_lost || !is_wanted_ || retry_.isActive())
+    // A port whose device is gone reads nothing and sets no errno; Qt would then report what an
+    // earlier call left there.
+    errno = 0;
+    const bool has_bytes = port_->waitForReadyRead(int(kReadTime.count()));
+    const int reason = errno;
+    if (has_bytes) {
+        reader_.Read(port_->readAll(), [this](const PelcoFrame &frame) { TakeFrame(frame); });
         return;
-    LogPort("Lost", port_);
-    reader_.Reset();
-    port_.close();
-    StopMotion();
-    retry_.start();
+    }
+    const QSerialPort::SerialPortError error = port_->error();
+    port_->clearError();
+    if (error != QSerialPort::TimeoutError && error != QSerialPort::NoError)
+        LosePort(reason ? qt_error_string(reason) : QStringLiteral("The device is gone"));
 }
 
-// A camera must not go on moving because nobody hears the keyboard any more.
+void CSerialKeyboard::LosePort(const QString &reason)
+{
+    reader_.Reset();
+    port_->close();
+    StopMotion();
+    Report(KeyBoardPortNews::kLost, reason);
+}
+
+void CSerialKeyboard::Report(KeyBoardPortNews::Kind kind, const QString &reason) const
+{
+    if (kind == KeyBoardPortNews::kRefused || kind == KeyBoardPortNews::kLost)
+        Nim::Base::Log::WriteFramed("KeyBoard::CSerialKeyboard", __FILE__, __LINE__, 4,
+                                    "ClientWarningAndMore", "%s %s: %s",
+                                    kind == KeyBoardPortNews::kLost ? "Lost" : "Cannot open",
+                                    qUtf8Printable(path_), qUtf8Printable(reason));
+    listener_({kind, path_, reason});
+}
+
+void CSerialKeyboard::TakeFrame(const PelcoFrame &frame)
+{
+    const DeviceCode code = TranslatePelco(frame);
+    if (!code.code)
+        return;
+    if (code.code == kSerialStopCode) {
+        motion_ = 0;
+    } else if (IsPelcoMotion(frame)) {
+        if (code.code != motion_)
+            StopMotion();
+        motion_ = code.code;
+    }
+    take_(code);
+}
+
 void CSerialKeyboard::StopMotion()
 {
-    if (std::exchange(is_moving_, false))
+    if (std::exchange(motion_, 0))
         take_({kSerialStopCode, 0});
 }
 

@@ -1,43 +1,56 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "KeyBoard/KeyBoard.h"
+#include "KeyBoard/DeviceThread.h"
+#include "KeyBoard/KeyBoardDriver.h"
 #include "KeyBoard/PelcoD.h"
 
-#include <QtCore/QObject>
-#include <QtCore/QTimer>
-#include <QtSerialPort/QSerialPort>
-
 #include <functional>
+#include <memory>
+
+QT_BEGIN_NAMESPACE
+class QSerialPort;
+QT_END_NAMESPACE
 
 namespace KeyBoard {
 
-/// \brief The serial keyboard of the default driver. Lives on the driver's thread.
+/// \brief The serial keyboard of the default driver, from the opening of its port to the closing.
 ///
-/// A port that vanishes is tried again every second until it is closed.
-class CSerialKeyboard : public QObject
+/// A port that vanishes is tried again every second. A move that runs when the port vanishes or is
+/// closed, or when another move begins, is stopped first.
+class CSerialKeyboard : public CDeviceThread
 {
 public:
+    /// Both are called on the thread.
     using Take = std::function<void(const DeviceCode &code)>;
+    using Listener = std::function<void(const KeyBoardPortNews &news)>;
 
-    explicit CSerialKeyboard(Take take, QObject *parent = nullptr);
+    /// \brief Open \a path as \a param says; IsOpen() then tells whether that worked.
+    CSerialKeyboard(const QString &path, const KeyBoardSerialParam &param, Take take,
+                    Listener listener);
+    ~CSerialKeyboard() override;
 
-    /// \brief Listen at \a path as \a param says. \return false when it cannot be opened.
-    bool Open(const QString &path, const KeyBoardSerialParam &param);
-    /// \return false when no port is open.
-    bool Close();
+    [[nodiscard]] bool IsOpen() const { return is_open_; }
 
 private:
-    void OnReadyRead();
-    void OnError(QSerialPort::SerialPortError error);
+    bool Prepare() override;
+    void Serve() override;
+    bool OpenPort();
+    void ReadPort();
+    void LosePort(const QString &reason);
+    void Report(KeyBoardPortNews::Kind kind, const QString &reason = {}) const;
+    void TakeFrame(const PelcoFrame &frame);
     void StopMotion();
 
+    const QString path_;
+    const KeyBoardSerialParam param_;
     const Take take_;
-    QSerialPort port_;
-    QTimer retry_;
+    const Listener listener_;
+    bool is_open_ = false; // as the constructor found it
+    // The thread's.
+    std::unique_ptr<QSerialPort> port_;
     CPelcoReader reader_;
-    bool is_wanted_ = false;
-    bool is_moving_ = false; // told of a motion and of no stop since
+    quint32 motion_ = 0; // the code of the motion that runs, 0 for none
 };
 
 /// \brief The system's path of "COM1" to "COM4": of \a paths, or else of the machine's ports in the

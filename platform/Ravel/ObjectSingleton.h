@@ -42,6 +42,10 @@ protected:
     CObjectSingleton() = default;
     ~CObjectSingleton() = default;
 
+    /// \brief For the destructor of a \a T that emits signals: from now on Instance() is null and
+    /// DeleteInstance() does nothing.
+    static void Retire() { s_instance.clear(); }
+
 private:
     static QPointer<T> s_instance;
 };

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "support/PseudoTerminal.h"
-#include "support/TestGuard.h"
+#include "support/Test.h"
+#include "support/VirtualStick.h"
 
 #include <Faceplate/NewInfoDlg.h>
 #include <KeyBoard/KeyBoard.h>
+#include <Nim/Base/MonitorDriveUtil.h>
 #include <Vantor/CJoystickKeyboardControlManager>
 #include <Vantor/CJoystickKeyboardEvent>
 #include <Vantor/CUSBJoystickControlManager>
@@ -11,13 +13,10 @@
 #include <Vantor/CZellSerialKeyboardControlManager>
 #include <Vantor/CZellUSBKeyboardControlManager>
 
-#include <SDL.h>
-
 #include <QtCore/QCoreApplication>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
+#include <QtCore/QEventLoop>
+#include <QtCore/QTimer>
 
-#include <algorithm>
 #include <atomic>
 #include <thread>
 
@@ -120,31 +119,44 @@ struct Step
 
 using Steps = QVector<Step>;
 
-// One emitted command: "operation stop speed index window-control".
-QString Line(const QList<QVariant> &arguments)
+struct SequenceRow
 {
-    return QString("%1 %2 %3 %4 %5%6")
-        .arg(arguments.at(0).value<Operation>())
-        .arg(arguments.at(1).toInt())
-        .arg(arguments.at(2).toInt())
-        .arg(arguments.at(3).toInt())
-        .arg(arguments.at(4).toInt())
-        .arg(arguments.at(5).toBool() ? " from PC" : "");
+    const char *name;
+    Steps steps;
+    QStringList lines;
+};
+
+// The operations of a device's codes from `first` on: 0 for a code that emits nothing, negative for
+// a stop.
+struct CodesRow
+{
+    const char *name;
+    quint32 type;
+    quint32 first;
+    QVector<int> operations;
+};
+
+Step Serial(quint32 first, quint32 second = 0)
+{
+    return {kSerial, first, second};
+}
+Step Keyboard(quint32 first, quint32 second = 0, quint32 third = 0)
+{
+    return {kKeyboard, first, second, third};
+}
+Step Joystick(quint32 first, quint32 second = 0)
+{
+    return {kJoystick, first, second};
 }
 
 } // namespace
 
-Q_DECLARE_METATYPE(Step)
-Q_DECLARE_METATYPE(Steps)
-
-class tst_devices : public QObject
+class tst_devices : public CGuardedTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
+    void SetUp() override
     {
-        guard_.Begin();
         driver_ = std::make_unique<CTestDriver>();
         KeyBoard_SetDriver(driver_.get());
         tips_.clear();
@@ -155,32 +167,13 @@ private Q_SLOTS:
         special_key = -1;
     }
 
-    void cleanup()
+    void TearDown() override
     {
         CJoystickKeyboardControlManager::DeleteInstance();
         KeyBoard_SetDriver(nullptr);
         Faceplate::CNewInfoDlg::SetPresenter(nullptr);
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
     }
 
-    void everyCodeIsTranslated_data();
-    void everyCodeIsTranslated();
-    void sequencesDropRepeatsAsEachDeviceDoes_data();
-    void sequencesDropRepeatsAsEachDeviceDoes();
-    void stopsAreAlwaysSentWhenTheHostWantsThat_data();
-    void stopsAreAlwaysSentWhenTheHostWantsThat();
-    void devicesThatComeAndGoAreTold();
-    void slotSeesTheStateBefore();
-    void logSpeaksForTheDevice();
-    void portsOpenOnceEach();
-    void libraryThatDoesNotStartIsNotTriedAgain();
-    void keyboardsAreIgnoredUntilTheLibraryRuns();
-    void otherEventsOfTheSameTypeAreLeftAlone();
-    void deletingWhileTheDeviceFiresIsClean();
-    void realDevicesReachTheSignals();
-
-private:
     bool Start(Com com = Com(1))
     {
         return Coordinator()->InitKeyBoard(
@@ -188,434 +181,451 @@ private:
             &Translated<KeyboradData::JoystickOperation::KeyType>, nullptr);
     }
 
+    // Key 5102 and the buttons' function of 10, which is button 3.
+    static void LetKeyTenMean(Operation operation)
+    {
+        special_key = 10;
+        special_operation = operation;
+    }
+
     QStringList Run(const Steps &steps)
     {
-        QSignalSpy spy(Coordinator(),
-                       &CJoystickKeyboardControlManager::SignalJoystickKeyboardControl);
+        QStringList lines;
+        const auto connection = connect(
+            Coordinator(), &CJoystickKeyboardControlManager::SignalJoystickKeyboardControl, this,
+            [&lines](Operation operation, bool is_stop, int speed, int index,
+                     bool is_window_control, bool is_from_pc) {
+                lines << QString("%1 %2 %3 %4 %5%6")
+                             .arg(operation)
+                             .arg(is_stop)
+                             .arg(speed)
+                             .arg(index)
+                             .arg(is_window_control)
+                             .arg(is_from_pc ? " from PC" : "");
+            });
         for (const Step &step : steps) {
-            driver_->Send(step.type, step.first, step.second, step.third);
+            if (step.type == 0)
+                Coordinator()->UnInitKeyBoard();
+            else
+                driver_->Send(step.type, step.first, step.second, step.third);
             QCoreApplication::sendPostedEvents();
         }
-        QStringList lines;
-        for (const QList<QVariant> &arguments : qAsConst(spy))
-            lines << Line(arguments);
+        disconnect(connection);
         return lines;
     }
 
-    CTestGuard guard_;
     std::unique_ptr<CTestDriver> driver_;
     QStringList tips_;
-};
 
-void tst_devices::everyCodeIsTranslated_data()
-{
-    QTest::addColumn<Step>("step");
-    QTest::addColumn<QString>("expected");
-    const auto add = [](quint32 type, quint32 first, const char *expected, quint32 third = 0,
-                        quint32 second = 5) {
-        QTest::addRow("%u %u, %u, %u", type, first, second, third)
-            << Step{type, first, second, third} << QString(expected);
-    };
-    add(kSerial, 2001, "124 0 0 5 0");
-    add(kSerial, 2001, "124 0 0 4 0", 0, 1); // 1 counts as 4, an index too
-    add(kSerial, 2002, "125 0 0 5 0");
-    const QPair<quint32, const char *> plain[] = {
-        {3002, "116 0 0 0 0"},
-        {3003, "117 0 0 0 0"},
-        {3011, "104 0 0 0 0"},
-        {3012, "105 0 0 0 0"},
-        {3013, "112 0 0 0 0"},
-        {3014, "113 0 0 0 0"},
-        {3015, "114 0 0 0 0"},
-        {3016, "115 0 0 0 0"},
-        {3021, "100 0 5 0 0"},
-        {3022, "101 0 5 0 0"},
-        {3023, "102 0 5 0 0"},
-        {3024, "103 0 5 0 0"},
-        {3025, "100 0 5 0 0"},
-        {3026, "101 0 5 0 0"},
-        {3027, "102 0 5 0 0"},
-        {3028, "103 0 5 0 0"},
-        {3029, "118 0 0 0 0"},
-        {3060, "118 0 0 0 0"},
-        {3030, ""},
-        {3050, "200 0 0 5 0"},
-        {3052, ""},
-        {3053, ""},
-        {5201, ""},
-    };
-    for (const auto &[code, expected] : plain)
-        add(kSerial, code, expected);
-    add(kSerial, 3025, "100 0 4 0 0", 0, 1);
-    add(kSerial, 3025, "100 0 -1 0 0", 0, 0xFFFFFFFF);
-
-    add(kKeyboard, 5101, "124 0 0 5 1");
-    add(kKeyboard, 5101, "125 0 0 5 1", 2);
-    const QPair<quint32, const char *> keyboard[] = {
-        {5102, "510 0 0 0 1"},
-        {5103, "511 0 0 0 1"},
-        {5104, "512 0 0 0 1"},
-        {5105, "513 0 0 0 1"},
-        {5106, "514 0 0 0 1"},
-        {5201, "100 0 5 0 1"},
-        {5202, "101 0 5 0 1"},
-        {5203, "102 0 5 0 1"},
-        {5204, "103 0 5 0 1"},
-        {5205, "109 0 5 0 1"},
-        {5206, "106 0 5 0 1"},
-        {5207, "108 0 5 0 1"},
-        {5208, "107 0 5 0 1"},
-        {5209, ""},
-        {5210, "104 0 0 0 1"},
-        {5211, "105 0 0 0 1"},
-        {5212, ""},
-    };
-    for (const auto &[code, expected] : keyboard)
-        add(kKeyboard, code, expected);
-    add(kKeyboard, 5102, "510 0 0 0 1", 0, 1);
-    for (const quint32 code : {5104U, 5105U, 5106U})
-        add(kKeyboard, code, qPrintable(QString("%1 1 0 0 1").arg(code - 4592)), 0, 1);
-
-    const QPair<quint32, const char *> joystick[] = {
-        {1303, "512 1 0 -1 1"},
-        {1304, "512 0 0 -1 1"},
-        {1305, "100 0 5 -1 1"},
-        {1306, "101 0 5 -1 1"},
-        {1307, "102 0 5 -1 1"},
-        {1308, "103 0 5 -1 1"},
-        {1309, "109 0 5 -1 1"},
-        {1310, "106 0 5 -1 1"},
-        {1311, "108 0 5 -1 1"},
-        {1312, "107 0 5 -1 1"},
-        {1313, ""},
-        {1314, "104 0 0 -1 1"},
-        {1315, "105 0 0 -1 1"},
-        {1316, ""},
-    };
-    for (const auto &[code, expected] : joystick)
-        add(kJoystick, code, expected);
-    add(1001, 3021, ""); // no device of the managers
-}
-
-void tst_devices::everyCodeIsTranslated()
-{
-    QFETCH(const Step, step);
-    QFETCH(const QString, expected);
-    QVERIFY(Start());
-
-    const QStringList lines = Run({step});
-
-    QCOMPARE(lines.join(';'), expected);
-    const bool is_command = !expected.isEmpty() && expected.at(4) == '0';
-    QCOMPARE(Coordinator()->GetEventStatus(), is_command);
-}
-
-void tst_devices::sequencesDropRepeatsAsEachDeviceDoes_data()
-{
-    QTest::addColumn<Steps>("steps");
-    QTest::addColumn<QStringList>("expected");
-    const auto serial = [](quint32 first, quint32 second = 0) {
-        return Step{kSerial, first, second};
-    };
-    const auto keyboard = [](quint32 first, quint32 second = 0) {
-        return Step{kKeyboard, first, second};
-    };
-    const auto joystick = [](quint32 first, quint32 second = 0) {
-        return Step{kJoystick, first, second};
-    };
-    const Step serial_mode = serial(3052);
-    // Buttons 3 and 4 stand for 119, the mode, in these rows; 10 is key 5102.
-    const Step keyboard_mode = keyboard(5102);
-    const Step joystick_mode = joystick(1304, 3);
-
-    QTest::newRow("serial, camera: same operation and speed")
-        << Steps{serial(3025, 1), serial(3025, 1), serial(3021, 4), serial(3025, 5)}
-        << QStringList{"100 0 4 0 0", "100 0 5 0 0"};
-    QTest::newRow("serial, windows: same operation at any speed")
-        << Steps{serial_mode, serial(3021, 3), serial(3021, 9)} << QStringList{"100 0 3 0 1"};
-    QTest::newRow("serial, camera: stop")
-        << Steps{serial(3021, 3), serial(3030), serial(3030), serial(3021, 3)}
-        << QStringList{"100 0 3 0 0", "100 1 0 0 0", "100 0 3 0 0"};
-    QTest::newRow("serial, windows: the stop is taken for a repeat")
-        << Steps{serial_mode, serial(3021, 3), serial(3030)} << QStringList{"100 0 3 0 1"};
-    QTest::newRow("serial, camera: the pair counts as moves, so its stop is lost")
-        << Steps{serial(3011), serial(3011), serial(3030)} << QStringList{"104 0 0 0 0"};
-    QTest::newRow("serial: what is no move repeats")
-        << Steps{serial(3013), serial(3013), serial(3030)}
-        << QStringList{"112 0 0 0 0", "112 0 0 0 0", "112 1 0 0 0"};
-
-    QTest::newRow("USB keyboard, windows: same operation at any speed, stops pass")
-        << Steps{keyboard(5201, 3), keyboard(5201, 9), keyboard(5209)}
-        << QStringList{"100 0 3 0 1", "100 1 0 0 1"};
-    QTest::newRow("USB keyboard, camera: same operation and speed")
-        << Steps{keyboard_mode, keyboard(5201, 3), keyboard(5201, 3), keyboard(5201, 9)}
-        << QStringList{"100 0 3 0 0", "100 0 9 0 0"};
-    QTest::newRow("USB keyboard, camera: the stop of a move of speed 0 is a repeat")
-        << Steps{keyboard_mode, keyboard(5201, 0), keyboard(5209)} << QStringList{"100 0 0 0 0"};
-    QTest::newRow("USB keyboard: the pair repeats")
-        << Steps{keyboard(5210), keyboard(5210)} << QStringList{"104 0 0 0 1", "104 0 0 0 1"};
-    QTest::newRow("USB keyboard: the stop of another key takes the move's")
-        << Steps{keyboard(5201, 3), keyboard(5104, 1), keyboard(5209)}
-        << QStringList{"100 0 3 0 1", "512 1 0 0 1"};
-
-    QTest::newRow("joystick, windows: same operation at any speed, stops pass")
-        << Steps{joystick(1305, 3), joystick(1305, 9), joystick(1313)}
-        << QStringList{"100 0 3 -1 1", "100 1 0 -1 1"};
-    QTest::newRow("joystick, camera: same operation and speed")
-        << Steps{joystick_mode, joystick(1305, 3), joystick(1305, 3), joystick(1305, 9)}
-        << QStringList{"100 0 3 -1 0", "100 0 9 -1 0"};
-    QTest::newRow("joystick: releasing the mode button does nothing but end the move")
-        << Steps{joystick(1305, 3), joystick(1303, 3), joystick(1313)}
-        << QStringList{"100 0 3 -1 1"};
-    QTest::newRow("joystick: both ways of the mode")
-        << Steps{joystick_mode, joystick_mode, joystick(1305, 3)} << QStringList{"100 0 3 -1 1"};
-}
-
-void tst_devices::sequencesDropRepeatsAsEachDeviceDoes()
-{
-    QFETCH(const Steps, steps);
-    QFETCH(const QStringList, expected);
-    special_operation = Operation(119);
-    special_key = 10; // key 5102 and button 3
-    QVERIFY(Start());
-
-    QCOMPARE(Run(steps), expected);
-}
-
-void tst_devices::stopsAreAlwaysSentWhenTheHostWantsThat_data()
-{
-    QTest::addColumn<Steps>("steps");
-    QTest::addColumn<QString>("last");
-    QTest::newRow("serial zoom") << Steps{{kSerial, 3011}, {kSerial, 3030}} << "104 1 0 0 0";
-    QTest::newRow("serial, windows")
-        << Steps{{kSerial, 3052}, {kSerial, 3021, 3}, {kSerial, 3030}} << "100 1 0 0 1";
-    QTest::newRow("speed 0") << Steps{{kSerial, 3021, 0}, {kSerial, 3030}} << "100 1 0 0 0";
-    QTest::newRow("another key was released meanwhile")
-        << Steps{{kKeyboard, 5201, 3}, {kKeyboard, 5104, 1}, {kKeyboard, 5209}} << "100 1 0 0 1";
-    QTest::newRow("a button was pressed and released meanwhile") << Steps{{kJoystick, 1305, 3},
-                                                                          {kJoystick, 1304, 0},
-                                                                          {kJoystick, 1303, 0},
-                                                                          {kJoystick, 1313}}
-                                                                 << "100 1 0 -1 1";
-}
-
-void tst_devices::stopsAreAlwaysSentWhenTheHostWantsThat()
-{
-    QFETCH(Steps, steps);
-    QFETCH(const QString, last);
-    QVERIFY(Start());
-    Coordinator()->SetStopsAlwaysSent(true);
-
-    QCOMPARE(Run(steps).constLast(), last);
-    QVERIFY(Run({steps.constLast()}).isEmpty()); // there is nothing left to stop
-}
-
-void tst_devices::devicesThatComeAndGoAreTold()
-{
-    auto *const keyboard = CZellUSBKeyboardControlManager::Instance();
-    auto *const joystick = CUSBJoystickControlManager::Instance();
-    QSignalSpy keyboards(keyboard, &CZellUSBKeyboardControlManager::SignalSwitchToUsbKeyboardMode);
-    QSignalSpy joysticks(joystick, &CUSBJoystickControlManager::SignalSwitchToUsbJostickMode);
-    QVERIFY(Start());
-    special_key = 10;
-    special_operation = Operation(119);
-
-    QVERIFY(Run({{kKeyboard, 5001}, {kJoystick, 1301}}).isEmpty());
-    QCOMPARE(int(keyboard->ConnetZellUSBJoystickType()), 2);
-    QCOMPARE(int(joystick->ConnetZellUSBJoystickType()), 1);
-    QVERIFY(Run({{kKeyboard, 5002}, {kJoystick, 1302}}).isEmpty());
-    QCOMPARE(int(keyboard->ConnetZellUSBJoystickType()), 0);
-    QCOMPARE(int(joystick->ConnetZellUSBJoystickType()), 0);
-    const Steps modes = {{kSerial, 3052},   {kSerial, 3052},      {kKeyboard, 5102},
-                         {kKeyboard, 5102}, {kJoystick, 1304, 3}, {kJoystick, 1304, 3}};
-    QVERIFY(Run(modes).isEmpty());
-
-    QCOMPARE(keyboards.count(), 2);
-    QCOMPARE(joysticks.count(), 2);
-    QCOMPARE(keyboards.at(0).at(0).value<KeyboradData::ModUsb>(), KeyboradData::kUsbKeyboard);
-    QCOMPARE(joysticks.at(1).at(0).value<KeyboradData::ModUsb>(), KeyboradData::kDisconnected);
-    // The texts are looked up by these keys; the test installs no translation.
-    const QStringList expected = {
-        "TheUSBKeyboardIsDetected 7",     "USBJoystickDeviceIsFound 7",
-        "TheUSBKeyboardDisconnected 0",   "TheUSBJoystickDisconnected 0",
-        "USBJoystickIsCurrentjebLzucZ 0", "USBRockerIsCurrentlyDLwSBpeZ 0", // serial
-        "USBRockerIsCurrentlyDLwSBpeZ 0", "USBJoystickIsCurrentjebLzucZ 0", // USB keyboard
-        "USBRockerIsCurrentlyDLwSBpeZ 0", "USBJoystickIsCurrentjebLzucZ 0", // joystick
-    };
-    QCOMPARE(tips_, expected);
-}
-
-void tst_devices::slotSeesTheStateBefore()
-{
-    auto *const joystick = CUSBJoystickControlManager::Instance();
-    KeyboradData::ModUsb seen = KeyboradData::kUsbKeyboardWall;
-    connect(joystick, &CUSBJoystickControlManager::SignalSwitchToUsbJostickMode, this,
-            [&] { seen = joystick->ConnetZellUSBJoystickType(); });
-
-    QVERIFY(Start());
-    Run({{kJoystick, 1301}});
-
-    QCOMPARE(seen, KeyboradData::kDisconnected);
-}
-
-void tst_devices::logSpeaksForTheDevice()
-{
-    QVERIFY(Start());
-    Run({{kSerial, 3021, 1}, {kKeyboard, 5101, 7, 2}, {kJoystick, 1305, 3}, {kJoystick, 9}});
-
-    QStringList lines = guard_.LogLines().filter("UserOperate");
-    for (QString &line : lines)
-        line.remove(QRegExp("\\(\\d+\\)\\]$"));
-    const QString serial = "3 UserOperate [Vantor::CZellSerialKeyboardControlManager::InputEvent]";
-    const QString keyboard = "3 UserOperate [Vantor::CZellUSBKeyboardControlManager::InputEvent]";
-    const QString joystick = "3 UserOperate [Vantor::CUSBJoystickControlManager::InputEvent]";
-    const QStringList expected = {
-        serial
-            + "InputEvent first param:[3021], second "
-              "param:[4][ZellSerialKeyboardControlManager.cpp",
-        serial
-            + "SignalZellUSBKeyboardControl, operation_type:[100], stop_action:[0], speed:[4], "
-              "select index:[0], ptz mode:[0][ZellSerialKeyboardControlManager.cpp",
-        keyboard
-            + "InputEvent first param:[5101], second param:[7], third param:[2]"
-              "[ZellUSBKeyboardControlManager.cpp",
-        keyboard
-            + "SignalZellUSBKeyboardControl, operation_type:[125], stop_action:[0], speed:[0], "
-              "select index:[7], ptz mode:[0][ZellUSBKeyboardControlManager.cpp",
-        joystick + "InputEvent first param:[1305], second param:[3][USBJoystickControlManager.cpp",
-        joystick
-            + "SignalUSBJostickControl, operation_type:[100], stop_action:[0], speed:[3], "
-              "wnd control mode:[1][USBJoystickControlManager.cpp",
-        joystick + "InputEvent first param:[9], second param:[0][USBJoystickControlManager.cpp",
-    };
-    QCOMPARE(lines, expected);
-}
-
-void tst_devices::portsOpenOnceEach()
-{
-    QVERIFY(!Start(Com(5)));
-    QVERIFY(Coordinator()->OpenPCSerial(Com(1)));
-    QVERIFY(!Coordinator()->OpenPCSerial(Com(1)));
-    QVERIFY(!Coordinator()->OpenPCSerial(Com(0))); // leaves the open one alone
-    QVERIFY(Coordinator()->OpenPCSerial(Com(4)));
-    driver_->opens = false;
-    QVERIFY(!Coordinator()->OpenPCSerial(Com(2)));
-    QVERIFY(Coordinator()->ClosePCSerial());
-    driver_->opens = true;
-    QVERIFY(Coordinator()->OpenPCSerial(Com(2)));
-    QVERIFY(Coordinator()->UnInitKeyBoard());
-    QVERIFY(Coordinator()->UnInitKeyBoard());
-
-    const QStringList expected = {
-        "init",
-        "open 1000 COM1 9600 8 1 0 0",
-        "close 1000",
-        "open 1000 COM4 9600 8 1 0 0",
-        "close 1000",
-        "open 1000 COM2 9600 8 1 0 0",
-        "open 1000 COM2 9600 8 1 0 0",
-        "close 1000",
-        "uninit",
-    };
-    QCOMPARE(driver_->calls, expected);
-}
-
-void tst_devices::libraryThatDoesNotStartIsNotTriedAgain()
-{
-    driver_->starts = false;
-    QVERIFY(!Start());
-    QVERIFY(Start());
-    QCOMPARE(driver_->calls, QStringList{"init"});
-}
-
-void tst_devices::keyboardsAreIgnoredUntilTheLibraryRuns()
-{
-    CZellSerialKeyboardControlManager::Instance()->InputEvent(3021, 3);
-    CZellUSBKeyboardControlManager::Instance()->InputEvent(5201, 3, 0, nullptr);
-    QVERIFY(guard_.LogLines().isEmpty());
-    QSignalSpy spy(Coordinator(), &CJoystickKeyboardControlManager::SignalJoystickKeyboardControl);
-
-    CUSBJoystickControlManager::Instance()->InputEvent(1305, 3, nullptr); // joysticks work
-    CUSBJoystickControlManager::Instance()->InputEvent(1304, 3, nullptr); // but for buttons
-
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(Line(spy.constFirst()), QString("100 0 3 -1 1"));
-}
-
-void tst_devices::otherEventsOfTheSameTypeAreLeftAlone()
-{
-    QSignalSpy spy(Coordinator(), &CJoystickKeyboardControlManager::SignalJoystickKeyboardControl);
-    CUpdateEvent stranger;
-    QCoreApplication::sendEvent(Coordinator(), &stranger);
-    CJoystickKeyboardEvent none;
-    QCOMPARE(none.GetFirstParam(), 0xFFFFFFFF);
-    QCoreApplication::sendEvent(Coordinator(), &none);
-    CJoystickKeyboardEvent event(kJoystick, 1305, 3, 0, "one", "two");
-    const CJoystickKeyboardEvent copy(event);
-    QCOMPARE(copy.GetText2(), QString("two"));
-    QCoreApplication::sendEvent(Coordinator(), &event);
-    QCOMPARE(spy.count(), 1);
-}
-
-void tst_devices::deletingWhileTheDeviceFiresIsClean()
-{
-    for (int round = 0; round < 20; ++round) {
+private Q_SLOTS:
+    void everyCodeHasItsOperation_data()
+    {
+        AddRows<CodesRow>({
+            {"serial selections", kSerial, 2000, {0, 124, 125, 0}},
+            {"serial keys", kSerial, 3001, {0, 116, 117, 0}},
+            {"serial zoom, focus, iris", kSerial, 3010, {0, 104, 105, 112, 113, 114, 115, 0}},
+            {"serial moves, twice",
+             kSerial,
+             3020,
+             {0, 100, 101, 102, 103, 100, 101, 102, 103, 118}},
+            {"serial stop of nothing, preset, mode", kSerial, 3049, {0, 200, 0, 0, 0}},
+            {"serial, the second of a key", kSerial, 3059, {0, 118, 0}},
+            {"keyboard keys", kKeyboard, 5100, {0, 124, 510, 511, 512, 513, 514, 0}},
+            {"keyboard moves, pair",
+             kKeyboard,
+             5200,
+             {0, 100, 101, 102, 103, 109, 106, 108, 107, -107, 104, 105, 0}},
+            {"joystick moves, pair",
+             kJoystick,
+             1304,
+             {512, 100, 101, 102, 103, 109, 106, 108, 107, -107, 104, 105, 0}},
+            {"a device that the managers do not know", 1001, 3021, {0}},
+        });
+    }
+    void everyCodeHasItsOperation()
+    {
+        const auto &row = FetchRow<CodesRow>();
         QVERIFY(Start());
+        for (int i = 0; i < row.operations.size(); ++i) {
+            const int operation = row.operations.at(i);
+            const QStringList lines = Run({{row.type, row.first + quint32(i), 5}});
+            QCOMPARE(lines.size(), operation ? 1 : 0);
+            if (operation)
+                QCOMPARE(lines.at(0).section(' ', 0, 1),
+                         QString("%1 %2").arg(qAbs(operation)).arg(operation < 0));
+        }
+        QCOMPARE(Coordinator()->GetEventStatus(), row.operations.size() > 1);
+    }
+
+    void parametersBecomeSpeedOrIndex_data()
+    {
+        AddRows<SequenceRow>({
+            {"serial index", {Serial(2001, 5)}, {"124 0 0 5 0"}},
+            {"serial index 1 counts as 4", {Serial(3050, 1)}, {"200 0 0 4 0"}},
+            {"serial speed 1 counts as 4", {Serial(3025, 1)}, {"100 0 4 0 0"}},
+            {"serial speed beyond int", {Serial(3025, 0xFFFFFFFF)}, {"100 0 -1 0 0"}},
+            {"serial zoom has none", {Serial(3011, 5)}, {"104 0 0 0 0"}},
+            {"keyboard, first window", {Keyboard(5101, 5)}, {"124 0 0 5 1"}},
+            {"keyboard, second window", {Keyboard(5101, 5, 2)}, {"125 0 0 5 1"}},
+            {"keyboard key without release", {Keyboard(5102, 1)}, {"510 0 0 0 1"}},
+            {"keyboard keys released",
+             {Keyboard(5104, 1), Keyboard(5105, 1), Keyboard(5106, 1)},
+             {"512 1 0 0 1", "513 1 0 0 1", "514 1 0 0 1"}},
+            {"keyboard speed", {Keyboard(5205, 5)}, {"109 0 5 0 1"}},
+            {"joystick speed", {Joystick(1309, 5)}, {"109 0 5 -1 1"}},
+            {"joystick button",
+             {Joystick(1304, 5), Joystick(1303, 5)},
+             {"512 0 0 -1 1", "512 1 0 -1 1"}},
+        });
+    }
+    void parametersBecomeSpeedOrIndex()
+    {
+        const auto &row = FetchRow<SequenceRow>();
+        QVERIFY(Start());
+        QCOMPARE(Run(row.steps), row.lines);
+    }
+
+    void sequencesDropRepeatsAsEachDeviceDoes_data()
+    {
+        const Step serial_mode = Serial(3052);
+        const Step keyboard_mode = Keyboard(5102); // key 10 means the mode in these rows
+        const Step joystick_mode = Joystick(1304, 3);
+        AddRows<SequenceRow>({
+            {"serial, camera: same operation and speed",
+             {Serial(3025, 1), Serial(3025, 1), Serial(3021, 4), Serial(3025, 5)},
+             {"100 0 4 0 0", "100 0 5 0 0"}},
+            {"serial, windows: same operation at any speed",
+             {serial_mode, Serial(3021, 3), Serial(3021, 9)},
+             {"100 0 3 0 1"}},
+            {"serial, camera: stop",
+             {Serial(3021, 3), Serial(3030), Serial(3030), Serial(3021, 3)},
+             {"100 0 3 0 0", "100 1 0 0 0", "100 0 3 0 0"}},
+            {"serial, windows: the stop is taken for a repeat",
+             {serial_mode, Serial(3021, 3), Serial(3030)},
+             {"100 0 3 0 1"}},
+            {"serial, camera: the pair counts as moves, so its stop is lost",
+             {Serial(3011), Serial(3011), Serial(3030)},
+             {"104 0 0 0 0"}},
+            {"serial: other operations repeat",
+             {Serial(3013), Serial(3013), Serial(3030)},
+             {"112 0 0 0 0", "112 0 0 0 0", "112 1 0 0 0"}},
+            {"keyboard, windows: same operation at any speed, stops pass",
+             {Keyboard(5201, 3), Keyboard(5201, 9), Keyboard(5209)},
+             {"100 0 3 0 1", "100 1 0 0 1"}},
+            {"keyboard, camera: same operation and speed",
+             {keyboard_mode, Keyboard(5201, 3), Keyboard(5201, 3), Keyboard(5201, 9)},
+             {"100 0 3 0 0", "100 0 9 0 0"}},
+            {"keyboard, camera: the stop of a move of speed 0 is a repeat",
+             {keyboard_mode, Keyboard(5201, 0), Keyboard(5209)},
+             {"100 0 0 0 0"}},
+            {"keyboard: the pair repeats",
+             {Keyboard(5210), Keyboard(5210)},
+             {"104 0 0 0 1", "104 0 0 0 1"}},
+            {"keyboard: the stop of another key takes the move's",
+             {Keyboard(5201, 3), Keyboard(5104, 1), Keyboard(5209)},
+             {"100 0 3 0 1", "512 1 0 0 1"}},
+            {"joystick, windows: same operation at any speed, stops pass",
+             {Joystick(1305, 3), Joystick(1305, 9), Joystick(1313)},
+             {"100 0 3 -1 1", "100 1 0 -1 1"}},
+            {"joystick, camera: same operation and speed",
+             {joystick_mode, Joystick(1305, 3), Joystick(1305, 3), Joystick(1305, 9)},
+             {"100 0 3 -1 0", "100 0 9 -1 0"}},
+            {"joystick: releasing the mode button does nothing but end the move",
+             {Joystick(1305, 3), Joystick(1303, 3), Joystick(1313)},
+             {"100 0 3 -1 1"}},
+            {"joystick: both ways of the mode",
+             {joystick_mode, joystick_mode, Joystick(1305, 3)},
+             {"100 0 3 -1 1"}},
+            {"ending during a move sends no stop", {Serial(3021, 3), {}}, {"100 0 3 0 0"}},
+        });
+    }
+    void sequencesDropRepeatsAsEachDeviceDoes()
+    {
+        const auto &row = FetchRow<SequenceRow>();
+        LetKeyTenMean(Operation(119));
+        QVERIFY(Start());
+        QCOMPARE(Run(row.steps), row.lines);
+    }
+
+    void everyMoveGetsOneStopWhenTheHostWantsThat_data()
+    {
+        AddRows<SequenceRow>({
+            {"serial zoom", {Serial(3011), Serial(3030)}, {"104 1 0 0 0"}},
+            {"serial, windows", {Serial(3052), Serial(3021, 3), Serial(3030)}, {"100 1 0 0 1"}},
+            {"speed 0", {Serial(3021, 0), Serial(3030)}, {"100 1 0 0 0"}},
+            {"another key was released meanwhile",
+             {Keyboard(5201, 3), Keyboard(5104, 1), Keyboard(5209)},
+             {"100 1 0 0 1"}},
+            {"a button was pressed and released meanwhile",
+             {Joystick(1305, 3), Joystick(1304, 0), Joystick(1303, 0), Joystick(1313)},
+             {"100 1 0 -1 1"}},
+            {"the devices end during a joystick's move", {Joystick(1305, 3), {}}, {"100 1 0 -1 1"}},
+            {"the devices end during a serial zoom", {Serial(3012), {}}, {"105 1 0 0 0"}},
+            {"the devices end while a focus key is held",
+             {Joystick(1304, 3), {}},
+             {"112 1 0 -1 1"}},
+        });
+    }
+    void everyMoveGetsOneStopWhenTheHostWantsThat()
+    {
+        const auto &row = FetchRow<SequenceRow>();
+        LetKeyTenMean(Operation(112));
+        QVERIFY(Start());
+        Coordinator()->SetStopsAlwaysSent(true);
+
+        QCOMPARE(Run(row.steps).constLast(), row.lines.constLast());
+        QVERIFY(Run({row.steps.constLast()}).isEmpty()); // there is nothing left to stop
+    }
+
+    void devicesThatComeAndGoAreReported()
+    {
+        auto *const keyboard = CZellUSBKeyboardControlManager::Instance();
+        auto *const joystick = CUSBJoystickControlManager::Instance();
+        QList<int> modes; // with the state that slots still see, which is the one before
+        connect(keyboard, &CZellUSBKeyboardControlManager::SignalSwitchToUsbKeyboardMode, this,
+                [&](int mode) { modes << mode << keyboard->ConnetZellUSBJoystickType(); });
+        connect(joystick, &CUSBJoystickControlManager::SignalSwitchToUsbJostickMode, this,
+                [&](int mode) { modes << mode << joystick->ConnetZellUSBJoystickType(); });
+        QVERIFY(Start());
+        LetKeyTenMean(Operation(119));
+
+        QVERIFY(Run({Keyboard(5001), Joystick(1301), Keyboard(5002), Joystick(1302)}).isEmpty());
+        QVERIFY(Run({Serial(3052), Serial(3052), Keyboard(5102), Keyboard(5102), Joystick(1304, 3),
+                     Joystick(1304, 3)})
+                    .isEmpty());
+
+        QCOMPARE(modes, QList<int>({2, 0, 1, 0, 0, 2, 0, 1}));
+        // The texts are looked up by these keys; the test installs no translation.
+        const QStringList expected = {
+            "TheUSBKeyboardIsDetected 7",     "USBJoystickDeviceIsFound 7",
+            "TheUSBKeyboardDisconnected 0",   "TheUSBJoystickDisconnected 0",
+            "USBJoystickIsCurrentjebLzucZ 0", "USBRockerIsCurrentlyDLwSBpeZ 0", // serial
+            "USBRockerIsCurrentlyDLwSBpeZ 0", "USBJoystickIsCurrentjebLzucZ 0", // USB keyboard
+            "USBRockerIsCurrentlyDLwSBpeZ 0", "USBJoystickIsCurrentjebLzucZ 0", // joystick
+        };
+        QCOMPARE(tips_, expected);
+    }
+
+    void devicesBeginWithTheCameraWhenTheHostWantsThat()
+    {
+        Coordinator()->SetCameraFirst(true);
+        QSignalSpy switched(Coordinator(),
+                            &CJoystickKeyboardControlManager::SignalControlModeSwitched);
+        LetKeyTenMean(Operation(119));
+        QVERIFY(Start());
+        QVERIFY(!CUSBJoystickControlManager::Instance()->IsWindowControl());
+        QCOMPARE(Run({Joystick(1305, 3), Joystick(1305, 9), Keyboard(5201, 3)}),
+                 QStringList({"100 0 3 -1 0", "100 0 9 -1 0", "100 0 3 0 0"}));
+        Run({Joystick(1304, 3)});
+        QVERIFY(CUSBJoystickControlManager::Instance()->IsWindowControl());
+        QCOMPARE(switched.count(), 1);
+    }
+
+    // A slot, and a presenter that runs an event loop, may delete the coordinator and all devices.
+    void deletionInEachCallIsClean_data()
+    {
+        QTest::addColumn<bool>("in_presenter");
+        QTest::addColumn<quint32>("type");
+        QTest::addColumn<quint32>("code");
+        for (const bool in_presenter : {false, true}) {
+            const char *const where = in_presenter ? "presenter" : "slot";
+            QTest::addRow("%s, joystick found", where) << in_presenter << kJoystick << 1301U;
+            QTest::addRow("%s, keyboard gone", where) << in_presenter << kKeyboard << 5002U;
+            QTest::addRow("%s, serial mode", where) << in_presenter << kSerial << 3052U;
+        }
+        QTest::newRow("slot, serial move") << false << kSerial << 3021U;
+        QTest::newRow("slot, keyboard move") << false << kKeyboard << 5201U;
+        QTest::newRow("slot, joystick move") << false << kJoystick << 1305U;
+        QTest::newRow("slot, stop of the end") << false << 0U << 0U;
+    }
+    void deletionInEachCallIsClean()
+    {
+        QFETCH(const bool, in_presenter);
+        QFETCH(const quint32, type);
+        QFETCH(const quint32, code);
+        const auto end = [] { CJoystickKeyboardControlManager::DeleteInstance(); };
+        QVERIFY(Start());
+        Coordinator()->SetStopsAlwaysSent(true);
+        if (type == 0)
+            Run({Joystick(1305, 3), Serial(3021, 3)});
+        if (in_presenter) {
+            Faceplate::CNewInfoDlg::SetPresenter([end](const Faceplate::CStruInfoTipsData &) {
+                QEventLoop loop;
+                QTimer::singleShot(0, &loop, [&] {
+                    end();
+                    loop.quit();
+                });
+                loop.exec();
+            });
+        } else {
+            using Manager = CJoystickKeyboardControlManager;
+            connect(Coordinator(), &Manager::SignalJoystickKeyboardControl, this, end);
+            connect(Coordinator(), &Manager::SignalControlModeSwitched, this, end);
+            connect(CUSBJoystickControlManager::Instance(),
+                    &CUSBJoystickControlManager::SignalSwitchToUsbJostickMode, this, end);
+            connect(CZellUSBKeyboardControlManager::Instance(),
+                    &CZellUSBKeyboardControlManager::SignalSwitchToUsbKeyboardMode, this, end);
+        }
+        if (type == 0)
+            Coordinator()->UnInitKeyBoard();
+        else
+            driver_->Send(type, code, 3);
+        QCoreApplication::sendPostedEvents();
+        QVERIFY(!Coordinator());
+        QVERIFY(!CUSBJoystickControlManager::Instance());
+    }
+
+    void logSpeaksForTheDevice()
+    {
+        QVERIFY(Start());
+        Run({Serial(3021, 1), Keyboard(5101, 7, 2), Joystick(1305, 3), Joystick(9)});
+
+        QStringList lines = guard_.LogLines().filter("UserOperate");
+        for (QString &line : lines)
+            line = line.mid(int(qstrlen("3 UserOperate [Vantor::C")))
+                       .remove(QRegExp("\\(\\d+\\)\\]$"))
+                       .replace("ControlManager::InputEvent]", ": ");
+        const QStringList expected = {
+            "ZellSerialKeyboard: InputEvent first param:[3021], second "
+            "param:[4][ZellSerialKeyboardControlManager.cpp",
+            "ZellSerialKeyboard: SignalZellUSBKeyboardControl, operation_type:[100], "
+            "stop_action:[0], speed:[4], select index:[0], ptz "
+            "mode:[0][ZellSerialKeyboardControlManager.cpp",
+            "ZellUSBKeyboard: InputEvent first param:[5101], second param:[7], third "
+            "param:[2][ZellUSBKeyboardControlManager.cpp",
+            "ZellUSBKeyboard: SignalZellUSBKeyboardControl, operation_type:[125], "
+            "stop_action:[0], speed:[0], select index:[7], ptz "
+            "mode:[0][ZellUSBKeyboardControlManager.cpp",
+            "USBJoystick: InputEvent first param:[1305], second "
+            "param:[3][USBJoystickControlManager.cpp",
+            "USBJoystick: SignalUSBJostickControl, operation_type:[100], stop_action:[0], "
+            "speed:[3], wnd control mode:[1][USBJoystickControlManager.cpp",
+            "USBJoystick: InputEvent first param:[9], second "
+            "param:[0][USBJoystickControlManager.cpp",
+        };
+        QCOMPARE(lines, expected);
+    }
+
+    void portsOpenOnceEach()
+    {
+        QVERIFY(!Start(Com(5)));
+        QVERIFY(Coordinator()->OpenPCSerial(Com(1)));
+        QVERIFY(!Coordinator()->OpenPCSerial(Com(1)));
+        QVERIFY(!Coordinator()->OpenPCSerial(Com(0))); // leaves the open one alone
+        QVERIFY(Coordinator()->OpenPCSerial(Com(4)));
+        driver_->opens = false;
+        QVERIFY(!Coordinator()->OpenPCSerial(Com(2)));
+        QVERIFY(Coordinator()->ClosePCSerial());
+        driver_->opens = true;
+        QVERIFY(Coordinator()->OpenPCSerial(Com(2)));
+        QVERIFY(Coordinator()->UnInitKeyBoard());
+        QVERIFY(Coordinator()->UnInitKeyBoard());
+
+        const QStringList expected = {"init",
+                                      "open 1000 COM1 9600 8 1 0 0",
+                                      "close 1000",
+                                      "open 1000 COM4 9600 8 1 0 0",
+                                      "close 1000",
+                                      "open 1000 COM2 9600 8 1 0 0",
+                                      "open 1000 COM2 9600 8 1 0 0",
+                                      "close 1000",
+                                      "uninit"};
+        QCOMPARE(driver_->calls, expected);
+    }
+
+    void libraryThatDoesNotStartIsNotTriedAgain()
+    {
+        driver_->starts = false;
+        QVERIFY(!Start());
+        QVERIFY(Start());
+        QCOMPARE(driver_->calls, QStringList{"init"});
+    }
+
+    void keyboardsAreIgnoredUntilTheLibraryRuns()
+    {
+        CZellSerialKeyboardControlManager::Instance()->InputEvent(3021, 3);
+        CZellUSBKeyboardControlManager::Instance()->InputEvent(5201, 3, 0, nullptr);
+        QVERIFY(guard_.LogLines().isEmpty());
         QSignalSpy spy(Coordinator(),
                        &CJoystickKeyboardControlManager::SignalJoystickKeyboardControl);
-        driver_->Fire();
-        QTRY_VERIFY(!spy.isEmpty());
-        if (round % 2)
-            QVERIFY(Coordinator()->UnInitKeyBoard());
-        CJoystickKeyboardControlManager::DeleteInstance();
-        CJoystickKeyboardControlManager::CreateInstance();
+
+        CUSBJoystickControlManager::Instance()->InputEvent(1305, 3, nullptr); // joysticks work
+        CUSBJoystickControlManager::Instance()->InputEvent(1304, 3, nullptr); // but for buttons
+
+        QCOMPARE(spy.count(), 1);
     }
-}
 
-// SDL's virtual joystick and a pseudo-terminal, through the default driver.
-void tst_devices::realDevicesReachTheSignals()
-{
-    KeyBoard_SetDriver(nullptr);
-    CPseudoTerminal terminal;
-    KeyBoard_SetSerialPorts({terminal.Path()});
-    auto *const joystick = CUSBJoystickControlManager::Instance();
-    QStringList lines;
-    connect(Coordinator(), &CJoystickKeyboardControlManager::SignalJoystickKeyboardControl, this,
-            [&lines](Operation operation, bool is_stop, int speed, int index) {
-                lines << QString("%1 %2 %3 %4").arg(operation).arg(is_stop).arg(speed).arg(index);
-            });
-    QVERIFY(Start());
-    const int device = SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_GAMECONTROLLER, 3, 4, 0);
-    QVERIFY2(device >= 0, SDL_GetError());
-    QTRY_COMPARE(joystick->ConnetZellUSBJoystickType(), KeyboradData::kUsbJoystick);
-    SDL_Joystick *const stick = SDL_JoystickOpen(device);
-    QVERIFY(stick);
-
-    // A sweep to and fro that comes to rest: whatever was skipped, its last state arrives.
-    SDL_JoystickSetVirtualButton(stick, 2, SDL_PRESSED);
-    QTRY_COMPARE(lines, QStringList{"509 0 0 -1"});
-    SDL_JoystickSetVirtualButton(stick, 2, SDL_RELEASED);
-    QTRY_COMPARE(lines.constLast(), QString("509 1 0 -1"));
-    for (int angle = 0; angle <= 1000; ++angle) {
-        SDL_JoystickSetVirtualAxis(stick, 0, Sint16(angle * 32));
-        SDL_JoystickSetVirtualAxis(stick, 1, Sint16(-angle % 100));
+    void otherEventsOfTheSameTypeAreLeftAlone()
+    {
+        QSignalSpy spy(Coordinator(),
+                       &CJoystickKeyboardControlManager::SignalJoystickKeyboardControl);
+        CUpdateEvent stranger;
+        QCoreApplication::sendEvent(Coordinator(), &stranger);
+        CJoystickKeyboardEvent none;
+        QCOMPARE(none.GetFirstParam(), 0xFFFFFFFF);
+        QCoreApplication::sendEvent(Coordinator(), &none);
+        CJoystickKeyboardEvent event(kJoystick, 1305, 3, 0, "one", "two");
+        const CJoystickKeyboardEvent copy(event);
+        QCOMPARE(copy.GetText2(), QString("two"));
+        QCoreApplication::sendEvent(Coordinator(), &event);
+        QCOMPARE(spy.count(), 1);
     }
-    QTRY_COMPARE(lines.constLast().left(5), QString("103 0"));
-    SDL_JoystickSetVirtualAxis(stick, 0, 0);
-    QTRY_COMPARE(lines.constLast(), QString("103 1 0 -1"));
-    SDL_JoystickSetVirtualAxis(stick, 1, 32767);
-    QTRY_COMPARE(lines.constLast(), QString("101 0 63 -1"));
 
-    SDL_JoystickClose(stick);
-    QCOMPARE(SDL_JoystickDetachVirtual(device), 0);
-    QTRY_COMPARE(joystick->ConnetZellUSBJoystickType(), KeyboradData::kDisconnected);
-    QCOMPARE(lines.constLast(), QString("101 1 0 -1"));
+    void deletingWhileTheDeviceFiresIsClean()
+    {
+        for (int round = 0; round < 20; ++round) {
+            QVERIFY(Start());
+            QSignalSpy spy(Coordinator(),
+                           &CJoystickKeyboardControlManager::SignalJoystickKeyboardControl);
+            driver_->Fire();
+            QTRY_VERIFY(!spy.isEmpty());
+            if (round % 2)
+                QVERIFY(Coordinator()->UnInitKeyBoard());
+            CJoystickKeyboardControlManager::DeleteInstance();
+            CJoystickKeyboardControlManager::CreateInstance();
+        }
+    }
 
-    terminal.Write(QByteArray::fromHex("ff010008000912ff010000000001"));
-    QTRY_COMPARE(lines.constLast(), QString("100 1 0 0"));
-    QVERIFY(Coordinator()->ClosePCSerial()); // before the terminal goes
-    KeyBoard_SetSerialPorts({});
-}
+    void listenerOfDisplaysWithoutAGuiApplicationIsLogged()
+    {
+        guard_.AnnounceLogLines();
+        QVERIFY(!Nim::Base::MonitorDriveUtil::SetDeviceChangeCallBack(true, nullptr, nullptr));
+        QVERIFY(guard_.LogLines().constLast().contains("no QGuiApplication yet"));
+    }
+
+    // SDL's virtual joystick and a pseudo-terminal, through the default driver.
+    void realDevicesReachTheSignals()
+    {
+        KeyBoard_SetDriver(nullptr);
+        CPseudoTerminal terminal;
+        KeyBoard_SetSerialPorts({terminal.Path()});
+        auto *const joystick = CUSBJoystickControlManager::Instance();
+        QStringList lines;
+        connect(Coordinator(), &CJoystickKeyboardControlManager::SignalJoystickKeyboardControl,
+                this, [&lines](Operation operation, bool is_stop, int speed) {
+                    lines << QString("%1 %2 %3").arg(operation).arg(is_stop).arg(speed);
+                });
+        QVERIFY(Start());
+        {
+            const CVirtualStick stick(SDL_JOYSTICK_TYPE_UNKNOWN, 3, 4, 0);
+            QVERIFY2(stick.IsOpen(), SDL_GetError());
+            QTRY_COMPARE(joystick->ConnetZellUSBJoystickType(), KeyboradData::kUsbJoystick);
+            stick.SetButton(2, true);
+            QTRY_COMPARE(lines, QStringList{"509 0 0"});
+            stick.SetButton(2, false);
+            QTRY_COMPARE(lines.constLast(), QString("509 1 0"));
+            stick.SetAxis(1, 32767);
+            QTRY_COMPARE(lines.constLast(), QString("101 0 63"));
+        }
+        QTRY_COMPARE(joystick->ConnetZellUSBJoystickType(), KeyboradData::kDisconnected);
+        QCOMPARE(lines.constLast(), QString("101 1 0"));
+
+        terminal.Write(QByteArray::fromHex("ff010008000912ff010000000001"));
+        QTRY_COMPARE(lines.constLast(), QString("100 1 0"));
+        QVERIFY(Coordinator()->ClosePCSerial()); // before the terminal goes
+        KeyBoard_SetSerialPorts({});
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_devices)
 #include "tst_devices.moc"

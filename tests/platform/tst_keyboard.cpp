@@ -1,319 +1,517 @@
 // SPDX-License-Identifier: MIT
-// The default driver on real parts: SDL's virtual joystick and a pseudo-terminal.
+// The default driver on real parts: SDL's virtual joysticks and a pseudo-terminal.
 #include "support/PseudoTerminal.h"
-#include "support/TestGuard.h"
+#include "support/Test.h"
+#include "support/VirtualStick.h"
 
 #include <KeyBoard/JoystickMotion.h>
 #include <KeyBoard/KeyBoard.h>
 #include <KeyBoard/PelcoD.h>
 
-#include <SDL.h>
-
 #include <QtCore/QFile>
 #include <QtCore/QMutex>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
+#include <QtCore/QProcess>
 
 #include <random>
 
+using KeyBoard::CStickAxis;
+using KeyBoard::CStickMotion;
+using KeyBoard::EncodePelco;
+using KeyBoard::PelcoFrame;
+
 namespace {
+
+// Waits for these codes, and forgets them.
+#define EXPECT_CODES(...)                                                                          \
+    do {                                                                                           \
+        QTRY_COMPARE(codes.Lines(), __VA_ARGS__);                                                  \
+        codes.Take();                                                                              \
+    } while (false)
 
 constexpr quint32 kSerialId = 1000;
 constexpr KeyBoardSerialParam kPort{"COM1", 9600, 8, 1, 0, 0};
 
-// What the driver told, as "type code value".
+// Collects what the driver's threads report.
 class CInbox
 {
 public:
-    static int Take(quint32 type, quint32 code, quint32 value, quint32, const char *, const char *,
-                    void *inbox)
+    void Add(const QString &line)
     {
-        auto *const self = static_cast<CInbox *>(inbox);
-        const QMutexLocker lock(&self->mutex_);
-        self->lines_ << QString("%1 %2 %3").arg(type).arg(code).arg(value);
-        return 0;
+        const QMutexLocker lock(&mutex_);
+        lines_ << line;
     }
-
+    QStringList Take()
+    {
+        const QMutexLocker lock(&mutex_);
+        return std::exchange(lines_, {});
+    }
     QStringList Lines() const
     {
         const QMutexLocker lock(&mutex_);
         return lines_;
     }
 
-    void Clear()
-    {
-        const QMutexLocker lock(&mutex_);
-        lines_.clear();
-    }
-
 private:
     mutable QMutex mutex_;
-    QStringList lines_; // written by the driver's thread
+    QStringList lines_;
 };
+
+CInbox codes; // "code value"
+CInbox news;  // "kind reason"
+
+int TakeCode(quint32, quint32 code, quint32 value, quint32, const char *, const char *, void *)
+{
+    codes.Add(QString("%1 %2").arg(code).arg(value));
+    return 0;
+}
 
 QByteArray Frame(quint8 command1, quint8 command2, quint8 data1, quint8 data2)
 {
-    const quint8 address = 1;
-    const auto sum = quint8(address + command1 + command2 + data1 + data2);
-    const quint8 bytes[] = {0xFF, address, command1, command2, data1, data2, sum};
-    return {reinterpret_cast<const char *>(bytes), int(sizeof bytes)};
+    return EncodePelco({1, command1, command2, data1, data2});
 }
 
-QString CodeOf(quint8 command1, quint8 command2, quint8 data1, quint8 data2)
+// What a stick sends when it goes through these deflections, a poll each.
+QStringList Codes(const QVector<std::array<int, 3>> &polls)
 {
-    const auto code = KeyBoard::TranslatePelco({1, command1, command2, data1, data2});
-    return QString("%1 %2").arg(code.code).arg(code.value);
+    CStickMotion motion;
+    QStringList sent;
+    KeyBoard::JoystickMotion last;
+    for (const auto &[right, down, zoom] : polls) {
+        const auto now = motion.Take(right, down, zoom);
+        if (!(now == last))
+            sent << QString("%1 %2").arg(now.code).arg(now.speed);
+        last = now;
+    }
+    return sent;
 }
+
+struct FrameRow
+{
+    const char *name;
+    PelcoFrame frame;
+    const char *code;
+};
+
+struct CommandRow
+{
+    const char *name;
+    int operation, speed, index;
+    const char *bytes; // empty: the protocol has no such command
+    const char *code;  // that a keyboard's frame of these bytes has
+};
+
+struct MotionRow
+{
+    const char *name;
+    int right, down, zoom;
+    const char *code;
+};
+
+struct StickRow
+{
+    const char *name;
+    SDL_JoystickType type;
+    int axes, hats;
+    int third_axis;           // where it rests
+    std::array<int, 2> moved; // an axis and its value; axis -1 is the hat
+    const char *code;
+};
 
 } // namespace
 
-class tst_keyboard : public QObject
+class tst_keyboard : public CGuardedTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
+    void SetUp() override
     {
-        guard_.Begin();
-        inbox_.Clear();
+        codes.Take();
+        news.Take();
+        KeyBoard_SetPortListener([](const KeyBoardPortNews &what) {
+            news.Add(QString("%1 %2").arg(what.kind).arg(what.reason).trimmed());
+        });
     }
-
-    void cleanup()
+    void TearDown() override
     {
         KeyBoard_Uninit();
         KeyBoard_SetSerialPorts({});
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+        KeyBoard_SetPortListener({});
+        SDL_Quit();
     }
 
-    void framesBecomeCodes_data();
-    void framesBecomeCodes();
-    void readerFindsEveryWholeFrameInNoise();
-    void stickMovesInEightDirectionsBeyondTheDeadZone_data();
-    void stickMovesInEightDirectionsBeyondTheDeadZone();
-    void serialKeyboardIsHeardInWholeAndHalfFrames();
-    void portThatDisappearsIsFoundAgain();
-    void portsThatCannotBeOpenedAreRefused();
-    void joystickIsFoundMovedPressedAndLost();
-    void libraryRunsOnceAndEndsCleanly();
+    bool Start() { return KeyBoard_Init(&TakeCode, nullptr); }
 
-private:
-    CTestGuard guard_;
-    CInbox inbox_;
-};
-
-void tst_keyboard::framesBecomeCodes_data()
-{
-    QTest::addColumn<QList<int>>("frame");
-    QTest::addColumn<QString>("expected");
-    const auto add = [](const char *name, const QList<int> &frame, const char *expected) {
-        QTest::newRow(name) << frame << QString(expected);
-    };
-    add("stop", {0, 0, 0, 0}, "3030 0");
-    add("up", {0, 0x08, 0, 63}, "3021 63");
-    add("down", {0, 0x10, 0, 1}, "3022 1");
-    add("left", {0, 0x04, 17, 0}, "3023 17");
-    add("right", {0, 0x02, 255, 0}, "3024 255");
-    add("up and right, panning faster", {0, 0x0A, 20, 10}, "3024 20");
-    add("up and right, tilting faster", {0, 0x0A, 10, 20}, "3021 20");
-    add("down and left, as fast", {0, 0x14, 9, 9}, "3023 9");
-    add("zoom in", {0, 0x20, 0, 0}, "3011 0");
-    add("zoom out", {0, 0x40, 0, 0}, "3012 0");
-    add("focus near", {0x01, 0, 0, 0}, "3013 0");
-    add("focus far", {0, 0x80, 0, 0}, "3014 0");
-    add("iris open", {0x02, 0, 0, 0}, "3015 0");
-    add("iris close", {0x04, 0, 0, 0}, "3016 0");
-    add("set preset 7", {0, 0x03, 0, 7}, "2001 7");
-    add("clear preset 7", {0, 0x05, 0, 7}, "2002 7");
-    add("call preset 7", {0, 0x07, 0, 7}, "3050 7");
-    add("auxiliary 1", {0, 0x09, 0, 1}, "3052 0");
-    add("auxiliary 2", {0, 0x09, 0, 2}, "3002 0");
-    add("auxiliary 3", {0, 0x09, 0, 3}, "3003 0");
-    add("auxiliary 4", {0, 0x09, 0, 4}, "3029 0");
-    add("auxiliary 5 is unknown", {0, 0x09, 0, 5}, "0 0");
-    add("an extended command that is unknown", {0, 0x1F, 0, 1}, "0 0");
-    add("camera on, which no key stands for", {0x88, 0, 0, 0}, "0 0");
-}
-
-void tst_keyboard::framesBecomeCodes()
-{
-    QFETCH(const QList<int>, frame);
-    QTEST(
-        CodeOf(quint8(frame.at(0)), quint8(frame.at(1)), quint8(frame.at(2)), quint8(frame.at(3))),
-        "expected");
-}
-
-void tst_keyboard::readerFindsEveryWholeFrameInNoise()
-{
-    std::mt19937 random(1);
-    KeyBoard::CPelcoReader reader;
-    QList<int> sent;
-    QList<int> seen;
-    QByteArray stream;
-    for (int i = 0; i < 3000; ++i) {
-        // Noise holds no sync byte. Half frames do, of three bytes at least: less may make a sum
-        // right with what follows.
-        for (unsigned length = random() % 4; length > 0; --length)
-            stream += char(random() % 255);
-        const auto speed = quint8(random() % 64);
-        const QByteArray frame = Frame(0, 0x08, quint8(i % 64), speed);
-        if (random() % 3 == 0)
-            stream += frame.left(3 + int(random() % 4));
-        stream += frame;
-        sent << i % 64 * 64 + speed;
-    }
-    while (!stream.isEmpty()) {
-        const int length = 1 + int(random() % 20);
-        reader.Read(stream.left(length), [&seen](const KeyBoard::PelcoFrame &frame) {
-            seen << frame.data1 * 64 + frame.data2;
+private Q_SLOTS:
+    void framesBecomeCodes_data()
+    {
+        AddRows<FrameRow>({
+            {"stop", {1, 0, 0, 0, 0}, "3030 0"},
+            {"up", {1, 0, 0x08, 0, 63}, "3021 63"},
+            {"down", {1, 0, 0x10, 0, 1}, "3022 1"},
+            {"left", {1, 0, 0x04, 17, 0}, "3023 17"},
+            {"right", {1, 0, 0x02, 255, 0}, "3024 255"},
+            {"up and right, panning faster", {1, 0, 0x0A, 20, 10}, "3024 20"},
+            {"up and right, tilting faster", {1, 0, 0x0A, 10, 20}, "3021 20"},
+            {"down and left, as fast", {1, 0, 0x14, 9, 9}, "3023 9"},
+            {"set preset 7", {1, 0, 0x03, 0, 7}, "2001 7"},
+            {"clear preset 7", {1, 0, 0x05, 0, 7}, "2002 7"},
+            {"auxiliary 1", {1, 0, 0x09, 0, 1}, "3052 0"},
+            {"auxiliary 2", {1, 0, 0x09, 0, 2}, "3002 0"},
+            {"auxiliary 3", {1, 0, 0x09, 0, 3}, "3003 0"},
+            {"auxiliary 4", {1, 0, 0x09, 0, 4}, "3029 0"},
+            {"auxiliary 5 is unknown", {1, 0, 0x09, 0, 5}, "0 0"},
+            {"an extended command that is unknown", {1, 0, 0x1F, 0, 1}, "0 0"},
+            {"camera on, which no key means", {1, 0x88, 0, 0, 0}, "0 0"},
         });
-        stream.remove(0, length);
     }
-    QCOMPARE(seen, sent);
-}
+    void framesBecomeCodes()
+    {
+        const auto &row = FetchRow<FrameRow>();
+        const auto code = KeyBoard::TranslatePelco(row.frame);
+        QCOMPARE(QString("%1 %2").arg(code.code).arg(code.value), QString(row.code));
+    }
 
-void tst_keyboard::stickMovesInEightDirectionsBeyondTheDeadZone_data()
-{
-    QTest::addColumn<int>("x");
-    QTest::addColumn<int>("y");
-    QTest::addColumn<int>("zoom");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<int>("speed");
-    QTest::newRow("at rest") << 0 << 0 << 0 << 0 << 0;
-    QTest::newRow("just in the dead zone") << 8192 << 0 << 8192 << 0 << 0;
-    QTest::newRow("just beyond it") << 8193 << 0 << 0 << 1308 << 1;
-    QTest::newRow("up") << 0 << -32768 << 0 << 1305 << 63;
-    QTest::newRow("down") << 0 << 32767 << 0 << 1306 << 63;
-    QTest::newRow("left") << -32768 << 100 << 0 << 1307 << 63;
-    QTest::newRow("right, halfway") << 20480 << 0 << 0 << 1308 << 32;
-    QTest::newRow("down right") << 32767 << 32767 << 0 << 1309 << 63;
-    QTest::newRow("up left") << -20000 << -20000 << 0 << 1310 << 52;
-    QTest::newRow("down left") << -20000 << 20000 << 0 << 1311 << 52;
-    QTest::newRow("up right") << 20000 << -20000 << 0 << 1312 << 52;
-    QTest::newRow("zoom in") << 0 << 0 << 32767 << 1314 << 0;
-    QTest::newRow("zoom out") << 0 << 0 << -32768 << 1315 << 0;
-    QTest::newRow("a move goes before zoom") << 0 << -32768 << 32767 << 1305 << 63;
-}
+    // The bytes are those of the protocol's published examples, for camera 1.
+    void operationsBecomeFrames_data()
+    {
+        AddRows<CommandRow>({
+            {"up", 100, 63, 0, "ff010008003f48", "3021 63"},
+            {"down, too fast", 101, 200, 0, "ff010010003f50", "3022 63"},
+            {"left", 102, 32, 0, "ff010004200025", "3023 32"},
+            {"right", 103, 32, 0, "ff010002200023", "3024 32"},
+            {"up and left", 106, 9, 0, "ff01000c09091f", "3023 9"},
+            {"up and right", 107, 9, 0, "ff01000a09091d", "3024 9"},
+            {"down and left", 108, 9, 0, "ff010014090927", "3023 9"},
+            {"down and right, backwards", 109, -1, 0, "ff010012000013", "3024 0"},
+            {"zoom in", 104, 9, 0, "ff010020000021", "3011 0"},
+            {"zoom out", 105, 0, 0, "ff010040000041", "3012 0"},
+            {"focus near", 112, 0, 0, "ff010100000002", "3013 0"},
+            {"focus far", 113, 0, 0, "ff010080000081", "3014 0"},
+            {"iris open", 114, 0, 0, "ff010200000003", "3015 0"},
+            {"iris close", 115, 0, 0, "ff010400000005", "3016 0"},
+            {"preset 255", 200, 0, 255, "ff01000700ff07", "3050 255"},
+            {"no preset 0", 200, 0, 0, "", ""},
+            {"no preset 256", 200, 0, 256, "", ""},
+            {"a selection of windows", 124, 0, 1, "", ""},
+        });
+    }
+    void operationsBecomeFrames()
+    {
+        const auto &row = FetchRow<CommandRow>();
+        const auto frame = KeyBoard::PelcoCommand(1, row.operation, row.speed, row.index);
+        QCOMPARE(frame ? EncodePelco(*frame).toHex() : QByteArray(), QByteArray(row.bytes));
+        if (frame) {
+            const auto code = KeyBoard::TranslatePelco(*frame);
+            QCOMPARE(QString("%1 %2").arg(code.code).arg(code.value), QString(row.code));
+        }
+        QCOMPARE(EncodePelco(KeyBoard::PelcoStop(0xFE)).toHex(), QByteArray("fffe00000000fe"));
+    }
 
-void tst_keyboard::stickMovesInEightDirectionsBeyondTheDeadZone()
-{
-    QFETCH(const int, x);
-    QFETCH(const int, y);
-    QFETCH(const int, zoom);
-    const KeyBoard::JoystickMotion motion = KeyBoard::MotionOf(x, y, zoom);
-    QTEST(int(motion.code), "code");
-    QTEST(int(motion.speed), "speed");
-}
+    void readerFindsEveryWholeFrameInNoise()
+    {
+        std::mt19937 random(1);
+        KeyBoard::CPelcoReader reader;
+        QList<int> sent;
+        QList<int> seen;
+        QByteArray stream;
+        for (int i = 0; i < 3000; ++i) {
+            // Noise holds no sync byte. Half frames do, of three bytes at least: less may make a
+            // sum right with the bytes that follow.
+            for (unsigned length = random() % 4; length > 0; --length)
+                stream += char(random() % 255);
+            const auto speed = quint8(random() % 64);
+            const QByteArray frame = Frame(0, 0x08, quint8(i % 64), speed);
+            if (random() % 3 == 0)
+                stream += frame.left(3 + int(random() % 4));
+            stream += frame;
+            sent << i % 64 * 64 + speed;
+        }
+        while (!stream.isEmpty()) {
+            const int length = 1 + int(random() % 20);
+            reader.Read(stream.left(length), [&seen](const PelcoFrame &frame) {
+                seen << frame.data1 * 64 + frame.data2;
+            });
+            stream.remove(0, length);
+        }
+        QCOMPARE(seen, sent);
+    }
 
-void tst_keyboard::serialKeyboardIsHeardInWholeAndHalfFrames()
-{
-    CPseudoTerminal terminal;
-    QVERIFY(terminal.IsOpen());
-    KeyBoard_SetSerialPorts({terminal.Path()});
-    QVERIFY(KeyBoard_Init(&CInbox::Take, &inbox_));
-    QVERIFY(KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort));
+    void stickMovesInEightDirectionsBeyondTheDeadZone_data()
+    {
+        AddRows<MotionRow>({
+            {"just in the dead zone", 8192, 0, 8192, ""},
+            {"just beyond it", 8193, 0, 0, "1308 1"},
+            {"on the diagonal, the zone is round", 5800, 5800, 0, "1309 1"},
+            {"up", 0, -32767, 0, "1305 63"},
+            {"down", 0, 32767, 0, "1306 63"},
+            {"left", -32767, 100, 0, "1307 63"},
+            {"right, halfway", 20480, 0, 0, "1308 22"},
+            {"the deflection of a hat", 23836, 0, 0, "1308 32"},
+            {"down right", 32767, 32767, 0, "1309 63"},
+            {"up left", -20000, -20000, 0, "1310 47"},
+            {"down left", -20000, 20000, 0, "1311 47"},
+            {"up right", 20000, -20000, 0, "1312 47"},
+            {"zoom in", 0, 0, 32767, "1314 0"},
+            {"zoom out", 0, 0, -32767, "1315 0"},
+            {"a move goes before zoom", 0, -32767, 32767, "1305 63"},
+        });
+    }
+    void stickMovesInEightDirectionsBeyondTheDeadZone()
+    {
+        const auto &row = FetchRow<MotionRow>();
+        const std::array<int, 3> held{row.right, row.down, row.zoom};
+        QCOMPARE(Codes({held, held}).join(';'), QString(row.code));
+    }
 
-    terminal.Write(Frame(0, 0x08, 0, 9) + "noise" + Frame(0, 0, 0, 0).left(3));
-    QTRY_COMPARE(inbox_.Lines(), QStringList{"1000 3021 9"});
-    terminal.Write(Frame(0, 0, 0, 0).mid(3));
-    QTRY_COMPARE(inbox_.Lines(), QStringList({"1000 3021 9", "1000 3030 0"}));
+    // Half a percent of noise, as a worn stick has it.
+    void noiseAtABorderChangesNothing_data()
+    {
+        AddRows<MotionRow>({
+            {"edge of rest", 8192, 0, 0, "1308 1"},
+            {"between two directions", 20000, 8284, 0, ""},
+            {"between two speeds", 30000, 0, 0, ""},
+            {"edge of zoom", 0, 0, 8192, "1314 0"},
+        });
+    }
+    void noiseAtABorderChangesNothing()
+    {
+        const auto &row = FetchRow<MotionRow>();
+        std::mt19937 random(1);
+        const auto noisy = [&](int value) { return value ? value + int(random() % 329) - 164 : 0; };
+        QVector<std::array<int, 3>> polls;
+        for (int poll = 0; poll < 1000; ++poll)
+            polls << std::array<int, 3>{noisy(row.right), noisy(row.down), noisy(row.zoom)};
+        polls << std::array<int, 3>{};
+        const QStringList sent = Codes(polls);
+        QVERIFY2(sent.size() == 2, qPrintable(sent.join(';')));
+        QCOMPARE(sent.constLast(), QString("0 0"));
+    }
 
-    inbox_.Clear();
-    const int count = 5000;
-    for (int i = 0; i < count; ++i)
-        terminal.Write(Frame(0, i % 2 ? 0x08 : 0x10, 0, quint8(i % 63 + 1)));
-    QTRY_COMPARE_WITH_TIMEOUT(inbox_.Lines().size(), count, 60000);
-    for (int i = 0; i < count; ++i)
-        QCOMPARE(inbox_.Lines().at(i),
-                 QString("1000 %1 %2").arg(i % 2 ? 3021 : 3022).arg(i % 63 + 1));
+    void diagonalThatIsLetGoEndsAtOnce()
+    {
+        QCOMPARE(Codes({{-32767, -32767, 0}, {-32767, -32767, 0}, {0, -32767, 0}, {0, 0, 0}}),
+                 QStringList({"1310 63", "0 0"}));
+    }
 
-    QVERIFY(KeyBoard_CloseSerialKeyBoard(kSerialId));
-    QVERIFY(!KeyBoard_CloseSerialKeyBoard(kSerialId));
-}
+    void axisCountsOnceItWasSeenAtRest()
+    {
+        CStickAxis held(CStickAxis::Kind::kDirection, 30000);
+        QCOMPARE(held.Deflection(30000, 0), 0);
+        QCOMPARE(held.Deflection(0, 0), 0);
+        QCOMPARE(held.Deflection(-32768, 0), -32767);
+        CStickAxis trigger(CStickAxis::Kind::kTrigger,
+                           16384); // SDL's value before the first report
+        QCOMPARE(trigger.Deflection(16384, 0), 0);
+        QCOMPARE(trigger.Deflection(0, 0), 0);
+        QCOMPARE(trigger.Deflection(32767, 0), 32767);
+        CStickAxis crooked(CStickAxis::Kind::kDirection, 2000);
+        QCOMPARE(crooked.Deflection(2000, 0), 0);
+        QCOMPARE(crooked.Deflection(32767, 0), 32767);
+        QCOMPARE(crooked.Deflection(-32768, 0), -32767);
+    }
 
-void tst_keyboard::portThatDisappearsIsFoundAgain()
-{
-    guard_.AnnounceLogLines();
-    auto terminal = std::make_unique<CPseudoTerminal>();
-    QTemporaryDir folder;
-    const QString link = folder.filePath("tty");
-    QVERIFY(QFile::link(terminal->Path(), link));
-    KeyBoard_SetSerialPorts({link});
-    QVERIFY(KeyBoard_Init(&CInbox::Take, &inbox_));
-    QVERIFY(KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort));
-    terminal->Write(Frame(0, 0x04, 7, 0) + Frame(0, 0x07, 0, 2) + Frame(0, 0x08, 0, 9).left(4));
-    QTRY_COMPARE(inbox_.Lines(), QStringList({"1000 3023 7", "1000 3050 2"}));
+    void leverIsNoTwist()
+    {
+        CStickAxis parked(CStickAxis::Kind::kTwist, 20000);
+        for (const int place : {20000, 0, -32768})
+            QCOMPARE(parked.Deflection(place, 0), 0);
+        CStickAxis centred(CStickAxis::Kind::kTwist, 0);
+        QCOMPARE(centred.Deflection(20000, 1000), 20000);
+        QCOMPARE(centred.Deflection(20200, 10999), 20200);
+        QCOMPARE(centred.Deflection(20000, 11000), 0); // it stays where it was left
+        QCOMPARE(centred.Deflection(0, 12000), 0);
+        QCOMPARE(centred.Deflection(-20000, 12010), -20000);
+    }
 
-    terminal.reset();
-    QTRY_VERIFY(guard_.LogLines().join('\n').contains("Lost"));
-    QTRY_COMPARE(inbox_.Lines().constLast(), QString("1000 3030 0")); // the move ends with the port
-    CPseudoTerminal next;
-    QVERIFY(QFile::remove(link) && QFile::link(next.Path(), link));
-    const auto is_heard = [&] {
+    void serialKeyboardIsHeardInWholeAndHalfFrames()
+    {
+        CPseudoTerminal terminal;
+        QVERIFY(terminal.IsOpen());
+        KeyBoard_SetSerialPorts({terminal.Path()});
+        QVERIFY(Start());
+        QVERIFY(KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort));
+
+        terminal.Write(Frame(0, 0x08, 0, 9) + "noise" + Frame(0, 0, 0, 0).left(3));
+        QTRY_COMPARE(codes.Lines(), QStringList{"3021 9"});
+        terminal.Write(Frame(0, 0, 0, 0).mid(3));
+        EXPECT_CODES(QStringList({"3021 9", "3030 0"}));
+
+        terminal.Write(Frame(0, 0x08, 0, 9) + Frame(0, 0x08, 0, 5) + Frame(0, 0x02, 7, 0));
+        EXPECT_CODES(QStringList({"3021 9", "3021 5", "3030 0", "3024 7"}));
+
+        QStringList sent;
+        for (int i = 0; i < 5000; ++i) {
+            terminal.Write(Frame(0, 0x02, quint8(i % 63 + 1), 0));
+            sent << QString("3024 %1").arg(i % 63 + 1);
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(codes.Lines().size(), sent.size(), 60000);
+        QCOMPARE(codes.Take(), sent);
+
+        QVERIFY(KeyBoard_CloseSerialKeyBoard(kSerialId));
+        QVERIFY(!KeyBoard_CloseSerialKeyBoard(kSerialId));
+        QCOMPARE(codes.Take(), QStringList{"3030 0"});
+        QCOMPARE(news.Take(), QStringList({"0", "3"}));
+    }
+
+    void portThatDisappearsIsFoundAgain()
+    {
+        guard_.AnnounceLogLines();
+        auto terminal = std::make_unique<CPseudoTerminal>();
+        const QString link = folder_.Path("tty");
+        QVERIFY(QFile::link(terminal->Path(), link));
+        KeyBoard_SetSerialPorts({link});
+        QVERIFY(Start());
+        QVERIFY(KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort));
+        terminal->Write(Frame(0, 0x04, 7, 0) + Frame(0, 0x07, 0, 2) + Frame(0, 0x08, 0, 9).left(4));
+        EXPECT_CODES(QStringList({"3023 7", "3050 2"}));
+
+        terminal.reset();
+        QTRY_COMPARE(news.Lines().size(), 2);
+        QVERIFY2(!guard_.LogLines().join('\n').contains("ioctl"), qPrintable(news.Lines().at(1)));
+        QCOMPARE(codes.Take(), QStringList{"3030 0"}); // the move ends with the port
+        CPseudoTerminal next;
+        QVERIFY(QFile::remove(link) && QFile::link(next.Path(), link));
+        QTRY_COMPARE_WITH_TIMEOUT(news.Lines().constLast(), QString("0"), 10000);
         next.Write(Frame(0, 0x10, 0, 5));
-        return inbox_.Lines().contains("1000 3022 5");
-    };
-    QTRY_VERIFY_WITH_TIMEOUT(is_heard(), 10000);
-    QVERIFY(!inbox_.Lines().join(' ').contains("3021"));
-}
-
-void tst_keyboard::portsThatCannotBeOpenedAreRefused()
-{
-    QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort)); // nothing runs
-    guard_.AnnounceLogLines();
-    KeyBoard_SetSerialPorts({"/dev/null/none"});
-    QVERIFY(KeyBoard_Init(&CInbox::Take, &inbox_));
-    KeyBoardSerialParam second = kPort;
-    second.port_name = "COM2";
-    QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId, nullptr));
-    QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort));
-    QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId, &second));
-    QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId + 1, &kPort));
-    QVERIFY(!KeyBoard_CloseSerialKeyBoard(kSerialId));
-}
-
-void tst_keyboard::joystickIsFoundMovedPressedAndLost()
-{
-    QVERIFY(KeyBoard_Init(&CInbox::Take, &inbox_));
-    const int index = SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_GAMECONTROLLER, 3, 4, 0);
-    QVERIFY2(index >= 0, SDL_GetError());
-    QTRY_COMPARE(inbox_.Lines(), QStringList{"1002 1301 0"});
-    SDL_Joystick *const stick = SDL_JoystickOpen(index);
-    QVERIFY(stick);
-
-    inbox_.Clear();
-    SDL_JoystickSetVirtualAxis(stick, 1, -32768);
-    QTRY_COMPARE(inbox_.Lines(), QStringList{"1002 1305 63"});
-    SDL_JoystickSetVirtualAxis(stick, 1, 0);
-    SDL_JoystickSetVirtualAxis(stick, 2, 32767);
-    QTRY_COMPARE(inbox_.Lines().constLast(), QString("1002 1314 0"));
-    QCOMPARE(inbox_.Lines().at(1), QString("1002 1313 0")); // the move ended first
-
-    inbox_.Clear();
-    QStringList edges;
-    for (int i = 0; i < 40; ++i) {
-        SDL_JoystickSetVirtualButton(stick, i / 2 % 4, i % 2 ? SDL_RELEASED : SDL_PRESSED);
-        edges << QString("1002 %1 %2").arg(i % 2 ? 1303 : 1304).arg(i / 2 % 4);
-        QTRY_COMPARE(inbox_.Lines().size(), edges.size());
+        EXPECT_CODES(QStringList({"3022 5"}));
     }
-    QCOMPARE(inbox_.Lines(), edges);
 
-    inbox_.Clear();
-    SDL_JoystickClose(stick);
-    QCOMPARE(SDL_JoystickDetachVirtual(index), 0);
-    QTRY_COMPARE(inbox_.Lines(), QStringList({"1002 1313 0", "1002 1302 0"}));
-}
-
-void tst_keyboard::libraryRunsOnceAndEndsCleanly()
-{
-    QVERIFY(!KeyBoard_Init(nullptr, nullptr));
-    for (int round = 0; round < 3; ++round) {
-        QVERIFY(KeyBoard_Init(&CInbox::Take, &inbox_));
-        QVERIFY(!KeyBoard_Init(&CInbox::Take, &inbox_));
-        KeyBoard_Uninit();
-        KeyBoard_Uninit();
+    void portsThatCannotBeOpenedAreRefused()
+    {
+        QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort)); // nothing runs
+        guard_.AnnounceLogLines();
+        KeyBoard_SetSerialPorts({"/dev/null/none"});
+        QVERIFY(Start());
+        KeyBoardSerialParam second = kPort;
+        second.port_name = "COM2";
+        QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId, nullptr));
+        QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort));
+        QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId, &second));
+        QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId + 1, &kPort));
+        QVERIFY(!KeyBoard_CloseSerialKeyBoard(kSerialId));
+        QCOMPARE(news.Lines().size(), 2);
     }
-}
+
+    // Each rests, moves, and rests again: one command, one stop, and none while it rests.
+    void everyKindOfStickSteersStopsAndRests_data()
+    {
+        AddRows<StickRow>({
+            {"three-axis camera stick", SDL_JOYSTICK_TYPE_UNKNOWN, 3, 0, 0, {1, -32768}, "1305 63"},
+            {"its twist", SDL_JOYSTICK_TYPE_UNKNOWN, 3, 0, 0, {2, 32767}, "1314 0"},
+            {"pad with triggers", SDL_JOYSTICK_TYPE_GAMECONTROLLER, 6, 0, 0, {0, 32767}, "1308 63"},
+            {"its trigger", SDL_JOYSTICK_TYPE_GAMECONTROLLER, 6, 0, 0, {5, 32767}, "1314 0"},
+            {"unknown pad", SDL_JOYSTICK_TYPE_UNKNOWN, 6, 0, -32768, {0, 32767}, "1308 63"},
+            {"throttle", SDL_JOYSTICK_TYPE_THROTTLE, 3, 0, 12345, {1, 32767}, "1306 63"},
+            {"hat only", SDL_JOYSTICK_TYPE_UNKNOWN, 0, 1, 0, {-1, SDL_HAT_LEFTUP}, "1310 32"},
+        });
+    }
+    void everyKindOfStickSteersStopsAndRests()
+    {
+        const auto &row = FetchRow<StickRow>();
+        QCOMPARE(SDL_InitSubSystem(SDL_INIT_JOYSTICK), 0);
+        const CVirtualStick stick(row.type, row.axes, 0, row.hats);
+        QVERIFY2(stick.IsOpen(), SDL_GetError());
+        const int trigger = row.axes == 6 ? -32768 : 0; // the fifth and sixth axis rest there
+        const auto rest = [&] {
+            const int places[] = {0, 0, row.third_axis, 0, trigger, trigger};
+            for (int axis = 0; axis < row.axes; ++axis)
+                stick.SetAxis(axis, places[axis]);
+            stick.SetHat(SDL_HAT_CENTERED);
+        };
+        rest();
+        QVERIFY(Start());
+        EXPECT_CODES(QStringList({"1301 0"}));
+        QTest::qWait(100); // polls at rest
+
+        if (row.moved[0] < 0)
+            stick.SetHat(Uint8(row.moved[1]));
+        else
+            stick.SetAxis(row.moved[0], row.moved[1]);
+        QTRY_VERIFY(!codes.Lines().isEmpty());
+        rest();
+        QTRY_COMPARE(codes.Lines().size(), 2);
+        QTest::qWait(100);
+        QCOMPARE(codes.Take(), QStringList({row.code, "1313 0"}));
+    }
+
+    void clientThatUsesSdlTooSeesEveryEdge()
+    {
+        QCOMPARE(SDL_Init(SDL_INIT_JOYSTICK | SDL_INIT_EVENTS), 0);
+        auto stick = std::make_unique<CVirtualStick>(SDL_JOYSTICK_TYPE_UNKNOWN, 2, 4, 0);
+        QVERIFY(Start());
+        EXPECT_CODES(QStringList({"1301 0"}));
+        SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
+        QStringList edges;
+        int seen = 0;
+        for (int i = 0; i < 40; ++i) {
+            stick->SetButton(i / 2 % 4, i % 2 == 0);
+            edges << QString("%1 %2").arg(i % 2 ? 1303 : 1304).arg(i / 2 % 4);
+            SDL_PumpEvents(); // the client is faster than the library's polls
+        }
+        EXPECT_CODES(edges);
+        SDL_Event event;
+        while (SDL_PollEvent(&event))
+            seen += event.type == SDL_JOYBUTTONDOWN || event.type == SDL_JOYBUTTONUP;
+        QCOMPARE(seen, edges.size());
+
+        stick->SetAxis(0, 32767);
+        EXPECT_CODES(QStringList({"1308 63"}));
+        SDL_Quit(); // ends SDL for the library too, which starts it again
+        EXPECT_CODES(QStringList({"1313 0", "1302 0"}));
+        stick.reset();
+        QTRY_VERIFY((SDL_WasInit(SDL_INIT_JOYSTICK) & SDL_INIT_JOYSTICK) != 0);
+        const CVirtualStick next(SDL_JOYSTICK_TYPE_UNKNOWN, 2, 4, 0);
+        EXPECT_CODES(QStringList({"1301 0"}));
+    }
+
+    void firstOfTwoSticksSteersUntilItRests()
+    {
+        QVERIFY(Start());
+        auto first = std::make_unique<CVirtualStick>(SDL_JOYSTICK_TYPE_UNKNOWN, 3, 2, 0);
+        const CVirtualStick second(SDL_JOYSTICK_TYPE_UNKNOWN, 3, 2, 0);
+        EXPECT_CODES(QStringList({"1301 0", "1301 0"}));
+
+        first->SetAxis(0, 32767);
+        EXPECT_CODES(QStringList({"1308 63"}));
+        second.SetAxis(1, 32767);
+        first->SetButton(1, true);
+        EXPECT_CODES(QStringList({"1304 1"}));
+        first.reset(); // what it holds and moves ends; the other is still there
+        EXPECT_CODES(QStringList({"1303 1", "1313 0", "1306 63"}));
+        KeyBoard_Uninit();
+        QCOMPARE(codes.Take(), QStringList{"1313 0"});
+    }
+
+    void libraryRunsOnceAndEndsCleanly()
+    {
+        QVERIFY(!KeyBoard_Init(nullptr, nullptr));
+        for (int round = 0; round < 3; ++round) {
+            QVERIFY(Start());
+            QVERIFY(!Start());
+            KeyBoard_Uninit();
+            KeyBoard_Uninit();
+        }
+    }
+
+    // Each order of making, deleting and leaving; see DeviceEnds.cpp.
+    void processEnds_data()
+    {
+        QTest::addColumn<QString>("order");
+        for (const char *order : {"never uninit", "application gone", "no application", "parent",
+                                  "exit", "exit from a callback", "before the application"})
+            QTest::newRow(order) << QString(order);
+    }
+    void processEnds()
+    {
+        QFETCH(const QString, order);
+        QProcess program;
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        program.start(DEVICE_ENDS, {order});
+        const bool ends = program.waitForFinished(30000);
+        QVERIFY2(ends && program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0,
+                 program.readAll());
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_keyboard)
 #include "tst_keyboard.moc"

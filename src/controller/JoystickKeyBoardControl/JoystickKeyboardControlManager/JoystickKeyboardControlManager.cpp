@@ -3,6 +3,7 @@
 
 #include "common/ForwardEvents.h"
 #include "common/Guard.h"
+#include "controller/JoystickKeyBoardControl/ControlHost.h"
 #include "controller/JoystickKeyBoardControl/JoystickKeyboardControlManager/JoystickKeyboardEvent.h"
 #include "controller/JoystickKeyBoardControl/USBJoystickControlManager/USBJoystickControlManager.h"
 #include "controller/JoystickKeyBoardControl/ZellSerialKeyboardControlManager/ZellSerialKeyboardControlManager.h"
@@ -21,8 +22,19 @@ template class Ravel::CObjectSingleton<Vantor::CJoystickKeyboardControlManager>;
 
 namespace Vantor {
 
-struct CJoystickKeyboardControlManagerDataPtr
+struct CJoystickKeyboardControlManagerDataPtr final : CControlHost
 {
+    explicit CJoystickKeyboardControlManagerDataPtr(CJoystickKeyboardControlManager *coordinator)
+        : ptr_coordinator_(coordinator)
+    {}
+
+    [[nodiscard]] bool AlwaysSendsStops() const override { return b_stops_always_sent_; }
+    [[nodiscard]] bool BeginsWithCamera() const override { return b_camera_first_; }
+    [[nodiscard]] QWidget *TipParent() const override { return ptr_tip_parent_; }
+    void OnCommand() override { b_event_status_ = true; }
+    void OnModeSwitched() override { Q_EMIT ptr_coordinator_->SignalControlModeSwitched(); }
+
+    CJoystickKeyboardControlManager *const ptr_coordinator_;
     bool b_suspended_ = false;
     std::atomic<bool> b_initialised_{false};
     std::atomic<bool> b_event_status_{false}; // set on the GUI thread, read and cleared anywhere
@@ -32,6 +44,7 @@ struct CJoystickKeyboardControlManagerDataPtr
     CJoystickKeyboardControlManager::JoystickFunction joystick_function_ = nullptr;
     QPointer<QWidget> ptr_tip_parent_;
     bool b_stops_always_sent_ = false;
+    bool b_camera_first_ = false;
 };
 
 namespace {
@@ -80,11 +93,14 @@ int OnDeviceEvent(quint32 message_type, quint32 first_param, quint32 second_para
 } // namespace
 
 CJoystickKeyboardControlManager::CJoystickKeyboardControlManager(QObject *parent)
-    : QObject(parent), d_ptr_(std::make_unique<CJoystickKeyboardControlManagerDataPtr>())
+    : QObject(parent), d_ptr_(std::make_unique<CJoystickKeyboardControlManagerDataPtr>(this))
 {
     auto *const serial = CZellSerialKeyboardControlManager::CreateInstance(this);
     auto *const keyboard = CZellUSBKeyboardControlManager::CreateInstance(this);
     auto *const joystick = CUSBJoystickControlManager::CreateInstance(this);
+    serial->SetHost(d_ptr_.get());
+    keyboard->SetHost(d_ptr_.get());
+    joystick->SetHost(d_ptr_.get());
     // The first name is the one hosts queue by; the true ones are those of the signals.
     qRegisterMetaType<KeyboradData::KeyOperation::Type>("Vantor::KeyOperation::Type");
     qRegisterMetaType<KeyboradData::KeyOperation::Type>("KeyboradData::KeyOperation::Type");
@@ -105,7 +121,15 @@ CJoystickKeyboardControlManager::~CJoystickKeyboardControlManager()
         const std::lock_guard<std::mutex> lock(live_mutex);
         live_coordinator = nullptr;
     }
+    Retire();         // a slot of the stops below may say DeleteInstance()
     UnInitKeyBoard(); // without the lock, which a callback may be waiting for
+    // Managers that the host made itself outlive their coordinator.
+    if (auto *const serial = CZellSerialKeyboardControlManager::Instance())
+        serial->SetHost(nullptr);
+    if (auto *const keyboard = CZellUSBKeyboardControlManager::Instance())
+        keyboard->SetHost(nullptr);
+    if (auto *const joystick = CUSBJoystickControlManager::Instance())
+        joystick->SetHost(nullptr);
 }
 
 bool CJoystickKeyboardControlManager::InitKeyBoard(ResourceManager::SystemConfig::COMJoystick com,
@@ -137,6 +161,7 @@ bool CJoystickKeyboardControlManager::UnInitKeyBoard()
     d_ptr_->b_initialised_ = false;
     ClosePCSerial();
     KeyBoard_Uninit();
+    // Each may emit a stop, whose slot may delete the coordinator and with it the others.
     if (auto *const joystick = CUSBJoystickControlManager::Instance())
         joystick->UnInitUSBJoystick();
     if (auto *const keyboard = CZellUSBKeyboardControlManager::Instance())
@@ -201,6 +226,16 @@ bool CJoystickKeyboardControlManager::GetStopsAlwaysSent() const
 void CJoystickKeyboardControlManager::SetStopsAlwaysSent(bool always)
 {
     d_ptr_->b_stops_always_sent_ = always;
+}
+
+bool CJoystickKeyboardControlManager::GetCameraFirst() const
+{
+    return d_ptr_->b_camera_first_;
+}
+
+void CJoystickKeyboardControlManager::SetCameraFirst(bool camera_first)
+{
+    d_ptr_->b_camera_first_ = camera_first;
 }
 
 VANTOR_FORWARD_EVENTS(CJoystickKeyboardControlManager, QObject)

@@ -43,7 +43,7 @@ class VANTOR_EXPORT CJoystickKeyboardControlManager
     Q_OBJECT
 
 public:
-    /// Says which operation a key of the USB keyboard, or a button of the joystick, stands for.
+    /// Gives the operation of a key of the USB keyboard, or of a button of the joystick.
     using USBKeyboardFunction =
         KeyboradData::KeyOperation::Type (*)(KeyboradData::USBKeyboardOperation::KeyType key);
     using JoystickFunction =
@@ -61,7 +61,8 @@ public:
     bool InitKeyBoard(ResourceManager::SystemConfig::COMJoystick com,
                       USBKeyboardFunction usb_function, JoystickFunction joystick_function,
                       QWidget *tip_parent);
-    /// \brief Close the serial port and end the device library. \return true.
+    /// \brief Close the serial port and end the device library. With GetStopsAlwaysSent(), a move
+    /// that runs is stopped first, as it is when the instance is deleted. \return true.
     bool UnInitKeyBoard();
 
     /// \brief Open the serial keyboard at \a com, COM1 to COM4, instead of the one open now.
@@ -83,6 +84,12 @@ public:
     [[nodiscard]] bool GetStopsAlwaysSent() const;
     void SetStopsAlwaysSent(bool always);
 
+    /// \brief Whether joysticks and USB keyboards begin with the camera. False, as it is at first,
+    /// lets them begin with the choice of windows, where of each move only the first speed is sent.
+    /// Takes effect with the next InitKeyBoard().
+    [[nodiscard]] bool GetCameraFirst() const;
+    void SetCameraFirst(bool camera_first);
+
     bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -97,6 +104,9 @@ Q_SIGNALS:
     void SignalJoystickKeyboardControl(KeyboradData::KeyOperation::Type enum_operation_type,
                                        bool b_stop_action, int i_speed, int i_select_index,
                                        bool b_wnd_ctrl, bool is_from_PC);
+    /// A device was switched between windows and camera by its key; each manager's
+    /// IsWindowControl() gives the new mode.
+    void SignalControlModeSwitched();
     /// For hosts; the library never emits it.
     void SignalJoystickKeyboardControlWall(KeyboradData::KeyOperation::Type enum_operation_type,
                                            bool b_stop_action, int i_speed, int i_select_index,

@@ -12,7 +12,9 @@
 
 namespace Vantor {
 
+class CControlHost;
 class CUSBJoystickControlManager;
+struct ControlCommand;
 
 } // namespace Vantor
 
@@ -33,15 +35,19 @@ class VANTOR_EXPORT CUSBJoystickControlManager
 public:
     ~CUSBJoystickControlManager() override;
 
-    /// What the host says a button stands for.
+    /// The host's meaning of a button.
     using TranslateFunction =
         KeyboradData::KeyOperation::Type (*)(KeyboradData::JoystickOperation::KeyType key);
 
-    /// \brief Begin anew, with window control. \return true.
-    bool InitUSBJoystick();
-    /// \brief Forget what was sent last, back to window control. Events are still translated.
+    /// \brief Begin again, with window control unless the host wants the camera first.
     /// \return true.
+    bool InitUSBJoystick();
+    /// \brief Forget the last command and go back to the first mode. Where the host wants every
+    /// stop, a move that runs is stopped first. Events are still translated. \return true.
     bool UnInitUSBJoystick();
+
+    /// \brief Whether the joystick steers windows; a camera otherwise.
+    [[nodiscard]] bool IsWindowControl() const;
 
     /// \brief Whether a joystick is plugged in.
     [[nodiscard]] KeyboradData::ModUsb ConnetZellUSBJoystickType() const;
@@ -67,8 +73,10 @@ private:
     friend class Ravel::CObjectSingleton<CUSBJoystickControlManager>;
     explicit CUSBJoystickControlManager(QObject *parent);
 
+    friend class CJoystickKeyboardControlManager;
+    void SetHost(CControlHost *host);
+    void Send(const ControlCommand &command);
     void OnDevice(bool is_found);
-    void ToggleMode();
     [[nodiscard]] static KeyboradData::KeyOperation::KeyOperationMode
     GetOperationType(KeyboradData::KeyOperation::Type operation);
 

@@ -2,19 +2,14 @@
 #include "controller/JoystickKeyBoardControl/ZellSerialKeyboardControlManager/ZellSerialKeyboardControlManager.h"
 
 #include "common/ForwardEvents.h"
-#include "controller/JoystickKeyBoardControl/ControlEmit.h"
-#include "controller/JoystickKeyBoardControl/ControlTip.h"
+#include "common/LogMacro.h"
+#include "controller/JoystickKeyBoardControl/ControlFlow.h"
+
+#include <iterator>
 
 template class Ravel::CObjectSingleton<Vantor::CZellSerialKeyboardControlManager>;
 
 namespace Vantor {
-
-struct CZellSerialKeyboardControlManagerDataPtr
-{
-    bool b_enabled_ = false;
-    ControlRepeat repeat_;
-    bool b_wnd_ctrl_ = false;
-};
 
 namespace {
 
@@ -24,6 +19,7 @@ using Stop = ControlCode::Stop;
 using namespace KeyboradData::KeyOperation;
 
 constexpr char kClass[] = "Vantor::CZellSerialKeyboardControlManager";
+constexpr char kInputEvent[] = "Vantor::CZellSerialKeyboardControlManager::InputEvent";
 
 constexpr ControlCode kCodes[] = {
     {2001, Source::kRow, kSelectWindow124, 0, Second::kSelectIndex, Stop::kNever},
@@ -51,13 +47,26 @@ constexpr ControlCode kCodes[] = {
     {3060, Source::kRow, kKey118, 0, Second::kUnused, Stop::kNever},
 };
 
+constexpr ControlTable kTable{kCodes, std::size(kCodes), ControlTable::Repeats::kMovesPairAndStops};
+
 constexpr quint32 kRaisedValue = 1; // these keyboards send 1 for what cameras need 4 for
 constexpr quint32 kRaisedTo = 4;
 
 } // namespace
 
+struct CZellSerialKeyboardControlManagerDataPtr
+{
+    CZellSerialKeyboardControlManagerDataPtr(QObject *manager, CControlFlow::Send send)
+        : flow_(manager, kClass, kTable, std::move(send))
+    {}
+
+    bool b_enabled_ = false;
+    CControlFlow flow_;
+};
+
 CZellSerialKeyboardControlManager::CZellSerialKeyboardControlManager(QObject *parent)
-    : QObject(parent), d_ptr_(std::make_unique<CZellSerialKeyboardControlManagerDataPtr>())
+    : QObject(parent), d_ptr_(std::make_unique<CZellSerialKeyboardControlManagerDataPtr>(
+                           this, [this](const ControlCommand &command) { Send(command); }))
 {}
 
 CZellSerialKeyboardControlManager::~CZellSerialKeyboardControlManager() = default;
@@ -65,54 +74,52 @@ CZellSerialKeyboardControlManager::~CZellSerialKeyboardControlManager() = defaul
 bool CZellSerialKeyboardControlManager::InitZellSerialKeyboard()
 {
     d_ptr_->b_enabled_ = true;
-    d_ptr_->b_wnd_ctrl_ = false;
+    d_ptr_->flow_.Device().SetWindowControl(false);
     return true;
 }
 
 bool CZellSerialKeyboardControlManager::UnInitZellSerialKeyboard()
 {
+    if (!d_ptr_->flow_.StopAll())
+        return true;
     d_ptr_->b_enabled_ = false;
-    d_ptr_->b_wnd_ctrl_ = false;
+    d_ptr_->flow_.Device().SetWindowControl(false);
     return true;
+}
+
+bool CZellSerialKeyboardControlManager::IsWindowControl() const
+{
+    return d_ptr_->flow_.Device().IsWindowControl();
 }
 
 void CZellSerialKeyboardControlManager::InputEvent(quint32 first_param, quint32 second_param)
 {
-    static constexpr char kFunction[] = "Vantor::CZellSerialKeyboardControlManager::InputEvent";
     if (second_param == kRaisedValue)
         second_param = kRaisedTo;
     if (!d_ptr_->b_enabled_)
         return;
-    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
+    VANTOR_LOG(kInputEvent, 3, VANTOR_LOG_USER_OPERATE,
                "InputEvent first param:[%d], second param:[%d]", static_cast<int>(first_param),
                static_cast<int>(second_param));
-    const ControlCode *const code = FindCode(kCodes, first_param);
-    if (!code)
-        return;
-
-    const auto command = MakeCommand<int>(
-        *code, second_param, OperationToStop(d_ptr_->repeat_, AlwaysSendsStops()), nullptr);
-    const auto send = [this, &command] {
-        // The text names the USB keyboard's signal: log analysis takes both keyboards together.
-        VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
-                   "SignalZellUSBKeyboardControl, operation_type:[%d], stop_action:[%d], "
-                   "speed:[%d], select index:[%d], ptz mode:[%d]",
-                   command.operation, command.is_stop, command.speed, command.select_index,
-                   d_ptr_->b_wnd_ctrl_);
-        Q_EMIT SignalZellSerialKeyboardControl(command.operation, command.is_stop, command.speed,
-                                               command.select_index, d_ptr_->b_wnd_ctrl_, false);
-    };
-    EmitCommand(
-        this, kFunction, command, kSerialKeyboardRules, d_ptr_->b_wnd_ctrl_, d_ptr_->repeat_,
-        [this] { ToggleMode(); }, send);
+    d_ptr_->flow_.Take({first_param, second_param});
 }
 
-void CZellSerialKeyboardControlManager::ToggleMode()
+void CZellSerialKeyboardControlManager::Send(const ControlCommand &command)
 {
-    d_ptr_->b_wnd_ctrl_ = !d_ptr_->b_wnd_ctrl_;
-    ShowControlTip(d_ptr_->b_wnd_ctrl_ ? "USBJoystickIsCurrentjebLzucZ"
-                                       : "USBRockerIsCurrentlyDLwSBpeZ",
-                   kClass);
+    const bool is_window_control = IsWindowControl();
+    // The text names the USB keyboard's signal: log analysis takes both keyboards together.
+    VANTOR_LOG(kInputEvent, 3, VANTOR_LOG_USER_OPERATE,
+               "SignalZellUSBKeyboardControl, operation_type:[%d], stop_action:[%d], "
+               "speed:[%d], select index:[%d], ptz mode:[%d]",
+               command.operation, command.is_stop, command.speed, command.select_index,
+               is_window_control);
+    Q_EMIT SignalZellSerialKeyboardControl(command.operation, command.is_stop, command.speed,
+                                           command.select_index, is_window_control, false);
+}
+
+void CZellSerialKeyboardControlManager::SetHost(CControlHost *host)
+{
+    d_ptr_->flow_.SetHost(host);
 }
 
 VANTOR_FORWARD_EVENTS(CZellSerialKeyboardControlManager, QObject)

@@ -12,7 +12,9 @@
 
 namespace Vantor {
 
+class CControlHost;
 class CZellSerialKeyboardControlManager;
+struct ControlCommand;
 
 } // namespace Vantor
 
@@ -36,8 +38,12 @@ public:
 
     /// \brief Begin to translate, in camera mode. \return true.
     bool InitZellSerialKeyboard();
-    /// \brief Ignore what comes from now on. \return true.
+    /// \brief Ignore the keyboard from now on. Where the host wants every stop, a move that runs is
+    /// stopped first. \return true.
     bool UnInitZellSerialKeyboard();
+
+    /// \brief Whether the keyboard steers windows; a camera otherwise.
+    [[nodiscard]] bool IsWindowControl() const;
 
     /// \param first_param  the key, see docs/devices.md; one that is not there is ignored.
     /// \param second_param its value; 1 counts as 4.
@@ -56,7 +62,9 @@ private:
     friend class Ravel::CObjectSingleton<CZellSerialKeyboardControlManager>;
     explicit CZellSerialKeyboardControlManager(QObject *parent);
 
-    void ToggleMode();
+    friend class CJoystickKeyboardControlManager;
+    void SetHost(CControlHost *host);
+    void Send(const ControlCommand &command);
 
     const std::unique_ptr<CZellSerialKeyboardControlManagerDataPtr> d_ptr_;
 };

@@ -2,21 +2,18 @@
 #include "controller/JoystickKeyBoardControl/ZellUSBKeyboardControlManager/ZellUSBKeyboardControlManager.h"
 
 #include "common/ForwardEvents.h"
-#include "controller/JoystickKeyBoardControl/ControlEmit.h"
-#include "controller/JoystickKeyBoardControl/ControlTip.h"
+#include "common/Guard.h"
+#include "controller/JoystickKeyBoardControl/ControlFlow.h"
+#include "controller/JoystickKeyBoardControl/ControlHost.h"
+
+#include <QtCore/QPointer>
+
+#include <algorithm>
+#include <iterator>
 
 template class Ravel::CObjectSingleton<Vantor::CZellUSBKeyboardControlManager>;
 
 namespace Vantor {
-
-struct CZellUSBKeyboardControlManagerDataPtr
-{
-    bool b_enabled_ = false;
-    ControlRepeat repeat_;
-    bool b_wall_mode_ = false;
-    bool b_ptz_mode_ = false;
-    KeyboradData::ModUsb mod_usb_ = KeyboradData::kDisconnected;
-};
 
 namespace {
 
@@ -26,15 +23,14 @@ using Stop = ControlCode::Stop;
 using namespace KeyboradData::KeyOperation;
 
 constexpr char kClass[] = "Vantor::CZellUSBKeyboardControlManager";
+constexpr char kInputEvent[] = "Vantor::CZellUSBKeyboardControlManager::InputEvent";
 
 constexpr quint32 kDeviceFound = 5001;
 constexpr quint32 kDeviceGone = 5002;
-constexpr quint32 kSelection = 5101;
-constexpr quint32 kSecondWindow = 2; // the third parameter of a selection
 
 // The moves are not in ascending order: the keyboard counts its directions clockwise in pairs.
 constexpr ControlCode kCodes[] = {
-    {kSelection, Source::kRow, kSelectWindow124, 0, Second::kSelectIndex, Stop::kNever},
+    {5101, Source::kRowOrSecond, kSelectWindow124, 0, Second::kSelectIndex, Stop::kNever},
     {5102, Source::kKey, kNone, 10, Second::kUnused, Stop::kNever},
     {5103, Source::kKey, kNone, 11, Second::kUnused, Stop::kNever},
     {5104, Source::kKey, kNone, 12, Second::kUnused, Stop::kWhenSecondIsOne},
@@ -53,28 +49,50 @@ constexpr ControlCode kCodes[] = {
     {5211, Source::kRow, kPair105, 0, Second::kUnused, Stop::kNever},
 };
 
+constexpr ControlTable kTable{kCodes, std::size(kCodes), ControlTable::Repeats::kMoves};
+
 } // namespace
 
-CZellUSBKeyboardControlManager::CZellUSBKeyboardControlManager(QObject *parent)
-    : QObject(parent), d_ptr_(std::make_unique<CZellUSBKeyboardControlManagerDataPtr>())
+struct CZellUSBKeyboardControlManagerDataPtr
 {
-    // Hosts reach the wall mode by their own key; nothing here calls it, its slot in the class
-    // stays.
-    Q_UNUSED(&CZellUSBKeyboardControlManager::SetMode)
-}
+    CZellUSBKeyboardControlManagerDataPtr(QObject *manager, CControlFlow::Send send)
+        : flow_(manager, kClass, kTable, std::move(send))
+    {
+        flow_.Device().SetWindowControl(true);
+    }
+
+    bool b_enabled_ = false;
+    bool b_wall_mode_ = false;
+    KeyboradData::ModUsb mod_usb_ = KeyboradData::kDisconnected;
+    CControlFlow flow_;
+};
+
+CZellUSBKeyboardControlManager::CZellUSBKeyboardControlManager(QObject *parent)
+    : QObject(parent), d_ptr_(std::make_unique<CZellUSBKeyboardControlManagerDataPtr>(
+                           this, [this](const ControlCommand &command) { Send(command); }))
+{}
 
 CZellUSBKeyboardControlManager::~CZellUSBKeyboardControlManager() = default;
 
 bool CZellUSBKeyboardControlManager::InitZellUSBKeyboard()
 {
     d_ptr_->b_enabled_ = true;
+    const CControlHost *const host = d_ptr_->flow_.Host();
+    if (host && host->BeginsWithCamera())
+        d_ptr_->flow_.Device().SetWindowControl(false);
     return true;
 }
 
 bool CZellUSBKeyboardControlManager::UnInitZellUSBKeyboard()
 {
-    d_ptr_->b_enabled_ = false;
+    if (d_ptr_->flow_.StopAll())
+        d_ptr_->b_enabled_ = false;
     return true;
+}
+
+bool CZellUSBKeyboardControlManager::IsWindowControl() const
+{
+    return d_ptr_->flow_.Device().IsWindowControl();
 }
 
 KeyboradData::ModUsb CZellUSBKeyboardControlManager::ConnetZellUSBJoystickType() const
@@ -85,75 +103,67 @@ KeyboradData::ModUsb CZellUSBKeyboardControlManager::ConnetZellUSBJoystickType()
 void CZellUSBKeyboardControlManager::InputEvent(quint32 first_param, quint32 second_param,
                                                 quint32 third_param, TranslateFunction translate)
 {
-    static constexpr char kFunction[] = "Vantor::CZellUSBKeyboardControlManager::InputEvent";
     if (!d_ptr_->b_enabled_)
         return;
-    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
+    VANTOR_LOG(kInputEvent, 3, VANTOR_LOG_USER_OPERATE,
                "InputEvent first param:[%d], second param:[%d], third param:[%d]",
                static_cast<int>(first_param), static_cast<int>(second_param),
                static_cast<int>(third_param));
-    if (first_param == kDeviceFound || first_param == kDeviceGone) {
-        RunGuarded(kFunction, [&] { OnDevice(first_param == kDeviceFound); });
-        return;
-    }
-    const ControlCode *const code = FindCode(kCodes, first_param);
-    if (!code)
-        return;
-    ControlCommand command;
-    const auto to_stop = OperationToStop(d_ptr_->repeat_, AlwaysSendsStops());
-    RunGuarded(kFunction, [&] { command = MakeCommand(*code, second_param, to_stop, translate); });
-    if (first_param == kSelection && third_param == kSecondWindow)
-        command.operation = kSelectWindow125;
-    const auto send = [this, &command] {
-        VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,
-                   "SignalZellUSBKeyboardControl, operation_type:[%d], stop_action:[%d], "
-                   "speed:[%d], select index:[%d], ptz mode:[%d]",
-                   command.operation, command.is_stop, command.speed, command.select_index,
-                   d_ptr_->b_ptz_mode_);
-        Q_EMIT SignalZellUSBKeyboardControl(command.operation, command.is_stop, command.speed,
-                                            command.select_index, !d_ptr_->b_ptz_mode_, false);
-    };
-    EmitCommand(
-        this, kFunction, command, kUsbKeyboardRules, !d_ptr_->b_ptz_mode_, d_ptr_->repeat_,
-        [this] { ToggleMode(); }, send);
+    if (first_param == kDeviceFound || first_param == kDeviceGone)
+        OnDevice(first_param == kDeviceFound);
+    else
+        d_ptr_->flow_.Take({first_param, second_param, third_param}, TranslateKeys(translate));
+}
+
+void CZellUSBKeyboardControlManager::Send(const ControlCommand &command)
+{
+    const bool is_window_control = IsWindowControl();
+    VANTOR_LOG(kInputEvent, 3, VANTOR_LOG_USER_OPERATE,
+               "SignalZellUSBKeyboardControl, operation_type:[%d], stop_action:[%d], "
+               "speed:[%d], select index:[%d], ptz mode:[%d]",
+               command.operation, command.is_stop, command.speed, command.select_index,
+               !is_window_control);
+    Q_EMIT SignalZellUSBKeyboardControl(command.operation, command.is_stop, command.speed,
+                                        command.select_index, is_window_control, false);
 }
 
 void CZellUSBKeyboardControlManager::OnDevice(bool is_found)
 {
     const auto mode = is_found ? KeyboradData::kUsbKeyboard : KeyboradData::kDisconnected;
-    ShowControlTip(is_found ? "TheUSBKeyboardIsDetected" : "TheUSBKeyboardDisconnected", kClass,
-                   is_found);
+    if (!d_ptr_->flow_.ShowTip(is_found ? "TheUSBKeyboardIsDetected" : "TheUSBKeyboardDisconnected",
+                               is_found))
+        return;
     const QPointer<QObject> alive(this);
-    Q_EMIT SignalSwitchToUsbKeyboardMode(mode);
+    RunGuarded(kInputEvent, [&] { Q_EMIT SignalSwitchToUsbKeyboardMode(mode); });
     if (alive)
         d_ptr_->mod_usb_ = mode; // slots still see the state before
-}
-
-void CZellUSBKeyboardControlManager::ToggleMode()
-{
-    d_ptr_->b_ptz_mode_ = !d_ptr_->b_ptz_mode_;
-    // The other way round than the other devices, whose flag says window control.
-    ShowControlTip(d_ptr_->b_ptz_mode_ ? "USBRockerIsCurrentlyDLwSBpeZ"
-                                       : "USBJoystickIsCurrentjebLzucZ",
-                   kClass);
 }
 
 bool CZellUSBKeyboardControlManager::SetMode(quint32 first_param, quint32 second_param,
                                              TranslateFunction translate)
 {
-    const ControlCode *const code = FindCode(kCodes, first_param);
-    if (!code || code->source != Source::kKey)
+    const auto *const code =
+        std::find_if(std::begin(kCodes), std::end(kCodes),
+                     [first_param](const ControlCode &row) { return row.code == first_param; });
+    if (code == std::end(kCodes) || code->source != Source::kKey || !translate)
         return false;
-    const ControlCommand command = MakeCommand(*code, second_param, kNone, translate);
-    if (command.is_stop || command.operation != kToggleWall)
+    if (code->stop == Stop::kWhenSecondIsOne && second_param == 1)
         return false;
-    d_ptr_->b_wall_mode_ = !d_ptr_->b_wall_mode_;
-    ShowControlTip(d_ptr_->b_wall_mode_ ? "SwitchToWallModeAJryBrmWGiU"
-                                        : "SwitchToVideoModeMrVWQzLOUDm",
-                   kClass);
-    Q_EMIT SignalSwitchToUsbKeyboardMode(d_ptr_->b_wall_mode_ ? KeyboradData::kUsbKeyboardWall
-                                                              : KeyboradData::kUsbKeyboard);
+    if (translate(static_cast<KeyboradData::USBKeyboardOperation::KeyType>(code->key))
+        != kToggleWall)
+        return false;
+    const bool is_wall = !d_ptr_->b_wall_mode_;
+    d_ptr_->b_wall_mode_ = is_wall;
+    if (d_ptr_->flow_.ShowTip(is_wall ? "SwitchToWallModeAJryBrmWGiU"
+                                      : "SwitchToVideoModeMrVWQzLOUDm"))
+        Q_EMIT SignalSwitchToUsbKeyboardMode(is_wall ? KeyboradData::kUsbKeyboardWall
+                                                     : KeyboradData::kUsbKeyboard);
     return true;
+}
+
+void CZellUSBKeyboardControlManager::SetHost(CControlHost *host)
+{
+    d_ptr_->flow_.SetHost(host);
 }
 
 VANTOR_FORWARD_EVENTS(CZellUSBKeyboardControlManager, QObject)

@@ -12,7 +12,9 @@
 
 namespace Vantor {
 
+class CControlHost;
 class CZellUSBKeyboardControlManager;
+struct ControlCommand;
 
 } // namespace Vantor
 
@@ -33,14 +35,19 @@ class VANTOR_EXPORT CZellUSBKeyboardControlManager
 public:
     ~CZellUSBKeyboardControlManager() override;
 
-    /// What the host says a key stands for.
+    /// The host's meaning of a key.
     using TranslateFunction =
         KeyboradData::KeyOperation::Type (*)(KeyboradData::USBKeyboardOperation::KeyType key);
 
-    /// \brief Begin to translate. The mode stays as it was, window control at first. \return true.
+    /// \brief Begin to translate. The mode stays as it was, window control at first, unless the
+    /// host wants the camera first. \return true.
     bool InitZellUSBKeyboard();
-    /// \brief Ignore what comes from now on. \return true.
+    /// \brief Ignore the keyboard from now on. Where the host wants every stop, a move that runs is
+    /// stopped first. \return true.
     bool UnInitZellUSBKeyboard();
+
+    /// \brief Whether the keyboard steers windows; a camera otherwise.
+    [[nodiscard]] bool IsWindowControl() const;
 
     /// \brief Whether a keyboard is plugged in; the name is the one hosts know.
     [[nodiscard]] KeyboradData::ModUsb ConnetZellUSBJoystickType() const;
@@ -68,8 +75,12 @@ private:
     friend class Ravel::CObjectSingleton<CZellUSBKeyboardControlManager>;
     explicit CZellUSBKeyboardControlManager(QObject *parent);
 
+    friend class CJoystickKeyboardControlManager;
+    void SetHost(CControlHost *host);
+    void Send(const ControlCommand &command);
     void OnDevice(bool is_found);
-    void ToggleMode();
+    /// Switches the wall mode by a key that \a translate gives 701 for. No code of the keyboard
+    /// leads here: it is for a host's device library that calls the managers by key.
     bool SetMode(quint32 first_param, quint32 second_param, TranslateFunction translate);
 
     const std::unique_ptr<CZellUSBKeyboardControlManagerDataPtr> d_ptr_;

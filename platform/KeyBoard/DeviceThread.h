@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QSemaphore>
+#include <QtCore/QThread>
+
+#include <chrono>
+
+namespace KeyBoard {
+
+/// \brief A thread that serves one device until it is ended.
+///
+/// Qt delivers no event on any thread without an application object, so nothing here is one:
+/// Serve() waits for its device itself and asks ShallEnd() in between. That way the thread starts
+/// and ends before, during and after the application object's life.
+///
+/// A derived class calls Begin() in its constructor and End() in its destructor.
+class CDeviceThread : private QThread
+{
+public:
+    ~CDeviceThread() override = default;
+
+    /// \brief Whether the calling thread is one of these.
+    [[nodiscard]] static bool IsCurrent();
+
+protected:
+    /// \brief Start the thread. \return what Prepare() gave.
+    bool Begin();
+    /// \brief End the thread, and wait until it has ended; not from the thread itself.
+    void End();
+
+    /// \brief Make the device ready, on the thread. \return false when there is nothing to serve.
+    virtual bool Prepare() = 0;
+    /// \brief Serve the device until ShallEnd(), on the thread; then let it go.
+    virtual void Serve() = 0;
+
+    /// \brief Wait for End(), but no longer than \a time. On the thread.
+    [[nodiscard]] bool ShallEnd(std::chrono::milliseconds time);
+
+private:
+    void run() final;
+
+    QSemaphore is_ready_;
+    QSemaphore is_ended_;
+    bool is_prepared_ = false; // written by the thread before is_ready_
+};
+
+} // namespace KeyBoard

@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include "KeyBoard/KeyBoardDriver.h"
+
+KeyBoardDriver::~KeyBoardDriver() = default;
