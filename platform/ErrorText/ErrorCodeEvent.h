@@ -8,15 +8,15 @@
 
 namespace ErrorText {
 
-/// \brief An error code on its way to the user.
+/// \brief An error code that will be shown to the user.
 class VANTOR_BASE_EXPORT CErrorCodeEvent
 {
 public:
-    CErrorCodeEvent() = default; ///< No error: all words are 0.
+    CErrorCodeEvent() = default; ///< No error: all numbers are 0.
     explicit CErrorCodeEvent(const Nim::Base::Error::ErrorCode &code) : code_(code) {}
 
     [[nodiscard]] Nim::Base::Error::ErrorCode GetErrorCode() const { return code_; }
-    /// \brief What the user is told, see GetErrorInfoByErrorCode(); empty for no error.
+    /// \brief The text for the user, see GetErrorInfoByErrorCode(); empty if there is no error.
     [[nodiscard]] QString GetErrorText() const;
 
 private:

@@ -12,7 +12,7 @@ namespace {
 using Nim::Base::Error::ErrorCode;
 
 constexpr int kAnyCode = -1;
-constexpr int kModuleServer = 1; // the code is a word of the server's own
+constexpr int kModuleServer = 1; // the server defines the code
 
 struct KnownError
 {
@@ -21,7 +21,7 @@ struct KnownError
     const char *text; // translated in the context "Vantor"
 };
 
-// The first row that fits speaks.
+// The first row that matches gives the text.
 constexpr KnownError kKnownErrors[] = {
     {kModuleServer, 40850, QT_TRANSLATE_NOOP("Vantor", "The user name or the password is wrong.")},
     {kModuleServer, 502, QT_TRANSLATE_NOOP("Vantor", "The user name or the password is wrong.")},

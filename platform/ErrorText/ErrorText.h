@@ -12,15 +12,15 @@ namespace ErrorText {
 
 using Source = std::function<QString(const Nim::Base::Error::ErrorCode &code)>;
 
-/// \brief What a user is told of \a code, in the language of the installed translators; never
+/// \brief The text for the user about \a code, in the language of the installed translators; never
 /// empty. Any thread.
 ///
-/// A code that is not known is told by its numbers.
+/// For an unknown code, the text contains its numbers.
 [[nodiscard]] VANTOR_BASE_EXPORT QString
 GetErrorInfoByErrorCode(const Nim::Base::Error::ErrorCode &code);
 
 /// \brief Take the texts from \a source, which may be called from any thread; an empty function
-/// restores the default. When it gives an empty text or throws, the default speaks.
+/// restores the default. If it returns an empty text or throws, the default text is used.
 VANTOR_BASE_EXPORT void SetSource(Source source);
 
 } // namespace ErrorText

@@ -19,12 +19,12 @@ public:
     explicit CGUIFullScreenWidget(QWidget *parent = nullptr, Qt::WindowFlags flags = {});
     ~CGUIFullScreenWidget() override;
 
-    /// \brief Fill the screen, or come back to the size and the state from before. A widget inside
-    /// a window is left as it is.
+    /// \brief Fill the screen, or restore the earlier size and state. A widget inside a window does
+    /// not change.
     void SetFullScreenMode(bool on);
 
 Q_SIGNALS:
-    /// Emitted after the mode changed, also when the window system changed it.
+    /// Emitted after the mode changed, also if the window system changed it.
     void SignalFullScreenModeChanged(bool on);
 
 protected:
@@ -37,8 +37,8 @@ private:
 /// \brief Whether \a widget is in full-screen mode; null is not. GUI thread.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT bool IsFullScreenMode(const QWidget *widget);
 
-/// \brief Ask \a source in place of QWidget::isFullScreen(): for windows that fill the screen in a
-/// way of their own. An empty function restores the default; one that throws counts as "no".
+/// \brief Ask \a source instead of QWidget::isFullScreen(), for windows that fill the screen in
+/// another way. An empty function restores the default. A function that throws counts as "no".
 VANTOR_PLATFORM_EXPORT void
 SetFullScreenModeSource(std::function<bool(const QWidget *widget)> source);
 

@@ -40,7 +40,7 @@ void CGUIMessageTipManager::ShowMessage(QWidget *widget, const QString &text, in
 {
     try {
         (*CurrentPresenter().Get())(widget, text, kind, place, time_s);
-    } catch (...) { // a host's presenter may throw; whoever had something to tell goes on
+    } catch (...) { // a host's presenter may throw, which must not stop the caller
     }
 }
 

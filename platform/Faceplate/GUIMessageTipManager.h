@@ -13,7 +13,7 @@ QT_END_NAMESPACE
 
 namespace Faceplate {
 
-/// \brief Short messages over a widget that tell of something without stopping anything.
+/// \brief Short messages over a widget, which block nothing.
 ///
 /// GUI thread only.
 class VANTOR_PLATFORM_EXPORT CGUIMessageTipManager
@@ -25,18 +25,17 @@ public:
     /// \brief Show \a text over \a widget and return at once.
     ///
     /// The default is a strip inside \a widget ("MessageTip", docs/styling.md) that takes no focus,
-    /// goes by itself or by a click, and never runs an event loop. A widget has one tip: a further
-    /// message takes the place of the last one.
+    /// disappears after its time or when it is clicked, and never runs an event loop. A widget has
+    /// one tip: the next message replaces it.
     ///
-    /// \param widget where it appears; null shows it over the active window, or nowhere when there
-    ///               is none.
-    /// \param text   plain text; empty takes an earlier message away.
+    /// \param widget the parent of the tip; null: the active window, and without one no tip is shown.
+    /// \param text   plain text; empty hides the tip.
     /// \param kind   0 information, others an error; a theme sees it as the property "kind".
     /// \param place  0 at the lower edge, others at the upper one.
-    /// \param time_s seconds until it goes; 0 and less: until it is clicked or replaced.
+    /// \param time_s seconds until it disappears; 0 or less: until it is clicked or replaced.
     static void ShowMessage(QWidget *widget, const QString &text, int kind, int place, int time_s);
 
-    /// \brief Let the client show messages its own way; an empty function restores the default.
+    /// \brief Show messages by a function of the client; an empty function restores the default.
     static void SetPresenter(Presenter presenter);
 };
 

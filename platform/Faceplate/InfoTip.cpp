@@ -24,7 +24,7 @@ constexpr int kSpacingPx = 10;
 constexpr auto kShown = 5s;
 constexpr int kFade_ms = 400;
 
-// Those that are shown, the lowest first. GUI thread only; each takes itself out.
+// The tips that are shown, the lowest first. GUI thread only. A tip removes itself.
 QVector<CInfoTip *> &ShownTips()
 {
     static auto *const tips = new QVector<CInfoTip *>;
@@ -37,8 +37,8 @@ QScreen *ScreenOf(const QWidget *parent)
     return window ? window->screen() : QGuiApplication::primaryScreen();
 }
 
-// The windows stand in a pile at the lower right of each screen. One that goes lets the others
-// sink.
+// The windows form a stack at the lower right of each screen. When one closes, those above it move
+// down.
 void PileUp(const QScreen *screen)
 {
     const QRect room =
@@ -74,7 +74,7 @@ CInfoTip::CInfoTip(const CStruInfoTipsData &tip, QWidget *parent)
     layout->addWidget(label);
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &CInfoTip::FadeAway);
-    // One without a parent would outlive the application object.
+    // A tip without a parent would outlive the application object.
     connect(qApp, &QCoreApplication::aboutToQuit, this, &QWidget::close);
 }
 

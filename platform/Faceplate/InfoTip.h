@@ -17,7 +17,7 @@ public:
     CInfoTip(const CStruInfoTipsData &tip, QWidget *parent);
     ~CInfoTip() override;
 
-    /// \brief Show it above those that are there already.
+    /// \brief Show it above the tips that are already shown.
     void Appear();
 
 protected:

@@ -7,13 +7,13 @@
 
 namespace Faceplate {
 
-/// \brief What one pop-up at the edge of the screen says.
+/// \brief The content of one pop-up at the edge of the screen.
 struct CStruInfoTipsData
 {
     int text_type = 0;        ///< 0 normal text, shown as it is.
     int information_type = 0; ///< Kind of news; a theme sees it as the property "informationType".
     QString text;             ///< Plain text.
-    QPointer<QWidget> parent; ///< Its screen is the one that shows it; null: the primary screen.
+    QPointer<QWidget> parent; ///< The pop-up appears on its screen; null: the primary screen.
 };
 
 } // namespace Faceplate

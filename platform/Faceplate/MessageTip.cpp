@@ -24,7 +24,7 @@ CMessageTip::CMessageTip(QWidget *parent) : QFrame(parent), label_(new QLabel(th
 {
     setObjectName(QStringLiteral("MessageTip"));
     setFrameShape(QFrame::StyledPanel);
-    setAutoFillBackground(true); // without a theme too, nothing shines through
+    setAutoFillBackground(true); // the tip is opaque without a theme, too
     label_->setObjectName(QStringLiteral("MessageTipText"));
     label_->setTextFormat(Qt::PlainText);
     label_->setAttribute(Qt::WA_TransparentForMouseEvents);

@@ -10,7 +10,7 @@ QT_END_NAMESPACE
 
 namespace Faceplate {
 
-/// \brief The strip that CGUIMessageTipManager shows by default; it keeps to the edge of its
+/// \brief The strip that CGUIMessageTipManager shows by default; it stays at the edge of its
 /// parent.
 class CMessageTip : public QFrame
 {

@@ -13,7 +13,7 @@ using CPresenter = Nim::Base::CReplaceable<void(const CStruInfoTipsData &)>;
 
 void ShowTip(const CStruInfoTipsData &data)
 {
-    // A client without windows may have devices too.
+    // A process without windows may use devices, too.
     if (!data.text.isEmpty() && qobject_cast<QApplication *>(QCoreApplication::instance()))
         (new CInfoTip(data, data.parent))->Appear(); // deletes itself when it closes
 }
@@ -30,7 +30,7 @@ void CNewInfoDlg::ShowInformationAtScreenRightBottom_V3(const CStruInfoTipsData 
 {
     try {
         (*CurrentPresenter().Get())(data);
-    } catch (...) { // a host's presenter may throw; whoever had something to tell goes on
+    } catch (...) { // a host's presenter may throw, which must not stop the caller
     }
 }
 

@@ -8,8 +8,7 @@
 
 namespace Faceplate {
 
-/// \brief Pop-ups at the lower right of the screen that tell of something without stopping
-/// anything. GUI thread only.
+/// \brief Pop-ups at the lower right of the screen, which block nothing. GUI thread only.
 class VANTOR_PLATFORM_EXPORT CNewInfoDlg
 {
 public:
@@ -18,12 +17,12 @@ public:
     /// \brief Show \a data for a few seconds and return at once.
     ///
     /// The default is a small frameless window ("InfoTip", docs/styling.md) that never takes the
-    /// focus and never runs an event loop; several stand one above the other. It goes by itself, by
-    /// a click and with its parent. An empty text shows nothing, nor
-    /// does anything without a QApplication.
+    /// focus and never runs an event loop; several are stacked upwards. It disappears after its
+    /// time, when it is clicked, and with its parent. An empty text, or a process without a
+    /// QApplication, shows nothing.
     static void ShowInformationAtScreenRightBottom_V3(const CStruInfoTipsData &data);
 
-    /// \brief Let the client show pop-ups its own way; an empty function restores the default.
+    /// \brief Show pop-ups by a function of the client; an empty function restores the default.
     static void SetPresenter(Presenter presenter);
 };
 

@@ -7,8 +7,8 @@
 
 namespace Lookout {
 
-/// \brief The window of a plug-in that stands by itself beside the main window. A docked panel that
-/// looks for its window stops here ("Lookout--CBaseWidget" in a theme).
+/// \brief A plug-in's own window beside the main window ("Lookout--CBaseWidget" in a theme). Docks
+/// that search the parents for a window stop at this class; nothing else uses it.
 class VANTOR_PLATFORM_EXPORT CBaseWidget : public QWidget
 {
     Q_OBJECT

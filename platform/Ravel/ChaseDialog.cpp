@@ -17,8 +17,8 @@ constexpr int kMovieSidePx = 48;
 constexpr int kMarginPx = 24;
 constexpr int kSpacingPx = 12;
 
-// Draws the frames of a movie at a fixed size: a label would show a large picture large, and a
-// picture scaled by QMovie blurred on a screen of high resolution.
+// Draws the frames of a movie at a fixed size, because a label shows a picture in its own size, and
+// QMovie's scaling is blurred on a high-resolution screen.
 class CMovieView : public QWidget
 {
 public:
@@ -52,7 +52,7 @@ struct CChaseDialogPtr
     CMovieView *ptr_movie_ = nullptr;
     bool b_cancellable_ = false;
     bool b_stopped_ = false;
-    bool b_counted_ = false; // this dialog is counted by the wait watcher
+    bool b_counted_ = false; // the wait watcher has counted this dialog
 };
 
 CChaseDialog::CChaseDialog(QWidget *parent, const QString &movie, const QString &text,
@@ -96,8 +96,8 @@ void CChaseDialog::reject()
 void CChaseDialog::OnStopChaseByAccept()
 {
     d_ptr_->b_stopped_ = true;
-    // Queued: an accept() inside show(), before exec() has its event loop, would be lost and exec()
-    // never return.
+    // Queued, because an accept() inside show(), before exec() starts its event loop, would be
+    // lost, and exec() would never return.
     if (isVisible())
         QMetaObject::invokeMethod(this, &QDialog::accept, Qt::QueuedConnection);
 }
@@ -119,7 +119,8 @@ void CChaseDialog::hideEvent(QHideEvent *event)
 {
     QDialog::hideEvent(event);
     d_ptr_->ptr_movie_->Movie().stop();
-    if (d_ptr_->b_counted_ && !event->spontaneous()) { // minimising hides, but the wait goes on
+    // Minimising hides the dialog, too, but the wait goes on.
+    if (d_ptr_->b_counted_ && !event->spontaneous()) {
         d_ptr_->b_counted_ = false;
         CUiSingleton<CWaitWatcher>::Instance().EndWait();
     }

@@ -11,7 +11,7 @@ namespace Ravel {
 
 struct CChaseDialogPtr;
 
-/// \brief A small frameless dialog that spins while something else works; run it with exec().
+/// \brief A small frameless waiting dialog with a turning picture; run it with exec().
 ///
 /// It is modal to the whole application and centred on its parent. Object names for style sheets:
 /// "ChaseDialog", and inside it "ChaseMovie" and "ChaseText" (docs/styling.md). GUI thread only.
@@ -21,8 +21,8 @@ class VANTOR_PLATFORM_EXPORT CChaseDialog : public QDialog
 
 public:
     /// \param parent      the window to wait in front of; may be null.
-    /// \param movie       path of an animated picture, such as a GIF; without it there is none.
-    /// \param text        shown under the picture; empty shows the picture alone.
+    /// \param movie       path of an animated picture, such as a GIF; empty: no picture.
+    /// \param text        shown under the picture; empty: no text.
     /// \param cancellable whether Escape and closing end the dialog; otherwise only its slot does.
     CChaseDialog(QWidget *parent, const QString &movie, const QString &text, bool cancellable);
     ~CChaseDialog() override;
@@ -32,8 +32,7 @@ public:
 public Q_SLOTS:
     /// \brief The work is done: close with QDialog::Accepted.
     ///
-    /// A stop that comes before exec() is kept, so a worker that is faster than the dialog cannot
-    /// leave it waiting.
+    /// A stop before exec() is kept, because a worker may be faster than the dialog.
     void OnStopChaseByAccept();
 
 protected:

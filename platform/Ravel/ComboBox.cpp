@@ -8,7 +8,7 @@ namespace Ravel {
 
 CComboBox::CComboBox(QWidget *parent) : QComboBox(parent)
 {
-    // Style sheets reach the rows of a view of our own; the built-in one paints a menu's rows.
+    // Style sheets apply to the rows of this view; the built-in view paints the rows of a menu.
     auto *const list = new QListView(this);
     list->setUniformItemSizes(true);
     setView(list);

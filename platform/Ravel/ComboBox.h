@@ -9,8 +9,8 @@ namespace Ravel {
 
 /// \brief The client's base combo box ("Ravel--CComboBox" in a theme).
 ///
-/// Its popup is a list on every platform, and the wheel turns it only while it has the focus: a
-/// wheel that scrolls a page does not change what it passes over.
+/// Its popup is a list on every platform. The wheel changes the value only while the box has the
+/// focus, so scrolling a page over it changes nothing.
 class VANTOR_PLATFORM_EXPORT CComboBox : public QComboBox
 {
     Q_OBJECT

@@ -7,8 +7,7 @@
 
 namespace Ravel {
 
-/// \brief The client's frame: QFrame under a class name of its own, so that a theme can tell it
-/// from Qt's ("Ravel--CFrame").
+/// \brief The client's frame: QFrame with its own class name for themes ("Ravel--CFrame").
 class VANTOR_PLATFORM_EXPORT CFrame : public QFrame
 {
     Q_OBJECT

@@ -14,7 +14,7 @@ void CLabel::mousePressEvent(QMouseEvent *event)
     is_pressed_ = event->button() == Qt::LeftButton;
     QLabel::mousePressEvent(event);
     if (is_pressed_)
-        event->accept(); // or the release goes to whoever is behind
+        event->accept(); // otherwise the widget behind gets the release
 }
 
 void CLabel::mouseReleaseEvent(QMouseEvent *event)

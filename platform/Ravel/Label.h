@@ -7,8 +7,7 @@
 
 namespace Ravel {
 
-/// \brief The client's label: QLabel under a class name of its own, so that a theme can tell it
-/// from Qt's ("Ravel--CLabel").
+/// \brief The client's label: QLabel with its own class name for themes ("Ravel--CLabel").
 class VANTOR_PLATFORM_EXPORT CLabel : public QLabel
 {
     Q_OBJECT
@@ -18,7 +17,7 @@ public:
     ~CLabel() override;
 
 Q_SIGNALS:
-    /// Emitted when the left button was pressed and let go inside the label.
+    /// Emitted when the left button was pressed and released inside the label.
     void SignalMouseClicked();
 
 protected:

@@ -7,8 +7,7 @@
 
 namespace Ravel {
 
-/// \brief The client's line edit: tells when the keys come to it and when they go
-/// ("Ravel--CLineEdit" in a theme).
+/// \brief The client's line edit, with signals for its focus ("Ravel--CLineEdit" in a theme).
 class VANTOR_PLATFORM_EXPORT CLineEdit : public QLineEdit
 {
     Q_OBJECT
@@ -21,7 +20,7 @@ public:
 Q_SIGNALS:
     /// Emitted after the edit got the focus.
     void SignalFocusIn();
-    /// Emitted after the edit lost the focus, with its text. Opening its own menu is no loss.
+    /// Emitted after the edit lost the focus, with its text, but not when its context menu opens.
     void SignalFousOut(const QString &text);
 
 protected:

@@ -39,14 +39,14 @@ CLocationComboBox::CLocationComboBox(QWidget *parent) : CComboBox(parent)
     lineEdit()->setFocusPolicy(Qt::NoFocus);
     lineEdit()->setContextMenuPolicy(Qt::NoContextMenu);
     lineEdit()->installEventFilter(this);
-    // Installed after the popup's own filter, hence asked before it.
+    // Installed after the popup's own filter, so it is called first.
     view()->installEventFilter(this);
     view()->viewport()->installEventFilter(this);
 }
 
 CLocationComboBox::~CLocationComboBox() = default;
 
-// As wide as the first rows want it; all rows of a long list would take long to measure.
+// As wide as the first rows need, because measuring all rows of a long list takes long.
 void CLocationComboBox::showPopup()
 {
     int text_px = 0;
@@ -71,7 +71,7 @@ bool CLocationComboBox::eventFilter(QObject *watched, QEvent *event)
     return CComboBox::eventFilter(watched, event);
 }
 
-// Neither the view nor the popup sees buttons: a release would close the popup.
+// Keep mouse buttons from the view and the popup, because a release would close the popup.
 bool CLocationComboBox::OnPopupMouse(QEvent &event)
 {
     const QEvent::Type type = event.type();
@@ -84,14 +84,15 @@ bool CLocationComboBox::OnPopupMouse(QEvent &event)
         pressed_row_ = mouse.button() == Qt::LeftButton ? row : QModelIndex();
         return view()->viewport()->rect().contains(mouse.pos()); // elsewhere it closes the popup
     }
-    // The button that opened the popup may come up over a row that nobody meant.
+    // The release of the button that opened the popup may hit a row that the user did not choose.
     if (row.isValid() && row == pressed_row_)
         ToggleRow(row);
     pressed_row_ = QPersistentModelIndex();
     return true;
 }
 
-// The popup takes Return, F4 and Alt+Down as early as the shortcuts (Qt 5.15), and for a choice.
+// The popup already handles Return, F4 and Alt+Down as shortcuts (Qt 5.15), and takes them for a
+// choice.
 bool CLocationComboBox::OnPopupKey(QKeyEvent &event)
 {
     const bool is_press = event.type() == QEvent::KeyPress;

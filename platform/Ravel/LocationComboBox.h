@@ -11,9 +11,9 @@ namespace Ravel {
 /// \brief A combo box whose rows are ticked ("Ravel--CLocationComboBox" in a theme).
 ///
 /// The popup stays open while rows are ticked by click, Space or Return; Escape, F4, Tab or a click
-/// elsewhere closes it. The field shows a text that the user cannot type into, and no row is ever
-/// the current one: what is chosen is the check state (Qt::CheckStateRole) of the rows. Closed,
-/// Space, F4 and the Up and Down keys open it.
+/// elsewhere closes it. The field shows a text that the user cannot edit. There is never a current
+/// row: the choice is the check state (Qt::CheckStateRole) of the rows. Space, F4, Up and Down open
+/// the popup.
 class VANTOR_PLATFORM_EXPORT CLocationComboBox : public CComboBox
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
-    /// \brief The user chose the row \a index of the popup. Turns its check state round.
+    /// \brief The user chose the row \a index of the popup. Toggles its check state.
     virtual void ToggleRow(const QModelIndex &index);
 
     void keyPressEvent(QKeyEvent *event) override;

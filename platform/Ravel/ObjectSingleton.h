@@ -8,7 +8,8 @@
 
 namespace Ravel {
 
-/// \brief One instance of the QObject class \a T that a parent may own and end. GUI thread only.
+/// \brief One instance of the QObject class \a T, which a parent may own and delete. GUI thread
+/// only.
 ///
 /// \a T derives from QObject and from CObjectSingleton<T>, befriends the latter and has a private
 /// constructor that takes a parent QObject. So that host, plug-ins and library share one instance,
@@ -20,10 +21,9 @@ public:
     CObjectSingleton(const CObjectSingleton &) = delete;
     CObjectSingleton &operator=(const CObjectSingleton &) = delete;
 
-    /// \brief Make the instance as a child of \a parent, or with no owner, unless there is one
-    /// already.
+    /// \brief Create the instance as a child of \a parent, or without an owner, unless it exists.
     ///
-    /// \return the instance; one that was there keeps the parent it has.
+    /// \return the instance; an existing instance keeps its parent.
     static T *CreateInstance(QObject *parent = nullptr)
     {
         if (!s_instance)
@@ -31,11 +31,11 @@ public:
         return s_instance;
     }
 
-    /// \brief The instance, or null when it was not made yet or Qt deleted it with its parent.
-    /// Never makes one.
+    /// \brief The instance, or null if it does not exist yet or was deleted with its parent. Never
+    /// creates it.
     [[nodiscard]] static T *Instance() { return s_instance; }
 
-    /// \brief Delete the instance, if there is one. CreateInstance() then makes a new one.
+    /// \brief Delete the instance, if it exists. CreateInstance() then creates a new one.
     static void DeleteInstance() { delete s_instance.data(); }
 
 protected:

@@ -13,7 +13,7 @@ CPasswordLineEdit::~CPasswordLineEdit() = default;
 void CPasswordLineEdit::SetPasswordVisible(bool is_visible)
 {
     setEchoMode(is_visible ? QLineEdit::Normal : QLineEdit::Password);
-    // Behind setEchoMode(), which takes them away for visible text.
+    // After setEchoMode(), because it clears them for visible text.
     setInputMethodHints(Qt::ImhHiddenText | Qt::ImhSensitiveData | Qt::ImhNoPredictiveText
                         | Qt::ImhNoAutoUppercase);
 }

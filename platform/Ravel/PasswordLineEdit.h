@@ -5,8 +5,8 @@
 
 namespace Ravel {
 
-/// \brief The client's entry of a password: hidden at first, and always told apart from ordinary
-/// text to input methods, which then neither predict nor remember.
+/// \brief The client's password entry. It is hidden at first, and always marked as sensitive for
+/// input methods, which then neither predict nor remember the text.
 class VANTOR_PLATFORM_EXPORT CPasswordLineEdit : public CLineEdit
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ public:
     explicit CPasswordLineEdit(QWidget *parent = nullptr);
     ~CPasswordLineEdit() override;
 
-    /// \brief Show what is typed, or hide it. (QLineEdit::setEchoMode() would give it to the input
+    /// \brief Show or hide the text. (QLineEdit::setEchoMode() would pass visible text to the input
     /// method.)
     void SetPasswordVisible(bool is_visible);
     [[nodiscard]] bool IsPasswordVisible() const;

@@ -10,7 +10,7 @@ namespace {
 constexpr QColor kDefaultColor(0, 0, 0, 70);
 constexpr int kStops = 8; // of the gradient: enough for a curve without a visible bend
 
-// From the edge of the panel outwards the tone falls with the square of what is left of the way.
+// The tone falls with the square of the distance that remains to the outer edge.
 QGradientStops Stops(const QColor &color)
 {
     QGradientStops stops;
@@ -102,7 +102,7 @@ void CShadowWidget::Follow()
     const QRect around = below.adjusted(-kReachPx, -kReachPx, kReachPx, kReachPx);
     if (around != geometry()) {
         setGeometry(around);
-        // What lies below the panel need not be painted again at each step of an animation.
+        // The area under the panel need not be repainted at each step of an animation.
         setMask(QRegion(rect()).subtracted(below.translated(-around.topLeft())));
     }
     if (!isVisible()) {

@@ -9,11 +9,11 @@
 
 namespace Ravel {
 
-/// \brief A soft shadow that a panel throws on the window below it.
+/// \brief A soft shadow that a panel casts on the window below it.
 ///
-/// It is a child of that window, drawn over its content and invisible to the mouse, so it needs no
-/// compositing window system; it cannot be seen beyond the window. It follows the panel that it
-/// wraps, comes and goes with it, and is deleted with it. GUI thread only.
+/// It is a child of that window, drawn over its content and transparent for the mouse. So it needs
+/// no compositing window system, and is cut at the edge of the window. It moves, shows and hides
+/// with its panel, and is deleted with it. GUI thread only.
 ///
 /// In a theme: \code Ravel--CShadowWidget { qproperty-ShadowColor: rgba(0, 0, 0, 110); } \endcode
 class VANTOR_PLATFORM_EXPORT CShadowWidget : public QWidget
@@ -31,11 +31,12 @@ public:
     /// How far the shadow reaches, in pixels.
     static constexpr int kReachPx = 14;
 
-    /// \param window to throw the shadow on.
+    /// \param window that the shadow falls on.
     explicit CShadowWidget(QWidget *window);
     ~CShadowWidget() override;
 
-    /// \brief Follow \a panel, a window or a widget, from now on; hidden until that is shown next.
+    /// \brief Follow \a panel, a window or a widget, from now on; hidden until the panel is shown
+    /// next.
     void Wrap(QWidget *panel, int mode);
 
     [[nodiscard]] QColor ShadowColor() const { return color_; }

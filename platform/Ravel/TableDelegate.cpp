@@ -10,7 +10,7 @@
 namespace Ravel {
 namespace {
 
-// What only the style knows how to draw.
+// Roles and states that only the style can draw.
 constexpr int kStyledRoles[] = {Qt::DecorationRole, Qt::CheckStateRole, Qt::FontRole,
                                 Qt::BackgroundRole};
 constexpr QStyle::State kMarked =
@@ -27,7 +27,7 @@ QPalette::ColorGroup ColorGroup(QStyle::State state)
 
 CTableDelegate::CTableDelegate(QObject *parent) : QStyledItemDelegate(parent) {}
 
-// A sum of widths is quicker than laying the text out. Null where that is not enough.
+// A sum of widths is faster than a text layout. Null if the sum is not exact.
 QString CTableDelegate::Fitting(const QString &text, const QFont &font, qreal width_px) const
 {
     const QChar ellipsis(0x2026);
@@ -39,7 +39,7 @@ QString CTableDelegate::Fitting(const QString &text, const QFont &font, qreal wi
         widths_font_ = font;
     }
     qreal text_px = 0;
-    int fitting = 0; // characters that have room beside an ellipsis
+    int fitting = 0; // characters that fit beside an ellipsis
     for (int i = 0; i < text.size(); ++i) {
         if (text.at(i).unicode() >= widths_px_.size() || text.at(i) < QLatin1Char(' '))
             return {};
@@ -91,14 +91,15 @@ void CTableDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
                       option.fontMetrics.elidedText(text, option.textElideMode, rect.width()));
 }
 
-// Marked cells are the style's, which is to write and to cut their texts as paint() does.
+// The style draws the cells with these states. It must align and shorten their texts as paint()
+// does.
 void CTableDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
     constexpr auto kBesideText =
         QStyleOptionViewItem::HasDecoration | QStyleOptionViewItem::HasCheckIndicator;
     if (option->features & kBesideText || option->text.isEmpty())
-        return; // these have their own side
+        return; // these have an alignment of their own
     option->displayAlignment =
         QStyle::visualAlignment(option->direction, option->displayAlignment) | Qt::AlignAbsolute;
     option->direction = option->text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
@@ -109,7 +110,8 @@ void CTableDelegate::ForgetStyle()
     inset_ = QRect();
 }
 
-// Where the style would put the text, so that a cell does not jump when it is selected.
+// The place where the style draws the text, so that the text does not jump when the cell is
+// selected.
 QRect CTableDelegate::TextRect(const QStyleOptionViewItem &option) const
 {
     if (inset_.isNull()) {

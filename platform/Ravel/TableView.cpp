@@ -10,7 +10,7 @@ namespace Ravel {
 
 CTableView::CTableView(QWidget *parent) : QTreeView(parent), delegate_(new CTableDelegate(this))
 {
-    // Without it a changed cell is looked up row by row, and pixel scrolling measures every row.
+    // Otherwise a changed cell is searched row by row, and pixel scrolling measures every row.
     setUniformRowHeights(true);
     setRootIsDecorated(false);
     setAllColumnsShowFocus(true);

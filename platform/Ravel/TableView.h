@@ -9,12 +9,12 @@ namespace Ravel {
 
 class CTableDelegate;
 
-/// \brief The client's table in the shape of a tree: rows of one height, drawn lean, no branches.
+/// \brief The client's table, a tree view without branches: rows of one height, drawn fast.
 ///
-/// Made for lists that are flipped and filtered under the user's hand: all rows have the height of
-/// the first, and cells that hold nothing but text are drawn without the style's item machinery. A
-/// cell with an icon, a check state or a font of its own is drawn as everywhere else. A host that
-/// shows a tree calls setRootIsDecorated(true).
+/// Made for lists that are paged and filtered while the user types: all rows have the height of the
+/// first, and cells with text only are drawn without the style's item drawing. A cell with an icon,
+/// a check state or its own font is drawn by the style. A host that shows a tree calls
+/// setRootIsDecorated(true).
 class VANTOR_PLATFORM_EXPORT CTableView : public QTreeView
 {
     Q_OBJECT

@@ -7,7 +7,7 @@ namespace Ravel {
 
 QString ConvertToUnicode(const QByteArray &bytes, QTextCodec *codec)
 {
-    // With its length: Qt 5 would stop at the first zero byte of a byte array.
+    // With the length, because Qt 5 stops at the first zero byte of a byte array.
     return codec ? codec->toUnicode(bytes)
                  : QString::fromLocal8Bit(bytes.constData(), bytes.size());
 }

@@ -16,9 +16,9 @@ namespace Ravel {
 class VANTOR_PLATFORM_EXPORT CToolTip
 {
 public:
-    /// \brief Show \a text, plain or rich, at \a global_pos until the user goes on; an empty text
-    /// takes it away.
-    /// \param widget whose tip it is; null: nobody's.
+    /// \brief Show \a text, plain or rich, at \a global_pos until the user moves on; an empty text
+    /// hides it.
+    /// \param widget the widget that the tip belongs to; may be null.
     static void showText(const QPoint &global_pos, const QString &text, QWidget *widget = nullptr);
 };
 

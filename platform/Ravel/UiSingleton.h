@@ -11,7 +11,7 @@
 
 namespace Ravel {
 
-/// \brief One instance of the user-interface class \a T in the process, made by the first
+/// \brief One instance of the user-interface class \a T in the process, created by the first
 /// Instance().
 ///
 /// The rules of Nim::Base::CSingleton hold: derive from it, export its instantiation once, do not
@@ -22,7 +22,7 @@ public:
     CUiSingleton(const CUiSingleton &) = delete;
     CUiSingleton &operator=(const CUiSingleton &) = delete;
 
-    /// \brief The instance, made on the calling thread if there is none. Safe to call from any
+    /// \brief The instance; the first call creates it on the calling thread. Safe to call from any
     /// thread.
     static T &Instance()
     {

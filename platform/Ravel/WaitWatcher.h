@@ -16,8 +16,7 @@ extern template class VANTOR_PLATFORM_EXPORT Ravel::CUiSingleton<Ravel::CWaitWat
 
 namespace Ravel {
 
-/// \brief Knows whether the client waits behind a CChaseDialog, so that a window can refuse to
-/// close meanwhile.
+/// \brief Knows whether a CChaseDialog is shown, so that a window can refuse to close meanwhile.
 ///
 /// Reached through Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance(). GUI thread only.
 class VANTOR_PLATFORM_EXPORT CWaitWatcher : public QObject, public CUiSingleton<CWaitWatcher>
@@ -32,7 +31,7 @@ public:
 
     /// \brief Called by a waiting dialog when it appears.
     void BeginWait();
-    /// \brief Called by a waiting dialog when it goes; each call undoes one BeginWait().
+    /// \brief Called by a waiting dialog when it disappears; each call undoes one BeginWait().
     void EndWait();
 
 Q_SIGNALS:

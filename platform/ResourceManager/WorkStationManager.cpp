@@ -40,7 +40,7 @@ void CWorkStationManager::SetWorkStations(std::vector<CWorkStation> workstations
     std::shared_ptr<const WorkStations> next =
         std::make_shared<const WorkStations>(std::move(workstations));
     const std::lock_guard<std::mutex> lock(mutex_);
-    vec_workstations_.swap(next); // the old ones go after the lock
+    vec_workstations_.swap(next); // the old list is deleted outside the lock
 }
 
 } // namespace ResourceManager

@@ -19,7 +19,7 @@ extern template class VANTOR_BASE_EXPORT
 
 namespace ResourceManager {
 
-/// \brief A workstation at a site of its own.
+/// \brief A workstation and the time zone of its site.
 class VANTOR_BASE_EXPORT CWorkStation
 {
 public:
@@ -35,7 +35,7 @@ private:
     int time_zones_;
 };
 
-/// \brief The workstations that the client knows, none until they are set. Reached through
+/// \brief The workstations of the client; empty until SetWorkStations(). Reached through
 /// Nim::Base::CSingleton<CWorkStationManager>::Instance(). Any thread.
 class VANTOR_BASE_EXPORT CWorkStationManager : public Nim::Base::CSingleton<CWorkStationManager>
 {
@@ -43,18 +43,18 @@ class VANTOR_BASE_EXPORT CWorkStationManager : public Nim::Base::CSingleton<CWor
     CWorkStationManager() = default;
 
 public:
-    /// \return null when there is none; else it stays as it is, also when others are set. The first
-    ///         of several with the same id.
+    /// \return null if there is no such workstation. The object never changes, even if other
+    /// workstations are set. Of several with one id, the first.
     [[nodiscard]] std::shared_ptr<const CWorkStation> FindWorkStationByID(unsigned int id) const;
 
-    /// \brief Know \a workstations from now on, instead of those before.
+    /// \brief Replace all workstations by \a workstations.
     void SetWorkStations(std::vector<CWorkStation> workstations);
 
 private:
     using WorkStations = std::vector<CWorkStation>;
 
     mutable std::mutex mutex_;
-    std::shared_ptr<const WorkStations> vec_workstations_; // under mutex_; null: none
+    std::shared_ptr<const WorkStations> vec_workstations_; // under mutex_; null: the list is empty
 };
 
 } // namespace ResourceManager

@@ -15,11 +15,11 @@ struct CCustomEventDataPtr;
 /// \brief An event that carries key/value pairs through Qt's event queue.
 ///
 /// Copies have the type and the pairs of the original and are independent of it. May be made on any
-/// thread. Receivers tell it from other events of its type by dynamic_cast: CUpdateEvent and
-/// CJoystickKeyboardEvent start at the same number.
+/// thread. Receivers identify it by dynamic_cast, because CUpdateEvent and CJoystickKeyboardEvent
+/// use the same numbers.
 ///
-/// The type is known to the meta-type system as "CCustomEvent&" once an event has been made, so
-/// that it can travel in the arguments of queued signals.
+/// The first event registers the type "CCustomEvent&" with the meta-type system, so that queued
+/// signals can have it as an argument.
 class VANTOR_EXPORT CCustomEvent : public QEvent, public Ravel::CMultiPairData
 {
 public:
@@ -33,7 +33,7 @@ public:
     ~CCustomEvent() override;
 
 private:
-    std::shared_ptr<CCustomEventDataPtr> d_ptr_; // empty: room for what may come
+    std::shared_ptr<CCustomEventDataPtr> d_ptr_; // empty, reserved
 };
 
 } // namespace Vantor

@@ -32,10 +32,10 @@ void CEventTransMgr::PostCustomEvent(QEvent *event)
 
 bool CEventTransMgr::event(QEvent *event)
 {
-    // Numbers are passed on as they come; this one would end the singleton for all receivers.
+    // Types are passed on unchanged, but this one would delete the singleton for all receivers.
     if (event->type() == QEvent::DeferredDelete)
         return true;
-    // By such a number Qt would take the event for one of its own classes.
+    // Because of the type, Qt would cast the event to one of its own classes.
     if (event->type() < QEvent::User && dynamic_cast<const CCustomEvent *>(event))
         return false;
     return QObject::event(event);

@@ -16,8 +16,8 @@ extern template class VANTOR_EXPORT Nim::Base::CSingleton<Vantor::CEventTransMgr
 
 namespace Vantor {
 
-/// \brief The post office of the process: events sent or posted to this object reach every party
-/// that watches it with an event filter.
+/// \brief Distributes events in the process: events sent or posted to this object reach every event
+/// filter that is installed on it.
 ///
 /// Reached through Nim::Base::CSingleton<CEventTransMgr>::Instance(). Events are delivered on the
 /// thread that called it first, so a host calls it on the GUI thread at start-up; the library never
@@ -25,8 +25,8 @@ namespace Vantor {
 /// in its eventFilter(); the filter installed last sees an event first, and one that returns true
 /// keeps it from the others.
 ///
-/// Types below 1000 belong to Qt, which acts on them; only a deferred deletion, and what a
-/// CCustomEvent was given such a number for, is ignored once the filters have seen it.
+/// Types below 1000 belong to Qt, which handles them. A deferred deletion, and a CCustomEvent with
+/// such a type, are ignored after the filters have seen them.
 class VANTOR_EXPORT CEventTransMgr : public QObject, public Nim::Base::CSingleton<CEventTransMgr>
 {
     Q_OBJECT
@@ -36,8 +36,8 @@ public:
 
     /// \brief Deliver \a event now; the caller keeps it. On the manager's thread only.
     ///
-    /// \return what QCoreApplication::sendEvent() does, true for a user event whether or not anyone
-    ///         watched; false for null and when a receiver threw.
+    /// \return the result of QCoreApplication::sendEvent(), which is true for a user event even
+    /// without a filter; false for null, or if a receiver threw.
     bool SendCustomEvent(QEvent *event);
 
     /// \brief Queue \a event with normal priority; the event queue owns it from now on. Any thread.

@@ -8,10 +8,10 @@
 
 namespace Vantor {
 
-/// \brief Run \a body so that no exception leaves the library: one that comes out is logged at
-/// level 5 for \a function.
+/// \brief Run \a body so that no exception leaves the library. An exception is logged at level 5
+/// for \a function.
 ///
-/// \return false when there was one.
+/// \return false if \a body threw.
 template <class Body> bool RunGuarded(const char *function, Body &&body)
 {
     try {

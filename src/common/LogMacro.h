@@ -11,8 +11,8 @@
 
 /// Writes one log line "[function]message[file(line)]".
 ///
-/// \param function the qualified name the line speaks for, as a literal: compilers spell their
-///                 own differently, and a helper speaks for the operation it is part of.
+/// \param function the qualified name of the operation, as a literal, because compilers spell their
+///                 own names differently, and a helper logs for the operation that called it.
 /// \param level    of Nim::Base::Log::Level: 3 information, 4 warning, 5 error.
 /// \param category one of the categories above.
 ///

@@ -46,7 +46,7 @@ CStyleManager::CStyleManager(QWidget *parent)
                    "The style manager is a widget and was made outside the GUI thread.");
         Q_ASSERT_X(false, "CStyleManager", "the first Instance() belongs on the GUI thread");
     }
-    // Here in the body the meta object is this class's own, so the rules for it match.
+    // In the constructor's body the meta object is that of this class, so its rules match.
     style()->polish(this);
 }
 

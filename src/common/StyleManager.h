@@ -27,8 +27,8 @@ struct CStyleManagerDataPtr;
 /// \code
 /// Vantor--CStyleManager { qproperty-BrandColor: #2F6FED; qproperty-BackColor: #FFFFFF; }
 /// \endcode
-/// A colour that no rule names is invalid. The rules are applied when the manager is made and
-/// whenever the host polishes it again; the manager watches nothing itself. Reached through
+/// A colour that no rule names is invalid. The rules are applied when the manager is created and
+/// whenever the host polishes it again; the manager does not watch the style sheet. Reached through
 /// Nim::Base::CSingleton<CStyleManager>::Instance(), the first time on the GUI thread: it is a
 /// widget. Getters and setters are for the GUI thread too.
 class VANTOR_EXPORT CStyleManager : public QWidget, public Nim::Base::CSingleton<CStyleManager>

@@ -9,12 +9,12 @@ namespace Vantor {
 
 /// \brief The text of \a key in the language of the installed translators.
 ///
-/// Looked up in \a context (a class's own, when given), then in "SimpleMutiPageWidgetUi", then in
-/// "Vantor"; a key that none of them knows comes back unchanged, an empty key as an empty text. Any
-/// thread. A host's translator that throws counts as one that does not know the key.
+/// Looked up in \a context (that of a class, if given), then in "SimpleMutiPageWidgetUi", then in
+/// "Vantor". An unknown key is returned unchanged, an empty key gives an empty text. Any thread. A
+/// host's translator that throws counts as one that does not know the key.
 [[nodiscard]] VANTOR_EXPORT QString Translate(const QString &key, const char *context = nullptr);
 
-/// \brief \a text with "%1" replaced by \a argument; a text without "%1" comes back as it is,
+/// \brief \a text with "%1" replaced by \a argument; a text without "%1" is returned unchanged,
 /// without a warning.
 [[nodiscard]] VANTOR_EXPORT QString FillArgument(const QString &text, const QString &argument);
 

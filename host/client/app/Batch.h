@@ -7,15 +7,18 @@
 
 namespace Client {
 
-/// \brief Read the list that \a options ask for, with a progress line and, if need be, an error
-/// text on the standard error output. \return null when it cannot be read.
+/// \brief Read the list that \a options name. Progress and errors go to the standard error output.
+///
+/// \return null if the list cannot be read.
 [[nodiscard]] IncidentListPtr LoadList(const Options &options);
 
-/// \brief Export \a rows to \a path, in the same manner, and say so on the standard output.
-/// \return an exit status; 130 or 143 when SIGINT or SIGTERM ended it, without a file.
+/// \brief Export \a rows to \a path. The result goes to the standard output, errors to the standard
+/// error output.
+///
+/// \return an exit status; 130 or 143 if SIGINT or SIGTERM ended the export, without a file.
 [[nodiscard]] int ExportRows(const IncidentRows &rows, const QString &path);
 
-/// \brief What --export does: the rows of \a list that match the filter of \a options.
+/// \brief Run --export with the rows of \a list that match the filter of \a options.
 [[nodiscard]] int RunExport(const Options &options, const IncidentListPtr &list);
 
 } // namespace Client

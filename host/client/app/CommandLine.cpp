@@ -84,7 +84,7 @@ QString FindUsageError(const Parser &line)
     return {};
 }
 
-// Qt names the program by the whole path that it was started with.
+// Qt writes the path that the program was started with.
 QString HelpText(const QCommandLineParser &parser)
 {
     const QString path = QCoreApplication::arguments().constFirst();
@@ -123,7 +123,7 @@ QString Options::ListName() const
 bool WantsWindow(const QStringList &arguments)
 {
     Parser line;
-    line.parser.parse(arguments); // what is wrong shows when there is an application
+    line.parser.parse(arguments); // errors are reported later, when an application object exists
     for (const QCommandLineOption *option :
          {&line.headless, &line.exported, &line.help, &line.version}) {
         if (line.parser.isSet(*option))

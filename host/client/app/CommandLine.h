@@ -6,15 +6,15 @@
 
 namespace Client {
 
-/// \brief What the user asked for on the command line.
+/// \brief The options of the command line.
 struct Options
 {
     bool is_headless = false;
-    QString open_path;   ///< empty: the list that comes with the program
+    QString open_path;   ///< empty: the list inside the program
     QString export_path; ///< not empty: export and exit
     QString out_folder = QStringLiteral("out");
     QString filter;
-    QString server; ///< empty: one of the client's own
+    QString server; ///< empty: the server inside the client
     QString page;   ///< empty: the list
     int rows = 0;   ///< 0: as many as the list has
 
@@ -24,7 +24,7 @@ struct Options
     [[nodiscard]] QString ListName() const;
 };
 
-/// \brief The command line as read: options, or a text to print, or what is wrong with it.
+/// \brief The parsed command line: options, a text to print, or an error.
 struct CommandLine
 {
     Options options;

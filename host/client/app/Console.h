@@ -10,18 +10,18 @@ namespace Client {
 enum ExitStatus : int {
     kExitDone = 0,
     kExitFileFailed = 1, ///< a file could not be read or written
-    kExitBadUsage = 2,   ///< the command line makes no sense
+    kExitBadUsage = 2,   ///< the command line is wrong
 };
 
-/// \brief One line on the standard output, for what the user asked for.
+/// \brief Write one line to the standard output.
 void PrintLine(const QString &text);
-/// \brief One line on the standard error output, after the program's name.
+/// \brief Write one line to the standard error output, after the name of the program.
 void PrintError(const QString &text);
 
-/// \brief One line of the standard error output that tells how far a long work is.
+/// \brief A line on the standard error output that shows the progress of long work.
 ///
-/// On a terminal the line is written over and over and is gone at the end; elsewhere there is a
-/// line every few seconds, so that a short work leaves no trace in a log.
+/// On a terminal the line is overwritten, and erased at the end. Elsewhere a line is written every
+/// few seconds, so that short work leaves nothing in a log.
 class CProgressLine
 {
 public:

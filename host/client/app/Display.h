@@ -3,8 +3,8 @@
 
 namespace Client {
 
-/// \brief Whether a window can be shown, asked before there is an application object: Qt ends the
-/// program when it finds no display.
+/// \brief Whether a window can be shown. Called before the application object exists, because Qt
+/// ends the program if there is no display.
 [[nodiscard]] bool HasDisplay();
 
 } // namespace Client

@@ -36,7 +36,7 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(Headless)
 };
 
-// Texts and layouts follow a switch through posted events.
+// Posted events update texts and layouts after a switch.
 void Settle()
 {
     QEventLoop loop;
@@ -110,7 +110,7 @@ Pictures TakePictures(CMainWindow &window, const QString &list_name, CThemeSwitc
     return pictures;
 }
 
-// An error text, empty when there is a folder now. Qt does not tell why it could not make one.
+// Make the folder. Returns an error text, or an empty text. QDir does not report why it failed.
 QString MakeFolder(const QString &path)
 {
     std::error_code error;
@@ -144,7 +144,7 @@ int RunHeadless(const Options &options, const IncidentListPtr &list, CThemeSwitc
         if (status != kExitDone)
             return status;
     }
-    // Every line is printed in the one language, whatever the pictures speak.
+    // All lines are printed in one language, independent of that of the pictures.
     for (const auto &[name, picture] : TakePictures(window, options.ListName(), theme, language))
         status = std::max(status, SavePicture(picture, folder, name));
     return status;

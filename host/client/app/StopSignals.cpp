@@ -15,7 +15,8 @@ namespace {
 
 constexpr std::array<int, 2> kSignals{SIGINT, SIGTERM};
 
-// Handlers know no object. The pipe is the one thing that they and the event loop share.
+// A signal handler may only write to a file descriptor. The event loop reads the other end of this
+// pipe.
 std::array<int, 2> pipe_ends{-1, -1};
 std::array<struct sigaction, kSignals.size()> earlier_actions;
 

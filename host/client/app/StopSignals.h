@@ -5,10 +5,10 @@
 
 namespace Client {
 
-/// \brief Turns the system's wish that the program end, SIGINT and SIGTERM, into a Qt signal.
+/// \brief Turns SIGINT and SIGTERM into a Qt signal.
 ///
-/// As long as it lives the program does not end by itself; a signal that was ignored before stays
-/// ignored. One at a time, on the GUI thread.
+/// While it exists, these signals do not end the program. A signal that was ignored before stays
+/// ignored. One object at a time, on the GUI thread.
 class CStopSignals : public QObject
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     explicit CStopSignals(QObject *parent = nullptr);
     ~CStopSignals() override;
 
-    /// \brief The exit status that tells of the signal, 128 and its number; 0 when none has come.
+    /// \brief The exit status for the signal, 128 plus its number; 0 before a signal arrives.
     [[nodiscard]] int Status() const { return status_; }
 
 Q_SIGNALS:

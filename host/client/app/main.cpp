@@ -33,8 +33,8 @@ bool ChooseWindow(int argc, char **argv)
 
 void PrepareBatch()
 {
-    // Errors reach the user as one sentence of ours and the library's line about the cause, without
-    // remarks of the offscreen platform; QT_LOGGING_RULES brings the rest of the log back.
+    // The user gets our sentence about an error and the library's line about its cause, but no
+    // messages of the offscreen platform. QT_LOGGING_RULES turns the other log lines on.
     QLoggingCategory::setFilterRules(
         QStringLiteral("ClientWarningAndMore.info=false\nClientWarningAndMore.warning=false\n"
                        "UserOperate.info=false\ndefault.warning=false"));
@@ -43,7 +43,7 @@ void PrepareBatch()
 void IgnoreFileSizeSignal()
 {
 #ifdef SIGXFSZ
-    // A limit on file sizes then is a failed write like a full disk, and leaves no half file.
+    // A limit on file sizes is then a failed write, as on a full disk, and leaves no partial file.
     std::signal(SIGXFSZ, SIG_IGN);
 #endif
 }

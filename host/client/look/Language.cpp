@@ -36,11 +36,11 @@ void CLanguageSwitch::Apply(const QString &code)
                  {QStringLiteral("client_"), ours}};
     for (size_t i = 0; i < translators_.size(); ++i) {
         QCoreApplication::removeTranslator(&translators_[i]);
-        // Debian packs Qt's own texts apart: without them only standard buttons stay English.
+        // Qt's own texts are a separate Debian package; without it, standard buttons stay English.
         if (translators_[i].load(files[i].name + code_, files[i].folder))
             QCoreApplication::installTranslator(&translators_[i]);
     }
-    // Last, because Qt guesses a direction of its own whenever a translator comes or goes.
+    // Last, because Qt sets a direction whenever a translator is installed or removed.
     QGuiApplication::setLayoutDirection(language.direction);
 }
 

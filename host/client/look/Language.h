@@ -8,8 +8,8 @@
 
 namespace Client {
 
-/// \brief A language that the client speaks. One line in Language.cpp and two translation files add
-/// another.
+/// \brief A language of the client. Another language needs one line in Language.cpp and two
+/// translation files.
 struct Language
 {
     const char *code;
@@ -22,17 +22,17 @@ constexpr Language kLanguages[] = {
     {"ar", u"العربية", Qt::RightToLeft},
 };
 
-/// \brief Switches the application's texts, numbers and reading direction while it runs.
+/// \brief Switches texts, numbers and reading direction of the application while it runs.
 ///
-/// Windows follow through QEvent::LanguageChange, which comes with the event loop.
+/// Windows follow on QEvent::LanguageChange, which the event loop delivers.
 class CLanguageSwitch
 {
 public:
     [[nodiscard]] QString Current() const { return code_; }
-    /// \brief Speak the language \a code, or English when it is none of ours.
+    /// \brief Switch to the language \a code, or to English if the client does not have it.
     void Apply(const QString &code);
 
-    /// \brief The code of the language that the system speaks.
+    /// \brief The code of the system's language.
     [[nodiscard]] static QString SystemCode();
 
 private:

@@ -28,7 +28,7 @@ QByteArray ReadResource(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// For what a style sheet does not reach: file dialogs' texts, links, disabled texts.
+// For texts that a style sheet does not reach: those of file dialogs, links, disabled texts.
 QPalette MakePalette(const Vantor::CStyleManager &colours)
 {
     QPalette palette;
@@ -67,14 +67,14 @@ void CThemeSwitch::Apply(Theme theme)
     const QString path = theme == Theme::Dark ? QStringLiteral(":/Vantor/Themes/dark.qss")
                                               : QStringLiteral(":/Vantor/Themes/light.qss");
     const QString sheet = QString::fromUtf8(ReadResource(path));
-    // The palette goes first: widgets take over the colours that no rule names while they are
-    // polished for the sheet. The colours themselves come out of the sheet.
+    // The palette comes first, because polishing for the style sheet copies its colours into the
+    // widgets. The palette's colours are defined in the sheet.
     Vantor::CStyleManager sample;
     sample.setStyleSheet(sheet);
     sample.ensurePolished();
     QApplication::setPalette(MakePalette(sample));
     qApp->setStyleSheet(sheet);
-    // Qt polishes the manager again with later sheets only when it was made under one.
+    // Qt polishes the manager again for later sheets only if a sheet was set when it was created.
     Vantor::CStyleManager &manager = Manager();
     manager.style()->unpolish(&manager);
     manager.style()->polish(&manager);

@@ -8,8 +8,8 @@ namespace Client {
 
 enum class Theme { Light, Dark };
 
-/// \brief Dresses the application: style sheet, palette, fonts and the colours of the library's
-/// style manager, all from one theme file.
+/// \brief Applies a theme file: style sheet, palette, fonts and the colours of the library's style
+/// manager.
 class CThemeSwitch : public QObject
 {
     Q_OBJECT
@@ -20,11 +20,11 @@ public:
     [[nodiscard]] Theme Current() const { return theme_; }
     void Apply(Theme theme);
 
-    /// \brief A picture of ours, drawn in the text colour of the current theme.
+    /// \brief An icon of the resources, drawn in the text colour of the current theme.
     [[nodiscard]] static QIcon Icon(const QString &name);
 
 Q_SIGNALS:
-    /// Emitted when everything wears the new theme; icons are to be asked for again.
+    /// Emitted after the theme was applied. Receivers must call Icon() again.
     void SignalThemeChanged();
 
 private:

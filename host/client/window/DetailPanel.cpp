@@ -17,7 +17,7 @@ namespace {
 constexpr int kMarginPx = 16;
 constexpr int kFieldGapPx = 10;
 
-// A date keeps its own order among words that run the other way (Unicode's isolates).
+// Keep the order of a date within text of the other direction (Unicode's isolates).
 QString Isolated(const QString &text)
 {
     return QChar(0x2068) + text + QChar(0x2069);
@@ -29,7 +29,7 @@ QLabel *NewLabel(const char *name, const QString &text, QWidget *parent)
     label->setObjectName(QLatin1String(name));
     label->setTextFormat(Qt::PlainText); // the list comes from a file
     label->setWordWrap(true);
-    // A label stands where its own text would begin, and the list's may run the other way.
+    // A label is aligned by the direction of its own text, which may differ from the window's.
     label->setAlignment(Qt::AlignAbsolute
                         | QStyle::visualAlignment(parent->layoutDirection(), Qt::AlignLeading));
     return label;

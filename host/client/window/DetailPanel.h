@@ -12,7 +12,7 @@ QT_END_NAMESPACE
 
 namespace Client {
 
-/// \brief One incident in full: each column's title above its text.
+/// \brief Shows one incident in full: each text below the title of its column.
 class CDetailPanel : public Vantor::CBaseDockFrame
 {
     Q_OBJECT
@@ -20,11 +20,11 @@ class CDetailPanel : public Vantor::CBaseDockFrame
 public:
     explicit CDetailPanel(QWidget *parent);
 
-    /// \brief Take over the row of \a index, whose model may change afterwards.
+    /// \brief Show the row of \a index. The texts are copied, so the model may change.
     void SetRow(const QModelIndex &index);
 
 Q_SIGNALS:
-    /// A short text for the status bar.
+    /// Emitted with a short text for the status bar.
     void SignalMessage(const QString &text);
 
 protected:

@@ -10,7 +10,7 @@ QT_END_NAMESPACE
 
 namespace Client {
 
-/// \brief What to export and how; where to is asked for afterwards.
+/// \brief Asks for the format of an export; a file dialog asks for the file afterwards.
 class CExportPanel : public Vantor::CBaseDockFrame
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ class CExportPanel : public Vantor::CBaseDockFrame
 public:
     explicit CExportPanel(QWidget *parent);
 
-    /// \brief Tell how many rows would be exported.
+    /// \brief Show that \a rows rows would be exported.
     void SetRowCount(int rows);
 
 Q_SIGNALS:

@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kPatience = 200ms; // a small file is read before a dialog would be seen
+constexpr auto kPatience = 200ms; // a small file needs no dialog
 
 } // namespace
 

@@ -17,7 +17,7 @@ namespace Client {
 
 /// \brief Reads a CSV file on another thread, behind a dialog that can cancel.
 ///
-/// The dialog opens when reading turns out to take long. Deleting this object cancels the reading,
+/// The dialog opens if reading takes long. Deleting this object cancels the reading,
 /// does not wait for it and emits no signal.
 class CFileReading : public QObject
 {
@@ -28,11 +28,11 @@ public:
     CFileReading(const QString &path, QDialog *dialog, QObject *parent);
     ~CFileReading() override;
 
-    /// \brief Stop soon; SignalFinished() comes with neither a list nor an error.
+    /// \brief Stop soon. SignalFinished() is then emitted with neither a list nor an error.
     void Cancel();
 
 Q_SIGNALS:
-    /// Emitted once. \a result holds the list, or why there is none.
+    /// Emitted once. \a result holds the list or an error text.
     void SignalFinished(const Client::ReadResult &result);
 
 private:

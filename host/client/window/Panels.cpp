@@ -42,7 +42,7 @@ CPanels::~CPanels()
 
 void CPanels::ShowDetails(const QModelIndex &index)
 {
-    // The second click of a double click: the panel is on its way.
+    // This is the second click of a double click, and the panel is already sliding in.
     if (!index.isValid() || (details_->isVisible() && shown_ == index.siblingAtColumn(0)))
         return;
     shown_ = index.siblingAtColumn(0);

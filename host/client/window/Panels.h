@@ -35,12 +35,12 @@ public Q_SLOTS:
 Q_SIGNALS:
     void SignalExportCsv();
     void SignalExportXlsx();
-    /// A short text for the status bar.
+    /// Emitted with a short text for the status bar.
     void SignalMessage(const QString &text);
 
 private:
-    // Children of the window or of the dock; without parent when the window dies with the panel
-    // open.
+    // Children of the window or of the dock; without a parent if the window is destroyed while the
+    // panel is open.
     const QPointer<CDetailPanel> details_;
     const QPointer<CExportPanel> export_;
     QPersistentModelIndex shown_; // the row in the panel

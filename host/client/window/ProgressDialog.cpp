@@ -14,7 +14,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr int kWidthPx = 360;
-constexpr auto kPatience = 300ms; // a dialog that flashes by only disturbs
+constexpr auto kPatience = 300ms; // a dialog that only flashes disturbs
 
 } // namespace
 
@@ -26,7 +26,7 @@ CProgressDialog::CProgressDialog(const QString &text, QWidget *parent)
     setMinimumWidth(kWidthPx);
     bar_->setAccessibleName(text);
     time_left_->setObjectName(QStringLiteral("TimeLeft"));
-    time_left_->setMinimumHeight(fontMetrics().height()); // its room is there before its text
+    time_left_->setMinimumHeight(fontMetrics().height()); // reserve its height before it has a text
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *const layout = new QVBoxLayout(this);

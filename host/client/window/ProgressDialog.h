@@ -14,11 +14,11 @@ QT_END_NAMESPACE
 
 namespace Client {
 
-/// \brief How far a work is and how long it will still take, with a button that cancels it: the
-/// dialog is rejected then.
+/// \brief Shows the progress of long work and the time left, with a button to cancel, which rejects
+/// the dialog.
 ///
-/// Opens by itself when the work turns out to be long and closes when it is done. In place of
-/// QProgressDialog, which handles events in the middle of setValue().
+/// Opens by itself if the work takes long, and closes when it is done. It replaces QProgressDialog,
+/// whose setValue() handles events.
 class CProgressDialog : public QDialog
 {
     Q_OBJECT

@@ -24,9 +24,11 @@ bool Base64Decode(std::string &bytes, const std::string &text)
 
 void Wipe(std::string &secret)
 {
-    // The compiler knows that nobody reads what is freed next, but not what this points at.
+    // The compiler may drop a call of memset() for memory that is freed next, but it cannot know
+    // where a volatile pointer points.
     static void *(*const volatile fill)(void *, int, size_t) = std::memset;
-    secret.resize(secret.capacity()); // an earlier, longer text may stand behind the end
+    // The buffer may hold the rest of an earlier, longer text behind the end.
+    secret.resize(secret.capacity());
     fill(secret.data(), 0, secret.size());
     secret.clear();
 }

@@ -5,7 +5,7 @@
 
 namespace Nim::Base::Error {
 
-/// \brief Where a request failed and why: three words, all 0 when nothing failed.
+/// \brief Where a request failed and why: three numbers, all 0 if nothing failed.
 struct ErrorCode
 {
     int module_code = 0;
@@ -27,8 +27,8 @@ inline bool operator!=(const ErrorCode &a, const ErrorCode &b)
 /// \brief Remember \a code as the last error of the calling thread.
 VANTOR_BASE_EXPORT void SetLastError(const ErrorCode &code);
 
-/// \brief The calling thread's last error; all 0 before the first. Another thread's errors never
-/// show here.
+/// \brief The last error of the calling thread; all 0 before the first. Errors of other threads are
+/// not visible here.
 [[nodiscard]] VANTOR_BASE_EXPORT ErrorCode GetLastError();
 
 } // namespace Nim::Base::Error

@@ -88,7 +88,7 @@ bool IsSameFile(const char *one, const char *other)
 
 std::string TemporaryNameBeside(const char *target)
 {
-    // Not longer than a GUID, whatever the target is called: names have a limit of their own.
+    // Not longer than a GUID, because the length of file names is limited.
     return FolderOf(target) + "/." + GuidUtil::CreateGuid() + ".part";
 }
 

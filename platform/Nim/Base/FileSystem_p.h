@@ -5,8 +5,8 @@
 
 namespace Nim::Base::FileSystem {
 
-// Gives `source` the name `target`, or returns false if that name is taken; never a moment with
-// neither.
+// Gives `source` the name `target`, or returns false if that name is taken. At every moment one of
+// the names exists.
 bool RenameWithoutReplacing(const char *source, const char *target);
 
 #ifdef _WIN32
@@ -15,7 +15,7 @@ constexpr char kSeparators[] = "/\\";
 constexpr char kSeparators[] = "/";
 #endif
 
-// The folder that the file `target` lies or shall lie in.
+// The folder of the file `target`, which need not exist yet.
 std::string FolderOf(const char *target);
 
 // Whether the existing file `path` may be written by this process.

@@ -15,7 +15,7 @@
 namespace Nim::Base::FileSystem {
 namespace {
 
-// What stands behind a stream of WatchClosing().
+// The data of a stream of WatchClosing().
 struct Watched
 {
     std::FILE *file;
@@ -53,7 +53,7 @@ std::FILE *WatchClosing(std::FILE *file, bool *is_closed)
     std::FILE *const stream =
         fopencookie(watched.get(), "r", {ReadWatched, nullptr, SeekWatched, CloseWatched});
     if (stream)
-        static_cast<void>(watched.release()); // the stream's now
+        static_cast<void>(watched.release()); // the stream owns it now
     return stream;
 }
 
@@ -70,7 +70,7 @@ int CreateLike(const char *path, const char *model)
     if (file < 0)
         return errno;
     struct stat status = {};
-    // A file system without permissions refuses; that is no obstacle.
+    // A file system without permissions refuses, which does no harm.
     if (stat(model, &status) == 0 && fchmod(file, status.st_mode & kPermissions) != 0)
         errno = 0;
     close(file);
@@ -89,14 +89,15 @@ bool RenameWithoutReplacing(const char *source, const char *target)
         return true;
     if (errno != EINVAL && errno != ENOSYS)
         return false;
-    // A file system without that operation: a hard link fails too when the name is taken.
+    // The file system lacks that operation. A hard link also fails if the name is taken.
     if (link(source, target) == 0) {
         unlink(source);
         return true;
     }
     if (errno != EPERM && errno != ENOSYS && errno != EOPNOTSUPP)
         return false;
-    // One without hard links, such as a stick's: take the name with an empty file, replace that.
+    // The file system has no hard links, as on a USB stick: take the name with an empty file, then
+    // replace that.
     const int reserved = open(target, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
     if (reserved < 0)
         return false;

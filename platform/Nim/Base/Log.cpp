@@ -117,7 +117,7 @@ void Write(int level, const char *category, const char *format, ...)
     va_start(arguments, format);
     try {
         Deliver(level, category, FormatText(format, arguments));
-    } catch (...) { // no memory, or the sink threw: logging never harms what it reports on
+    } catch (...) { // out of memory, or the sink threw: logging must not stop its caller
     }
     va_end(arguments);
 }

@@ -15,7 +15,7 @@
 
 namespace Nim::Base::Log {
 
-/// \brief Levels of a log line; the numbers are what a sink receives.
+/// \brief Levels of a log line; a sink receives these numbers.
 enum Level : int {
     kInformation = 3,
     kWarning = 4,
@@ -30,23 +30,22 @@ using Sink =
 ///
 /// The default hands each line to Qt's logging category of that name: level 3 as information, 4 as
 /// a warning, 5 and above as critical, so QT_LOGGING_RULES and a host's message handler filter and
-/// route them. Safe while other threads log: a line that is being written still goes to the sink it
-/// started with. A sink's exception ends there.
+/// route them. Safe while other threads log: a line that is being written still goes to the old
+/// sink. An exception of a sink is caught.
 VANTOR_BASE_EXPORT void SetSink(Sink sink);
 
-/// \brief Write one line. \a format and what follows are printf's; text from outside goes in
+/// \brief Write one line. \a format and its arguments are those of printf; pass text from outside
 /// through "%s" only.
 ///
 /// The text is UTF-8 of any length. Control characters in it are written as escapes ("\n" as a
-/// backslash and an n), so that no user name or server reply can forge a line of its own. Never
-/// throws.
+/// backslash and an n), so that no user name or server reply can forge a log line. Never throws.
 VANTOR_BASE_EXPORT void Write(int level, const char *category, const char *format, ...)
     NIM_PRINTF_FORMAT(3, 4);
 
 /// \brief Write one line in the frame that all code of the client uses:
 /// "[function]message[file(line)]".
 ///
-/// \param function qualified name of the function the line speaks for.
+/// \param function qualified name of the function that the line is about.
 /// \param file     path of the source file; only its last part is written.
 VANTOR_BASE_EXPORT void WriteFramed(const char *function, const char *file, int line, int level,
                                     const char *category, const char *format, ...)

@@ -9,27 +9,26 @@
 
 namespace Nim::Base::OS {
 
-/// \brief Ask for the list separator of the user's locale: what stands between the columns of a CSV
-/// file there. Any thread.
+/// \brief Get the list separator of the user's locale, which separates the columns of CSV files
+/// there. Any thread.
 ///
-/// \return false, and \a separator unchanged, when the system gives none. An empty answer counts as
-/// none.
+/// \return false, and \a separator unchanged, if the system has no list separator or an empty one.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT bool GetListSeparator(QString &separator);
 
-/// \return what GetListSeparator() gives, or "," when there is none.
+/// \return the separator of GetListSeparator(), or "," if there is none.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT QString ListSeparator();
 
-/// \brief Replace where GetListSeparator() asks; an empty function restores the default.
+/// \brief Replace the source of GetListSeparator(); an empty function restores the default.
 ///
 /// The default is the system's own call on Windows; elsewhere ";" when the locale's decimal point
-/// is ",", else ",". Called from any thread, once for each collected line and each write; so
-/// it must be cheap and thread-safe. If it throws, there is no answer.
+/// is ",", else ",". Called from any thread, once for each collected line and each write; so it
+/// must be cheap and thread-safe. An exception counts as no answer.
 VANTOR_PLATFORM_EXPORT void SetListSeparatorSource(std::function<bool(QString &)> source);
 
-/// \brief Whether Caps Lock is on. GUI thread; meant to be asked on focus and on a key, not polled.
+/// \brief Whether Caps Lock is on. GUI thread; call it on focus and on key events, do not poll.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT bool IsCapsLockOn();
 
-/// \brief Replace where IsCapsLockOn() asks; an empty function restores the default.
+/// \brief Replace the source of IsCapsLockOn(); an empty function restores the default.
 ///
 /// The default is the key state on Windows, the keyboard indicator where there is an X display, and
 /// off elsewhere.

@@ -3,7 +3,7 @@
 
 #include <QtCore/QString>
 
-// What each operating system answers by itself; one source file per system defines these.
+// The defaults of the operating system; each system has a source file that defines them.
 namespace Nim::Base::OS {
 
 bool SystemListSeparator(QString &separator);

@@ -10,8 +10,8 @@
 
 namespace Nim::Base::OS {
 
-// POSIX locales have no list separator. Where the comma is the decimal point, spreadsheets separate
-// by semicolons.
+// POSIX locales have no list separator. Spreadsheets use semicolons where the decimal point is a
+// comma.
 bool SystemListSeparator(QString &separator)
 {
     separator = QLocale::system().decimalPoint() == QLatin1Char(',') ? QStringLiteral(";")

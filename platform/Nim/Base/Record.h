@@ -18,7 +18,7 @@ struct DeepAssignment
     }
 };
 
-/// Assignment between records makes both use one structure. Copy construction is deep all the same.
+/// Assignment between records makes both use one structure. Copy construction is still deep.
 struct SharedAssignment
 {
     template <class Structure>
@@ -31,9 +31,9 @@ struct SharedAssignment
 /// \brief A plain structure behind a shared pointer: the base of every record class.
 ///
 /// A record always has a structure of its own; copies are deep, so a SetVal_ on one copy never
-/// shows in another. Only GetDataPtr() shares, with the one record it was asked of. There is no
-/// move: a moved-from record would have no structure left. A record may be used on any thread, by
-/// one thread at a time.
+/// shows in another. Only GetDataPtr() shares the structure of its record. There is no move,
+/// because a moved-from record would be left without a structure. A record may be used on any
+/// thread, by one thread at a time.
 ///
 /// \code
 /// class CLIENT_EXPORT CColumnInfo : public Nim::Base::CRecord<ColumnInfo>
@@ -64,15 +64,15 @@ public:
     }
     virtual ~CRecord() = default;
 
-    /// \brief The structure itself; never null. Whoever keeps it sees, and makes, the changes of
-    /// this record.
+    /// \brief The structure itself; never null. Changes through the pointer change this record, and
+    /// the other way round.
     [[nodiscard]] std::shared_ptr<Structure> GetDataPtr() const { return data_ptr_; }
 
-    /// \brief The structure, to look at while the record lives; for code that reads many fields a
-    /// million times.
+    /// \brief The structure for reading, valid while the record exists; for code that reads many
+    /// fields a million times.
     [[nodiscard]] const Structure &Read() const { return *data_ptr_; }
 
-    /// \brief Exchange the structures; nothing is copied. For code that orders many records.
+    /// \brief Exchange the structures without copying; for code that sorts many records.
     void Swap(CRecord &other) noexcept { data_ptr_.swap(other.data_ptr_); }
 
 protected:
@@ -81,9 +81,9 @@ protected:
 
 } // namespace Nim::Base
 
-/// The constructors of a record class; comes first in its body and leaves it public. The
-/// destructor, which ties the class's type information to one module, is defined by
-/// VANTOR_RECORD_DEFINE.
+/// The constructors of a record class. Put it first in the class; public members follow.
+/// VANTOR_RECORD_DEFINE defines the destructor, which ties the type information of the class to one
+/// module.
 #define VANTOR_RECORD(Class)                                                                       \
 public:                                                                                            \
     using CRecord::CRecord;                                                                        \

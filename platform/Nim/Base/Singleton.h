@@ -16,11 +16,11 @@ template <class T> struct IsKeptAtUnload : std::is_base_of<QObject, T>
 {
 };
 
-/// \brief Lets a singleton go when the library is unloaded.
+/// \brief Deletes a singleton, or leaves it alone, when the library is unloaded.
 ///
-/// That is at the end of the process, when the application object is usually gone and the window
-/// system may be too (exit() called from a slot leaves the application alive, but unloads the
-/// platform plug-in first). So a QObject is left to the operating system; everything else is
+/// This happens at the end of the process, when the application object and the window system
+/// usually do not exist any more (after exit() in a slot, the application object exists, but its
+/// platform plug-in is unloaded). So a QObject is left to the operating system; everything else is
 /// deleted, see IsKeptAtUnload.
 struct ReleaseAtUnload
 {
@@ -31,7 +31,7 @@ struct ReleaseAtUnload
     }
 };
 
-/// \brief One instance of \a T in the process, made by the first Instance().
+/// \brief One instance of \a T in the process, created by the first Instance().
 ///
 /// \a T derives from CSingleton<T>; a private constructor befriends it, the destructor is public,
 /// and the constructor must not call Instance(). A class that only one module uses needs nothing
@@ -54,10 +54,10 @@ public:
     CSingleton(const CSingleton &) = delete;
     CSingleton &operator=(const CSingleton &) = delete;
 
-    /// \brief The instance, made on the calling thread if there is none. It lives until the library
-    /// is unloaded.
+    /// \brief The instance; the first call creates it on the calling thread. It exists until the
+    /// library is unloaded.
     ///
-    /// Safe to call from any thread; whether the instance may be *used* there is for \a T to say.
+    /// Safe to call from any thread. \a T documents on which threads the instance may be used.
     static T &Instance()
     {
         if (T *const ready = published_.load(std::memory_order_acquire))
