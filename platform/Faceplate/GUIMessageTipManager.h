@@ -28,7 +28,7 @@ public:
     /// disappears after its time or when it is clicked, and never runs an event loop. A widget has
     /// one tip: the next message replaces it.
     ///
-    /// \param widget the parent of the tip; null: the active window, and without one no tip is shown.
+    /// \param widget the parent of the tip; null: the active window, or no tip without one.
     /// \param text   plain text; empty hides the tip.
     /// \param kind   0 information, others an error; a theme sees it as the property "kind".
     /// \param place  0 at the lower edge, others at the upper one.
