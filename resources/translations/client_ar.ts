@@ -151,6 +151,41 @@
         <source>XLSX workbooks (*.xlsx)</source>
         <translation>مصنفات XLSX (*.xlsx)</translation>
     </message>
+    <message>
+        <source>Stop copying?</source>
+        <translation>إيقاف النسخ؟</translation>
+    </message>
+    <message>
+        <source>The current file will be finished.</source>
+        <translation>سيُستكمل الملف الحالي.</translation>
+    </message>
+    <message>
+        <source>Not copied then: %1</source>
+        <translation>لن يُنسخ عندئذ: %1</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>، </translation>
+    </message>
+    <message>
+        <source>&amp;Stop and quit</source>
+        <translation>إي&amp;قاف وإنهاء</translation>
+    </message>
+    <message>
+        <source>&amp;Go on copying</source>
+        <translation>&amp;متابعة النسخ</translation>
+    </message>
+    <message numerus="yes">
+        <source>, and %Ln more</source>
+        <translation>
+            <numerusform></numerusform>
+            <numerusform> وملف آخر</numerusform>
+            <numerusform> وملفان آخران</numerusform>
+            <numerusform> و%Ln ملفات أخرى</numerusform>
+            <numerusform> و%Ln ملفًا آخر</numerusform>
+            <numerusform> و%Ln ملف آخر</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>Client::CServerLink</name>
@@ -854,7 +889,7 @@
         <translation>تعذّر إنشاء المجلد %1.</translation>
     </message>
     <message>
-        <source>Stopping after the file at hand…</source>
+        <source>Stopping after the current file…</source>
         <translation>سيتوقف بعد الملف الحالي…</translation>
     </message>
     <message>
@@ -924,6 +959,33 @@
     <message>
         <source>Add files, or drop them here</source>
         <translation>أضف ملفات أو أفلتها هنا</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be opened.</source>
+        <translation>تعذّر فتح المجلد %1.</translation>
+    </message>
+    <message>
+        <source>&amp;Open folder</source>
+        <translation>&amp;فتح المجلد</translation>
+    </message>
+    <message>
+        <source>Add &amp;samples</source>
+        <translation>إضافة &amp;عيّنات</translation>
+    </message>
+    <message>
+        <source>Copying: %1 of %2 files</source>
+        <translation>النسخ: %1 من %2 ملفات</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of them are not files and were left out.</source>
+        <translation>
+            <numerusform>لم يُترك شيء.</numerusform>
+            <numerusform>عنصر واحد ليس ملفًا وتُرك.</numerusform>
+            <numerusform>عنصران ليسا ملفين وتُركا.</numerusform>
+            <numerusform>%Ln عناصر ليست ملفات وتُركت.</numerusform>
+            <numerusform>%Ln عنصرًا ليست ملفات وتُركت.</numerusform>
+            <numerusform>%Ln عنصر ليست ملفات وتُركت.</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -147,6 +147,37 @@
         <source>XLSX workbooks (*.xlsx)</source>
         <translation>XLSX workbooks (*.xlsx)</translation>
     </message>
+    <message>
+        <source>Stop copying?</source>
+        <translation>Stop copying?</translation>
+    </message>
+    <message>
+        <source>The current file will be finished.</source>
+        <translation>The current file will be finished.</translation>
+    </message>
+    <message>
+        <source>Not copied then: %1</source>
+        <translation>Not copied then: %1</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>&amp;Stop and quit</source>
+        <translation>&amp;Stop and quit</translation>
+    </message>
+    <message>
+        <source>&amp;Go on copying</source>
+        <translation>&amp;Go on copying</translation>
+    </message>
+    <message numerus="yes">
+        <source>, and %Ln more</source>
+        <translation>
+            <numerusform>, and %Ln more</numerusform>
+            <numerusform>, and %Ln more</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>Client::CServerLink</name>
@@ -842,8 +873,8 @@
         <translation>The folder %1 cannot be made.</translation>
     </message>
     <message>
-        <source>Stopping after the file at hand…</source>
-        <translation>Stopping after the file at hand…</translation>
+        <source>Stopping after the current file…</source>
+        <translation>Stopping after the current file…</translation>
     </message>
     <message>
         <source>%1 of %2 files, %3 of %4</source>
@@ -912,6 +943,29 @@
     <message>
         <source>Add files, or drop them here</source>
         <translation>Add files, or drop them here</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be opened.</source>
+        <translation>The folder %1 cannot be opened.</translation>
+    </message>
+    <message>
+        <source>&amp;Open folder</source>
+        <translation>&amp;Open folder</translation>
+    </message>
+    <message>
+        <source>Add &amp;samples</source>
+        <translation>Add &amp;samples</translation>
+    </message>
+    <message>
+        <source>Copying: %1 of %2 files</source>
+        <translation>Copying: %1 of %2 files</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of them are not files and were left out.</source>
+        <translation>
+            <numerusform>%Ln of them is not a file and was left out.</numerusform>
+            <numerusform>%Ln of them are not files and were left out.</numerusform>
+        </translation>
     </message>
 </context>
 <context>

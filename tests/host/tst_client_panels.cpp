@@ -1,41 +1,55 @@
 // SPDX-License-Identifier: MIT
+#include "look/Language.h"
+#include "look/Theme.h"
 #include "pages/EvidencePage.h"
-#include "support/Files.h"
-#include "support/TestGuard.h"
+#include "support/Test.h"
 #include "window/DetailPanel.h"
-#include "window/ExportPanel.h"
+#include "window/MainWindow.h"
+#include "window/Pages.h"
 #include "window/Panels.h"
 
 #include <Vantor/CDockManager>
 #include <Vantor/CDockWidget>
 
-#include <QtCore/QDir>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QtCore/QMimeData>
+#include <QtCore/QUrl>
 #include <QtGui/QClipboard>
-#include <QtGui/QGuiApplication>
+#include <QtGui/QDropEvent>
 #include <QtGui/QStandardItemModel>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QTreeWidget>
 
+#include <csignal>
+
 using namespace Client;
 
-class tst_client_panels : public QObject
+namespace {
+
+Vantor::CDockWidget *Dock()
+{
+    return Ravel::CUiSingleton<Vantor::CDockManager>::Instance().GetDockWidget();
+}
+
+void Click(QWidget *in, const char *button)
+{
+    QTest::mouseClick(in->findChild<QPushButton *>(button), Qt::LeftButton);
+}
+
+} // namespace
+
+class TestClientPanels : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { guard_.Begin(); }
-
-    void cleanup()
-    {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
-    void rowIsShownInFullAndCopied()
+    void panelsShowARowAndAskForTheFormat()
     {
         QWidget window;
         window.resize(900, 600);
@@ -43,91 +57,102 @@ private Q_SLOTS:
         CPanels panels(&window);
         QStandardItemModel model(2, 3);
         model.setHorizontalHeaderLabels({"Date", "Airport", "Remarks"});
-        for (int column = 0; column < 2; ++column)
-            model.setItem(1, column, new QStandardItem(column == 0 ? "2026-03-01" : "<b>Oslo"));
+        model.setItem(1, 0, new QStandardItem("2026-03-01"));
+        model.setItem(1, 1, new QStandardItem("<b>Oslo"));
 
         panels.ShowDetails(model.index(1, 1));
-
-        auto *const dock = Ravel::CUiSingleton<Vantor::CDockManager>::Instance().GetDockWidget();
-        auto *const details = dock->findChild<CDetailPanel *>();
-        QVERIFY(details->isVisible());
-        QCOMPARE(details->findChildren<QLabel *>("DetailText").size(), 2); // none for an empty cell
+        const auto *const shown = Dock();
         panels.ShowDetails(model.index(1, 0)); // the second click of a double click
-        QCOMPARE(Ravel::CUiSingleton<Vantor::CDockManager>::Instance().GetDockWidget(), dock);
-        QTest::mouseClick(details->findChild<QPushButton *>("DockSaveButton"), Qt::LeftButton);
+        QCOMPARE(Dock(), shown);
+        QCOMPARE(shown->findChildren<QLabel *>("DetailText").size(), 2); // no empty cell
+        Click(Dock(), "DockSaveButton");
         QCOMPARE(QGuiApplication::clipboard()->text(),
                  QString("Date: 2026-03-01\nAirport: <b>Oslo\n"));
-        QTest::mouseClick(details->findChild<QPushButton *>("DockCancelButton"), Qt::LeftButton);
-        QTRY_VERIFY(dock->isHidden());
-        QCOMPARE(details->parentWidget(), &window);
-    }
+        Click(Dock(), "DockCancelButton");
+        QTRY_VERIFY(Dock()->isHidden());
 
-    void exportPanelAsksForTheFormat()
-    {
-        QWidget window;
-        window.resize(900, 600);
-        window.show();
-        CPanels panels(&window);
         QSignalSpy csv(&panels, &CPanels::SignalExportCsv);
         QSignalSpy xlsx(&panels, &CPanels::SignalExportXlsx);
-        panels.ShowExport(0);
-        auto *const save = window.findChild<CDetailPanel *>() // the other one stays at home
-                               ? Ravel::CUiSingleton<Vantor::CDockManager>::Instance()
-                                     .GetDockWidget()
-                                     ->findChild<QPushButton *>("DockSaveButton")
-                               : nullptr;
-        QVERIFY(save && !save->isEnabled()); // there is nothing to export
-        panels.ShowExport(5);
-        QTest::mouseClick(save, Qt::LeftButton);
-        QCOMPARE(xlsx.size(), 1);
-        panels.ShowExport(5);
-        save->window()->findChildren<QRadioButton *>().constLast()->setChecked(true);
-        QTest::mouseClick(save, Qt::LeftButton);
-        QCOMPARE(csv.size(), 1);
+        for (const int rows : {0, 5, 5}) { // nothing to export, a workbook, a CSV file
+            panels.ShowExport(rows);
+            if (xlsx.size() == 1)
+                Dock()->findChildren<QRadioButton *>().constLast()->setChecked(true);
+            Click(Dock(), "DockSaveButton");
+        }
+        QCOMPARE(xlsx.size() * 10 + csv.size(), 11);
     }
 
     void evidenceArrivesWithAReport()
     {
-        QTemporaryDir from;
-        const QTemporaryDir to;
-        for (const char *const name : {"a.jpeg", "notes", "gone.txt"}) {
-            QFile file(from.filePath(name));
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write("new") == 3);
-        }
-        for (const char *const name : {"a.jpeg", "notes"}) {
-            QFile file(to.filePath(name));
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write("old") == 3);
-        }
+        for (const char *const name : {"to/a.jpeg", "to/notes"})
+            folder_.Put(name, "old");
+        const QStringList files{folder_.Put("a.jpeg", "new"), folder_.Put("notes", "new"),
+                                folder_.Put("gone.txt", "new")};
         CEvidencePage page;
         QSignalSpy copied(&page, &CEvidencePage::SignalCopied);
-        const QStringList files{from.filePath("a.jpeg"), from.filePath("notes"),
-                                from.filePath("gone.txt")};
-        page.AddFiles(files + files + QStringList(from.path())); // each once, no folders
-        page.SetFolder(to.path());
+        page.AddFiles(files);
+        QMimeData dropped;
+        dropped.setUrls({QUrl::fromLocalFile(files.at(0)), QUrl::fromLocalFile(folder_.Path())});
+        QDropEvent drop({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+        static_cast<QObject &>(page).event(&drop); // one is there already, the other is a folder
+        const auto *const state = page.findChild<QLabel *>("EvidenceState");
+        QVERIFY(state->text().contains("left out"));
+        page.SetFolder(folder_.Path("to"));
         QVERIFY(QFile::remove(files.constLast()));
 
-        QTest::mouseClick(page.findChild<QPushButton *>("EvidenceCopy"), Qt::LeftButton);
+        Click(&page, "EvidenceCopy");
 
         QTRY_COMPARE(copied.size(), 1);
-        QVERIFY(!copied.at(0).at(0).toBool());
+        QVERIFY(!copied.at(0).at(0).toBool() && state->text().startsWith("2 of 3"));
         const auto *const list = page.findChild<QTreeWidget *>("EvidenceFiles");
-        QCOMPARE(list->topLevelItemCount(), 3);
-        QCOMPARE(list->topLevelItem(0)->text(2), QString("Copied as a(1).jpeg"));
-        QCOMPARE(list->topLevelItem(1)->text(2), QString("Copied as notes(1)"));
-        QVERIFY(list->topLevelItem(2)->text(2).startsWith("Not copied: "));
-        QCOMPARE(FileBytes(to.filePath("a.jpeg")) + FileBytes(to.filePath("notes(1)")),
-                 QByteArray("oldnew"));
-        QVERIFY(page.findChild<QLabel *>("EvidenceState")->text().startsWith("2 of 3"));
-        page.OnCopy(); // again
-        page.OnStop();
-        QTRY_COMPARE(copied.size(), 2);
-        QVERIFY(page.findChild<QPushButton *>("EvidenceCopy")->isEnabled());
-        page.OnCopy(); // and is closed while it runs
+        QStringList results;
+        for (int row = 0; row < list->topLevelItemCount(); ++row) {
+            results.append(list->topLevelItem(row)->text(2));
+            QVERIFY(!list->topLevelItem(row)->icon(2).isNull());
+        }
+        QCOMPARE(results, QStringList({"Copied as a(1).jpeg", "Copied as notes(1)",
+                                       "Not copied: No such file or directory"}));
+        QCOMPARE(folder_.Bytes("to/a.jpeg") + folder_.Bytes("to/notes(1)"), QByteArray("oldnew"));
+        page.OnCopy(); // again, and is closed while it runs
     }
 
-private:
-    CTestGuard guard_;
+    void closingTheWindowAsksWhetherToStop()
+    {
+        const QString held = folder_.Put("held", "1"); // its copy waits for the lease's end
+        const int lease = open(qPrintable(held), O_RDWR | O_CLOEXEC);
+        const auto before = std::signal(SIGIO, SIG_IGN);
+        QCOMPARE(fcntl(lease, F_SETLEASE, F_WRLCK), 0);
+        CThemeSwitch theme;
+        CLanguageSwitch language;
+        CMainWindow window(theme, language);
+        window.show();
+        QVERIFY(window.Pages().Show("evidence"));
+        auto *const page = window.findChild<CEvidencePage *>();
+        page->AddFiles({held, folder_.Put("b", "2"), folder_.Put("c", "3")});
+        page->SetFolder(folder_.PutFolder("to"));
+        page->OnCopy();
+        const auto *const work = window.findChild<QLabel *>("WorkElsewhere");
+        window.Pages().Show("list");
+        QTRY_COMPARE(work->text(), QString("Copying: 0 of 3 files"));
+
+        for (const char *const answer : {"&Go on copying", "&Stop and quit"}) {
+            window.close();
+            QVERIFY(window.isVisible());
+            auto *const question = window.findChild<QMessageBox *>();
+            QVERIFY(question && question->informativeText().contains("b, c"));
+            const auto buttons = question->buttons();
+            for (QAbstractButton *const button : buttons)
+                button->text() == answer ? button->click() : void();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+        QVERIFY(window.isVisible() && page->IsWorking());
+        fcntl(lease, F_SETLEASE, F_UNLCK);
+        QTRY_VERIFY(!window.isVisible());
+        QCOMPARE(folder_.Files("to"), QStringList("held"));
+        close(lease);
+        std::signal(SIGIO, before);
+    }
 };
 
-QTEST_MAIN(tst_client_panels)
+QTEST_MAIN(TestClientPanels)
 #include "tst_client_panels.moc"

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "pages/EvidencePage.h"
 
+#include "look/Theme.h"
+#include "pages/SampleEvidence.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QEvent>
@@ -9,6 +12,7 @@
 #include <QtCore/QMimeData>
 #include <QtCore/QStandardPaths>
 #include <QtCore/QUrl>
+#include <QtGui/QDesktopServices>
 #include <QtGui/QDragEnterEvent>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QHBoxLayout>
@@ -30,17 +34,23 @@ constexpr int kNameWidthPx = 320;
 
 enum Column { kName, kSize, kResult };
 
-// The path of the file that the row stands for.
-constexpr int kPathRole = Qt::UserRole;
+constexpr int kPathRole = Qt::UserRole; // of the name: the path of the file
+
+QIcon ResultIcon(bool has_arrived)
+{
+    return CThemeSwitch::Icon(has_arrived ? QStringLiteral("result-done")
+                                          : QStringLiteral("result-failed"));
+}
 
 } // namespace
 
 CEvidencePage::CEvidencePage(QWidget *parent)
     : CPage(parent), add_(new QPushButton(this)), remove_(new QPushButton(this)),
       folder_label_(new QLabel(this)), folder_(new QLineEdit(this)), browse_(new QPushButton(this)),
-      files_(new QTreeWidget(this)), empty_(new QLabel(files_->viewport())),
-      bar_(new QProgressBar(this)), state_(new QLabel(this)), stop_(new QPushButton(this)),
-      copy_(new QPushButton(this))
+      open_folder_(new QPushButton(this)), files_(new QTreeWidget(this)),
+      empty_(new QWidget(files_->viewport())), empty_text_(new QLabel(empty_)),
+      samples_(new QPushButton(empty_)), bar_(new QProgressBar(this)), state_(new QLabel(this)),
+      stop_(new QPushButton(this)), copy_(new QPushButton(this))
 {
     setAcceptDrops(true);
     auto *const page = new QVBoxLayout(this);
@@ -74,6 +84,7 @@ void CEvidencePage::BuildHead()
     head->addWidget(folder_label_);
     head->addWidget(folder_, 1);
     head->addWidget(browse_);
+    head->addWidget(open_folder_);
     static_cast<QVBoxLayout *>(layout())->addLayout(head);
 
     files_->setObjectName(QStringLiteral("EvidenceFiles"));
@@ -84,16 +95,30 @@ void CEvidencePage::BuildHead()
     files_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     files_->header()->setStretchLastSection(true);
     files_->setColumnWidth(kName, kNameWidthPx);
-    empty_->setObjectName(QStringLiteral("NothingFound"));
-    empty_->setAlignment(Qt::AlignCenter);
-    empty_->setWordWrap(true);
-    (new QVBoxLayout(files_->viewport()))->addWidget(empty_);
+    BuildEmptyList();
 
     connect(add_, &QPushButton::clicked, this, &CEvidencePage::OnAdd);
     connect(remove_, &QPushButton::clicked, this, &CEvidencePage::OnRemove);
     connect(browse_, &QPushButton::clicked, this, &CEvidencePage::OnBrowse);
+    connect(open_folder_, &QPushButton::clicked, this, &CEvidencePage::OnOpenFolder);
     connect(folder_, &QLineEdit::textChanged, this, &CEvidencePage::UpdateButtons);
     connect(files_, &QTreeWidget::itemSelectionChanged, this, &CEvidencePage::UpdateButtons);
+}
+
+void CEvidencePage::BuildEmptyList()
+{
+    empty_text_->setObjectName(QStringLiteral("NothingFound"));
+    empty_text_->setAlignment(Qt::AlignCenter);
+    empty_text_->setWordWrap(true);
+    samples_->setObjectName(QStringLiteral("EvidenceSamples"));
+    (new QVBoxLayout(files_->viewport()))->addWidget(empty_);
+    auto *const layout = new QVBoxLayout(empty_);
+    layout->setSpacing(kGapPx);
+    layout->addStretch();
+    layout->addWidget(empty_text_);
+    layout->addWidget(samples_, 0, Qt::AlignHCenter);
+    layout->addStretch();
+    connect(samples_, &QPushButton::clicked, this, &CEvidencePage::OnAddSamples);
 }
 
 void CEvidencePage::BuildFoot()
@@ -126,9 +151,12 @@ void CEvidencePage::AddFiles(const QStringList &paths)
     QSet<QString> known;
     for (int row = 0; row < files_->topLevelItemCount(); ++row)
         known.insert(files_->topLevelItem(row)->data(kName, kPathRole).toString());
+    int left_out = 0;
     for (const QString &path : paths) {
         const QFileInfo file(path);
         const QString absolute = file.absoluteFilePath();
+        if (!file.isFile())
+            ++left_out;
         if (!file.isFile() || known.contains(absolute))
             continue;
         known.insert(absolute);
@@ -139,6 +167,9 @@ void CEvidencePage::AddFiles(const QStringList &paths)
         item->setText(kSize, QLocale().formattedDataSize(file.size()));
         item->setTextAlignment(kSize, Qt::AlignRight | Qt::AlignVCenter);
     }
+    state_->setText(left_out > 0
+                        ? tr("%Ln of them are not files and were left out.", nullptr, left_out)
+                        : QString());
     UpdateButtons();
 }
 
@@ -160,6 +191,22 @@ void CEvidencePage::OnRemove()
 {
     qDeleteAll(files_->selectedItems());
     UpdateButtons();
+}
+
+void CEvidencePage::OnAddSamples()
+{
+    const QString home = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    const QStringList samples = MakeSampleEvidence(QDir(home).filePath(QStringLiteral("samples")));
+    AddFiles(samples);
+    if (samples.isEmpty())
+        state_->setText(tr("The folder %1 cannot be made.").arg(QDir::toNativeSeparators(home)));
+}
+
+void CEvidencePage::OnOpenFolder()
+{
+    const QString folder = QDir::fromNativeSeparators(folder_->text().trimmed());
+    if (!QFileInfo(folder).isDir() || !QDesktopServices::openUrl(QUrl::fromLocalFile(folder)))
+        state_->setText(tr("The folder %1 cannot be opened.").arg(folder_->text()));
 }
 
 void CEvidencePage::OnBrowse()
@@ -186,6 +233,7 @@ void CEvidencePage::OnCopy()
     for (int row = 0; row < files_->topLevelItemCount(); ++row) {
         QTreeWidgetItem *const item = files_->topLevelItem(row);
         item->setText(kResult, {});
+        item->setIcon(kResult, {});
         sources.append(item->data(kName, kPathRole).toString());
         targets.append(QDir(folder).filePath(item->text(kName)));
     }
@@ -198,6 +246,7 @@ void CEvidencePage::OnCopy()
             &CEvidencePage::OnFinished);
     since_start_.start();
     estimate_ = {};
+    files_done_ = 0;
     thread_->start();
     UpdateButtons();
 }
@@ -208,7 +257,7 @@ void CEvidencePage::OnStop()
         return;
     thread_->OnStopCopyFileThread();
     stop_->setEnabled(false);
-    state_->setText(tr("Stopping after the file at hand…"));
+    state_->setText(tr("Stopping after the current file…"));
 }
 
 void CEvidencePage::OnProgress(qint64 bytes_done, qint64 bytes_total, int files_done,
@@ -217,11 +266,14 @@ void CEvidencePage::OnProgress(qint64 bytes_done, qint64 bytes_total, int files_
     const double share = bytes_total > 0   ? double(bytes_done) / double(bytes_total)
                          : files_total > 0 ? double(files_done) / files_total
                                            : 1;
+    files_done_ = files_done;
     bar_->setValue(int(share * kBarSteps));
     estimate_.Note(since_start_.elapsed(), share);
-    if (!stop_->isEnabled())
-        return; // it tells of the stop
     const QLocale locale;
+    Q_EMIT SignalWork(tr("Copying: %1 of %2 files")
+                          .arg(locale.toString(files_done), locale.toString(files_total)));
+    if (!stop_->isEnabled())
+        return; // the line says that it is stopping
     const QString left = share < 1 ? TimeLeftText(estimate_.Seconds()) : QString();
     state_->setText(tr("%1 of %2 files, %3 of %4")
                         .arg(locale.toString(files_done), locale.toString(files_total),
@@ -241,8 +293,11 @@ void CEvidencePage::OnFinished(bool all_copied, const QStringList &failed)
     delete thread_.data(); // waits for its last steps
     state_->setText(text);
     UpdateButtons();
+    const QPointer<CEvidencePage> self = this;
     Q_EMIT SignalMessage(text);
     Q_EMIT SignalCopied(all_copied);
+    if (self)
+        Q_EMIT SignalWork({}); // the window may close
 }
 
 void CEvidencePage::ShowResults()
@@ -255,6 +310,7 @@ void CEvidencePage::ShowResults()
         item->setText(kResult, has_arrived
                                    ? tr("Copied as %1").arg(QFileInfo(file.target).fileName())
                                    : tr("Not copied: %1").arg(file.error));
+        item->setIcon(kResult, ResultIcon(has_arrived));
         item->setToolTip(kResult, has_arrived ? QDir::toNativeSeparators(file.target) : file.error);
     }
 }
@@ -267,6 +323,7 @@ void CEvidencePage::UpdateButtons()
     remove_->setEnabled(!is_running && !files_->selectedItems().isEmpty());
     folder_->setEnabled(!is_running);
     browse_->setEnabled(!is_running);
+    open_folder_->setEnabled(!folder_->text().trimmed().isEmpty());
     copy_->setEnabled(!is_running && has_files && !folder_->text().trimmed().isEmpty());
     stop_->setEnabled(is_running);
     bar_->setEnabled(is_running);
@@ -281,12 +338,14 @@ void CEvidencePage::Retranslate()
     remove_->setText(tr("&Remove"));
     folder_label_->setText(tr("Copy &to"));
     browse_->setText(tr("&Browse…"));
+    open_folder_->setText(tr("&Open folder"));
+    samples_->setText(tr("Add &samples"));
     copy_->setText(tr("&Copy"));
     stop_->setText(tr("&Stop"));
     bar_->setAccessibleName(tr("Progress of the copy"));
     files_->setAccessibleName(tr("Evidence files"));
     files_->setHeaderLabels({tr("File"), tr("Size"), tr("Result")});
-    empty_->setText(tr("Add files, or drop them here"));
+    empty_text_->setText(tr("Add files, or drop them here"));
 }
 
 void CEvidencePage::changeEvent(QEvent *event)
@@ -314,13 +373,20 @@ void CEvidencePage::dropEvent(QDropEvent *event)
 
 void CEvidencePage::PrepareForPicture()
 {
-    // Its own program and libraries are files that every client has.
-    const QDir here(QCoreApplication::applicationDirPath());
-    QStringList paths;
-    const QFileInfoList files = here.entryInfoList(QDir::Files, QDir::Name).mid(0, 8);
-    for (const QFileInfo &file : files)
-        paths.append(file.filePath());
-    AddFiles(paths);
+    OnAddSamples();
+}
+
+QStringList CEvidencePage::WorkLeft() const
+{
+    QStringList names;
+    for (int row = files_done_ + 1; thread_ && row < files_->topLevelItemCount(); ++row)
+        names.append(files_->topLevelItem(row)->text(kName));
+    return names;
+}
+
+void CEvidencePage::OnThemeChanged()
+{
+    open_folder_->setIcon(CThemeSwitch::Icon(QStringLiteral("open")));
 }
 
 } // namespace Client

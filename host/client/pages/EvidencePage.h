@@ -20,20 +20,25 @@ QT_END_NAMESPACE
 namespace Client {
 
 /// \brief Copies evidence files to a folder: the files, a progress row with a button that stops,
-/// and what became of each file in the end. Nothing that exists is overwritten.
+/// and in the end the result for each file. Nothing that exists is overwritten.
 class CEvidencePage : public CPage
 {
     Q_OBJECT
 
 public:
     explicit CEvidencePage(QWidget *parent = nullptr);
-    /// Waits for the file that is being copied.
+    /// Waits for the current file.
     ~CEvidencePage() override;
 
-    /// \brief Add files to the list; what is there already and what is no file is left out.
+    /// \brief Add files to the list. One that is there already is left out, and so is what is no
+    /// file, with a message.
     void AddFiles(const QStringList &paths);
     void SetFolder(const QString &folder);
 
+    [[nodiscard]] QStringList WorkLeft() const override; ///< Names of the files not yet begun.
+    [[nodiscard]] bool IsWorking() const override { return thread_; }
+    void StopWork() override { OnStop(); }
+    void OnThemeChanged() override;
     void PrepareForPicture() override;
 
 public Q_SLOTS:
@@ -41,7 +46,7 @@ public Q_SLOTS:
     void OnStop();
 
 Q_SIGNALS:
-    /// The copy has ended and its report stands in the list.
+    /// The copy has ended and its report is in the list.
     void SignalCopied(bool all_copied);
 
 protected:
@@ -52,13 +57,16 @@ protected:
 private Q_SLOTS:
     void OnAdd();
     void OnRemove();
+    void OnAddSamples();
     void OnBrowse();
+    void OnOpenFolder();
     void OnProgress(qint64 bytes_done, qint64 bytes_total, int files_done, int files_total);
     void OnFinished(bool all_copied, const QStringList &failed);
 
 private:
     void BuildHead();
     void BuildFoot();
+    void BuildEmptyList();
     void UpdateButtons();
     void Retranslate();
     void ShowResults();
@@ -68,8 +76,11 @@ private:
     QLabel *const folder_label_;
     QLineEdit *const folder_;
     QPushButton *const browse_;
+    QPushButton *const open_folder_;
     QTreeWidget *const files_;
-    QLabel *const empty_;
+    QWidget *const empty_; // in place of the rows
+    QLabel *const empty_text_;
+    QPushButton *const samples_;
     QProgressBar *const bar_;
     QLabel *const state_;
     QPushButton *const stop_;
@@ -77,6 +88,7 @@ private:
     QPointer<Vantor::CCopyFileThread> thread_;
     QElapsedTimer since_start_;
     CTimeLeft estimate_;
+    int files_done_ = 0; // of the running copy
 };
 
 } // namespace Client

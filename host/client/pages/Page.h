@@ -19,12 +19,21 @@ public:
     virtual void SetList(const IncidentListPtr &list) { Q_UNUSED(list) }
     /// \brief Take over what a style sheet cannot give, such as icons.
     virtual void OnThemeChanged() {}
+    /// \brief Items of a long work that would be lost if the program ended now, for the user; empty
+    /// while nothing is lost.
+    [[nodiscard]] virtual QStringList WorkLeft() const { return {}; }
+    /// \brief Whether such a work runs; SignalWork() reports its end.
+    [[nodiscard]] virtual bool IsWorking() const { return false; }
+    /// \brief Ask that work to end soon; SignalWork() reports when it has.
+    virtual void StopWork() {}
     /// \brief Put the page into the state in which a picture shows it best, without waiting.
     virtual void PrepareForPicture() {}
 
 Q_SIGNALS:
     /// A short text for the status bar.
     void SignalMessage(const QString &text);
+    /// The progress of a long work, as one line; empty when the work has ended.
+    void SignalWork(const QString &text);
 };
 
 } // namespace Client

@@ -7,6 +7,7 @@
 #include "look/Language.h"
 #include "look/Theme.h"
 #include "pages/ListPage.h"
+#include "pages/Page.h"
 #include "window/FileReading.h"
 #include "window/Pages.h"
 #include "window/Panels.h"
@@ -21,7 +22,9 @@
 #include <QtGui/QCloseEvent>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QFileDialog>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QStatusBar>
 
 namespace Client {
@@ -33,12 +36,17 @@ constexpr int kStatusTime_ms = 15000;
 
 CMainWindow::CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget *parent)
     : QMainWindow(parent), page_(new CListPage(this)), pages_(new CPages(page_, this)),
-      actions_(new CWindowActions(*this, theme, language)), panels_(new CPanels(this))
+      actions_(new CWindowActions(*this, theme, language)), panels_(new CPanels(this)),
+      work_(new QLabel(this))
 {
     setCentralWidget(pages_);
     actions_->AddPages(pages_->Actions());
     statusBar()->setSizeGripEnabled(false);
+    work_->setObjectName(QStringLiteral("WorkElsewhere"));
+    statusBar()->addPermanentWidget(work_);
     statusBar()->addPermanentWidget(page_->Totals());
+    connect(pages_, &CPages::SignalWorkElsewhere, work_, &QLabel::setText);
+    connect(pages_, &CPages::SignalWorkEnded, this, &CMainWindow::OnWorkEnded);
     const auto on = [this](CWindowActions::Id id, auto *receiver, auto slot) {
         connect(actions_->Action(id), &QAction::triggered, receiver, slot);
     };
@@ -185,13 +193,18 @@ void CMainWindow::EndWork()
 
 void CMainWindow::Stop(int status)
 {
-    if (!IsBusy()) {
+    if (!IsBusy() && !pages_->WorkingPage()) {
         Q_EMIT SignalStopped(status);
         return;
     }
-    connect(this, &CMainWindow::SignalIdle, this, [this, status] { Q_EMIT SignalStopped(status); });
+    connect(this, &CMainWindow::SignalIdle, this, [this, status] {
+        if (!IsBusy() && !pages_->WorkingPage())
+            Q_EMIT SignalStopped(status);
+    });
     if (cancel_work_)
         cancel_work_();
+    if (CPage *const page = pages_->WorkingPage())
+        page->StopWork();
 }
 
 void CMainWindow::changeEvent(QEvent *event)
@@ -203,12 +216,61 @@ void CMainWindow::changeEvent(QEvent *event)
 
 void CMainWindow::closeEvent(QCloseEvent *event)
 {
-    if (!IsBusy()) {
+    CPage *const page = pages_->WorkingPage();
+    if (!IsBusy() && !page) {
         QMainWindow::closeEvent(event);
+        return;
+    }
+    if (page) {
+        event->ignore();
+        AskToStop(*page);
         return;
     }
     statusBar()->showMessage(tr("Please wait until the work is done"), kStatusTime_ms);
     event->ignore();
+}
+
+void CMainWindow::AskToStop(CPage &page)
+{
+    if (stop_question_ || closes_after_work_)
+        return;
+    constexpr int kNames = 5;
+    const QStringList left = page.WorkLeft();
+    QString text = tr("The current file will be finished.");
+    if (!left.isEmpty()) {
+        text +=
+            QLatin1Char('\n') + tr("Not copied then: %1").arg(left.mid(0, kNames).join(tr(", ")));
+        if (left.size() > kNames)
+            text += tr(", and %Ln more", nullptr, left.size() - kNames);
+    }
+    stop_question_ = new QMessageBox(QMessageBox::Question, tr("Incidents"), tr("Stop copying?"),
+                                     QMessageBox::NoButton, this);
+    stop_question_->setInformativeText(text);
+    stop_question_->setAttribute(Qt::WA_DeleteOnClose);
+    QPushButton *const stop =
+        stop_question_->addButton(tr("&Stop and quit"), QMessageBox::DestructiveRole);
+    stop_question_->setDefaultButton(
+        stop_question_->addButton(tr("&Go on copying"), QMessageBox::RejectRole));
+    connect(stop, &QPushButton::clicked, this, &CMainWindow::StopAndClose);
+    stop_question_->open();
+}
+
+void CMainWindow::StopAndClose()
+{
+    closes_after_work_ = true;
+    if (CPage *const page = pages_->WorkingPage())
+        page->StopWork();
+    else
+        OnWorkEnded();
+}
+
+// The question has lost its point, but a report of failures has to be read.
+void CMainWindow::OnWorkEnded()
+{
+    delete stop_question_;
+    Q_EMIT SignalIdle();
+    if (std::exchange(closes_after_work_, false))
+        close();
 }
 
 void CMainWindow::OnOpen()

@@ -4,18 +4,22 @@
 #include "list/CsvFile.h"
 #include "list/IncidentList.h"
 
+#include <QtCore/QPointer>
 #include <QtWidgets/QMainWindow>
 
 #include <functional>
 
 QT_BEGIN_NAMESPACE
 class QDialog;
+class QLabel;
+class QMessageBox;
 QT_END_NAMESPACE
 
 namespace Client {
 
 class CLanguageSwitch;
 class CListPage;
+class CPage;
 class CPages;
 class CPanels;
 class CServerLink;
@@ -26,7 +30,8 @@ struct ExportResult;
 /// \brief The window: menus around the list and the other pages.
 ///
 /// Files are read and workbooks are written on other threads, and CSV files are written in slices,
-/// so the window stays responsive. It refuses to close until that is done.
+/// so the window stays responsive. It refuses to close until that is done. If a page is copying
+/// files, it asks whether to stop, and closes when the current file is done.
 class CMainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -74,8 +79,11 @@ private Q_SLOTS:
     void OnFind();
     void OnMessage(const QString &text);
     void OnAbout();
+    void OnWorkEnded();
 
 private:
+    void AskToStop(CPage &page);
+    void StopAndClose();
     void Retranslate();
     void OnFileRead(const ReadResult &result, const QString &name);
     void OnExportFinished(const ExportResult &result);
@@ -92,8 +100,11 @@ private:
     QString list_name_;
     // The reading or the export that is running, as a function that cancels it; empty: neither.
     std::function<void()> cancel_work_;
-    QString export_folder_;        // the target of the last export; empty: Qt's choice
-    QString export_name_to_retry_; // name of the last export if it failed
+    QLabel *const work_; // progress of a page that is not in front
+    QPointer<QMessageBox> stop_question_;
+    bool closes_after_work_ = false; // the user has answered that question with "stop"
+    QString export_folder_;          // the target of the last export; empty: Qt's choice
+    QString export_name_to_retry_;   // name of the last export if it failed
 };
 
 } // namespace Client

@@ -133,6 +133,7 @@ CPage *CPages::Build(int row)
 {
     CPage *const page = kPages[row].make(stack_);
     connect(page, &CPage::SignalMessage, this, &CPages::SignalMessage);
+    connect(page, &CPage::SignalWork, this, &CPages::OnWork);
     pages_[size_t(row)] = page;
     stack_->addWidget(page);
     if (list_)
@@ -147,7 +148,32 @@ void CPages::OnRowChanged(int row)
         return;
     QWidget *const page = pages_[size_t(row)];
     stack_->setCurrentWidget(page ? page : Build(row));
+    ShowWork();
     Q_EMIT SignalPageChanged(Current());
+}
+
+CPage *CPages::WorkingPage() const
+{
+    for (QWidget *const widget : pages_) {
+        auto *const page = qobject_cast<CPage *>(widget);
+        if (page && page->IsWorking())
+            return page;
+    }
+    return nullptr;
+}
+
+void CPages::OnWork(const QString &text)
+{
+    work_ = text;
+    ShowWork();
+    if (text.isEmpty())
+        Q_EMIT SignalWorkEnded();
+}
+
+void CPages::ShowWork()
+{
+    const bool is_elsewhere = stack_->currentWidget() != WorkingPage();
+    Q_EMIT SignalWorkElsewhere(is_elsewhere ? work_ : QString());
 }
 
 void CPages::changeEvent(QEvent *event)

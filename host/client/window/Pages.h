@@ -39,6 +39,8 @@ public:
     void SetList(const IncidentListPtr &list);
     /// \brief One action for each page, with the shortcuts Ctrl+1, Ctrl+2 and so on, for a menu.
     [[nodiscard]] QList<QAction *> Actions() const { return actions_; }
+    /// \brief The page that works for a long time, or null.
+    [[nodiscard]] CPage *WorkingPage() const;
     /// \brief Let the current page prepare for a screenshot.
     void PrepareForPicture();
 
@@ -48,6 +50,10 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// A page has a short text for the status bar.
     void SignalMessage(const QString &text);
+    /// The progress of a work on another page than the current one; empty if there is none.
+    void SignalWorkElsewhere(const QString &text);
+    /// A page's long work has ended.
+    void SignalWorkEnded();
     /// Emitted when another page is shown.
     void SignalPageChanged(const QString &name);
 
@@ -56,8 +62,10 @@ protected:
 
 private Q_SLOTS:
     void OnRowChanged(int row);
+    void OnWork(const QString &text);
 
 private:
+    void ShowWork();
     void Retranslate();
     CPage *Build(int row);
 
@@ -66,6 +74,7 @@ private:
     QList<QAction *> actions_;
     std::vector<QWidget *> pages_; // one for each row; null until it is built
     IncidentListPtr list_;
+    QString work_; // the progress of WorkingPage()
 };
 
 } // namespace Client
