@@ -207,6 +207,14 @@
         <translation>جارٍ التحميل…</translation>
     </message>
     <message>
+        <source>The columns could not be read.</source>
+        <translation>تعذرت قراءة الأعمدة.</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>إعادة المحاولة</translation>
+    </message>
+    <message>
         <source>Reset</source>
         <translation>إعادة الضبط</translation>
     </message>

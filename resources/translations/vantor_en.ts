@@ -207,6 +207,14 @@
         <translation>Loading…</translation>
     </message>
     <message>
+        <source>The columns could not be read.</source>
+        <translation>The columns could not be read.</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Try again</translation>
+    </message>
+    <message>
         <source>Reset</source>
         <translation>Reset</translation>
     </message>

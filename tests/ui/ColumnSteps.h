@@ -9,7 +9,7 @@
 #include <functional>
 #include <memory>
 
-/// Whoever keeps the layouts.
+/// Where the layouts are kept.
 struct ColumnKeeper
 {
     std::function<void(const QString &user)> log_in;
@@ -17,11 +17,11 @@ struct ColumnKeeper
     std::function<int()> writes;                         ///< how many there were so far
 };
 
-/// \brief 1,000 checks, moves, resets, restarts and changes of the user; after each, the table, the
+/// \brief 400 checks, moves, resets, restarts and changes of the user; after each, the table, the
 /// drop-down and the stored text agree, and what is restored is what that user left.
 inline void TakeColumnSteps(quint32 seed, const ColumnKeeper &keeper)
 {
-    constexpr int kSteps = 1000;
+    constexpr int kSteps = 400;
     constexpr int kColumns = 8;
     QRandomGenerator random(seed);
     Columns columns = MakeColumns(kColumns);

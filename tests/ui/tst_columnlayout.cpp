@@ -1,14 +1,22 @@
 // SPDX-License-Identifier: MIT
-// The arithmetic of column lists and drop-downs, without widgets.
+// The arithmetic of column lists and drop-downs, and how lists are kept in agreement, without
+// widgets.
+#include "support/Test.h"
 #include "ui/CustomizeColumnButton/ColumnLayout.h"
+#include "ui/CustomizeColumnButton/ColumnSync.h"
 #include "ui/CustomizeColumnButton/DropDownPlace.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <QtTest/QTest>
+#include <QtCore/QRandomGenerator>
+
+#include <deque>
 
 using Vantor::CColumnInfo;
+using Vantor::CColumnSync;
+using Vantor::ColumnAction;
+using Vantor::ColumnAnswer;
 using Columns = QVector<CColumnInfo>;
 
 namespace {
@@ -45,9 +53,161 @@ QString Text(const Columns &columns)
     return words.join(' ');
 }
 
+struct Layout
+{
+    const char *name;
+    QByteArray items;
+    QString expected;
+};
+
+struct Move
+{
+    const char *name;
+    QString movable; // one letter a column
+    int from;
+    int to;
+    bool is_possible;
+};
+
+struct Common
+{
+    const char *name;
+    QString columns;
+    int state;
+};
+
+struct Place
+{
+    const char *name;
+    QRect button;
+    QSize size;
+    bool is_mirrored;
+    QRect expected;
+};
+
+// A button, a user and a server that fails now and then, around a CColumnSync.
+class CWalk
+{
+public:
+    explicit CWalk(quint32 seed) : random_(seed) { Take(sync_.OnStart(defaults_)); }
+
+    void Step()
+    {
+        switch (random_.bounded(9)) {
+        case 0:
+            is_dragging_ = is_dragging_ || sync_.CanBeChanged();
+            break;
+        case 1:
+            EndDrag();
+            break;
+        case 2:
+            Take(sync_.OnOpened());
+            break;
+        case 3:
+            if (random_.bounded(8) == 0)
+                SwitchUser();
+            break;
+        case 4:
+        case 5:
+            Change();
+            break;
+        default:
+            Answer(random_.bounded(4) == 0);
+        }
+        if (asked_.empty() && !is_dragging_ && sync_.CurrentPhase() == CColumnSync::Phase::Ready)
+            Compare();
+    }
+
+    void Finish()
+    {
+        EndDrag();
+        for (int round = 0; round < 2; ++round) {
+            while (!asked_.empty())
+                Answer(false);
+            Take(sync_.OnOpened());
+        }
+        QCOMPARE(sync_.CurrentPhase(), CColumnSync::Phase::Ready);
+        Compare();
+    }
+
+private:
+    void Compare() const
+    {
+        const Columns stored = Vantor::WithColumnLayout(defaults_, text_);
+        QVERIFY(Vantor::AreSameColumns(stored, sync_.Current()));
+        QVERIFY(Vantor::AreSameColumns(stored, sync_.Confirmed()));
+        QVERIFY(Vantor::AreSameColumns(stored, laid_out_));
+    }
+
+    void Take(const CColumnSync::Actions &actions)
+    {
+        for (const ColumnAction &action : actions) {
+            if (action.kind == ColumnAction::Kind::Settle)
+                laid_out_ = sync_.Current();
+            if (action.kind == ColumnAction::Kind::Read || action.kind == ColumnAction::Kind::Write)
+                asked_.push_back(action);
+        }
+    }
+
+    void Change()
+    {
+        Columns columns = sync_.Current();
+        columns[random_.bounded(columns.size())].SetVal_column_checked(
+            random_.bounded(2) ? Qt::Checked : Qt::Unchecked);
+        columns[random_.bounded(columns.size())].SetVal_column_No(random_.bounded(100));
+        const bool can_be_changed = sync_.CanBeChanged();
+        const size_t before = asked_.size();
+        Take(sync_.OnChanged(columns));
+        QCOMPARE(asked_.size() - before, size_t(can_be_changed)); // else the store would be lost
+    }
+
+    void Answer(bool is_failing)
+    {
+        if (asked_.empty())
+            return;
+        const ColumnAction asked = asked_.front();
+        asked_.pop_front();
+        const bool is_write = asked.kind == ColumnAction::Kind::Write;
+        if (is_write && (!is_failing || random_.bounded(2))) // only the reply may have been lost
+            text_ = Vantor::ColumnLayoutText(asked.columns);
+        ColumnAnswer answer;
+        answer.kind = is_failing ? ColumnAnswer::Kind::Failed
+                      : is_write ? ColumnAnswer::Kind::Written
+                                 : ColumnAnswer::Kind::Read;
+        answer.is_write = is_write;
+        answer.layout = text_;
+        const auto actions = sync_.OnAnswer(answer, is_dragging_);
+        QVERIFY(!is_dragging_ || actions.empty()); // the rows below the mouse stay
+        Take(actions);
+    }
+
+    void EndDrag()
+    {
+        is_dragging_ = false;
+        Take(sync_.OnDragEnded());
+    }
+
+    void SwitchUser()
+    {
+        asked_.clear(); // answers for the last user are dropped
+        is_dragging_ = false;
+        text_ = random_.bounded(2) ? Vantor::ColumnLayoutText(Parse("2:0:y:y 1:2:y:y 3:2:y:y"))
+                                   : QByteArray();
+        Take(sync_.OnStart(defaults_));
+    }
+
+    const Columns defaults_ = Parse("0:2:y:y 1:2:y:y 2:2:n:y");
+    QRandomGenerator random_;
+    CColumnSync sync_;
+    std::deque<ColumnAction> asked_; // of the server, not answered yet
+    QByteArray text_;                // what the server keeps
+    Columns laid_out_;
+    bool is_dragging_ = false;
+};
+
 } // namespace
 
-class TestColumnLayout : public QObject
+class TestColumnLayout : public CGuardedTest
 {
     Q_OBJECT
 
@@ -75,34 +235,27 @@ private Q_SLOTS:
 
     void aLayoutIsPutBackEntryByEntry_data()
     {
-        QTest::addColumn<QByteArray>("items");
-        QTest::addColumn<QString>("expected");
         const QByteArray moved = R"({"ColumnID":7,"ColumnLocation":5,"ColumnChecked":0,)"
                                  R"("ColumnManualCheck":"true","ColumnManualSort":"true"})";
-        QTest::newRow("one entry changes the first column, whatever its id")
-            << moved << "5:0:y:y 1:2:y:y";
-        QTest::newRow("more entries than columns are left out")
-            << moved + "," + moved + "," + moved << "5:0:y:y 5:0:y:y";
-        QTest::newRow("a flag that is a JSON boolean is false")
-            << QByteArray(R"({"ColumnLocation":5,"ColumnChecked":2,"ColumnManualCheck":true,)"
-                          R"("ColumnManualSort":"true"})")
-            << "5:2:n:y 1:2:y:y";
-        QTest::newRow("1 is partially checked")
-            << QByteArray(moved).replace(":0", ":1") << "5:1:y:y 1:2:y:y";
-        QTest::newRow("any other number is checked")
-            << QByteArray(moved).replace(":0", ":-3") << "5:2:y:y 1:2:y:y";
-        QTest::newRow("an entry that is no object keeps its column")
-            << "7," + moved << "0:2:y:y 5:0:y:y";
-        QTest::newRow("no entry") << QByteArray() << "0:2:y:y 1:2:y:y";
+        AddRows<Layout>(
+            {{"one entry changes the first column, whatever its id", moved, "5:0:y:y 1:2:y:y"},
+             {"more entries than columns", moved + "," + moved + "," + moved, "5:0:y:y 5:0:y:y"},
+             {"a flag that is a JSON boolean is false",
+              R"({"ColumnLocation":5,"ColumnChecked":2,"ColumnManualCheck":true,)"
+              R"("ColumnManualSort":"true"})",
+              "5:2:n:y 1:2:y:y"},
+             {"1 is partially checked", QByteArray(moved).replace(":0", ":1"), "5:1:y:y 1:2:y:y"},
+             {"other numbers are checked", QByteArray(moved).replace(":0", ":-3"),
+              "5:2:y:y 1:2:y:y"},
+             {"an entry that is no object", "7," + moved, "0:2:y:y 5:0:y:y"},
+             {"no entry", {}, "0:2:y:y 1:2:y:y"}});
     }
 
     void aLayoutIsPutBackEntryByEntry()
     {
-        QFETCH(QByteArray, items);
-        QFETCH(QString, expected);
-
-        const QString layout = "{\"CustomizeListItems\":[" + QString::fromUtf8(items) + "]}";
-        QCOMPARE(Text(Vantor::WithColumnLayout(Parse("0:2:y:y 1:2:y:y"), layout)), expected);
+        const auto &row = FetchRow<Layout>();
+        const QString layout = "{\"CustomizeListItems\":[" + QString::fromUtf8(row.items) + "]}";
+        QCOMPARE(Text(Vantor::WithColumnLayout(Parse("0:2:y:y 1:2:y:y"), layout)), row.expected);
     }
 
     void whatIsNoLayoutChangesNothing()
@@ -117,86 +270,73 @@ private Q_SLOTS:
 
     void aMoveLeavesColumnsInPlaceThatKeepTheirs_data()
     {
-        QTest::addColumn<QString>("movable"); // one letter a column
-        QTest::addColumn<int>("from");
-        QTest::addColumn<int>("to");
-        QTest::addColumn<bool>("stands");
-        QTest::newRow("down among movable ones") << "yyyy" << 0 << 3 << true;
-        QTest::newRow("up among movable ones") << "yyyy" << 3 << 0 << true;
-        QTest::newRow("one that keeps its place") << "nyyy" << 0 << 2 << false;
-        QTest::newRow("onto one that keeps its place") << "yyyn" << 1 << 3 << false;
-        QTest::newRow("past one that keeps its place") << "yyny" << 0 << 3 << false;
-        QTest::newRow("next to one that keeps its place") << "nyyy" << 3 << 1 << true;
-        QTest::newRow("out of the list") << "yyyy" << 0 << 4 << false;
-        QTest::newRow("from nowhere") << "yyyy" << -1 << 0 << false;
+        AddRows<Move>({{"down among movable ones", "yyyy", 0, 3, true},
+                       {"up among movable ones", "yyyy", 3, 0, true},
+                       {"one that keeps its place", "nyyy", 0, 2, false},
+                       {"onto one that keeps its place", "yyyn", 1, 3, false},
+                       {"past one that keeps its place", "yyny", 0, 3, false},
+                       {"next to one that keeps its place", "nyyy", 3, 1, true},
+                       {"out of the list", "yyyy", 0, 4, false},
+                       {"from nowhere", "yyyy", -1, 0, false}});
     }
 
     void aMoveLeavesColumnsInPlaceThatKeepTheirs()
     {
-        QFETCH(QString, movable);
-        QFETCH(int, from);
-        QFETCH(int, to);
-        QFETCH(bool, stands);
+        const auto &row = FetchRow<Move>();
         Columns columns = Parse("3:2:y:y 2:2:y:y 1:2:y:y 0:2:y:y"); // shown in reverse
         const QVector<int> order = Vantor::ColumnOrder(columns);
         for (int place = 0; place < 4; ++place)
-            columns[order.at(place)].SetVal_b_manual_sort(movable.at(place) == 'y');
+            columns[order.at(place)].SetVal_b_manual_sort(row.movable.at(place) == 'y');
 
-        QCOMPARE(Vantor::CanMoveColumn(columns, order, from, to), stands);
+        QCOMPARE(Vantor::CanMoveColumn(columns, order, row.from, row.to), row.is_possible);
     }
 
     void theCommonStateIsThatOfTheColumnsOneMayCheck_data()
     {
-        QTest::addColumn<QString>("columns");
-        QTest::addColumn<int>("state");
-        QTest::newRow("all shown") << "0:2:y:y 1:2:y:y" << 2;
-        QTest::newRow("some hidden") << "0:2:y:y 1:0:y:y" << 1;
-        QTest::newRow("all hidden") << "0:0:y:y 1:0:y:y" << 0;
-        QTest::newRow("partially checked alone") << "0:1:y:y" << 1;
-        QTest::newRow("a fixed one does not count") << "0:2:n:y 1:0:y:y" << 0;
-        QTest::newRow("fixed ones alone do") << "0:2:n:y 1:2:n:y" << 2;
-        QTest::newRow("none") << "" << 0;
+        AddRows<Common>({{"all shown", "0:2:y:y 1:2:y:y", 2},
+                         {"some hidden", "0:2:y:y 1:0:y:y", 1},
+                         {"partially checked alone", "0:1:y:y", 1},
+                         {"a fixed one does not count", "0:2:n:y 1:0:y:y", 0},
+                         {"fixed ones alone do", "0:2:n:y 1:2:n:y", 2},
+                         {"none", "", 0}});
     }
 
     void theCommonStateIsThatOfTheColumnsOneMayCheck()
     {
-        QFETCH(QString, columns);
-        QTEST(int(Vantor::CommonCheckState(Parse(columns))), "state");
+        const auto &row = FetchRow<Common>();
+        QCOMPARE(int(Vantor::CommonCheckState(Parse(row.columns))), row.state);
     }
 
     void aDropDownStaysInsideOnEveryEdge_data()
     {
-        QTest::addColumn<QRect>("button");
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<bool>("is_mirrored");
-        QTest::addColumn<QRect>("expected");
         const QSize size(200, 300);
-        QTest::newRow("below") << QRect(300, 100, 30, 30) << size << false
-                               << QRect(300, 130, 200, 300);
-        QTest::newRow("below, right to left")
-            << QRect(300, 100, 30, 30) << size << true << QRect(130, 130, 200, 300);
-        QTest::newRow("at the right edge")
-            << QRect(870, 100, 30, 30) << size << false << QRect(700, 130, 200, 300);
-        QTest::newRow("at the left edge, right to left")
-            << QRect(100, 100, 30, 30) << size << true << QRect(100, 130, 200, 300);
-        QTest::newRow("at the lower edge it opens above")
-            << QRect(300, 660, 30, 30) << size << false << QRect(300, 360, 200, 300);
-        QTest::newRow("no room above or below: shifted")
-            << QRect(300, 400, 30, 30) << QSize(200, 590) << false << QRect(300, 110, 200, 590);
-        QTest::newRow("larger than the window: cut")
-            << QRect(300, 100, 30, 30) << QSize(2000, 2000) << false << QRect(100, 100, 800, 600);
-        QTest::newRow("a button outside")
-            << QRect(5000, -90, 30, 30) << size << false << QRect(700, 100, 200, 300);
+        AddRows<Place>(
+            {{"below", {300, 100, 30, 30}, size, false, {300, 130, 200, 300}},
+             {"below, right to left", {300, 100, 30, 30}, size, true, {130, 130, 200, 300}},
+             {"at the right edge", {870, 100, 30, 30}, size, false, {700, 130, 200, 300}},
+             {"at the left edge, mirrored", {100, 100, 30, 30}, size, true, {100, 130, 200, 300}},
+             {"at the lower edge: above", {300, 660, 30, 30}, size, false, {300, 360, 200, 300}},
+             {"no room: shifted", {300, 400, 30, 30}, {200, 590}, false, {300, 110, 200, 590}},
+             {"too large: cut", {300, 100, 30, 30}, {2000, 2000}, false, {100, 100, 800, 600}},
+             {"a button outside", {5000, -90, 30, 30}, size, false, {700, 100, 200, 300}}});
     }
 
     void aDropDownStaysInsideOnEveryEdge()
     {
-        QFETCH(QRect, button);
-        QFETCH(QSize, size);
-        QFETCH(bool, is_mirrored);
-        const auto direction = is_mirrored ? Qt::RightToLeft : Qt::LeftToRight;
-        QTEST(Vantor::DropDownPlace(button, size, QRect(100, 100, 800, 600), direction),
-              "expected");
+        const auto &row = FetchRow<Place>();
+        const auto direction = row.is_mirrored ? Qt::RightToLeft : Qt::LeftToRight;
+        const QRect room(100, 100, 800, 600);
+        QCOMPARE(Vantor::DropDownPlace(row.button, row.size, room, direction), row.expected);
+    }
+
+    void anyEventsKeepTheUsersColumnsAndTheServersInAgreement()
+    {
+        for (quint32 seed = 0; seed < 200 && !QTest::currentTestFailed(); ++seed) {
+            CWalk walk(seed);
+            for (int step = 0; step < 500 && !QTest::currentTestFailed(); ++step)
+                walk.Step();
+            walk.Finish();
+        }
     }
 };
 

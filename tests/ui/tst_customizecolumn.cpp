@@ -1,149 +1,185 @@
 // SPDX-License-Identifier: MIT
-#include "ColumnSteps.h"
 #include "ColumnTable.h"
 #include "LayoutStore.h"
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <Faceplate/GUIMessageTipManager.h>
-#include <Vantor/CCustomizeColumnButton>
 
-#include <QtTest/QAbstractItemModelTester>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
-
-#include <memory>
 #include <thread>
-
-using Vantor::CColumnInfo;
-using Vantor::CCustomizeColumnButton;
 
 namespace {
 
 const QString kAnnasKey = QStringLiteral("anna/") + kColumnKey;
 
+struct Refusal
+{
+    const char *name;
+    QList<int> clicks; // rows, one change each
+    int refusals;      // of the first changes
+    QString shown;
+};
+
+enum class Way { Destroyed, Uninitialised, Stopped, DestroyedInTheSignal, DestroyedInADrag };
+
+struct End
+{
+    const char *name;
+    Way way;
+};
+
+struct Click
+{
+    const char *name;
+    bool is_on_handle;
+    int clicks;
+    QString shown;
+};
+
+struct Drag
+{
+    const char *name;
+    bool is_cancelled;
+    QString shown;
+};
+
 } // namespace
 
-class TestCustomizeColumn : public QObject
+class TestCustomizeColumn : public CGuardedTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
+protected:
+    void SetUp() override
     {
-        guard_.Begin();
         messages_.clear();
         Faceplate::CGUIMessageTipManager::SetPresenter(
             [this](QWidget *, const QString &text, int, int, int) { messages_.append(text); });
         store_ = std::make_unique<CLayoutStore>();
     }
 
-    void cleanup()
+    void TearDown() override
     {
         store_.reset();
         Faceplate::CGUIMessageTipManager::SetPresenter(nullptr);
-        QGuiApplication::setLayoutDirection(Qt::LeftToRight);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
     }
 
-    void anyStepsKeepTableDropDownAndStoreInAgreement()
-    {
-        TakeColumnSteps(1, {[this](const QString &user) { store_->user = user; },
-                            [this](const QString &user) {
-                                return store_->texts.value(user + '/' + kColumnKey);
-                            },
-                            [this] { return store_->writes; }});
-        QVERIFY(messages_.isEmpty());
-    }
-
+private Q_SLOTS:
     void aRefusedChangeIsTakenBackWithOneMessage_data()
     {
-        QTest::addColumn<QList<int>>("clicks"); // rows, one change each
-        QTest::addColumn<int>("refusals");      // of the first changes
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("one change") << QList<int>{0} << 1 << "ABCD";
-        QTest::newRow("two quick changes, both refused") << QList<int>{0, 1} << 2 << "ABCD";
-        QTest::newRow("the second holds the first") << QList<int>{0, 1} << 1 << "CD";
+        AddRows<Refusal>({{"one change", {0}, 1, "ABCD"},
+                          {"two quick changes, both refused", {0, 1}, 2, "ABCD"},
+                          {"the second includes the first", {0, 1}, 1, "CD"}});
     }
 
     void aRefusedChangeIsTakenBackWithOneMessage()
     {
-        QFETCH(QList<int>, clicks);
-        QFETCH(int, refusals);
-        QFETCH(QString, shown);
+        const auto &row = FetchRow<Refusal>();
         CTable table(MakeColumns(4));
         table.Open();
         QTRY_COMPARE(table.settled, 1);
         store_->Hold();
-        for (const int row : qAsConst(clicks))
-            table.ClickRow(row);
-        store_->refusals = refusals;
+        for (const int clicked : row.clicks)
+            table.ClickRow(clicked);
+        store_->refusals = row.refusals;
 
         store_->AnswerAll();
 
-        QTRY_COMPARE(table.settled, 1 + clicks.size());
-        QCOMPARE(table.shown, shown);
-        QCOMPARE(table.Rows(), shown);
-        QCOMPARE(messages_.size(), refusals);
+        QTRY_COMPARE(table.settled, 1 + row.clicks.size());
+        QCOMPARE(table.shown, row.shown);
+        QCOMPARE(table.Rows(), row.shown);
+        QCOMPARE(messages_.size(), row.refusals);
         table.ClickRow(3); // the next change works
-        QTRY_COMPARE(table.shown, QString(shown).remove('D'));
+        QTRY_COMPARE(table.shown, QString(row.shown).remove('D'));
         QCOMPARE(Stored(store_->texts.value(kAnnasKey), MakeColumns(4)), table.shown);
     }
 
-    void aChoiceThatCannotBeReadIsAskedForAgainWhenOpened()
+    void aChoiceThatCannotBeReadIsNeverReplaced()
     {
         store_->texts[kAnnasKey] = R"({"CustomizeListItems":[{"ColumnLocation":1,"ColumnChecked":0,
             "ColumnManualCheck":"true","ColumnManualSort":"true"}]})";
-        store_->refusals = 1;
+        store_->refusals = 2;
         CTable table(MakeColumns(3));
         QTRY_COMPARE(table.settled, 1);
         QCOMPARE(table.shown, QString("ABC"));
-        QCOMPARE(messages_.size(), 1);
-        QVERIFY(messages_.first().contains("Peltra.9778d4835a7946b6ab94c46d137616dc.name"));
+        QVERIFY(messages_.value(0).contains("Peltra.9778d4835a7946b6ab94c46d137616dc.name"));
+        auto *const again = table.button->findChild<QPushButton *>("ptr_read_again_button_");
 
-        table.Open();
-
-        QVERIFY(!table.List()->isEnabled()); // a change now would replace what is not known yet
-        QTRY_COMPARE(table.shown, QString("BC"));
-        QVERIFY(table.List()->isEnabled());
-        QVERIFY(table.List()->hasFocus());
+        table.Open(); // asks again, and fails again
+        QTRY_COMPARE(table.settled, 2);
+        table.ClickRow(1);
+        QTest::mouseClick(table.Reset(), Qt::LeftButton);
+        QTest::keyClick(table.AllBox(), Qt::Key_Space);
         QCOMPARE(store_->writes, 0);
+        QVERIFY(again->hasFocus());
+        QTest::keyClick(again, Qt::Key_Space);
+
+        QTRY_COMPARE(table.shown, QString("BC"));
+        QVERIFY(!again->isVisible() && table.List()->hasFocus());
+        QCOMPARE(store_->writes, 0);
+        table.ClickRow(2);
+        QTRY_COMPARE(table.shown, QString("B"));
     }
 
     void anAnswerDuringADragIsAppliedAfterTheDrop_data()
     {
-        QTest::addColumn<bool>("is_cancelled");
-        QTest::newRow("dropped") << false;
-        QTest::newRow("given up with Escape") << true;
+        // The drop includes the refused change, and is stored.
+        AddRows<Drag>({{"dropped", false, "CDB"}, {"given up with Escape", true, "ABCD"}});
     }
 
     void anAnswerDuringADragIsAppliedAfterTheDrop()
     {
-        QFETCH(bool, is_cancelled);
+        const auto &row = FetchRow<Drag>();
         CTable table(MakeColumns(4));
         table.Open();
         QTRY_COMPARE(table.settled, 1);
         store_->Hold();
         store_->refusals = 1;
-        table.ClickRow(0); // will be refused
+        table.ClickRow(0);
         table.DragTo(1, 3);
         store_->AnswerAll();
         QCoreApplication::processEvents();
         QVERIFY(table.DropDown()->IsDragging());
         QCOMPARE(table.Rows(), QString("BCD"));
-        QCOMPARE(table.settled, 1);
 
-        if (is_cancelled)
+        if (row.is_cancelled)
             QTest::keyClick(table.List(), Qt::Key_Escape);
         else
             table.Drop();
 
-        // The drop holds the refused change too, and is stored.
-        QTRY_COMPARE(table.settled, is_cancelled ? 2 : 3);
-        QCOMPARE(table.shown, QString(is_cancelled ? "ABCD" : "CDB"));
-        QCOMPARE(table.Rows(), table.shown);
+        QTRY_COMPARE(table.settled, row.is_cancelled ? 2 : 3);
+        QCOMPARE(table.shown, row.shown);
+        QCOMPARE(table.Rows(), row.shown);
         QVERIFY(table.DropDown()->isVisible()); // Escape ended the drag only
+    }
+
+    void eachClickCountsButNotOnTheHandle_data()
+    {
+        AddRows<Click>({{"a click on a row", false, 1, "BC"},
+                        {"two quick clicks", false, 2, "ABC"},
+                        {"three quick clicks", false, 3, "BC"},
+                        {"a click on the handle", true, 1, "ABC"}});
+    }
+
+    void eachClickCountsButNotOnTheHandle()
+    {
+        const auto &row = FetchRow<Click>();
+        CTable table(MakeColumns(3));
+        table.Open();
+        QTRY_COMPARE(table.settled, 1);
+        QWidget *const viewport = table.List()->viewport();
+        const QPoint handle(viewport->width() - 8, table.RowCentre(0).y());
+        const QPoint place = row.is_on_handle ? handle : table.RowCentre(0);
+        for (int click = 1; click <= row.clicks; ++click) {
+            if (click == 2) // Qt reports the second press as a double click
+                QTest::mouseDClick(viewport, Qt::LeftButton, {}, place);
+            else
+                QTest::mouseClick(viewport, Qt::LeftButton, {}, place);
+            if (click == 2) // mouseDClick() clicks once before it
+                QTest::mouseClick(viewport, Qt::LeftButton, {}, place);
+        }
+
+        QCOMPARE(table.Rows(), row.shown);
     }
 
     void theLastUsersAnswersMeanNothingToTheNext()
@@ -173,42 +209,43 @@ private Q_SLOTS:
 
     void theButtonMayGoWithAnAnswerOutstanding_data()
     {
-        QTest::addColumn<int>("way");
-        QTest::newRow("destroyed") << 0;
-        QTest::newRow("uninitialised") << 1;
-        QTest::newRow("stopped") << 2;
-        QTest::newRow("destroyed when it tells of the answer") << 3;
-        QTest::newRow("destroyed with a row at the mouse") << 4;
+        AddRows<End>({{"destroyed", Way::Destroyed},
+                      {"uninitialised", Way::Uninitialised},
+                      {"stopped", Way::Stopped},
+                      {"destroyed in the signal", Way::DestroyedInTheSignal},
+                      {"destroyed while a row is dragged", Way::DestroyedInADrag}});
     }
 
     void theButtonMayGoWithAnAnswerOutstanding()
     {
-        QFETCH(int, way);
+        const Way way = FetchRow<End>().way;
         CTable table(MakeColumns(3));
         table.Open();
         QTRY_COMPARE(table.settled, 1);
         store_->Hold();
         table.ClickRow(0);
-        if (way == 1)
+        table.is_deleting_button = way == Way::DestroyedInTheSignal;
+        if (way == Way::Uninitialised)
             table.button->UnInitCustomizeList();
-        if (way == 2)
+        if (way == Way::Stopped)
             table.button->StopWork();
-        if (way == 3)
-            table.is_deleting_button = true;
-        if (way == 4)
+        if (way == Way::DestroyedInADrag)
             table.DragTo(1, 2);
-        if (way == 0 || way == 4)
+        if (way == Way::Destroyed || way == Way::DestroyedInADrag)
             delete table.button;
 
         std::thread([this] { store_->AnswerAll(); }).join();
 
-        if (way == 3)
+        if (table.is_deleting_button)
             QTRY_VERIFY(!table.button);
         QCoreApplication::processEvents();
-        QCOMPARE(table.settled, way == 3 ? 2 : 1);
-        QCOMPARE(store_->writes, 1); // what the user did is stored all the same
-        if (way == 2)
+        QCOMPARE(table.settled, table.is_deleting_button ? 2 : 1);
+        QCOMPARE(store_->writes, 1); // the user's change is stored all the same
+        if (way == Way::Stopped) {
             QCOMPARE(table.Given(), QString("BC"));
+            table.Open();
+            QVERIFY(!table.DropDown()->isVisible()); // nothing would be stored
+        }
     }
 
     void theButtonIsInitialisedOnceUntilItIsUninitialised()
@@ -216,10 +253,8 @@ private Q_SLOTS:
         CTable table(MakeColumns(3));
         table.button->InitCustomizeListByModuleNameANdFunction("Other", "One", MakeColumns(5),
                                                                nullptr);
-        QCOMPARE(table.button->property("MainInitialized"), QVariant(true));
         QTRY_COMPARE(table.settled, 1);
         QCOMPARE(table.shown, QString("ABC"));
-
         table.button->UnInitCustomizeList();
         QCOMPARE(table.Given(), QString());
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -233,7 +268,7 @@ private Q_SLOTS:
         QCOMPARE(store_->writes, 1);
     }
 
-    void theBoxForAllHasThreeStatesAndSparesFixedColumns()
+    void theBoxForAllSparesFixedColumns()
     {
         Columns columns = MakeColumns(3);
         columns[1].SetVal_b_manual_check(false);
@@ -241,80 +276,23 @@ private Q_SLOTS:
         CTable table(columns);
         table.Open();
         QTRY_COMPARE(table.settled, 1);
-        QCOMPARE(table.AllBox()->checkState(), Qt::Checked);
-        struct Step
-        {
-            int clicked_row; // -1: the box for all
-            QString shown;
-            Qt::CheckState state;
-        };
-        const Step steps[] = {{1, "AC", Qt::Checked}, // fixed
-                              {0, "C", Qt::PartiallyChecked},
-                              {-1, "AC", Qt::Checked},
-                              {-1, "", Qt::Unchecked},
-                              {-1, "AC", Qt::Checked}};
-        for (const Step &step : steps) {
-            if (step.clicked_row < 0)
-                QTest::keyClick(table.AllBox(), Qt::Key_Space);
-            else
-                table.ClickRow(step.clicked_row);
-            QCOMPARE(table.Rows(), step.shown);
-            QCOMPARE(table.Given(), step.shown);
-            QCOMPARE(table.AllBox()->checkState(), step.state);
+        table.ClickRow(1); // fixed
+        QCOMPARE(table.Rows(), QString("AC"));
+        table.ClickRow(0);
+        QCOMPARE(table.AllBox()->checkState(), Qt::PartiallyChecked);
+        for (const char *const shown : {"AC", "", "AC"}) {
+            QTest::keyClick(table.AllBox(), Qt::Key_Space);
+            QCOMPARE(table.Rows(), QString(shown));
+            QCOMPARE(table.Given(), QString(shown));
         }
         QTRY_COMPARE(table.settled, 5);
         QCOMPARE(store_->writes, 4); // one a change, not one a column
-    }
-
-    void theDropDownOpensInsideTheWindow_data()
-    {
-        QTest::addColumn<QPoint>("button");
-        QTest::addColumn<Qt::LayoutDirection>("direction");
-        QTest::newRow("upper left") << QPoint(0, 0) << Qt::LeftToRight;
-        QTest::newRow("upper right") << QPoint(770, 0) << Qt::LeftToRight;
-        QTest::newRow("lower right") << QPoint(770, 570) << Qt::LeftToRight;
-        QTest::newRow("upper left, right to left") << QPoint(0, 0) << Qt::RightToLeft;
-    }
-
-    void theDropDownOpensInsideTheWindow()
-    {
-        QFETCH(QPoint, button);
-        QFETCH(Qt::LayoutDirection, direction);
-        QGuiApplication::setLayoutDirection(direction);
-        CTable table(MakeColumns(20));
-        table.button->move(button);
-        table.Open();
-
-        const QRect room(table.mapToGlobal(QPoint()), table.size());
-        QVERIFY(table.DropDown()->isVisible());
-        QVERIFY(room.contains(table.DropDown()->geometry()));
-        QTRY_VERIFY(table.List()->hasFocus());
         QTest::keyClick(table.List(), Qt::Key_Escape);
         QVERIFY(!table.DropDown()->isVisible());
-    }
-
-    void theModelTellsOfChecksThatChange()
-    {
-        Vantor::CListSightCheckModel model;
-        const QAbstractItemModelTester tester(
-            &model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-        for (const char *const name : {"a", "b", "c"})
-            model.appendRow(new QStandardItem(QString(name)));
-        QSignalSpy spy(&model, &Vantor::CListSightCheckModel::SignalCheckStateChanged);
-
-        model.setData(model.index(1, 0), Qt::Checked, Qt::CheckStateRole);
-        model.setData(model.index(1, 0), Qt::Checked, Qt::CheckStateRole);
-        model.setData(model.index(1, 0), "other name");
-        QVERIFY(model.MoveRow(0, 2));
-        QVERIFY(!model.MoveRow(0, 3));
-
-        QCOMPARE(spy.size(), 1);
-        QCOMPARE(spy.first().mid(1), (QVariantList{0, 2}));
-        QCOMPARE(model.index(2, 0).data().toString(), QString("a"));
+        QCOMPARE(table.focusWidget(), table.button.data());
     }
 
 private:
-    CTestGuard guard_;
     QStringList messages_;
     std::unique_ptr<CLayoutStore> store_;
 };

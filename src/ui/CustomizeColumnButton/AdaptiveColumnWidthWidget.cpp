@@ -2,7 +2,7 @@
 #include "ui/CustomizeColumnButton/AdaptiveColumnWidthWidget.h"
 
 #include "common/Translate.h"
-#include "ui/CustomizeColumnButton/DropDownPlace.h"
+#include "ui/CustomizeColumnButton/DropDown.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>
@@ -74,7 +74,7 @@ CAdaptiveColumnWidthWidget::CAdaptiveColumnWidthWidget(QWidget *parent)
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMarginPx, kMarginPx, kMarginPx, kMarginPx);
     layout->setSpacing(0);
-    // Each radio button stands alone in its holder, so Qt would not see the two as one choice.
+    // Each radio button has a holder of its own, so Qt would not see the two as one choice.
     auto *const group = new QButtonGroup(this);
     d_ptr_->mini_ = NewChoice("ptr_min_width_radio_", *group, this);
     d_ptr_->maxi_ = NewChoice("ptr_max_width_radio_", *group, this);
@@ -109,19 +109,14 @@ void CAdaptiveColumnWidthWidget::SetRelateWidget(QWidget *widget)
 
 void CAdaptiveColumnWidthWidget::ShowAtRelateWidget()
 {
-    const QWidget *const button = d_ptr_->ptr_relate_widget_;
-    const QWidget *const room = isWindow() ? nullptr : parentWidget();
-    if (button) {
-        const QPoint corner = button->mapToGlobal(QPoint());
-        const QRect below(room ? room->mapFromGlobal(corner) : corner, button->size());
-        setGeometry(
-            DropDownPlace(below, sizeHint(), room ? room->rect() : QRect(), layoutDirection()));
-    } else {
-        adjustSize();
+    const auto &checked = d_ptr_->maxi_.ptr_radio_->isChecked() ? d_ptr_->maxi_ : d_ptr_->mini_;
+    if (d_ptr_->ptr_relate_widget_ && (isWindow() || parentWidget())) {
+        ShowDropDown(*this, *d_ptr_->ptr_relate_widget_, sizeHint(), *checked.ptr_radio_);
+        return;
     }
+    adjustSize();
     show();
     raise();
-    const auto &checked = d_ptr_->maxi_.ptr_radio_->isChecked() ? d_ptr_->maxi_ : d_ptr_->mini_;
     checked.ptr_radio_->setFocus(Qt::PopupFocusReason);
 }
 
@@ -132,7 +127,7 @@ bool CAdaptiveColumnWidthWidget::eventFilter(QObject *watched, QEvent *event)
         if (!IsInside(this, global) && !IsInside(d_ptr_->ptr_relate_widget_, global))
             hide();
     }
-    return QWidget::eventFilter(watched, event); // never consumed: the press is somebody else's
+    return QWidget::eventFilter(watched, event); // never consumed: the press is for another widget
 }
 
 void CAdaptiveColumnWidthWidget::changeEvent(QEvent *event)
@@ -156,13 +151,8 @@ void CAdaptiveColumnWidthWidget::hideEvent(QHideEvent *event)
 
 void CAdaptiveColumnWidthWidget::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() != Qt::Key_Escape) {
+    if (!CloseDropDownByKey(*this, d_ptr_->ptr_relate_widget_, *event))
         QWidget::keyPressEvent(event);
-        return;
-    }
-    hide();
-    if (d_ptr_->ptr_relate_widget_)
-        d_ptr_->ptr_relate_widget_->setFocus(Qt::PopupFocusReason);
 }
 
 void CAdaptiveColumnWidthWidget::OnMiniAdaptiveToggle(bool checked)

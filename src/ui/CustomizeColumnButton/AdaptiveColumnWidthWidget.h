@@ -14,7 +14,7 @@ struct CAdaptiveColumnWidthWidgetDataPtr;
 /// \brief A small drop-down with two choices for the columns of a table: as narrow as they may be,
 /// or as wide as their widest cell.
 ///
-/// It lies inside its parent, normally the host's window. Object names, by which a theme draws the
+/// It opens inside its parent, normally the host's window. Object names, by which a theme draws the
 /// checked look, are listed in docs/styling.md. GUI thread only.
 class VANTOR_EXPORT CAdaptiveColumnWidthWidget : public QWidget
 {
@@ -32,8 +32,8 @@ public:
     /// Not owned; may be null.
     void SetRelateWidget(QWidget *widget);
 
-    /// \brief Show it below the related widget, inside its parent, or where it is when there is
-    /// none.
+    /// \brief Show it below the related widget, inside its parent; where it is if there is no
+    /// related widget.
     void ShowAtRelateWidget();
 
 Q_SIGNALS:

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <tuple>
 
 namespace Vantor {
 namespace {
@@ -71,6 +72,19 @@ QVector<CColumnInfo> WithColumnLayout(const QVector<CColumnInfo> &columns, const
         column.SetVal_b_manual_sort(item.value(kManualSort).toString() == kTrue);
     }
     return restored;
+}
+
+bool AreSameColumns(const QVector<CColumnInfo> &a, const QVector<CColumnInfo> &b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const CColumnInfo &left, const CColumnInfo &right) {
+                          const auto fields = [](const ColumnInfo &info) {
+                              return std::tie(info.column_No, info.column_id, info.column_name,
+                                              info.column_checked, info.b_manual_check,
+                                              info.b_manual_sort);
+                          };
+                          return fields(left.Read()) == fields(right.Read());
+                      });
 }
 
 QVector<int> ColumnOrder(const QVector<CColumnInfo> &columns)

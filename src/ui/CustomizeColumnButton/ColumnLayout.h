@@ -8,9 +8,9 @@
 
 namespace Vantor {
 
-// What is done with lists of columns, without widgets. A list keeps the host's order for ever: a
-// move only changes the column_No of its columns, so that a layout that was stored for a list can
-// be put back on it entry by entry.
+// Operations on lists of columns, without widgets. A list always keeps the host's order: a move
+// only changes the column_No of its columns, so that a stored layout can be put back entry by
+// entry.
 
 /// The layout type of column lists on the server.
 constexpr int kColumnLayoutType = 1;
@@ -27,6 +27,9 @@ constexpr int kColumnLayoutType = 1;
 /// that is no stored form changes nothing at all.
 [[nodiscard]] QVector<CColumnInfo> WithColumnLayout(const QVector<CColumnInfo> &columns,
                                                     const QString &layout);
+
+/// \brief Whether two lists are the same in every field.
+[[nodiscard]] bool AreSameColumns(const QVector<CColumnInfo> &a, const QVector<CColumnInfo> &b);
 
 /// \brief The indexes of \a columns in the order in which they are shown: by column_No, and as in
 /// the list where that is equal.

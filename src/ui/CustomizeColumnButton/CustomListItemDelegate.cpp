@@ -29,8 +29,15 @@ bool IsCheckable(const QModelIndex &index)
     return (index.flags() & kNeeded) == kNeeded;
 }
 
-// A press and a double click on a row are the delegate's too, so that each release after them
-// checks once.
+// Empty for a row that cannot be moved.
+QRect HandleOf(const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    if (!index.data(CListSightCheckModel::kManualSortRole).toBool())
+        return {};
+    return QStyle::alignedRect(option.direction, Qt::AlignRight | Qt::AlignVCenter,
+                               QSize(kHandleWidthPx, option.rect.height()), option.rect);
+}
+
 bool IsOnRow(const QEvent &event, const QRect &row)
 {
     const auto &mouse = static_cast<const QMouseEvent &>(event);
@@ -77,10 +84,9 @@ void CCustomListItemDelegate::paint(QPainter *painter, const QStyleOptionViewIte
     item.text =
         item.fontMetrics.elidedText(item.text, Qt::ElideRight, text.width() - kHandleWidthPx);
     style->drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
-    if (!index.data(CListSightCheckModel::kManualSortRole).toBool())
+    const QRect handle = HandleOf(item, index);
+    if (handle.isEmpty())
         return;
-    const QRect handle = QStyle::alignedRect(item.direction, Qt::AlignRight | Qt::AlignVCenter,
-                                             QSize(kHandleWidthPx, item.rect.height()), item.rect);
     QColor colour = item.palette.color(QPalette::Normal, QPalette::Text);
     colour.setAlphaF(item.state & (QStyle::State_MouseOver | QStyle::State_Selected) ? 0.8 : 0.45);
     DrawHandle(*painter, handle, colour);
@@ -105,11 +111,10 @@ bool CCustomListItemDelegate::editorEvent(QEvent *event, QAbstractItemModel *mod
     if (!IsCheckable(index))
         return false;
     switch (event->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonPress: // the delegate's, so that the release after it is one click
         return IsOnRow(*event, option.rect);
     case QEvent::MouseButtonRelease:
-        if (!IsOnRow(*event, option.rect))
+        if (!IsOnRow(*event, option.rect) || IsOnRow(*event, HandleOf(option, index)))
             return false;
         break;
     case QEvent::KeyPress:

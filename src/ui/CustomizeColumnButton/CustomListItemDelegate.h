@@ -10,8 +10,8 @@ namespace Vantor {
 /// \brief Draws one row of a column chooser: check box, name and, where the row may be moved, a
 /// drag handle at the trailing edge.
 ///
-/// A click anywhere on a row, or Space, checks and unchecks it. The row of a column whose state is
-/// fixed is drawn as disabled.
+/// A click on a row, or Space, checks and unchecks it; a click on the handle does not. The row of a
+/// column whose state is fixed is drawn as disabled.
 class VANTOR_EXPORT CCustomListItemDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -5,7 +5,7 @@
 #include "common/Translate.h"
 #include "ui/CustomizeColumnButton/AdaptiveColumnWidthController.h"
 #include "ui/CustomizeColumnButton/ColumnLayout.h"
-#include "ui/CustomizeColumnButton/ColumnRequests.h"
+#include "ui/CustomizeColumnButton/ColumnSync.h"
 #include "ui/CustomizeColumnButton/CustomizeColumnWidget.h"
 
 #include <ErrorText/ErrorText.h>
@@ -15,9 +15,6 @@
 #include <QtCore/QPointer>
 #include <QtCore/QVariant>
 #include <QtGui/QIcon>
-
-#include <deque>
-#include <functional>
 
 namespace Vantor {
 namespace {
@@ -36,35 +33,7 @@ struct CCustomizeColumnButtonDataPtr
     QPointer<QWidget> ptr_independent_window_;
     QPointer<CCustomizeColumnWidget> ptr_customize_widget_;
     QPointer<CAdaptiveColumnWidthController> ptr_controller_;
-    CColumnRequests requests_;
-    std::deque<std::function<void()>> list_deferred_answers_; // that came while a row was dragged
-    bool b_applying_ = false;                                 // the deferred answers
-    bool b_known_ = false; // what the server holds for this user: read or written
-
-    [[nodiscard]] QString Key() const
-    {
-        return ColumnLayoutKey(str_module_name_, str_function_name_);
-    }
-
-    void Send(const QByteArray &text) const
-    {
-        BusinessCommon::AdaptiveLayout layout;
-        layout.key_value = Key().toStdString();
-        layout.type_value = kColumnLayoutType;
-        layout.layout_data = text.toStdString();
-        ptr_controller_->AdaptiveGetOrPostLayoutCurrentColumnState(layout);
-    }
-
-    // While a row hangs at the mouse, the rows below it must not change. What comes later than a
-    // deferred answer waits behind it.
-    bool Defer(std::function<void()> answer)
-    {
-        const bool is_dragging = ptr_customize_widget_ && ptr_customize_widget_->IsDragging();
-        if (!is_dragging && (b_applying_ || list_deferred_answers_.empty()))
-            return false;
-        list_deferred_answers_.push_back(std::move(answer));
-        return true;
-    }
+    CColumnSync sync_;
 };
 
 CCustomizeColumnButton::CCustomizeColumnButton(QWidget *parent)
@@ -102,7 +71,7 @@ void CCustomizeColumnButton::InitCustomizeListByModuleNameANdFunction(
         connect(this, &QPushButton::clicked, this,
                 &CCustomizeColumnButton::OnShowCustomizeListWidget, Qt::UniqueConnection);
         d_ptr_->ptr_independent_window_ = window();
-        Read();
+        Execute(d_ptr_->sync_.OnStart(columns));
     });
 }
 
@@ -110,6 +79,7 @@ void CCustomizeColumnButton::UnInitCustomizeList()
 {
     setProperty(kMainInitialized, false);
     ReleaseController();
+    d_ptr_->sync_.OnStop();
     if (CCustomizeColumnWidget *const drop_down = d_ptr_->ptr_customize_widget_) {
         drop_down->disconnect(this);
         drop_down->hide();
@@ -136,27 +106,23 @@ void CCustomizeColumnButton::GetCustomizeListCurrentContent(QStringList &names,
 void CCustomizeColumnButton::StopWork()
 {
     ReleaseController();
-    if (!d_ptr_->ptr_customize_widget_)
-        return;
-    d_ptr_->ptr_customize_widget_->hide();
-    d_ptr_->ptr_customize_widget_->SetLoading(false);
+    if (d_ptr_->ptr_customize_widget_)
+        d_ptr_->ptr_customize_widget_->hide();
+    Execute(d_ptr_->sync_.OnStop());
 }
 
 void CCustomizeColumnButton::UpdateAfterSwitchUser()
 {
     static constexpr char kFunction[] = "Vantor::CCustomizeColumnButton::UpdateAfterSwitchUser";
-    VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE, "GetCurrentWidgetAdjustHeight : %s",
-               qUtf8Printable(d_ptr_->Key()));
+    VANTOR_LOG(
+        kFunction, 3, VANTOR_LOG_USER_OPERATE, "GetCurrentWidgetAdjustHeight : %s",
+        qUtf8Printable(ColumnLayoutKey(d_ptr_->str_module_name_, d_ptr_->str_function_name_)));
     if (!d_ptr_->ptr_customize_widget_ || !d_ptr_->ptr_controller_)
         return;
     RunGuarded(kFunction, [&] {
-        // Deferred answers stay: each has to meet its request, and as a stale one does no more.
-        d_ptr_->requests_.MakeStale();
-        d_ptr_->b_known_ = false;
-        QVector<CColumnInfo> columns;
-        d_ptr_->ptr_customize_widget_->GetCustomlistItemsContentInit(columns);
-        d_ptr_->ptr_customize_widget_->InitCustomizeWidget(columns);
-        Read();
+        ReleaseController(); // and with it the answers for the last user
+        CreateController();
+        Execute(d_ptr_->sync_.OnStart(QVector<CColumnInfo>(d_ptr_->sync_.Initial())));
     });
 }
 
@@ -170,15 +136,17 @@ void CCustomizeColumnButton::changeEvent(QEvent *event)
 void CCustomizeColumnButton::OnShowCustomizeListWidget()
 {
     CCustomizeColumnWidget *const drop_down = d_ptr_->ptr_customize_widget_;
-    if (!drop_down || drop_down->isVisible())
+    if (!drop_down || drop_down->isVisible()
+        || d_ptr_->sync_.CurrentPhase() == CColumnSync::Phase::Stopped)
         return;
-    // Changes are made to what the user stored. When that could not be read, ask once more.
-    if (!d_ptr_->b_known_ && d_ptr_->ptr_controller_ && !d_ptr_->requests_.IsWaiting(false))
-        Read();
+    Execute(d_ptr_->sync_.OnOpened());
     d_ptr_->ptr_independent_window_ = window(); // hosts put the button elsewhere
-    const QWidget *const host = d_ptr_->ptr_independent_window_;
-    drop_down->ShowAt(QRect(mapToGlobal(QPoint()), size()),
-                      QRect(host->mapToGlobal(QPoint()), host->size()));
+    drop_down->ShowFor(*this);
+}
+
+void CCustomizeColumnButton::OnReadAgain()
+{
+    Execute(d_ptr_->sync_.OnOpened());
 }
 
 void CCustomizeColumnButton::OnCurrentCustomizeListContent()
@@ -187,87 +155,122 @@ void CCustomizeColumnButton::OnCurrentCustomizeListContent()
         return;
     QVector<CColumnInfo> columns;
     d_ptr_->ptr_customize_widget_->GetCustomlistItemsContent(columns);
-    d_ptr_->requests_.AddWrite(columns);
-    d_ptr_->Send(ColumnLayoutText(columns));
+    Execute(d_ptr_->sync_.OnChanged(columns));
 }
 
 void CCustomizeColumnButton::OnColumnWidgetChangedFinish()
 {
-    const QPointer<CCustomizeColumnButton> self(this); // a host may delete it on any of them
-    d_ptr_->b_applying_ = true;
-    while (self && !d_ptr_->list_deferred_answers_.empty()) {
-        const auto answer = std::move(d_ptr_->list_deferred_answers_.front());
-        d_ptr_->list_deferred_answers_.pop_front();
-        answer();
-    }
-    if (self)
-        d_ptr_->b_applying_ = false;
+    if (!IsDragging()) // else the next end brings it
+        Execute(d_ptr_->sync_.OnDragEnded());
 }
 
 void CCustomizeColumnButton::OnGetLayoutAdaptiveColumnStateSuccess(const QString &layout)
 {
-    if (d_ptr_->Defer([this, layout] { OnGetLayoutAdaptiveColumnStateSuccess(layout); }))
-        return;
-    const ColumnRequest request = d_ptr_->requests_.Take(false);
-    if (request.is_stale || !d_ptr_->ptr_customize_widget_)
-        return;
-    d_ptr_->b_known_ = true;
-    d_ptr_->ptr_customize_widget_->SetLoading(d_ptr_->requests_.IsWaiting(false));
-    if (d_ptr_->requests_.IsWaiting(true)) { // what was changed since is newer
-        Q_EMIT SignalGetCurrentCustomizelistShow();
-        return;
-    }
-    QVector<CColumnInfo> columns;
-    d_ptr_->ptr_customize_widget_->GetCustomlistItemsContentInit(columns);
-    columns = WithColumnLayout(columns, layout);
-    d_ptr_->ptr_customize_widget_->SetPreChangedCustomListState(columns);
-    Settle(columns);
+    ColumnAnswer answer;
+    answer.kind = ColumnAnswer::Kind::Read;
+    answer.layout = layout;
+    Execute(d_ptr_->sync_.OnAnswer(answer, IsDragging()));
 }
 
 void CCustomizeColumnButton::OnPostLayoutAdaptiveColumnStateSuccess(const bool &ok)
 {
-    if (d_ptr_->Defer([this, ok] { OnPostLayoutAdaptiveColumnStateSuccess(ok); }))
-        return;
-    const ColumnRequest request = d_ptr_->requests_.Take(true);
-    if (request.is_stale || !d_ptr_->ptr_customize_widget_ || !ok)
-        return;
-    d_ptr_->b_known_ = true;
-    if (!request.columns.isEmpty())
-        d_ptr_->ptr_customize_widget_->SetPreChangedCustomListState(request.columns);
-    Q_EMIT SignalGetCurrentCustomizelistShow();
+    ColumnAnswer answer;
+    answer.kind = ok ? ColumnAnswer::Kind::Written : ColumnAnswer::Kind::Failed;
+    answer.is_write = true;
+    Execute(d_ptr_->sync_.OnAnswer(answer, IsDragging()));
 }
 
 void CCustomizeColumnButton::OnGetPostLayoutAdaptiveColumnStateFailed(const int &first,
                                                                       const int &second,
                                                                       const int &getOrPost)
 {
-    if (d_ptr_->Defer([this, first, second, getOrPost] {
-            OnGetPostLayoutAdaptiveColumnStateFailed(first, second, getOrPost);
-        }))
+    ColumnAnswer answer;
+    answer.kind = ColumnAnswer::Kind::Failed;
+    answer.is_write = getOrPost != 0;
+    answer.error = {first, second};
+    Execute(d_ptr_->sync_.OnAnswer(answer, IsDragging()));
+}
+
+bool CCustomizeColumnButton::IsDragging() const
+{
+    return d_ptr_->ptr_customize_widget_ && d_ptr_->ptr_customize_widget_->IsDragging();
+}
+
+// A host may do anything on a signal: delete the button, or begin again, and then the rest means
+// nothing any more.
+void CCustomizeColumnButton::Execute(const std::vector<ColumnAction> &actions)
+{
+    const QPointer<CCustomizeColumnButton> self(this);
+    const int generation = d_ptr_->sync_.Generation();
+    for (const ColumnAction &action : actions) {
+        if (!self || generation != d_ptr_->sync_.Generation())
+            return;
+        Execute(action);
+    }
+}
+
+void CCustomizeColumnButton::Execute(const ColumnAction &action)
+{
+    switch (action.kind) {
+    case ColumnAction::Kind::Read:
+        Send({});
+        break;
+    case ColumnAction::Kind::Write:
+        Send(ColumnLayoutText(action.columns));
+        break;
+    case ColumnAction::Kind::Show:
+        UpdateDropDown();
+        break;
+    case ColumnAction::Kind::Message:
+        ShowError(action.error);
+        break;
+    case ColumnAction::Kind::Settle:
+        if (d_ptr_->ptr_customize_widget_)
+            Q_EMIT SignalGetCurrentCustomizelistShow();
+        break;
+    }
+}
+
+void CCustomizeColumnButton::Send(const QByteArray &text)
+{
+    if (!d_ptr_->ptr_controller_)
         return;
-    const bool is_write = getOrPost != 0;
-    const ColumnRequest request = d_ptr_->requests_.Take(is_write);
+    BusinessCommon::AdaptiveLayout layout;
+    layout.key_value =
+        ColumnLayoutKey(d_ptr_->str_module_name_, d_ptr_->str_function_name_).toStdString();
+    layout.type_value = kColumnLayoutType;
+    layout.layout_data = text.toStdString();
+    d_ptr_->ptr_controller_->AdaptiveGetOrPostLayoutCurrentColumnState(layout);
+}
+
+// Rows that are right stay: a click that has begun on one must end on it.
+void CCustomizeColumnButton::UpdateDropDown()
+{
+    using State = CCustomizeColumnWidget::ChoiceState;
     CCustomizeColumnWidget *const drop_down = d_ptr_->ptr_customize_widget_;
-    if (request.is_stale || !drop_down)
+    if (!drop_down)
         return;
+    const CColumnSync &sync = d_ptr_->sync_;
+    QVector<CColumnInfo> shown;
+    drop_down->GetCustomlistItemsContent(shown);
+    if (!AreSameColumns(shown, sync.Current()))
+        drop_down->SetCustomizeWidgetListItems(sync.Current());
+    drop_down->SetPreChangedCustomListState(sync.Confirmed());
+    drop_down->SetChoiceState(sync.CurrentPhase() == CColumnSync::Phase::Reading  ? State::Loading
+                              : sync.CurrentPhase() == CColumnSync::Phase::Unread ? State::Unread
+                                                                                  : State::Ready);
+}
+
+void CCustomizeColumnButton::ShowError(const std::pair<int, int> &error)
+{
     Nim::Base::Error::ErrorCode code;
-    code.module_code = first;
-    code.error_code = second;
+    code.module_code = error.first;
+    code.error_code = error.second;
     Faceplate::CGUIMessageTipManager::ShowMessage(
         window(),
         FillArgument(Translate(QStringLiteral("Peltra.9778d4835a7946b6ab94c46d137616dc.name")),
                      ErrorText::GetErrorInfoByErrorCode(code)),
         kMessageKind, kMessagePlace, kMessageTime_s);
-    if (is_write)
-        d_ptr_->b_known_ = false; // it may have arrived all the same: read again when opened next
-    QVector<CColumnInfo> columns;
-    // A write that is still outstanding holds this change as well and decides about both.
-    if (is_write && !d_ptr_->requests_.IsWaiting(true))
-        drop_down->GetPreChangedCustomListState(columns);
-    else
-        drop_down->GetCustomlistItemsContent(columns);
-    drop_down->SetLoading(d_ptr_->requests_.IsWaiting(false));
-    Settle(columns);
 }
 
 void CCustomizeColumnButton::CreateController()
@@ -295,6 +298,8 @@ void CCustomizeColumnButton::CreateDropDown(const QVector<CColumnInfo> &columns,
     drop_down->InitCustomizeWidget(columns);
     connect(drop_down, &CCustomizeColumnWidget::SignalCutomizelistChanged, this,
             &CCustomizeColumnButton::OnCurrentCustomizeListContent, Qt::UniqueConnection);
+    connect(drop_down, &CCustomizeColumnWidget::SignalReadAgain, this,
+            &CCustomizeColumnButton::OnReadAgain, Qt::UniqueConnection);
     // Queued: a host may delete the button on an answer, and the list is still in its mouse event.
     connect(drop_down, &CCustomizeColumnWidget::SignalColumnWidgetFinishChanged, this,
             &CCustomizeColumnButton::OnColumnWidgetChangedFinish,
@@ -303,27 +308,11 @@ void CCustomizeColumnButton::CreateDropDown(const QVector<CColumnInfo> &columns,
 
 void CCustomizeColumnButton::ReleaseController()
 {
-    d_ptr_->requests_.Clear();
-    d_ptr_->list_deferred_answers_.clear();
-    d_ptr_->b_known_ = false;
     if (CAdaptiveColumnWidthController *const controller = d_ptr_->ptr_controller_) {
         controller->disconnect(this);
         controller->deleteLater(); // it may be what has called
     }
     d_ptr_->ptr_controller_.clear();
-}
-
-void CCustomizeColumnButton::Read()
-{
-    d_ptr_->requests_.AddRead();
-    d_ptr_->ptr_customize_widget_->SetLoading(true);
-    d_ptr_->Send({});
-}
-
-void CCustomizeColumnButton::Settle(const QVector<CColumnInfo> &columns)
-{
-    d_ptr_->ptr_customize_widget_->SetCustomizeWidgetListItems(columns);
-    Q_EMIT SignalGetCurrentCustomizelistShow(); // last: a host may delete the button
 }
 
 void CCustomizeColumnButton::Retranslate()

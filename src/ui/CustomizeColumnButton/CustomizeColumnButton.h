@@ -10,16 +10,20 @@
 #include <QtCore/QVector>
 
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace Vantor {
 
 struct CCustomizeColumnButtonDataPtr;
+struct ColumnAction;
 
 /// \brief The button beside the header of a table with which a user chooses its columns.
 ///
 /// It drops down a CCustomizeColumnWidget and keeps the choice on the server, for the user who is
 /// logged in, under a key of the host's module and function. Each change is written at once; there
-/// is no copy in the client. A host lays its table out whenever SignalGetCurrentCustomizelistShow()
+/// is no copy in the client. A choice that cannot be read is never replaced: until it is read, the
+/// list cannot be changed. A host lays its table out whenever SignalGetCurrentCustomizelistShow()
 /// is emitted:
 /// \code
 /// button->InitCustomizeListByModuleNameANdFunction("Alarm", "History", columns, table);
@@ -58,7 +62,8 @@ public:
     void GetCustomizeListCurrentContent(QStringList &names, QList<int> &ids) const;
 
     /// \brief Close the drop-down, drop answers that are outstanding and ask the server for nothing
-    /// any more, until the button is initialised anew. The columns stay as they are.
+    /// any more. The columns stay as they are; a click on the button opens nothing until it is
+    /// uninitialised and initialised again.
     void StopWork();
     /// \brief Another user has logged in: go back to the host's columns and read that user's
     /// choice.
@@ -84,8 +89,13 @@ private:
     void CreateController();
     void CreateDropDown(const QVector<CColumnInfo> &columns, QWidget *relate);
     void ReleaseController();
-    void Read();
-    void Settle(const QVector<CColumnInfo> &columns);
+    void OnReadAgain();
+    [[nodiscard]] bool IsDragging() const;
+    void Execute(const std::vector<ColumnAction> &actions);
+    void Execute(const ColumnAction &action);
+    void Send(const QByteArray &text);
+    void UpdateDropDown();
+    void ShowError(const std::pair<int, int> &error);
     void Retranslate();
 
     const std::unique_ptr<CCustomizeColumnButtonDataPtr> d_ptr_;

@@ -3,12 +3,11 @@
 
 #include "common/Translate.h"
 #include "ui/CustomizeColumnButton/ColumnLayout.h"
-#include "ui/CustomizeColumnButton/CustomListItemDelegate.h"
-#include "ui/CustomizeColumnButton/DropDownPlace.h"
+#include "ui/CustomizeColumnButton/CustomizeColumnForm.h"
+#include "ui/CustomizeColumnButton/DropDown.h"
 #include "ui/CustomizeColumnButton/ItemDragMovableListView.h"
 #include "ui/CustomizeColumnButton/ListSightCheckModel.h"
 
-#include <Ravel/Frame.h>
 #include <Ravel/Label.h>
 #include <Ravel/PushButton.h>
 
@@ -16,9 +15,7 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QCheckBox>
-#include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QScrollBar>
-#include <QtWidgets/QStyle>
 
 #include <algorithm>
 
@@ -27,9 +24,6 @@ namespace {
 
 constexpr int kNarrowestPx = 220;
 constexpr int kWidestPx = 480;
-constexpr int kBorderPx = 1; // the theme draws it
-constexpr int kHeadMarginPx = 10;
-constexpr int kSpacingPx = 8;
 
 std::unique_ptr<QStandardItem> NewRow(const ColumnInfo &column, int index)
 {
@@ -42,30 +36,17 @@ std::unique_ptr<QStandardItem> NewRow(const ColumnInfo &column, int index)
     return item;
 }
 
-QFrame *NewLine(QWidget *parent)
-{
-    auto *const line = new Ravel::CFrame(parent);
-    line->setObjectName(QStringLiteral("ptr_column_line_"));
-    line->setFixedHeight(kBorderPx);
-    return line;
-}
-
 } // namespace
 
-struct CCustomizeColumnWidgetDataPtr
+struct CCustomizeColumnWidgetDataPtr : CustomizeColumnForm
 {
     QVector<CColumnInfo> vec_initial_columns_;
     QVector<CColumnInfo> vec_current_columns_;
     QVector<CColumnInfo> vec_pre_changed_columns_;
-    CListSightCheckModel *ptr_model_ = nullptr;
     QVector<QPointer<QWidget>> vec_relate_widgets_;
-    CItemDragMovableListView *ptr_list_view_ = nullptr;
-    QCheckBox *ptr_all_check_box_ = nullptr;
-    Ravel::CPushButton *ptr_reset_button_ = nullptr;
-    Ravel::CLabel *ptr_loading_label_ = nullptr;
     QMetaObject::Connection check_connection_; // of the model to OnUpdateCurrentListState()
     int adaptive_width_px_ = 0;
-    bool b_loading_ = false;
+    CCustomizeColumnWidget::ChoiceState choice_state_ = CCustomizeColumnWidget::ChoiceState::Ready;
 
     [[nodiscard]] int ColumnIndex(int row) const
     {
@@ -82,7 +63,7 @@ struct CCustomizeColumnWidgetDataPtr
 
     [[nodiscard]] bool CanMove(int from, int to) const
     {
-        return !b_loading_
+        return choice_state_ == CCustomizeColumnWidget::ChoiceState::Ready
                && CanMoveColumn(vec_current_columns_, ColumnOrder(vec_current_columns_), from, to);
     }
 };
@@ -93,7 +74,7 @@ CCustomizeColumnWidget::CCustomizeColumnWidget(QWidget *parent)
 {
     setObjectName(QStringLiteral("CustomizeColumnWidget"));
     setAttribute(Qt::WA_StyledBackground);
-    BuildUi();
+    d_ptr_->Build(*this);
     d_ptr_->check_connection_ =
         connect(d_ptr_->ptr_model_, &CListSightCheckModel::SignalCheckStateChanged, this,
                 &CCustomizeColumnWidget::OnUpdateCurrentListState);
@@ -103,55 +84,19 @@ CCustomizeColumnWidget::CCustomizeColumnWidget(QWidget *parent)
             &CCustomizeColumnWidget::OnAllCheckBoxStateChanged);
     connect(d_ptr_->ptr_reset_button_, &QPushButton::clicked, this,
             &CCustomizeColumnWidget::OnResetCustomizeListClicked);
+    connect(d_ptr_->ptr_read_again_button_, &QPushButton::clicked, this,
+            &CCustomizeColumnWidget::SignalReadAgain);
     connect(d_ptr_->ptr_list_view_, &CItemDragMovableListView::SignalDragFinished, this,
             &CCustomizeColumnWidget::SignalColumnWidgetFinishChanged);
     d_ptr_->ptr_list_view_->SetMoveRule(
         [state = d_ptr_.get()](int from, int to) { return state->CanMove(from, to); });
     Retranslate();
-    UpdateEnabled();
 }
 
 CCustomizeColumnWidget::~CCustomizeColumnWidget()
 {
-    // Qt hides a popup while it destroys it, and the view tells of the end of its drag then.
+    // Qt hides a popup while it destroys it, and the view then reports the end of its drag.
     d_ptr_->ptr_list_view_->disconnect(this);
-}
-
-void CCustomizeColumnWidget::BuildUi()
-{
-    d_ptr_->ptr_model_ = new CListSightCheckModel(this);
-    d_ptr_->ptr_all_check_box_ = new QCheckBox(this);
-    d_ptr_->ptr_all_check_box_->setObjectName(QStringLiteral("ptr_all_check_box_"));
-    d_ptr_->ptr_all_check_box_->setTristate(true);
-    d_ptr_->ptr_list_view_ = new CItemDragMovableListView(this);
-    d_ptr_->ptr_list_view_->setObjectName(QStringLiteral("ptr_column_list_view_"));
-    d_ptr_->ptr_list_view_->setFrameShape(QFrame::NoFrame);
-    d_ptr_->ptr_list_view_->setModel(d_ptr_->ptr_model_);
-    d_ptr_->ptr_list_view_->setItemDelegate(new CCustomListItemDelegate(d_ptr_->ptr_list_view_));
-    d_ptr_->ptr_loading_label_ = new Ravel::CLabel(this);
-    d_ptr_->ptr_loading_label_->setObjectName(QStringLiteral("ptr_loading_label_"));
-    d_ptr_->ptr_loading_label_->hide();
-    d_ptr_->ptr_reset_button_ = new Ravel::CPushButton(this);
-    d_ptr_->ptr_reset_button_->setObjectName(QStringLiteral("ptr_reset_button_"));
-
-    auto *const head = new QHBoxLayout;
-    head->setContentsMargins(kHeadMarginPx, kSpacingPx, kHeadMarginPx, kSpacingPx);
-    head->addWidget(d_ptr_->ptr_all_check_box_);
-    head->addStretch();
-    auto *const foot = new QHBoxLayout;
-    foot->setContentsMargins(kHeadMarginPx, kSpacingPx, kHeadMarginPx, kSpacingPx);
-    foot->addWidget(d_ptr_->ptr_loading_label_);
-    foot->addStretch();
-    foot->addWidget(d_ptr_->ptr_reset_button_);
-    auto *const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(kBorderPx, kBorderPx, kBorderPx, kBorderPx);
-    layout->setSpacing(0);
-    layout->setSizeConstraint(QLayout::SetNoConstraint); // a small window cuts it
-    layout->addLayout(head);
-    layout->addWidget(NewLine(this));
-    layout->addWidget(d_ptr_->ptr_list_view_, 1);
-    layout->addWidget(NewLine(this));
-    layout->addLayout(foot);
 }
 
 void CCustomizeColumnWidget::InitCustomizeWidget(const QVector<CColumnInfo> &columns)
@@ -220,12 +165,21 @@ void CCustomizeColumnWidget::SetPreChangedCustomListState(const QVector<CColumnI
     d_ptr_->vec_pre_changed_columns_ = columns;
 }
 
-void CCustomizeColumnWidget::SetLoading(bool is_loading)
+void CCustomizeColumnWidget::SetChoiceState(ChoiceState state)
 {
-    d_ptr_->b_loading_ = is_loading;
+    if (state == d_ptr_->choice_state_)
+        return;
+    d_ptr_->choice_state_ = state;
     UpdateEnabled();
-    if (!is_loading && isVisible() && !focusWidget())
-        d_ptr_->ptr_list_view_->setFocus(Qt::OtherFocusReason); // a disabled list loses it
+    if (isVisible())
+        FirstFocus()->setFocus(Qt::OtherFocusReason); // a disabled list has lost it
+}
+
+QWidget *CCustomizeColumnWidget::FirstFocus() const
+{
+    if (d_ptr_->choice_state_ == ChoiceState::Unread)
+        return d_ptr_->ptr_read_again_button_;
+    return d_ptr_->ptr_list_view_;
 }
 
 bool CCustomizeColumnWidget::IsDragging() const
@@ -233,17 +187,12 @@ bool CCustomizeColumnWidget::IsDragging() const
     return d_ptr_->ptr_list_view_->IsDragging();
 }
 
-void CCustomizeColumnWidget::ShowAt(const QRect &button, const QRect &room)
+void CCustomizeColumnWidget::ShowFor(const QWidget &button)
 {
-    QSize size = sizeHint();
-    if (!room.isEmpty() && size.height() > room.height())
-        size.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-    setGeometry(DropDownPlace(button, size, room, layoutDirection()));
-    show();
     CItemDragMovableListView &list = *d_ptr_->ptr_list_view_;
     if (!list.currentIndex().isValid())
         list.setCurrentIndex(d_ptr_->ptr_model_->index(0, 0));
-    list.setFocus(Qt::PopupFocusReason);
+    ShowDropDown(*this, button, sizeHint(), *FirstFocus());
 }
 
 QSize CCustomizeColumnWidget::sizeHint() const
@@ -268,9 +217,7 @@ void CCustomizeColumnWidget::hideEvent(QHideEvent *event)
 
 void CCustomizeColumnWidget::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape)
-        hide();
-    else
+    if (!CloseDropDownByKey(*this, d_ptr_->vec_relate_widgets_.value(0), *event))
         QWidget::keyPressEvent(event);
 }
 
@@ -336,7 +283,7 @@ void CCustomizeColumnWidget::FillRows()
         list.currentIndex().isValid() ? d_ptr_->ColumnIndex(list.currentIndex().row()) : -1;
     const int scrolled = list.verticalScrollBar()->value();
     QStringList names;
-    // A model that is being filled tells of no check and no move, so that nothing is written.
+    // A model that is being filled reports no check and no move, so nothing is written.
     d_ptr_->ptr_model_->removeRows(0, d_ptr_->ptr_model_->rowCount());
     const QVector<int> order = ColumnOrder(d_ptr_->vec_current_columns_);
     for (const int index : order) {
@@ -365,10 +312,11 @@ int CCustomizeColumnWidget::CalculateAdaptiveWidth(const QStringList &names) con
 {
     if (names.isEmpty())
         return kNarrowestPx;
-    // The rows know what stands around a name: check box, margins of the theme, handle.
+    // The rows know what is around a name: check box, margins of the theme, handle.
     ensurePolished();
     d_ptr_->ptr_list_view_->ensurePolished();
-    const int widest = d_ptr_->ptr_list_view_->sizeHint().width() + 2 * kBorderPx + kSpacingPx;
+    const int widest =
+        d_ptr_->ptr_list_view_->sizeHint().width() + CustomizeColumnForm::kAroundListPx;
     return std::clamp(widest, kNarrowestPx, kWidestPx);
 }
 
@@ -378,23 +326,23 @@ void CCustomizeColumnWidget::UpdateEnabled()
     const bool is_any_free = std::any_of(columns.begin(), columns.end(), [](const CColumnInfo &c) {
         return c.Read().b_manual_check;
     });
-    d_ptr_->ptr_all_check_box_->setEnabled(is_any_free && !d_ptr_->b_loading_);
-    d_ptr_->ptr_list_view_->setEnabled(!d_ptr_->b_loading_);
-    d_ptr_->ptr_reset_button_->setEnabled(!d_ptr_->b_loading_);
-    d_ptr_->ptr_loading_label_->setVisible(d_ptr_->b_loading_);
+    const bool is_ready = d_ptr_->choice_state_ == ChoiceState::Ready;
+    const bool is_unread = d_ptr_->choice_state_ == ChoiceState::Unread;
+    d_ptr_->ptr_all_check_box_->setEnabled(is_any_free && is_ready);
+    d_ptr_->ptr_list_view_->setEnabled(is_ready);
+    d_ptr_->ptr_reset_button_->setEnabled(is_ready);
+    d_ptr_->ptr_reset_button_->setVisible(!is_unread);
+    d_ptr_->ptr_read_again_button_->setVisible(is_unread);
+    d_ptr_->ptr_loading_label_->setVisible(!is_ready);
+    d_ptr_->ptr_loading_label_->setText(Translate(
+        is_unread ? QStringLiteral("The columns could not be read.") : QStringLiteral("Loading…")));
 }
 
 void CCustomizeColumnWidget::Retranslate()
 {
     setAccessibleName(Translate(QStringLiteral("Columns")));
-    d_ptr_->ptr_list_view_->setAccessibleName(accessibleName());
-    d_ptr_->ptr_list_view_->setAccessibleDescription(Translate(
-        QStringLiteral("Space shows and hides a column, Alt and the arrow keys move it.")));
-    d_ptr_->ptr_all_check_box_->setText(Translate(QStringLiteral("All columns")));
-    d_ptr_->ptr_loading_label_->setText(Translate(QStringLiteral("Loading…")));
-    d_ptr_->ptr_reset_button_->setText(Translate(QStringLiteral("Reset")));
-    d_ptr_->ptr_reset_button_->setToolTip(
-        Translate(QStringLiteral("Shows the columns as they were at first.")));
+    d_ptr_->Retranslate(accessibleName());
+    UpdateEnabled();
 }
 
 } // namespace Vantor

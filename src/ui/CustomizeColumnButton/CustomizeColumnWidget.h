@@ -25,6 +25,14 @@ class VANTOR_EXPORT CCustomizeColumnWidget : public QWidget
     Q_OBJECT
 
 public:
+    /// Whether the stored choice is known. Until it is, nothing can be changed, because a change
+    /// would replace it.
+    enum class ChoiceState {
+        Ready,
+        Loading, ///< it is on its way
+        Unread,  ///< it could not be read; the user can ask again
+    };
+
     explicit CCustomizeColumnWidget(QWidget *parent = nullptr);
     ~CCustomizeColumnWidget() override;
 
@@ -33,8 +41,8 @@ public:
     /// \brief Show \a columns as the current list. Emits nothing; a drag under way is given up.
     void SetCustomizeWidgetListItems(const QVector<CColumnInfo> &columns);
 
-    /// \brief Names and identifiers of the shown columns in the order of the table. What the lists
-    /// held before is dropped.
+    /// \brief Names and identifiers of the shown columns in the order of the table. The earlier
+    /// content of the two lists is dropped.
     void GetCustomlistItemsContent(QStringList &names, QList<int> &ids) const;
     void GetCustomlistItemsContent(QStringList &names) const;
     /// \brief The current list, in the host's order.
@@ -50,24 +58,23 @@ public:
 
     /// \brief The list that was settled last: what to go back to when a change is refused.
     void GetPreChangedCustomListState(QVector<CColumnInfo> &columns) const;
-    /// \brief \a columns are what the server holds now.
+    /// \brief Take \a columns as the list that was settled last.
     void SetPreChangedCustomListState(const QVector<CColumnInfo> &columns);
 
-    /// \brief While the stored choice is on its way nothing can be changed: what is shown is about
-    /// to be replaced.
-    void SetLoading(bool is_loading);
+    void SetChoiceState(ChoiceState state);
     /// \brief Whether the user holds a row with the mouse.
     [[nodiscard]] bool IsDragging() const;
 
-    /// \brief Show it for the button \a button inside \a room, both in global coordinates, with the
-    /// focus in its list; see DropDownPlace().
-    void ShowAt(const QRect &button, const QRect &room);
+    /// \brief Show it at \a button, inside the button's window.
+    void ShowFor(const QWidget &button);
 
     [[nodiscard]] QSize sizeHint() const override;
 
 Q_SIGNALS:
     /// The user has changed the current list.
     void SignalCutomizelistChanged();
+    /// The user wants the stored choice to be read again.
+    void SignalReadAgain();
     /// The drop-down has been closed.
     void SignalLeaveWidget();
     /// The user has let go of a row, after SignalCutomizelistChanged() if that moved it.
@@ -86,7 +93,7 @@ private Q_SLOTS:
     void OnAllCheckBoxStateChanged(int state);
 
 private:
-    void BuildUi();
+    [[nodiscard]] QWidget *FirstFocus() const;
     void FillRows();
     void DetectListViewAllItemCheckState();
     [[nodiscard]] int CalculateAdaptiveWidth(const QStringList &names) const;

@@ -114,6 +114,15 @@ void CItemDragMovableListView::mouseReleaseEvent(QMouseEvent *event)
         EndDrag(true);
 }
 
+// Qt drops the release after a double click, and with it the second of two quick clicks.
+void CItemDragMovableListView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    QMouseEvent press(QEvent::MouseButtonPress, event->localPos(), event->windowPos(),
+                      event->screenPos(), event->button(), event->buttons(), event->modifiers(),
+                      event->source());
+    mousePressEvent(&press);
+}
+
 void CItemDragMovableListView::keyPressEvent(QKeyEvent *event)
 {
     const int key = event->key();
