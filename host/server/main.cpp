@@ -125,6 +125,9 @@ int SetAccount(const QString &data_path, const QString &name)
 
 int Serve(Server::ServerOptions options)
 {
+    std::signal(SIGHUP, SIG_IGN); // a terminal that closes, or an unwary reload, changes nothing
+    for (const int signal : {SIGINT, SIGTERM})
+        std::signal(signal, OnSignal);
     Server::CServer server(std::move(options));
     const QString error = server.Start();
     if (!error.isEmpty()) {
@@ -133,9 +136,6 @@ int Serve(Server::ServerOptions options)
     }
     std::printf("listening on port %d\n", server.Port());
     std::fflush(stdout);
-    std::signal(SIGHUP, SIG_IGN); // a terminal that closes, or an unwary reload, changes nothing
-    for (const int signal : {SIGINT, SIGTERM})
-        std::signal(signal, OnSignal);
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, qApp, [] {
         if (stop_signal != 0)

@@ -31,7 +31,8 @@ bool LogIn(const std::string &user, const std::string &password)
     return !session.empty();
 }
 
-CTestServer::CTestServer()
+CTestServer::CTestServer(QString data_path)
+    : data_path_(data_path.isEmpty() ? folder_.filePath("server.sqlite") : std::move(data_path))
 {
     QFile seed(folder_.filePath("seed.csv"));
     if (seed.open(QIODevice::WriteOnly)) {
@@ -52,10 +53,20 @@ QString CTestServer::Start(int port)
     options.port = port;
     options.clock = [this] { return now_s.load(); };
     options.code_source = [] { return QString("W7kx"); };
+    options.audit = [this](Server::AuditLevel level, const std::string &line) {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        audit_.append(QString::number(level) + ' ' + QString::fromStdString(line));
+    };
     server_ = std::make_unique<Server::CServer>(options);
     const QString error = server_->Start();
     Use();
     return error;
+}
+
+QStringList CTestServer::AuditLines() const
+{
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return audit_;
 }
 
 void CTestServer::Use() const

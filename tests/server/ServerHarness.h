@@ -6,10 +6,12 @@
 
 #include <server/Server.h>
 
+#include <QtCore/QStringList>
 #include <QtCore/QTemporaryDir>
 
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <string>
 
 /// \brief One request and its reply, read.
@@ -38,7 +40,8 @@ bool LogIn(const std::string &user, const std::string &password);
 class CTestServer
 {
 public:
-    CTestServer();
+    /// \param data_path of the database; empty: in a folder of its own.
+    explicit CTestServer(QString data_path = {});
 
     /// \return an empty text, or why it cannot.
     QString Start(int port = 0);
@@ -47,12 +50,16 @@ public:
     void Stop() { server_.reset(); }
     bool IsRunning() const { return server_ != nullptr; }
     int Port() const { return server_->Port(); }
-    QString DataPath() const { return folder_.filePath("server.sqlite"); }
-    QString FilePath(const QString &name) const { return folder_.filePath(name); }
+    QString DataPath() const { return data_path_; }
+    /// \brief The audit log so far, each line as "level text".
+    QStringList AuditLines() const;
 
     std::atomic<qint64> now_s{1'700'000'000};
 
 private:
     QTemporaryDir folder_;
+    const QString data_path_;
+    mutable std::mutex mutex_;
+    QStringList audit_; // under the mutex
     std::unique_ptr<Server::CServer> server_;
 };

@@ -1,23 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "server/ServerHarness.h"
-#include "support/RawServer.h"
-#include "support/TestGuard.h"
+#include "support/Limits.h"
+#include "support/Test.h"
 
 #include <Nim/Base/Encrypt.h>
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <server/SampleAccounts.h>
-#include <sys/socket.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QProcess>
 #include <QtCore/QRandomGenerator>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QImage>
-#include <QtTest/QTest>
 
 #include <csignal>
+#include <mutex>
 #include <thread>
 
 using BusinessCommon::CNetCommManager;
@@ -61,66 +59,92 @@ Answered CheckPassword(const std::string &password, const std::string &code = {}
     return Ask("POST", "/Permission/CheckPassword", body.ToJson());
 }
 
-Answered AskForCode()
+Answered AskForCode(const std::string &user = kOperator.name)
 {
     return Ask("GET", "/VerificationCodeImage?CT=1",
-               "<VerificationCodeImageRequest><UserName>operator</UserName><Type>0</Type>"
-               "</VerificationCodeImageRequest>");
+               "<VerificationCodeImageRequest><UserName>" + user
+                   + "</UserName><Type>0</Type></VerificationCodeImageRequest>");
 }
 
-// Wait until the program listens, and send to it from now on.
-bool TalkTo(QProcess &program, int *port = nullptr)
+std::string NewMark()
+{
+    return AskForCode().Text("/Data/VerificationInfo/VerificationMark");
+}
+
+// Wait until the program listens, and send to it from now on. The port; 0: it has ended.
+int TalkTo(QProcess &program)
 {
     if (!program.waitForReadyRead())
-        return false;
-    const int listening = program.readLine().simplified().split(' ').constLast().toInt();
-    CNetCommManager::SetServer("127.0.0.1", listening);
-    if (port)
-        *port = listening;
-    return listening > 0;
+        return 0;
+    const int port = program.readLine().simplified().split(' ').constLast().toInt();
+    CNetCommManager::SetServer("127.0.0.1", port);
+    return port;
 }
 
-int ConnectTo(int port)
+int Status(const Answered &answer)
 {
-    const int client = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.sin_port = htons(static_cast<uint16_t>(port));
-    return connect(client, reinterpret_cast<sockaddr *>(&address), sizeof address) == 0 ? client
-                                                                                        : -1;
+    return answer.error.module_code == BusinessCommon::kModuleHttp ? answer.error.error_code : 0;
 }
+
+struct BadRequest
+{
+    const char *name;
+    const char *method;
+    const char *path;
+    std::string body;
+    int status;
+    bool has_session = true;
+};
+
+struct Page
+{
+    const char *name;
+    const char *request;
+    int total;
+    int rows;
+    const char *first;
+};
+
+struct Certificate
+{
+    const char *name;
+    const char *host;
+    bool is_known;
+    bool is_checked;
+    int code;
+};
+
+struct Usage
+{
+    const char *name;
+    QStringList arguments;
+    QByteArray input;
+    const char *error; // empty: it succeeds
+};
 
 } // namespace
 
-class TestServer : public QObject
+class TestServer : public CGuardedTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
+protected:
+    void SetUp() override
     {
-        guard_.Begin();
-        server_.now_s += kDay_s; // what the test before did is forgotten, but for the layouts
+        server_.now_s += kDay_s; // failures and codes of earlier tests are forgotten
         if (!server_.IsRunning())
             QCOMPARE(server_.Start(), QString());
         server_.Use();
     }
 
+private Q_SLOTS:
     void cleanupTestCase() { server_.Stop(); }
-
-    void cleanup()
-    {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
 
     void eachUserHasLayoutsOfHisOwnAndTheLastWriteWins()
     {
         QVERIFY(LogIn(kOperator.name, kOperator.password));
         QVERIFY(WriteLayout("list", "first"));
         QVERIFY(WriteLayout("list", "{\"a\":\"\xE2\x82\xAC\"}"));
-
         QVERIFY(LogIn(kSupervisor.name, kSupervisor.password));
         QCOMPARE(StoredLayout("list"), std::string());
         QVERIFY(WriteLayout("list", "the supervisor's"));
@@ -129,107 +153,64 @@ private Q_SLOTS:
         QVERIFY(LogIn(kOperator.name, kOperator.password));
 
         QCOMPARE(StoredLayout("list"), std::string("{\"a\":\"\xE2\x82\xAC\"}"));
-        QCOMPARE(StoredLayout("another"), std::string());
+        int stored = 0;
+        for (;
+             stored < 9 && WriteLayout("big" + std::to_string(stored), std::string(900'000, 'x'));)
+            ++stored;
+        QCOMPARE(stored, 4); // the quota
+        QCOMPARE(StoredLayout("big4"), std::string());
     }
 
     void badRequestsAreRefusedAndChangeNothing_data()
     {
-        QTest::addColumn<QByteArray>("method");
-        QTest::addColumn<QByteArray>("path");
-        QTest::addColumn<QByteArray>("body");
-        QTest::addColumn<bool>("has_session");
-        QTest::addColumn<int>("status");
-        const auto row = [](const char *name, const char *method, const char *path,
-                            const QByteArray &body, int status, bool has_session = true) {
-            QTest::newRow(name) << QByteArray(method) << QByteArray(path) << body << has_session
-                                << status;
-        };
-        const QByteArray good = QByteArray::fromStdString(LayoutBody("list", "stolen"));
-        row("no session", "PUT", "/AdaptiveLayout", good, 401, false);
-        row("no body", "PUT", "/AdaptiveLayout", {}, 400);
-        row("half a document", "PUT", "/AdaptiveLayout", good.left(good.size() - 3), 400);
-        row("no text", "PUT", "/AdaptiveLayout",
-            "{\"AdaptiveLayoutRequest\":{\"Key\":\"list\",\"Type\":1}}", 400);
-        row("a text that is none", "PUT", "/AdaptiveLayout",
-            "{\"AdaptiveLayoutRequest\":{\"Key\":\"list\",\"Type\":1,\"LayoutData\":{}}}", 400);
-        row("a type that is no number", "PUT", "/AdaptiveLayout",
-            "{\"AdaptiveLayoutRequest\":{\"Key\":\"list\",\"Type\":\"x\",\"LayoutData\":\"y\"}}",
-            400);
-        row("a key that is too long", "PUT", "/AdaptiveLayout",
-            QByteArray::fromStdString(LayoutBody(std::string(600, 'k'), "x")), 400);
-        row("a text that is too long", "PUT", "/AdaptiveLayout",
-            QByteArray::fromStdString(LayoutBody("list", std::string(1'100'000, 'x'))), 413);
-        row("a body that is too long", "PUT", "/AdaptiveLayout", QByteArray(3'000'000, 'x'), 413);
-        row("a method that is not offered", "DELETE", "/AdaptiveLayout", good, 405);
-        row("an unknown path", "GET", "/AdaptiveLayout/x", good, 404);
-        row("a path outside", "GET", "/../../etc/passwd", good, 404);
-        row("page 0", "GET", "/IncidentList", "{\"IncidentListRequest\":{\"Page\":0}}", 400);
-        row("a page size beyond the limit", "GET", "/IncidentList",
-            "{\"IncidentListRequest\":{\"PageSize\":1001}}", 400);
-        row("a column that is none", "GET", "/IncidentList",
-            "{\"IncidentListRequest\":{\"SortColumn\":\"1; DROP TABLE layout\"}}", 400);
-        row("a login without a password", "POST", "/Session",
-            "{\"LoginRequest\":{\"UserName\":\"operator\"}}", 400);
-        row("a code for nobody", "GET", "/VerificationCodeImage", "{\"x\":1}", 400);
+        const char *const kLayout = "/AdaptiveLayout";
+        const char *const kList = "/IncidentList";
+        const std::string good = LayoutBody("list", "stolen");
+        std::string attributes = "<LoginRequest";
+        for (int i = 0; i < 1500; ++i)
+            attributes += " a" + std::to_string(i) + "=''";
+        AddRows<BadRequest>(
+            {{"no session", "PUT", kLayout, good, 401, false},
+             {"no body", "PUT", kLayout, {}, 400},
+             {"half a document", "PUT", kLayout, good.substr(3), 400},
+             {"no text", "PUT", kLayout, LayoutBody("list", {}), 400},
+             {"a text that is none", "PUT", kLayout,
+              R"({"AdaptiveLayoutRequest":{"Key":"list","Type":1,"LayoutData":{}}})", 400},
+             {"a key that is too long", "PUT", kLayout, LayoutBody(std::string(600, 'k'), "x"),
+              400},
+             {"a text that is too long", "PUT", kLayout,
+              LayoutBody("list", std::string(1'100'000, 'x')), 413},
+             {"a body that is too long", "PUT", kLayout, std::string(3'000'000, 'x'), 413},
+             {"a stranger's long body", "PUT", kLayout, std::string(100'000, 'x'), 413, false},
+             {"a long form", "POST", "/Session", std::string(100'000, ' '), 413},
+             {"attributes", "POST", "/Session", attributes + "/>", 400},
+             {"a method that is not offered", "DELETE", kLayout, good, 405},
+             {"an unknown path", "GET", "/AdaptiveLayout/x", good, 404},
+             {"a path outside", "GET", "/../../etc/passwd", good, 404},
+             {"page 0", "GET", kList, R"({"IncidentListRequest":{"Page":0}})", 400},
+             {"a large page", "GET", kList, R"({"IncidentListRequest":{"PageSize":1001}})", 400},
+             {"a column that is none", "GET", kList,
+              R"({"IncidentListRequest":{"SortColumn":"1; DROP TABLE layout"}})", 400},
+             {"no password", "POST", "/Session", R"({"LoginRequest":{"UserName":"operator"}})",
+              400},
+             {"a code for nobody", "GET", "/VerificationCodeImage", R"({"x":1})", 400}});
     }
 
     void badRequestsAreRefusedAndChangeNothing()
     {
-        QFETCH(QByteArray, method);
-        QFETCH(QByteArray, path);
-        QFETCH(QByteArray, body);
-        QFETCH(bool, has_session);
-        QFETCH(int, status);
+        const auto &row = FetchRow<BadRequest>();
         QVERIFY(LogIn(kOperator.name, kOperator.password));
         QVERIFY(WriteLayout("list", "kept"));
         const std::string session = CNetCommManager::Session();
-        if (!has_session)
+        if (!row.has_session)
             CNetCommManager::SetSession("guessed");
 
-        const Answered answer = Ask(method.toStdString(), path.toStdString(), body.toStdString());
+        QCOMPARE(Status(Ask(row.method, row.path, row.body)), row.status);
 
-        QVERIFY(answer.is_sent);
-        QCOMPARE(answer.error.module_code, int(BusinessCommon::kModuleHttp));
-        QCOMPARE(answer.error.error_code, status);
+        QVERIFY(server_.AuditLines().join('\n').contains("refused status="
+                                                         + QString::number(row.status)));
         CNetCommManager::SetSession(session);
         QCOMPARE(StoredLayout("list"), std::string("kept"));
-    }
-
-    void requestsWithBodiesShareOneConnection()
-    {
-        QVERIFY(LogIn(kOperator.name, kOperator.password));
-        const int client = ConnectTo(server_.Port());
-        const auto send = [client](const std::string &method, const std::string &body) {
-            CRawServer::Send(client,
-                             method
-                                 + " /Quorra/Brisent/Platform/V0/AdaptiveLayout HTTP/1.1\r\n"
-                                   "Host: x\r\nAuthorization: Bearer "
-                                 + CNetCommManager::Session() + "\r\nContent-Length: "
-                                 + std::to_string(body.size()) + "\r\n\r\n" + body);
-            return CRawServer::ReadRequest(client); // a reply is framed in the same way
-        };
-
-        const std::string first = send("GET", LayoutBody("shared connection", {}));
-        const std::string second = send("PUT", LayoutBody("shared connection", "seen"));
-        const std::string third = send("GET", LayoutBody("shared connection", {}));
-
-        close(client);
-        QVERIFY(first.find("200 OK") != std::string::npos);
-        QVERIFY(first.find("\"LayoutData\":\"\"") != std::string::npos);
-        QVERIFY(second.find("200 OK") != std::string::npos);
-        QVERIFY(third.find("\"LayoutData\":\"seen\"") != std::string::npos);
-    }
-
-    void headersHaveALimit()
-    {
-        const int client = ConnectTo(server_.Port());
-
-        CRawServer::Send(client, "GET / HTTP/1.1\r\nX: " + std::string(100'000, 'x') + "\r\n\r\n");
-        char status[16] = "";
-        const ssize_t count = recv(client, status, sizeof status - 1, MSG_WAITALL);
-
-        close(client);
-        QCOMPARE(QByteArray(status, int(count)).left(12), QByteArray("HTTP/1.1 431"));
     }
 
     void wrongPasswordsLeadToTheCode()
@@ -242,18 +223,16 @@ private Q_SLOTS:
 
         const Answered code = AskForCode();
         const std::string mark = code.Text("/Data/VerificationInfo/VerificationMark");
-        answer = CheckPassword(kOperator.password, "????", mark);
-        QCOMPARE(answer.Int("/ErrorCode"), 311);
-        QCOMPARE(answer.Int("/Data/CheckResult"), 0);
+        for (int i = 0; i < 150; ++i) // a stranger drives out codes of his own only
+            AskForCode("stranger");
+        QCOMPARE(CheckPassword(kOperator.password, "????", mark).Int("/ErrorCode"), 311);
         QCOMPARE(CheckPassword(kOperator.password, "????", mark).Int("/ErrorCode"), 214); // used up
         std::string png;
         QVERIFY(Nim::Base::Encrypt::Base64Decode(
             png, code.Text("/Data/VerificationInfo/VerificationCodeImage")));
-        const QImage image = QImage::fromData(QByteArray::fromStdString(png));
-        QCOMPARE(image.size(), QSize(240, 80));
+        QCOMPARE(QImage::fromData(QByteArray::fromStdString(png)).size(), QSize(240, 80));
 
-        // The failures are forgotten when the time is over.
-        server_.now_s += 600;
+        server_.now_s += 600; // the failures are forgotten
         for (const int left : {4, 3})
             QCOMPARE(CheckPassword("wrong").Int("/Data/RemainCount"), left);
         server_.now_s += 600;
@@ -265,186 +244,213 @@ private Q_SLOTS:
 
     void triesWithTheCodeEndInTheLock()
     {
-        int left = 4;
-        for (; left > 0; --left) {
-            const std::string mark = AskForCode().Text("/Data/VerificationInfo/VerificationMark");
-            const Answered answer = CheckPassword("wrong", " w7KX ", mark);
+        for (int left = 4; left > 0; --left) {
+            const Answered answer = CheckPassword("wrong", " w7KX ", NewMark());
             QCOMPARE(answer.Int("/ErrorCode"), left == 4 ? 40850 : 310);
             QCOMPARE(answer.Int("/Data/RemainCount"), left);
         }
-        const std::string mark = AskForCode().Text("/Data/VerificationInfo/VerificationMark");
-        QCOMPARE(CheckPassword("wrong", "W7KX", mark).Int("/ErrorCode"), 41050);
-
+        QCOMPARE(CheckPassword("wrong", "W7KX", NewMark()).Int("/ErrorCode"), 41050);
         server_.now_s += 100;
         const Answered locked = CheckPassword(kOperator.password);
 
         QCOMPARE(locked.Int("/ErrorCode"), 41050);
         QCOMPARE(locked.Int("/Data/LockRemainTime"), 500);
-        QCOMPARE(locked.Int("/Data/RemainCount"), 0);
+        QVERIFY(server_.AuditLines().contains("5 check-password user=operator address=127.0.0.1 "
+                                              "result=user-locked"));
+        QVERIFY(server_.AuditLines().filter(kOperator.password).isEmpty());
         QVERIFY(LogIn(kSupervisor.name, kSupervisor.password)); // others are not locked out
         server_.now_s += 500;
         QCOMPARE(CheckPassword(kOperator.password).Int("/Data/CheckResult"), 9);
     }
 
-    void sessionsEndByLogoutAndByTime()
+    void sessionsEndByLogoutByTimeAndByANewPassword()
     {
+        const auto setting = [] { return Status(Ask("GET", "/Permission/SecuritySetting")); };
         QVERIFY(LogIn(kOperator.name, kOperator.password));
-        QCOMPARE(
-            Ask("GET", "/Permission/SecuritySetting").Int("/Data/SecuritySetting/IPLock/FailCount"),
-            5);
+        QCOMPARE(setting(), 0);
         QCOMPARE(Ask("DELETE", "/Session").error.error_code, 0);
-        QCOMPARE(Ask("GET", "/Permission/SecuritySetting").error.error_code, 401);
-
+        QCOMPARE(setting(), 401);
         QVERIFY(LogIn(kOperator.name, kOperator.password));
         server_.now_s += kDay_s / 2;
-
-        QCOMPARE(Ask("GET", "/Permission/SecuritySetting").error.error_code, 401);
+        QCOMPARE(setting(), 401);
+        QVERIFY(LogIn(kOperator.name, kOperator.password));
+        QCOMPARE(Server::SetAccount(server_.DataPath(), kOperator.name, kOperator.password),
+                 QString());
+        QCOMPARE(setting(), 401);
         QVERIFY(!LogIn("nobody", "x"));
+    }
+
+    void aFullDiskLetsNobodyGuess()
+    {
+        const CSmallDisk disk(folder_.PutFolder("disk"), 4 << 20);
+        CTestServer server(folder_.Path("disk/server.sqlite"));
+        QCOMPARE(server.Start(), QString());
+        QVERIFY(LogIn(kOperator.name, kOperator.password));
+        QVERIFY(WriteLayout("list", "kept"));
+        guard_.AnnounceLogLines(); // of the database
+        QFile filler(folder_.Path("disk/filler"));
+        QVERIFY(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        while (filler.write(QByteArray(4096, 'x')) == 4096) {
+        }
+
+        QVERIFY(!WriteLayout("list", "lost"));
+        for (int i = 0; i < 12; ++i)
+            QCOMPARE(Status(CheckPassword("wrong")), 500);
+        QCOMPARE(Status(CheckPassword(kOperator.password)), 500);
+        QCOMPARE(StoredLayout("list"), std::string("kept"));
+        QCOMPARE(Status(Ask("DELETE", "/Session")), 500);
+        QCOMPARE(Status(Ask("GET", "/AdaptiveLayout", LayoutBody("list", {}))), 401); // ended
+        QVERIFY(filler.remove());
+        QCOMPARE(CheckPassword("wrong").Int("/Data/RemainCount"), 4);
+        QVERIFY(LogIn(kOperator.name, kOperator.password));
+        QCOMPARE(StoredLayout("list"), std::string("kept"));
     }
 
     void incidentsComeByPages_data()
     {
-        QTest::addColumn<QByteArray>("request");
-        QTest::addColumn<int>("total");
-        QTest::addColumn<int>("rows");
-        QTest::addColumn<QByteArray>("first");
-        QTest::newRow("by default the first hundred")
-            << QByteArray() << 250 << 100 << QByteArray("Gate 1");
-        QTest::newRow("the last page is short")
-            << QByteArray("\"Page\":3") << 250 << 50 << QByteArray("Gate 201");
-        QTest::newRow("behind the last page")
-            << QByteArray("\"Page\":2147483647,\"PageSize\":1000") << 250 << 0 << QByteArray();
-        QTest::newRow("numbers by size, the largest first")
-            << QByteArray("\"SortColumn\":1,\"Descending\":1") << 250 << 100
-            << QByteArray("Gate 107"); // 107 * 7 % 250 is 249
-        QTest::newRow("what is searched is text, no pattern")
-            << QByteArray("\"Filter\":\"ALL_25\"") << 2 << 2 << QByteArray("Gate 25");
+        AddRows<Page>(
+            {{"by default the first hundred", "", 250, 100, "Gate 1"},
+             {"the last page is short", R"("Page":3)", 250, 50, "Gate 201"},
+             {"behind the last page", R"("Page":2147483647,"PageSize":1000)", 250, 0, ""},
+             {"numbers by size", R"("SortColumn":1,"Descending":1)", 250, 100, "Gate 107"},
+             {"a filter is text, no pattern", R"("Filter":"ALL_25")", 2, 2, "Gate 25"}});
     }
 
     void incidentsComeByPages()
     {
-        QFETCH(QByteArray, request);
+        const auto &row = FetchRow<Page>();
         QVERIFY(LogIn(kOperator.name, kOperator.password));
 
         const Answered page = Ask("GET", "/IncidentList",
-                                  "{\"IncidentListRequest\":{" + request.toStdString() + "}}");
+                                  "{\"IncidentListRequest\":{" + std::string(row.request) + "}}");
 
         const std::string list = "/Data/IncidentList/";
-        QTEST(page.Int(list + "Total"), "total");
-        QTEST(page.document->GetCount("/ResponseStatus" + list + "Rows"), "rows");
-        QTEST(QByteArray::fromStdString(page.Text(list + "Rows/0/0")), "first");
-        QCOMPARE(page.Text(list + "Titles/2"), std::string("Note"));
+        QCOMPARE(page.Int(list + "Total"), row.total);
+        QCOMPARE(page.document->GetCount("/ResponseStatus" + list + "Rows"), row.rows);
+        QCOMPARE(page.Text(list + "Rows/0/0"), std::string(row.first));
     }
 
-    void twoClientsAtOnceLeaveOneOfTheirTexts()
+    void theProgramSaysWhatIsWrong_data()
     {
-        QVERIFY(LogIn(kOperator.name, kOperator.password));
-        std::atomic<int> failures{0};
-        const auto write = [&failures](char letter) {
-            for (int i = 0; i < 50; ++i)
-                failures += WriteLayout("shared", std::string(5000, letter)) ? 0 : 1;
+        const QString certificate = TLS_FOLDER "/certificate.pem";
+        const QString key = TLS_FOLDER "/key.pem";
+        const QString empty = "/dev/null";
+        AddRows<Usage>(
+            {{"a folder that is missing", {"--data", "/no/such/file"}, {}, "/no/such/file"},
+             {"an address that is none", {"--address", "elsewhere"}, {}, "elsewhere"},
+             {"plain HTTP for others", {"--address", "0.0.0.0"}, {}, "--plain-http"},
+             {"sample accounts for others",
+              {"--address", "0.0.0.0", "--plain-http"},
+              {},
+              "--sample-accounts"},
+             {"another key", {"--certificate", certificate, "--key", certificate}, {}, "TLS"},
+             {"an empty key", {"--certificate", certificate, "--key", empty}, {}, "is empty"},
+             {"a long password", {"--account", "new"}, QByteArray(2000, 'x'), "1024"},
+             {"a password", {"--account", "new"}, "secret\r\n", ""}});
+    }
+
+    void theProgramSaysWhatIsWrong()
+    {
+        const auto &row = FetchRow<Usage>();
+        QProcess program;
+        program.start(SERVER_PROGRAM, QStringList{"--data", server_.DataPath()} + row.arguments);
+        program.write(row.input + '\n');
+        program.closeWriteChannel();
+        QVERIFY(program.waitForFinished());
+
+        const QByteArray error = program.readAllStandardError();
+        QVERIFY2(error.contains(row.error), error);
+        QCOMPARE(program.exitCode() == 0, *row.error == '\0');
+        if (*row.error == '\0')
+            QVERIFY(LogIn("new", "secret"));
+        struct stat status
+        {
         };
-        std::thread first(write, 'a');
-        std::thread second(write, 'b');
-        first.join();
-        second.join();
-
-        const std::string stored = StoredLayout("shared");
-        QCOMPARE(failures, 0);
-        QVERIFY(stored == std::string(5000, 'a') || stored == std::string(5000, 'b'));
+        QCOMPARE(stat(server_.DataPath().toLocal8Bit(), &status), 0);
+        QCOMPARE(status.st_mode & 0777, mode_t(0600));
     }
 
-    void aStartThatFailsSaysWhy()
+    void confirmedWritesSurviveTheKill()
     {
-        Server::ServerOptions options;
-        options.data_path = server_.FilePath("no/such/folder.sqlite");
-        QVERIFY(Server::CServer(options).Start().contains("folder.sqlite"));
-        options.data_path = server_.FilePath("seed.csv"); // no database
-        QVERIFY(Server::CServer(options).Start().contains("seed.csv"));
-        options.data_path = server_.FilePath("other.sqlite");
-        options.address = "elsewhere";
-        QVERIFY(Server::CServer(options).Start().contains("elsewhere"));
-        options.address = "127.0.0.1";
-        options.port = server_.Port();
-        QVERIFY(!Server::CServer(options).Start().isEmpty());
-    }
-
-    void whatWasAnsweredSurvivesTheKill()
-    {
-        // A stream of writes, killed at a hundred seeded moments; every answered one must be there.
-        constexpr int kKills = 100;
+        // Four writers, killed at seeded moments; every confirmed write must be there.
+        constexpr int kKills = 20;
+        constexpr int kWriters = 4;
         server_.Stop();
-        QRandomGenerator random(20240607);
         std::string session;
-        std::vector<std::string> answered;
-        int number = 0;
+        QRandomGenerator random(20240607);
+        std::mutex mutex;
+        std::vector<std::string> confirmed;
+        std::atomic<int> number{0};
         for (int kills = 0; kills < kKills; ++kills) {
             QProcess program;
             program.start(SERVER_PROGRAM, {"--data", server_.DataPath()});
-            QVERIFY(TalkTo(program));
-            CNetCommManager::SetSession(session);
+            QVERIFY(TalkTo(program) > 0);
             if (session.empty()) {
                 QVERIFY(LogIn(kOperator.name, kOperator.password));
                 session = CNetCommManager::Session();
             }
-            std::thread killer;
-            for (;;) {
-                const std::string text = std::to_string(++number); // its own key, too
-                if (!WriteLayout(text, text))
-                    break; // this one may be there or not
-                answered.push_back(text);
-                if (killer.joinable())
-                    continue;
-                killer = std::thread([pid = static_cast<pid_t>(program.processId()),
-                                      wait_us = random.bounded(0, 10000)] {
-                    usleep(static_cast<useconds_t>(wait_us));
-                    ::kill(pid, SIGKILL);
+            CNetCommManager::SetSession(session);
+            std::vector<std::thread> writers;
+            for (int i = 0; i < kWriters; ++i) {
+                writers.emplace_back([&] {
+                    for (;;) {
+                        const std::string text = std::to_string(++number);
+                        if (!WriteLayout(text, text)) // a key of its own, too
+                            return;                   // this one may be there or not
+                        const std::lock_guard<std::mutex> lock(mutex);
+                        confirmed.push_back(text);
+                    }
                 });
             }
-            QVERIFY(killer.joinable());
-            killer.join();
+            usleep(useconds_t(random.bounded(20'000, 120'000)));
+            program.kill();
             QVERIFY(program.waitForFinished());
+            for (std::thread &writer : writers)
+                writer.join();
         }
-
         QCOMPARE(server_.Start(), QString());
-        CNetCommManager::SetSession(session);
-        QVERIFY(answered.size() > kKills);
-        for (const std::string &text : answered)
+        server_.Use();
+        QVERIFY(LogIn(kOperator.name, kOperator.password));
+        QVERIFY(confirmed.size() > kKills);
+        for (const std::string &text : confirmed)
             QCOMPARE(StoredLayout(text), text);
+    }
+
+    void theProgramEndsAtOnceAndIgnoresHangups()
+    {
+        QProcess program;
+        program.start(SERVER_PROGRAM, {"--data", folder_.Path()}); // a folder
+        QVERIFY(TalkTo(program) > 0);
+        ::kill(pid_t(program.processId()), SIGHUP);
+        QCOMPARE(Status(Ask("GET", "/Permission/SecuritySetting")), 401);
+        QCOMPARE(folder_.Files().filter("vantor-server.sqlite").isEmpty(), false);
+        program.terminate();
+        QVERIFY(program.waitForFinished(10'000));
+        QCOMPARE(program.exitCode(), 0);
     }
 
     void certificatesAreChecked_data()
     {
-        QTest::addColumn<QString>("host");
-        QTest::addColumn<bool>("is_known");
-        QTest::addColumn<bool>("is_checked");
-        QTest::addColumn<int>("code");
-        QTest::newRow("known") << "127.0.0.1" << true << true << 0;
-        QTest::newRow("known, for another host")
-            << "127.0.0.2" << true << true << int(BusinessCommon::kNetCertificate);
-        QTest::newRow("not known")
-            << "127.0.0.1" << false << true << int(BusinessCommon::kNetCertificate);
-        QTest::newRow("not checked") << "127.0.0.1" << false << false << 0;
+        using BusinessCommon::kNetCertificate;
+        AddRows<Certificate>({{"known", "127.0.0.1", true, true, 0},
+                              {"known, for another host", "127.0.0.2", true, true, kNetCertificate},
+                              {"not known", "127.0.0.1", false, true, kNetCertificate},
+                              {"not checked", "127.0.0.1", false, false, 0}});
     }
 
     void certificatesAreChecked()
     {
-        QFETCH(QString, host);
-        QFETCH(bool, is_known);
-        QFETCH(bool, is_checked);
-        QFETCH(int, code);
-        server_.Stop();
+        const auto &row = FetchRow<Certificate>();
         QProcess program;
         const QString certificate = TLS_FOLDER "/certificate.pem";
-        const QString key = TLS_FOLDER "/key.pem";
-        program.start(SERVER_PROGRAM, {"--data", server_.DataPath(), "--address", "0.0.0.0",
-                                       "--sample-accounts", "--certificate", certificate, "--key",
-                                       key});
-        int port = 0;
-        QVERIFY(TalkTo(program, &port));
-        CNetCommManager::SetServer(host.toStdString(), port, true,
-                                   is_known ? certificate.toStdString() : std::string());
-        CNetCommManager::SetCertificateCheck(is_checked);
+        program.start(SERVER_PROGRAM,
+                      {"--data", server_.DataPath(), "--address", "0.0.0.0", "--sample-accounts",
+                       "--certificate", certificate, "--key", TLS_FOLDER "/key.pem"});
+        const int port = TalkTo(program);
+        QVERIFY(port > 0);
+        CNetCommManager::SetServer(row.host, port, true,
+                                   row.is_known ? certificate.toStdString() : std::string());
+        CNetCommManager::SetCertificateCheck(row.is_checked);
 
         const Answered answer = Ask("GET", "/AdaptiveLayout", LayoutBody("list", {}));
         const Answered again = Ask("GET", "/AdaptiveLayout", LayoutBody("list", {}));
@@ -452,14 +458,20 @@ private Q_SLOTS:
         CNetCommManager::SetCertificateCheck(true);
         program.terminate();
         QVERIFY(program.waitForFinished());
-        QCOMPARE(answer.error.error_code, code != 0 ? code : 401); // nobody has logged in
+        QCOMPARE(answer.error.error_code, row.code != 0 ? row.code : 401); // nobody has logged in
         QCOMPARE(again.error.error_code, answer.error.error_code);
     }
 
 private:
-    CTestGuard guard_;
     CTestServer server_;
 };
 
-QTEST_MAIN(TestServer)
+int main(int argc, char **argv)
+{
+    AllowMounts();
+    QGuiApplication application(argc, argv);
+    TestServer test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_server.moc"
