@@ -6,6 +6,7 @@
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QStyleOption>
 
 #include <algorithm>
 #include <iterator>
@@ -65,10 +66,25 @@ bool CLocationComboBox::eventFilter(QObject *watched, QEvent *event)
         && OnPopupKey(static_cast<QKeyEvent &>(*event)))
         return true;
     if (watched == lineEdit() && event->type() == QEvent::MouseButtonPress && isEnabled()) {
-        showPopup();
+        PressArrow(static_cast<const QMouseEvent &>(*event));
         return true;
     }
     return CComboBox::eventFilter(watched, event);
+}
+
+// A press on the field counts as one on the arrow: only then does Qt leave the popup open when the
+// button comes up (Qt 5.15).
+void CLocationComboBox::PressArrow(const QMouseEvent &event)
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QPointF arrow =
+        style()
+            ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this)
+            .center();
+    QMouseEvent press(QEvent::MouseButtonPress, arrow, mapTo(window(), arrow.toPoint()),
+                      event.globalPos(), event.button(), event.buttons(), event.modifiers());
+    mousePressEvent(&press);
 }
 
 // Keep mouse buttons from the view and the popup, because a release would close the popup.

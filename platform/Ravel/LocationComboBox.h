@@ -33,6 +33,7 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
+    void PressArrow(const QMouseEvent &event);
     [[nodiscard]] bool OnPopupMouse(QEvent &event);
     [[nodiscard]] bool OnPopupKey(QKeyEvent &event);
 

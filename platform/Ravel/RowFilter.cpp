@@ -2,12 +2,18 @@
 #include "Ravel/RowFilter.h"
 
 #include "Ravel/TextBlock.h"
+#include "Ravel/TextTable.h"
+
+#include <QtCore/QtAlgorithms>
 
 #include <algorithm>
-#include <functional>
+#include <cstring>
 #include <string>
 #include <string_view>
-#include <unordered_set>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace Ravel {
 namespace {
@@ -23,32 +29,45 @@ bool IsLatin(const QString &text)
                        [](QChar character) { return character.unicode() <= 0xFF; });
 }
 
+// Looks for the first and the last byte of `needle` at 16 places at once. Rows are short and there
+// are a million of them, so a search that has to prepare itself would not pay.
+size_t Find(std::string_view row, std::string_view needle, size_t from)
+{
+#if defined(__SSE2__)
+    constexpr size_t kStep = sizeof(__m128i);
+    const size_t last = needle.size() - 1; // a filter by no text has no needle
+    const __m128i first_byte = _mm_set1_epi8(needle.front());
+    const __m128i last_byte = _mm_set1_epi8(needle.back());
+    for (; from + last + kStep <= row.size(); from += kStep) {
+        const char *const at = row.data() + from;
+        const __m128i hits = _mm_and_si128(
+            _mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i *>(at)), first_byte),
+            _mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i *>(at + last)),
+                           last_byte));
+        for (auto bits = static_cast<uint>(_mm_movemask_epi8(hits)); bits; bits &= bits - 1) {
+            const uint place = qCountTrailingZeroBits(bits);
+            if (std::memcmp(at + place, needle.data(), needle.size()) == 0)
+                return from + place;
+        }
+    }
+#endif
+    return row.find(needle, from);
+}
+
 // The two spellings that a text can have in a block.
 struct CNeedle
 {
     explicit CNeedle(const QString &text)
         : wide(Wide(text)), is_latin(IsLatin(text)),
-          latin(is_latin ? text.toLatin1().toStdString() : std::string()),
-          latin_searcher(latin.cbegin(), latin.cend())
+          latin(is_latin ? text.toLatin1().toStdString() : std::string())
     {}
-    CNeedle(const CNeedle &) = delete; // the searcher would look into the other one
-    CNeedle &operator=(const CNeedle &) = delete;
 
     size_t FindIn(std::u16string_view row, size_t from) const { return row.find(wide, from); }
-    size_t FindIn(std::string_view row, size_t from) const
-    {
-        constexpr size_t kWorthSkipping = 3; // characters; a shorter needle skips next to nothing
-        if (latin.size() < kWorthSkipping)
-            return row.find(latin, from);
-        const auto hit =
-            std::search(row.begin() + static_cast<std::ptrdiff_t>(from), row.end(), latin_searcher);
-        return hit == row.end() ? row.npos : static_cast<size_t>(hit - row.begin());
-    }
+    size_t FindIn(std::string_view row, size_t from) const { return Find(row, latin, from); }
 
     std::u16string wide;
     bool is_latin; // otherwise no Latin-1 row can hold it
     std::string latin;
-    std::boyer_moore_horspool_searcher<std::string::const_iterator> latin_searcher;
 };
 
 // A hit that runs over the end of its column is none: columns stand side by side.
@@ -65,35 +84,42 @@ template <class View> bool HasInOneColumn(const CTextBlock &texts, View row, con
     return false;
 }
 
-// std::string_view orders Latin-1 by unsigned bytes, which is the order of code units.
-template <class Char> int Compare(std::basic_string_view<Char> left, const std::u16string &right)
-{
-    const auto unit = [](Char character) {
-        return static_cast<char16_t>(static_cast<std::make_unsigned_t<Char>>(character));
-    };
-    const size_t shared = std::min(left.size(), right.size());
-    for (size_t i = 0; i < shared; ++i) {
-        if (unit(left[i]) != right[i])
-            return unit(left[i]) < right[i] ? -1 : 1;
-    }
-    return left.size() == right.size() ? 0 : left.size() < right.size() ? -1 : 1;
-}
-
+// Both kinds of view order texts by code units: bytes of Latin-1 compare as unsigned ones.
 struct CRange
 {
-    explicit CRange(const QStringList &bounds)
-        : is_open(bounds.isEmpty()), lower(is_open ? std::u16string() : Wide(bounds.constFirst())),
-          upper(is_open ? std::u16string() : Wide(bounds.constLast()))
-    {}
-
-    template <class Char> bool Has(std::basic_string_view<Char> text) const
+    explicit CRange(const QStringList &bounds) : is_open(bounds.isEmpty())
     {
-        return is_open || (Compare(text, lower) >= 0 && Compare(text, upper) <= 0);
+        if (is_open)
+            return;
+        lower = Wide(bounds.constFirst());
+        upper = Wide(bounds.constLast());
+        is_latin = IsLatin(bounds.constFirst()) && IsLatin(bounds.constLast());
+        if (is_latin) {
+            latin_lower = bounds.constFirst().toLatin1().toStdString();
+            latin_upper = bounds.constLast().toLatin1().toStdString();
+        }
+    }
+
+    bool Has(std::u16string_view text) const
+    {
+        return is_open || (text.compare(lower) >= 0 && text.compare(upper) <= 0);
+    }
+    bool Has(std::string_view text) const
+    {
+        if (is_open || is_latin)
+            return is_open || (text.compare(latin_lower) >= 0 && text.compare(latin_upper) <= 0);
+        std::u16string wide(text.size(), u'\0');
+        std::transform(text.cbegin(), text.cend(), wide.begin(),
+                       [](char character) { return static_cast<uchar>(character); });
+        return Has(std::u16string_view(wide));
     }
 
     bool is_open;
+    bool is_latin = false;
     std::u16string lower;
     std::u16string upper;
+    std::string latin_lower;
+    std::string latin_upper;
 };
 
 struct CNames
@@ -101,27 +127,22 @@ struct CNames
     explicit CNames(const QStringList &names)
     {
         for (const QString &name : names) {
-            wide_.insert(Wide(name));
+            wide.Number(Bytes(Wide(name)));
             if (IsLatin(name))
-                latin_.insert(name.toLatin1().toStdString());
+                latin.Number(name.toLatin1().toStdString());
         }
-        for (const std::u16string &name : wide_)
-            wide.insert(name);
-        for (const std::string &name : latin_)
-            latin.insert(name);
     }
-    CNames(const CNames &) = delete; // the views would look into the other one
-    CNames &operator=(const CNames &) = delete;
 
-    bool Has(std::string_view text) const { return latin.count(text) > 0; }
-    bool Has(std::u16string_view text) const { return wide.count(text) > 0; }
+    static std::string_view Bytes(std::u16string_view text)
+    {
+        return {reinterpret_cast<const char *>(text.data()), sizeof(char16_t) * text.size()};
+    }
 
-    std::unordered_set<std::string_view> latin;
-    std::unordered_set<std::u16string_view> wide;
+    bool Has(std::string_view text) const { return latin.Find(text) >= 0; }
+    bool Has(std::u16string_view text) const { return wide.Find(Bytes(text)) >= 0; }
 
-private:
-    std::unordered_set<std::string> latin_;
-    std::unordered_set<std::u16string> wide_;
+    CTextTable latin;
+    CTextTable wide;
 };
 
 } // namespace
@@ -154,7 +175,7 @@ struct CWithLists : CRowFilterPtr
     explicit CWithLists(const std::vector<QStringList> &lists) : range(lists.front())
     {
         for (size_t i = 1; i < lists.size(); ++i)
-            names.push_back(std::make_unique<CNames>(lists[i]));
+            names.emplace_back(lists[i]);
     }
 
     bool Accepts(const CTextBlock &texts, int columns) const override
@@ -173,11 +194,11 @@ struct CWithLists : CRowFilterPtr
             return false;
         int column = 0;
         return std::all_of(names.cbegin(), names.cend(),
-                           [&](const auto &list) { return list->Has(text_of(++column)); });
+                           [&](const CNames &list) { return list.Has(text_of(++column)); });
     }
 
     CRange range;
-    std::vector<std::unique_ptr<CNames>> names;
+    std::vector<CNames> names;
 };
 
 } // namespace

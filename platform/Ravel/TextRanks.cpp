@@ -7,6 +7,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
+#include <numeric>
+#include <string>
+#include <string_view>
 
 namespace Ravel {
 namespace {
@@ -21,7 +25,7 @@ constexpr int kWideBits = 21;
 struct CEntry
 {
     quint64 key;
-    int row;
+    int text;
     bool is_as_before; // the same text as the entry in front
 };
 
@@ -62,40 +66,46 @@ uint FoldedUnit(std::u16string_view text, size_t at)
     return QChar::toCaseFolded(static_cast<uint>(unit));
 }
 
-quint64 WideKey(const CTextBlock &texts, int column, size_t offset)
+// A text of one column, as it is in its row.
+struct CText
+{
+    std::string_view latin;
+    std::u16string_view wide;
+    bool is_wide;
+};
+
+quint64 WideKey(const CText &text, size_t offset)
 {
     quint64 key = 0;
     const auto append = [&key, offset](size_t length, auto &&unit_at) {
         for (size_t i = offset; i < offset + kWideUnits; ++i)
             key = key << kWideBits | (i < length ? unit_at(i) + 1U : 0U);
     };
-    if (texts.IsWide()) {
-        const std::u16string_view text = texts.Wide(column);
-        append(text.size(), [text](size_t at) { return FoldedUnit(text, at); });
+    if (text.is_wide) {
+        append(text.wide.size(), [&text](size_t at) { return FoldedUnit(text.wide, at); });
     } else {
-        const std::string_view text = texts.Latin(column);
-        append(text.size(), [text](size_t at) {
-            return QChar::toCaseFolded(static_cast<uint>(static_cast<uchar>(text[at])));
+        append(text.latin.size(), [&text](size_t at) {
+            return QChar::toCaseFolded(static_cast<uint>(static_cast<uchar>(text.latin[at])));
         });
     }
     return key;
 }
 
+// Ranks different texts; those that differ in case alone share a rank.
 class CRanking
 {
 public:
-    CRanking(const std::vector<const CTextBlock *> &rows, int column) : rows_(rows), column_(column)
+    explicit CRanking(const std::vector<CText> &texts) : texts_(texts)
     {
-        entries_.reserve(rows.size());
-        for (size_t row = 0; row < rows.size(); ++row) {
-            if (rows[row]->Count() <= column)
-                continue;
-            entries_.push_back({0, static_cast<int>(row), false});
-            is_wide_ = is_wide_ || rows[row]->IsWide();
+        entries_.reserve(texts.size());
+        for (size_t text = 0; text < texts.size(); ++text) {
+            entries_.push_back({0, static_cast<int>(text), false});
+            is_wide_ = is_wide_ || texts[text].is_wide;
         }
     }
 
-    std::vector<int> Ranks()
+    // The rank of each text; `count` becomes the number of ranks.
+    std::vector<int> Ranks(int &count)
     {
         std::vector<CGroup> groups;
         if (!entries_.empty())
@@ -107,12 +117,11 @@ public:
             SplitByKey(group, groups);
         }
 
-        std::vector<int> ranks(rows_.size(), static_cast<int>(entries_.size()));
-        int rank = -1;
-        for (size_t i = 0; i < entries_.size(); ++i) {
-            if (!entries_[i].is_as_before)
-                rank = static_cast<int>(i);
-            ranks[static_cast<size_t>(entries_[i].row)] = rank;
+        std::vector<int> ranks(texts_.size());
+        count = 0;
+        for (const CEntry &entry : entries_) {
+            count += entry.is_as_before ? 0 : 1;
+            ranks[static_cast<size_t>(entry.text)] = count - 1;
         }
         return ranks;
     }
@@ -127,9 +136,9 @@ private:
     {
         bool differ = false;
         for (size_t i = group.begin; i < group.end; ++i) {
-            const CTextBlock &texts = *rows_[static_cast<size_t>(entries_[i].row)];
-            entries_[i].key = is_wide_ ? WideKey(texts, column_, group.offset)
-                                       : LatinKey(texts.Latin(column_), group.offset);
+            const CText &text = texts_[static_cast<size_t>(entries_[i].text)];
+            entries_[i].key =
+                is_wide_ ? WideKey(text, group.offset) : LatinKey(text.latin, group.offset);
             differ = differ || entries_[i].key != entries_[group.begin].key;
         }
         if (differ)
@@ -156,33 +165,92 @@ private:
         }
     }
 
-    const std::vector<const CTextBlock *> &rows_;
-    const int column_;
+    const std::vector<CText> &texts_;
     bool is_wide_ = false;
     std::vector<CEntry> entries_;
 };
 
 } // namespace
 
-std::vector<int> TextRanks(const std::vector<const CTextBlock *> &rows, int column)
+CTextRanks::CTextRanks(const std::vector<int> &rank_of_row, int rank_count)
+    : begins_(static_cast<size_t>(rank_count) + 1)
 {
-    return CRanking(rows, column).Ranks();
+    constexpr int kMostFew = 1 << 16;
+    if (rank_count <= kMostFew)
+        few_.assign(rank_of_row.cbegin(), rank_of_row.cend());
+    else
+        many_ = rank_of_row;
+    for (const int rank : rank_of_row)
+        ++begins_[static_cast<size_t>(rank) + 1];
+    std::partial_sum(begins_.cbegin(), begins_.cend(), begins_.begin());
 }
 
-bool IsTextLess(const CTextBlock &left, const CTextBlock &right, int column)
+// Each row goes straight to its place, because it is known how many rows are of a lower rank.
+template <class Ranks>
+std::vector<int> CTextRanks::Placed(const CRowOrder &order, const Ranks &ranks,
+                                    bool is_descending) const
 {
-    if (left.Count() <= column || right.Count() <= column)
-        return left.Count() > column && right.Count() <= column;
-    if (left.IsWide() || right.IsWide())
-        return left.Text(column).compare(right.Text(column), Qt::CaseInsensitive) < 0;
-    const std::string_view left_text = left.Latin(column);
-    const std::string_view right_text = right.Latin(column);
-    const auto &folds = LatinFolds();
-    return std::lexicographical_compare(left_text.begin(), left_text.end(), right_text.begin(),
-                                        right_text.end(), [&folds](char one, char other) {
-                                            return folds[static_cast<uchar>(one)]
-                                                   < folds[static_cast<uchar>(other)];
-                                        });
+    std::vector<int> next(begins_.cbegin(), begins_.cend() - 1);
+    if (is_descending)
+        std::transform(begins_.cbegin() + 1, begins_.cend(), next.begin(),
+                       [count = order.Count()](int end) { return count - end; });
+    std::vector<int> sorted(ranks.size());
+    const auto put = [&](int row) {
+        sorted[static_cast<size_t>(next[ranks[static_cast<size_t>(row)]]++)] = row;
+    };
+    const int *const rows = order.Rows();
+    for (int place = 0, count = order.Count(); place < count; ++place)
+        put(rows ? rows[place] : order.RowAt(place));
+    return sorted;
+}
+
+CRowOrder CTextRanks::Sorted(const CRowOrder &order, bool is_descending) const
+{
+    if (order.Count() != RowCount())
+        return order;
+    return CRowOrder(few_.empty() ? Placed(order, many_, is_descending)
+                                  : Placed(order, few_, is_descending));
+}
+
+void CRankBuilder::Add(const CTextBlock &row)
+{
+    if (row.Count() <= column_) {
+        text_of_row_.push_back(-1);
+    } else if (row.IsWide()) {
+        const std::u16string_view text = row.Wide(column_);
+        text_of_row_.push_back(
+            2 * wide_.Number({reinterpret_cast<const char *>(text.data()), 2 * text.size()}) + 1);
+    } else {
+        text_of_row_.push_back(2 * latin_.Number(row.Latin(column_)));
+    }
+}
+
+std::shared_ptr<const CTextRanks> CRankBuilder::Take()
+{
+    // A copy, because the texts of a table may begin at any byte.
+    std::vector<std::u16string> wide_texts;
+    std::vector<CText> texts;
+    wide_texts.reserve(static_cast<size_t>(wide_.Count()));
+    for (int i = 0; i < latin_.Count(); ++i)
+        texts.push_back({latin_.Text(i), {}, false});
+    for (int i = 0; i < wide_.Count(); ++i) {
+        const std::string_view bytes = wide_.Text(i);
+        wide_texts.emplace_back(bytes.size() / sizeof(char16_t), u'\0');
+        std::memcpy(wide_texts.back().data(), bytes.data(), bytes.size());
+        texts.push_back({{}, wide_texts.back(), true});
+    }
+    int count = 0;
+    const std::vector<int> rank_of_text = CRanking(texts).Ranks(count);
+    bool is_short = false;
+    for (int &text : text_of_row_) {
+        is_short = is_short || text < 0;
+        if (text < 0)
+            text = count;
+        else
+            text =
+                rank_of_text[static_cast<size_t>(text % 2 ? latin_.Count() + text / 2 : text / 2)];
+    }
+    return std::make_shared<const CTextRanks>(text_of_row_, is_short ? count + 1 : count);
 }
 
 } // namespace Ravel

@@ -1,17 +1,62 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <PlatformExport.h>
+#include <Ravel/RowOrder.h>
+#include <Ravel/TextTable.h>
+
+#include <memory>
 #include <vector>
 
 namespace Ravel {
 
 class CTextBlock;
 
-/// \brief The place of each row when the texts of \a column are sorted as QString::compare() does
-/// it without case; equal texts share a place, and rows without that column come last.
-std::vector<int> TextRanks(const std::vector<const CTextBlock *> &rows, int column);
+/// \brief The rank of each row when rows are sorted by the texts of one column, as
+/// QString::compare() does it without case; equal texts share a rank.
+class VANTOR_PLATFORM_EXPORT CTextRanks
+{
+public:
+    /// \param rank_of_row  from 0 to \a rank_count - 1.
+    CTextRanks(const std::vector<int> &rank_of_row, int rank_count);
 
-/// \brief Whether \a left comes before \a right in that order.
-bool IsTextLess(const CTextBlock &left, const CTextBlock &right, int column);
+    [[nodiscard]] int Rank(int row) const
+    {
+        return few_.empty() ? many_[static_cast<size_t>(row)] : few_[static_cast<size_t>(row)];
+    }
+    [[nodiscard]] int RowCount() const
+    {
+        return static_cast<int>(few_.empty() ? many_.size() : few_.size());
+    }
+    [[nodiscard]] int RankCount() const { return static_cast<int>(begins_.size()) - 1; }
+
+    /// \brief \a order, which has all rows, sorted; rows of one rank stay in the order they had.
+    [[nodiscard]] CRowOrder Sorted(const CRowOrder &order, bool is_descending) const;
+
+private:
+    template <class Ranks>
+    std::vector<int> Placed(const CRowOrder &order, const Ranks &ranks, bool is_descending) const;
+
+    std::vector<quint16> few_; // up to 65,536 ranks fit into half the memory
+    std::vector<int> many_;
+    std::vector<int> begins_; // how many rows are of a lower rank
+};
+
+/// \brief Works out the ranks of one column from its rows, given one after the other.
+class CRankBuilder
+{
+public:
+    explicit CRankBuilder(int column) : column_(column) {}
+
+    void Add(const CTextBlock &row);
+    /// \brief The ranks of the rows that were added; rows without the column come last.
+    [[nodiscard]] std::shared_ptr<const CTextRanks> Take();
+
+private:
+    int column_;
+    CTextTable latin_; // texts in Latin-1
+    CTextTable wide_;  // texts in UTF-16
+    std::vector<int> text_of_row_;
+};
 
 } // namespace Ravel

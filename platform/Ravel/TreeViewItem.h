@@ -16,7 +16,7 @@ struct CTreeViewItemExtras;
 /// \brief One row of a CTreeViewModel: a text a column, data of other roles, and rows below it.
 ///
 /// An item owns the rows below it; a model owns its top-level items. Changes of an item that is in
-/// a model go through the model, which tells the views.
+/// a model go through the model, which notifies the views.
 ///
 /// Texts are kept small for lists of a million rows, and what only some rows have (other roles,
 /// rows below) takes memory only there.
@@ -30,9 +30,12 @@ public:
     CTreeViewItem(const CTreeViewItem &) = delete;
     CTreeViewItem &operator=(const CTreeViewItem &) = delete;
 
-    /// \brief What stands under \a role in \a column; invalid when nothing does. Edit role and
-    /// display role are one.
+    /// \brief The data of \a role in \a column; invalid when there is none. Edit role and display
+    /// role are one.
     [[nodiscard]] QVariant Data(int column, int role = Qt::DisplayRole) const;
+
+    /// \brief The display texts of all columns.
+    [[nodiscard]] const CTextBlock &Texts() const { return texts_; }
 
     /// \brief Store \a value under \a role in \a column; a column beyond the texts is made, a
     /// negative one ignored.

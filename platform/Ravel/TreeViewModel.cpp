@@ -2,12 +2,16 @@
 #include "Ravel/TreeViewModel.h"
 
 #include "Ravel/PageTag.h"
+#include "Ravel/RankKeeper.h"
 #include "Ravel/RowFilter.h"
+#include "Ravel/RowOrder.h"
+#include "Ravel/RowSet.h"
 #include "Ravel/TextRanks.h"
 #include "Ravel/TreeViewItem.h"
-#include "Ravel/TreeViewItem_p.h"
+#include "Ravel/TreeViewModel_p.h"
 
 #include <algorithm>
+#include <mutex>
 
 namespace Ravel {
 namespace {
@@ -16,123 +20,30 @@ constexpr size_t kRowsAhead = 8;
 
 } // namespace
 
-struct CTreeViewModelPtr
-{
-    CTreeViewModelPtr() { root_.Extras().ptr_pages_ = &vec_pages_; }
-
-    std::vector<std::unique_ptr<CTreeViewItem>> &Rows() { return root_.Extras().vec_children_; }
-    const CTextBlock &Texts(int row) const { return root_.Child(row)->texts_; }
-    bool TakePlaces(const QList<CTreeViewItem *> &items, int first, bool &has_extras);
-    void Renumber(CTreeViewItem &above, int first);
-    void AdoptPages(int first, int count);
-    void DropForeign(int row);
-    bool WritePage(int begin, int end, int page);
-    bool WritePage(const int *rows, int count, int page);
-    void ForgetRanks() { rank_column_ = -1; }
-
-    CTreeViewItem root_; // above the top-level items; never shown
-    QStringList list_labels_;
-    std::vector<int> vec_pages_; // of the top-level rows
-    bool b_tree_ = false;
-    bool b_changing_rows_ = false;
-    std::vector<int> vec_ranks_;
-    int rank_column_ = -1; // the column that vec_ranks_ holds; -1 when none
-};
-
-// One walk that gives each item its place finds null, placed and doubled ones; where it meets one
-// it takes the places back.
-bool CTreeViewModelPtr::TakePlaces(const QList<CTreeViewItem *> &items, int first, bool &has_extras)
-{
-    int row = first;
-    for (auto item = items.cbegin(); item != items.cend(); ++item) {
-        if (*item && !(*item)->ptr_parent_) {
-            (*item)->ptr_parent_ = &root_;
-            (*item)->row_ = row++;
-            has_extras = has_extras || (*item)->ptr_extras_;
-            continue;
-        }
-        std::for_each(items.cbegin(), item, [](CTreeViewItem *taken) {
-            taken->ptr_parent_ = nullptr;
-            taken->row_ = 0;
-        });
-        return false;
-    }
-    return true;
-}
-
-void CTreeViewModelPtr::Renumber(CTreeViewItem &above, int first)
-{
-    auto &rows = above.ptr_extras_->vec_children_;
-    for (size_t i = static_cast<size_t>(first); i < rows.size(); ++i)
-        rows[i]->row_ = static_cast<int>(i);
-}
-
-// What came under the page's role with an item moves to where the model keeps pages.
-void CTreeViewModelPtr::AdoptPages(int first, int count)
-{
-    for (int row = first; row < first + count; ++row) {
-        CTreeViewItem &item = *root_.Child(row);
-        if (!item.ptr_extras_)
-            continue;
-        b_tree_ = b_tree_ || item.ChildCount() > 0;
-        const QVariant page = item.ptr_extras_->map_others_.take(qMakePair(0, kPageTagRole));
-        if (page.isValid())
-            item.SetPage(vec_pages_[static_cast<size_t>(row)], page);
-    }
-}
-
-// Rows that stand side by side, in a loop without a branch: a pass writes a million.
-bool CTreeViewModelPtr::WritePage(int begin, int end, int page)
-{
-    int *const pages = vec_pages_.data();
-    int difference = 0;
-    int signs = 0;
-    for (int row = begin; row < end; ++row) {
-        difference |= pages[row] ^ page;
-        signs |= pages[row];
-    }
-    if (difference == 0)
-        return false;
-    for (int row = begin; signs < 0 && row < end; ++row)
-        DropForeign(row);
-    std::fill(pages + begin, pages + end, page);
-    return true;
-}
-
-bool CTreeViewModelPtr::WritePage(const int *rows, int count, int page)
-{
-    bool is_changed = false;
-    for (int i = 0; i < count; ++i) {
-        int &slot = vec_pages_[static_cast<size_t>(rows[i])];
-        is_changed = is_changed || slot != page;
-        DropForeign(rows[i]);
-        slot = page;
-    }
-    return is_changed;
-}
-
-void CTreeViewModelPtr::DropForeign(int row)
-{
-    int &slot = vec_pages_[static_cast<size_t>(row)];
-    if (slot == kForeignPage)
-        root_.Child(row)->SetPage(slot, {});
-}
-
 CTreeViewModel::CTreeViewModel(QObject *parent)
     : QAbstractItemModel(parent), d_ptr_(std::make_unique<CTreeViewModelPtr>())
-{}
+{
+    d_ptr_->ptr_ranks_ = new CRankKeeper(
+        [this] {
+            return CRankKeeper::Source{TextReader(), columnCount()};
+        },
+        this);
+}
 
 CTreeViewModel::~CTreeViewModel() = default;
 
 void CTreeViewModel::SetHorizontalHeaderLabels(const QStringList &labels)
 {
     beginResetModel();
-    d_ptr_->list_labels_ = labels;
+    {
+        const auto lock = d_ptr_->ForChange();
+        d_ptr_->list_labels_ = labels;
+    }
+    d_ptr_->ptr_ranks_->Forget();
     endResetModel();
 }
 
-bool CTreeViewModel::InsertTopLevelItems(int row, const QList<CTreeViewItem *> &items,
-                                         int rows_per_page)
+bool CTreeViewModel::InsertTopLevelItems(int row, const QList<CTreeViewItem *> &items)
 {
     bool has_extras = false;
     if (d_ptr_->b_changing_rows_ || row < 0 || row > rowCount()
@@ -143,21 +54,24 @@ bool CTreeViewModel::InsertTopLevelItems(int row, const QList<CTreeViewItem *> &
 
     d_ptr_->b_changing_rows_ = true;
     beginInsertRows({}, row, row + items.size() - 1);
-    auto &rows = d_ptr_->Rows();
-    const auto place = rows.size();
-    if (rows.empty())
-        rows.reserve(static_cast<size_t>(items.size()));
-    for (CTreeViewItem *item : items)
-        rows.emplace_back(item);
-    std::rotate(rows.begin() + row, rows.begin() + static_cast<std::ptrdiff_t>(place), rows.end());
+    {
+        const auto lock = d_ptr_->ForChange();
+        auto &rows = d_ptr_->Rows();
+        const auto place = rows.size();
+        if (rows.empty())
+            rows.reserve(static_cast<size_t>(items.size()));
+        for (CTreeViewItem *item : items)
+            rows.emplace_back(item);
+        std::rotate(rows.begin() + row, rows.begin() + static_cast<std::ptrdiff_t>(place),
+                    rows.end());
+    }
     auto &pages = d_ptr_->vec_pages_;
     pages.insert(pages.begin() + row, static_cast<size_t>(items.size()), kNoPage);
-    for (int i = row; rows_per_page > 0 && i < row + items.size(); ++i)
-        pages[static_cast<size_t>(i)] = i / rows_per_page + 1;
     d_ptr_->Renumber(d_ptr_->root_, row + items.size());
     if (has_extras)
         d_ptr_->AdoptPages(row, items.size());
-    d_ptr_->ForgetRanks();
+    ++d_ptr_->pages_version_;
+    d_ptr_->ptr_ranks_->Forget();
     endInsertRows();
     d_ptr_->b_changing_rows_ = false;
     return true;
@@ -187,66 +101,95 @@ bool CTreeViewModel::Accepts(int row, const CRowFilter &filter) const
            && filter.Accepts(d_ptr_->Texts(row), d_ptr_->list_labels_.size());
 }
 
-std::vector<bool> CTreeViewModel::AcceptedRows(const CRowFilter &filter) const
+CRowSet CTreeViewModel::AcceptedRows(const CRowFilter &filter, const CRowSet *within) const
 {
     const auto &rows = d_ptr_->Rows();
-    std::vector<bool> accepted(rows.size());
+    const int count = static_cast<int>(rows.size());
     const int columns = d_ptr_->list_labels_.size();
-    for (size_t row = 0; row < rows.size(); ++row) {
-        // Rows lie anywhere in memory: ask for a row's item and then its texts some rows ahead.
-        if (row + 2 * kRowsAhead < rows.size()) {
-            Prefetch(rows[row + 2 * kRowsAhead].get());
-            rows[row + kRowsAhead]->texts_.Prefetch();
+    CRowSet accepted(count);
+    const auto take = [&](int row) {
+        if (filter.Accepts(rows[static_cast<size_t>(row)]->texts_, columns))
+            accepted.Add(row);
+    };
+    if (within) {
+        within->ForEach(take);
+        return accepted;
+    }
+    for (int row = 0; row < count; ++row) {
+        // Rows are anywhere in memory: fetch a row's item and then its texts some rows ahead.
+        const size_t ahead = static_cast<size_t>(row) + kRowsAhead;
+        if (ahead + kRowsAhead < rows.size()) {
+            Prefetch(rows[ahead + kRowsAhead].get());
+            rows[ahead]->texts_.Prefetch();
         }
-        accepted[row] = filter.Accepts(rows[row]->texts_, columns);
+        take(row);
     }
     return accepted;
 }
 
-const int *CTreeViewModel::Ranks(int column) const
+std::shared_ptr<const CTextRanks> CTreeViewModel::Ranks(int column) const
 {
     if (column < 0 || column >= d_ptr_->list_labels_.size())
         return nullptr;
-    if (column != d_ptr_->rank_column_) {
-        const auto &rows = d_ptr_->Rows();
-        std::vector<const CTextBlock *> texts(rows.size());
-        std::transform(rows.cbegin(), rows.cend(), texts.begin(),
-                       [](const auto &item) { return &item->texts_; });
-        d_ptr_->vec_ranks_ = TextRanks(texts, column);
-        d_ptr_->rank_column_ = column;
+    auto ranks = d_ptr_->ptr_ranks_->Known(column);
+    if (!ranks) {
+        CRankBuilder builder(column);
+        for (const auto &row : d_ptr_->Rows())
+            builder.Add(row->texts_);
+        ranks = builder.Take();
+        d_ptr_->ptr_ranks_->Keep(column, ranks);
     }
-    return d_ptr_->vec_ranks_.data();
+    return ranks;
 }
 
-bool CTreeViewModel::IsLess(int left, int right, int column) const
+bool CTreeViewModel::HasRanks(int column) const
 {
-    return IsTextLess(d_ptr_->Texts(left), d_ptr_->Texts(right), column);
+    return d_ptr_->ptr_ranks_->Known(column) != nullptr;
 }
 
-void CTreeViewModel::SetPages(const int *rows, int count, int rows_per_page)
+void CTreeViewModel::PrepareRanks()
 {
-    count = std::min(count, rowCount());
+    d_ptr_->ptr_ranks_->Prepare();
+}
+
+CTextReader CTreeViewModel::TextReader() const
+{
+    return CTextReader(d_ptr_->ptr_access_);
+}
+
+quint64 CTreeViewModel::TextsVersion() const
+{
+    return d_ptr_->ptr_access_->version;
+}
+
+bool CTreeViewModel::SetPages(const CRowOrder &order, int first_place, int rows_per_page)
+{
+    const int count = std::min(order.Count(), rowCount());
     const int step = std::max(1, rows_per_page);
-    int first_changed = rowCount();
-    int last_changed = -1;
-    for (int begin = 0, page = 1; begin < count; begin += step, ++page) {
-        const int end = count - begin > step ? begin + step : count;
-        if (!(rows ? d_ptr_->WritePage(rows + begin, end - begin, page)
-                   : d_ptr_->WritePage(begin, end, page)))
-            continue;
-        if (rows) {
-            const auto range = std::minmax_element(rows + begin, rows + end);
-            first_changed = std::min(first_changed, *range.first);
-            last_changed = std::max(last_changed, *range.second);
-        } else {
-            first_changed = std::min(first_changed, begin);
-            last_changed = end - 1;
-        }
-        if (begin > count - step)
-            break;
+    bool is_changed = false;
+    for (int begin = first_place; begin < count;) {
+        const int page = begin / step + 1;
+        const int end = static_cast<int>(std::min(qint64{page} * step, qint64{count}));
+        const int *const rows = order.Rows();
+        const bool is_other =
+            rows ? d_ptr_->WritePage(rows + begin, end - begin, page)
+                 : d_ptr_->WritePage(order.RowAt(begin), order.RowAt(begin) + end - begin, page);
+        is_changed = is_changed || is_other;
+        begin = end;
     }
-    if (last_changed >= 0)
-        Q_EMIT dataChanged(index(first_changed, 0), index(last_changed, 0), {kPageTagRole});
+    d_ptr_->pages_version_ += is_changed ? 1 : 0;
+    return is_changed;
+}
+
+void CTreeViewModel::NotifyPages()
+{
+    if (rowCount() > 0 && columnCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, 0), {kPageTagRole});
+}
+
+quint64 CTreeViewModel::PagesVersion() const
+{
+    return d_ptr_->pages_version_;
 }
 
 const std::vector<int> &CTreeViewModel::Pages() const
@@ -298,10 +241,14 @@ bool CTreeViewModel::setData(const QModelIndex &index, const QVariant &value, in
 {
     if (!index.isValid())
         return false;
-    ItemFromIndex(index)->SetData(index.column(), role, value);
     const bool is_text = role == Qt::DisplayRole || role == Qt::EditRole;
-    if (is_text && index.column() == d_ptr_->rank_column_)
-        d_ptr_->ForgetRanks();
+    {
+        const auto lock = is_text ? d_ptr_->ForChange() : std::unique_lock<std::mutex>();
+        ItemFromIndex(index)->SetData(index.column(), role, value);
+    }
+    if (is_text)
+        d_ptr_->ptr_ranks_->Forget();
+    d_ptr_->pages_version_ += role == kPageTagRole ? 1 : 0;
     Q_EMIT dataChanged(index, index,
                        is_text ? QVector<int>{Qt::DisplayRole, Qt::EditRole} : QVector<int>{role});
     return true;
@@ -329,14 +276,18 @@ bool CTreeViewModel::removeRows(int row, int count, const QModelIndex &parent)
     d_ptr_->b_changing_rows_ = true;
     beginRemoveRows(parent, row, row + count - 1);
     auto &rows = above.ptr_extras_->vec_children_;
-    rows.erase(rows.begin() + row, rows.begin() + row + count);
+    {
+        const auto lock = d_ptr_->ForChange();
+        rows.erase(rows.begin() + row, rows.begin() + row + count);
+    }
     if (!parent.isValid()) {
         auto &pages = d_ptr_->vec_pages_;
         pages.erase(pages.begin() + row, pages.begin() + row + count);
-        d_ptr_->ForgetRanks();
         d_ptr_->b_tree_ = d_ptr_->b_tree_ && !rows.empty();
     }
     d_ptr_->Renumber(above, row);
+    ++d_ptr_->pages_version_;
+    d_ptr_->ptr_ranks_->Forget();
     endRemoveRows();
     d_ptr_->b_changing_rows_ = false;
     return true;

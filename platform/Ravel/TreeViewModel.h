@@ -2,6 +2,7 @@
 #pragma once
 
 #include <PlatformExport.h>
+#include <Ravel/TextReader.h>
 
 #include <QtCore/QAbstractItemModel>
 #include <QtCore/QList>
@@ -13,14 +14,17 @@
 namespace Ravel {
 
 class CRowFilter;
+class CRowOrder;
+class CRowSet;
+class CTextRanks;
 class CTreeViewItem;
 struct CTreeViewModelPtr;
 
 /// \brief The rows of a table or tree, as CTreeViewItem objects that the model owns.
 ///
 /// Made for a million top-level rows: they are filtered, sorted and cut into pages in bulk, without
-/// a QVariant a cell. Rows cannot come or go from inside the signals that tell of rows that come or
-/// go: such a call is refused. GUI thread only.
+/// a QVariant a cell. While the model emits a signal about rows that are inserted or removed, it
+/// refuses to insert or remove others. GUI thread only.
 class VANTOR_PLATFORM_EXPORT CTreeViewModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -36,14 +40,12 @@ public:
     /// \brief Insert \a items, which the model then owns, before the top-level row \a row.
     /// \return false, and nothing taken, for a row outside 0 to rowCount(), when an item is null or
     /// has a place already, or from inside a change of rows.
-    /// \param rows_per_page above 0 gives the new rows the pages of their row numbers, as SetPages()
-    /// would.
-    bool InsertTopLevelItems(int row, const QList<CTreeViewItem *> &items, int rows_per_page = 0);
+    bool InsertTopLevelItems(int row, const QList<CTreeViewItem *> &items);
 
     /// \return the item behind \a index, or null for an invalid index.
     [[nodiscard]] CTreeViewItem *ItemFromIndex(const QModelIndex &index) const;
 
-    /// \brief Whether rows are coming or going at this moment, so that no others may.
+    /// \brief Whether rows are being inserted or removed at this moment, so that no others may be.
     [[nodiscard]] bool IsChangingRows() const;
     /// \brief Whether a top-level row has, or had, rows below it.
     [[nodiscard]] bool IsTree() const;
@@ -51,27 +53,40 @@ public:
     /// \brief Whether the top-level row \a row passes \a filter; its texts count as far as the
     /// model has columns.
     [[nodiscard]] bool Accepts(int row, const CRowFilter &filter) const;
-    /// \brief The same for every top-level row.
-    [[nodiscard]] std::vector<bool> AcceptedRows(const CRowFilter &filter) const;
+    /// \brief The top-level rows that pass \a filter.
+    /// \param within  the only rows to look at; null: all.
+    [[nodiscard]] CRowSet AcceptedRows(const CRowFilter &filter,
+                                       const CRowSet *within = nullptr) const;
 
-    /// \brief The place of every top-level row when they are sorted by the display texts of
-    /// \a column without case; equal texts share one. Made once and kept.
-    /// \return rowCount() numbers, good until a text in the column changes or rows come or go; null
-    /// for a column that does not exist.
-    [[nodiscard]] const int *Ranks(int column) const;
-    /// \brief Whether the text in \a column of the top-level row \a left comes before that of
-    /// \a right, without case.
-    [[nodiscard]] bool IsLess(int left, int right, int column) const;
+    /// \brief The ranks of the top-level rows when they are sorted by the display texts of
+    /// \a column without case. Worked out once, unless PrepareRanks() has done so, and kept until
+    /// rows or texts change.
+    /// \return null for a column that does not exist.
+    [[nodiscard]] std::shared_ptr<const CTextRanks> Ranks(int column) const;
+    /// \brief Work out the ranks of all columns on another thread, now and after each change of
+    /// rows or texts, once no other change follows.
+    void PrepareRanks();
+    /// \brief Whether Ranks() of \a column needs no work.
+    [[nodiscard]] bool HasRanks(int column) const;
 
-    /// \brief Give the i-th of \a count top-level rows the page i / \a rows_per_page + 1.
+    /// \brief For reading all texts on another thread.
+    [[nodiscard]] CTextReader TextReader() const;
+    /// \brief A number that changes with rows, texts and columns.
+    [[nodiscard]] quint64 TextsVersion() const;
+
+    /// \brief Give the row at place i of \a order the page i / \a rows_per_page + 1, from the place
+    /// \a first_place on.
     ///
-    /// It stands as "Page001" under kPageTagRole of column 0. One dataChanged with that role tells
-    /// of all rows whose page is another now.
-    /// \param rows the row numbers in the order of the pages; null for 0 to \a count - 1.
-    void SetPages(const int *rows, int count, int rows_per_page);
+    /// It can be read as "Page001" under kPageTagRole of column 0. \return whether a row has
+    /// another page now: call NotifyPages() then.
+    [[nodiscard]] bool SetPages(const CRowOrder &order, int first_place, int rows_per_page);
+    /// \brief Emit dataChanged for the pages of all rows: views repaint what is visible anyway.
+    void NotifyPages();
     /// \brief The pages of all top-level rows: a page from 1 up, 0 for a row without one, and below
     /// 0 for a row with something else under kPageTagRole.
     [[nodiscard]] const std::vector<int> &Pages() const;
+    /// \brief A number that changes with rows and with whatever is written under kPageTagRole.
+    [[nodiscard]] quint64 PagesVersion() const;
 
     using QObject::parent;
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;

@@ -2,6 +2,7 @@
 #include "support/TestGuard.h"
 
 #include <Ravel/PageTag.h>
+#include <Ravel/TextRanks.h>
 #include <Ravel/TreeViewItem.h>
 #include <Ravel/TreeViewModel.h>
 #include <Vantor/CFilterProxyModelEx>
@@ -199,15 +200,14 @@ private Q_SLOTS:
             Ravel::CTreeViewModel model;
             model.SetHorizontalHeaderLabels({"Text"});
             QVERIFY(model.InsertTopLevelItems(0, items));
-            const int *const ranks = model.Ranks(0);
+            const auto ranks = model.Ranks(0);
             for (int left = 0; left < items.size(); ++left) {
                 for (int right = 0; right < items.size(); right += 7) {
                     const bool is_less =
                         items.at(left)->Data(0).toString().compare(
                             items.at(right)->Data(0).toString(), Qt::CaseInsensitive)
                         < 0;
-                    QCOMPARE(ranks[left] < ranks[right], is_less);
-                    QCOMPARE(model.IsLess(left, right, 0), is_less);
+                    QCOMPARE(ranks->Rank(left) < ranks->Rank(right), is_less);
                 }
             }
         }

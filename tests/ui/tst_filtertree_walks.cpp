@@ -1,34 +1,28 @@
 // SPDX-License-Identifier: MIT
 // Random walks over a list, each beside the same list in its plainest form.
-#include "letter/ListLetter.h"
-#include "support/TestGuard.h"
+#include "PlainList.h"
+#include "support/Test.h"
 
-#include <Ravel/PageTag.h>
 #include <Ravel/TreeViewItem.h>
 #include <Ravel/TreeViewModel.h>
 #include <Vantor/CFilterProxyModelEx>
 #include <Vantor/CFilterTreeViewEx>
+#include <ui/FilterTreeViewEx/PageMath.h>
 
 #include <QtCore/QRandomGenerator>
 #include <QtGui/QStandardItemModel>
 #include <QtTest/QAbstractItemModelTester>
-#include <QtTest/QTest>
 #include <QtWidgets/QHeaderView>
 
-#include <algorithm>
+#include <array>
 
 namespace {
 
-constexpr int kWalks = 1000;
-constexpr int kSteps = 10;
-constexpr int kMostRows = 2000;
+constexpr int kWalks = 300;
+constexpr int kSteps = 80;
+constexpr int kMostRows = 60;
 
-QStringList Labels()
-{
-    return {"Time", "Name", "Kind"};
-}
-
-// Latin-1, beyond it, outside the first plane; folding to one another, empty, and a missing cell.
+// Latin-1, beyond it, outside the first plane; folding to one another, and empty.
 QStringList Names()
 {
     return {"gate",       "Gate",      "GATE 1", "gate 10", "",
@@ -36,89 +30,107 @@ QStringList Names()
             "\U00010400", "\U00010428"};
 }
 
-int RowHeight()
-{
-    QStandardItemModel model;
-    model.appendRow(new QStandardItem("test"));
-    Ravel::CTableView view;
-    view.setModel(&model);
-    return view.sizeHintForRow(0);
-}
-
-// One list in both forms; every step is done to both.
+// A view with two models of its host's, beside the plain list with the same rows.
 class CWalk
 {
 public:
-    explicit CWalk(quint32 seed)
-        : random_(seed), letter_(Labels(), Letter::Refilter::WhenRowsChange)
+    explicit CWalk(quint32 seed) : random_(seed)
     {
-        model_.SetHorizontalHeaderLabels(Labels());
         view_.resize(300, 200);
-        view_.SetModel(&model_);
+        view_.show(); // the first height
+        for (auto &model : models_) {
+            model = std::make_unique<Ravel::CTreeViewModel>();
+            model->SetHorizontalHeaderLabels({"Time", "Name", "Kind"});
+        }
+        view_.SetModel(models_[0].get());
         view_.SetTreeViewItemPerPage(7);
-        letter_.rows_per_page_ = 7;
+        row_height_px_ = RowHeight();
+        plain_.SetSource(&rows_[0]);
+        if (seed % 3 == 0) // they take most of the time
+            testers_ = {
+                new Tester(models_[0].get(), kReport), new Tester(models_[1].get(), kReport),
+                new Tester(view_.GetBackupModel(), kReport), new Tester(view_.model(), kReport)};
         Listen();
-        most_rows_ = seed % 100 == 0 ? kMostRows : 40;
-        view_.show();
-        letter_view_.setModel(&letter_.page_);
-        // The first show brings a first height.
-        signals_.clear();
-        if (seed % 4 == 0) // they take most of the time
-            testers_ = {new Tester(&model_, kReport), new Tester(view_.GetBackupModel(), kReport),
-                        new Tester(view_.model(), kReport)};
     }
     ~CWalk() { qDeleteAll(testers_); }
 
-    // What was done, for the message when the two part.
     QString Step()
     {
-        const QVector<QPair<const char *, void (CWalk::*)()>> steps = {
-            {"add", &CWalk::Add},          {"add", &CWalk::Add},       {"flip", &CWalk::Flip},
-            {"keyword", &CWalk::Keyword},  {"lists", &CWalk::Lists},   {"resize", &CWalk::Resize},
-            {"sort", &CWalk::Sort},        {"select", &CWalk::Select}, {"tag", &CWalk::WriteTag},
-            {"per page", &CWalk::PerPage}, {"clear", &CWalk::Clear}};
-        const int step = Below(Below(4) ? steps.size() - 1 : steps.size());
-        (this->*steps.at(step).second)();
-        return steps.at(step).first;
+        struct Kind
+        {
+            const char *name;
+            void (CWalk::*step)();
+        };
+        static const std::vector<Kind> kinds = {
+            {"add", &CWalk::Add},         {"insert", &CWalk::Insert},
+            {"remove", &CWalk::Remove},   {"flip", &CWalk::Flip},
+            {"flip", &CWalk::Flip},       {"keyword", &CWalk::KeyWord},
+            {"keyword", &CWalk::KeyWord}, {"lists", &CWalk::Lists},
+            {"resize", &CWalk::Resize},   {"sort", &CWalk::Sort},
+            {"sort", &CWalk::Sort},       {"sort again", &CWalk::SortAgain},
+            {"select", &CWalk::Select},   {"tag", &CWalk::WriteTag},
+            {"text", &CWalk::WriteText},  {"per page", &CWalk::PerPage},
+            {"reset", &CWalk::Reset},     {"model", &CWalk::OtherModel},
+            {"clear", &CWalk::Clear},     {"refilter", &CWalk::Refilter}};
+        auto kind = size_t(Below(kinds.size()));
+        if (kinds.at(kind).step == &CWalk::Clear && Below(4))
+            kind = 0;
+        (this->*kinds.at(kind).step)();
+        return kinds.at(kind).name;
     }
 
-    // Texts and tags in the order of the keyword proxy, the page shown, what is selected, signals.
+    // Texts and tags in the order of the keyword proxy, the page, and the signals.
     QStringList Ours() const
     {
-        return State(*view_.GetBackupModel(), *view_.model(), *view_.selectionModel(), signals_);
+        QStringList lines;
+        const QAbstractItemModel &all = *view_.GetBackupModel();
+        for (int row = 0; row < all.rowCount(); ++row)
+            lines.append(all.index(row, 0).data().toString() + "|"
+                         + all.index(row, 1).data().toString() + "|"
+                         + all.index(row, 0).data(Ravel::kPageTagRole).toString());
+        for (int row = 0; row < view_.model()->rowCount(); ++row)
+            lines.append("page " + view_.model()->index(row, 0).data().toString());
+        return lines << "current "
+                            + view_.currentIndex()
+                                  .sibling(view_.currentIndex().row(), 0)
+                                  .data()
+                                  .toString()
+                     << signals_;
     }
-    QStringList Letters() const
+    QStringList Plain()
     {
-        return State(letter_.keywords_, letter_.page_, *letter_view_.selectionModel(),
-                     letter_.signals_);
+        QStringList lines;
+        for (const int id : plain_.shown) {
+            const CPlainList::Row &row = plain_.Of(id);
+            lines.append(row.texts.value(0) + "|" + row.texts.value(1) + "|" + row.tag.toString());
+        }
+        QString current;
+        for (const int id : plain_.page) {
+            lines.append("page " + plain_.Of(id).texts.value(0));
+            if (id == current_)
+                current = plain_.Of(id).texts.value(0);
+        }
+        current_ = current.isEmpty() ? -1 : current_;
+        return lines << "current " + current << plain_.signals_;
     }
 
 private:
     using Tester = QAbstractItemModelTester;
     static constexpr auto kReport = Tester::FailureReportingMode::QtTest;
 
-    static QStringList State(const QAbstractItemModel &keywords, const QAbstractItemModel &page,
-                             const QItemSelectionModel &selection, const QStringList &told)
+    static int RowHeight()
     {
-        QStringList lines;
-        for (int row = 0; row < keywords.rowCount(); ++row) {
-            const QModelIndex first = keywords.index(row, 0);
-            lines.append(first.data().toString() + "|" + first.siblingAtColumn(1).data().toString()
-                         + "|" + first.data(Ravel::kPageTagRole).toString());
-        }
-        for (int row = 0; row < page.rowCount(); ++row)
-            lines.append("shown " + page.index(row, 0).data().toString());
-        QStringList selected;
-        const auto rows = selection.selectedRows();
-        for (const QModelIndex &row : rows)
-            selected.append(row.data().toString());
-        selected.sort();
-        return lines << "selected " + selected.join(',')
-                     << "current " + selection.currentIndex().data().toString() << told;
+        QStandardItemModel model;
+        model.appendRow(new QStandardItem("test"));
+        Ravel::CTableView view;
+        view.setModel(&model);
+        return view.sizeHintForRow(0);
     }
 
-    QString Any(const QStringList &texts) { return texts.at(Below(texts.size())); }
-    int Below(int limit) { return static_cast<int>(random_.bounded(limit)); }
+    int Below(size_t limit) { return static_cast<int>(random_.bounded(static_cast<int>(limit))); }
+    QString AnyName() { return Names().at(Below(size_t(Names().size()))); }
+    Ravel::CTreeViewModel *Model() const { return at_ < 0 ? nullptr : models_[size_t(at_)].get(); }
+    CPlainList::Rows *Rows() { return at_ < 0 ? nullptr : &rows_[size_t(at_)]; }
 
     void Listen()
     {
@@ -136,37 +148,74 @@ private:
                          [this] { signals_.append("SignalDataSort()"); });
     }
 
-    void Add()
+    CPlainList::Rows NewRows(QList<Ravel::CTreeViewItem *> &items)
     {
-        const int room = most_rows_ - model_.rowCount();
-        QVector<QStringList> rows;
-        QList<Ravel::CTreeViewItem *> items;
-        for (int i = Below(std::max(1, room)); i > 0; --i) {
-            QStringList texts = {QString::number(++made_), Any(Names()),
+        CPlainList::Rows rows;
+        const int room = kMostRows - static_cast<int>(Rows()->size());
+        for (int i = room > 0 ? Below(size_t(room)) : 0; i > 0; --i) {
+            QStringList texts = {QString::number(++made_), AnyName(),
                                  QString(QChar('a' + Below(3)))};
             while (texts.size() > 1 && Below(10) == 0)
                 texts.removeLast();
-            rows.append(texts);
+            rows.push_back({made_, texts, {}});
             items.append(new Ravel::CTreeViewItem(texts));
         }
+        return rows;
+    }
+
+    void Add()
+    {
+        if (!Model())
+            return;
+        QList<Ravel::CTreeViewItem *> items;
+        const CPlainList::Rows rows = NewRows(items);
         view_.AddTopLevelItems(items);
-        if (!rows.isEmpty())
-            letter_.Add(Letter::CRows::Make(rows));
+        if (!rows.empty())
+            plain_.Add(rows);
+    }
+
+    void Insert()
+    {
+        if (!Model())
+            return;
+        QList<Ravel::CTreeViewItem *> items;
+        const CPlainList::Rows rows = NewRows(items);
+        const int at = Below(Rows()->size() + 1);
+        if (!rows.empty() && Model()->InsertTopLevelItems(at, items))
+            plain_.Insert(at, rows);
+    }
+
+    void Remove()
+    {
+        if (!Model() || Rows()->empty())
+            return;
+        const int at = Below(Rows()->size());
+        const int count = Below(std::min<size_t>(Rows()->size() - size_t(at), 5)) + 1;
+        Model()->removeRows(at, std::min(count, Model()->rowCount() - at));
+        plain_.Remove(at, std::min<int>(count, int(Rows()->size()) - at));
+        TakeCurrent(); // Qt moves it to a neighbour
+    }
+
+    void TakeCurrent()
+    {
+        const QModelIndex current = view_.currentIndex();
+        current_ = current.isValid() ? current.sibling(current.row(), 0).data().toInt() : -1;
     }
 
     void Flip()
     {
         const int page = Below(5) + 1;
         view_.SetFilterPage(page);
-        letter_.SetPage(page);
+        plain_.Flip(page);
     }
 
-    void Keyword()
+    void KeyWord()
     {
-        const QStringList keywords = {"", "gate", "1", "\u00F6", "\u0628", "no such"};
-        const QString keyword = Any(keywords);
+        static const QStringList keywords = {"",  "g",      "ga",     "gat",    "gate",
+                                             "1", "\u00F6", "\u0628", "no such"};
+        const QString keyword = keywords.at(Below(size_t(keywords.size())));
         view_.SetFilterKeyWord(keyword);
-        letter_.SetKeyWord(keyword);
+        plain_.SetKeyWord(keyword);
     }
 
     void Lists()
@@ -177,18 +226,25 @@ private:
         if (Below(3) == 0)
             lists.push_back({"a", "b"});
         view_.SetFilterKeyWords(lists);
-        letter_.SetLists(lists);
+        plain_.SetLists(lists);
     }
 
     void Resize()
     {
-        const int height = 100 + Below(200);
-        if (height == view_.height())
-            return;
-        view_.resize(300, height);
+        const QSize size(200 + Below(200), Below(3) ? 100 + Below(200) : view_.height());
+        const bool is_other = size.height() != view_.height();
+        view_.resize(size); // another width alone changes nothing
+        if (is_other && Model()) {
+            Adapt();
+            plain_.Resize();
+        }
+    }
+
+    void Adapt()
+    {
         if (is_adaptive_)
-            letter_.SetAdaptive(height, view_.header()->sizeHint().height(), RowHeight());
-        letter_.Resize();
+            plain_.rows_per_page = Vantor::RowsThatFit(
+                view_.height(), view_.header()->sizeHint().height(), row_height_px_);
     }
 
     void PerPage()
@@ -196,9 +252,9 @@ private:
         const int count = Below(9);
         is_adaptive_ = count == 0;
         view_.SetTreeViewItemPerPage(count);
-        if (is_adaptive_)
-            letter_.SetAdaptive(view_.height(), view_.header()->sizeHint().height(), RowHeight());
-        letter_.SetPerPage(is_adaptive_ ? letter_.rows_per_page_ : count);
+        plain_.rows_per_page = count;
+        Adapt();
+        plain_.Pass();
     }
 
     void Sort()
@@ -209,67 +265,129 @@ private:
             && order == view_.header()->sortIndicatorOrder())
             return;
         view_.header()->setSortIndicator(column, order);
-        letter_.Sort(column, order);
+        plain_.SetSort(column, order == Qt::DescendingOrder);
+        if (!Model())
+            plain_.signals_.append("SignalDataSort()");
+    }
+
+    // Qt sorts the view's model, which is one page.
+    void SortAgain()
+    {
+        view_.sortByColumn(view_.header()->sortIndicatorSection(),
+                           view_.header()->sortIndicatorOrder());
+        sort_role_ = sort_role_ == Qt::UserRole ? Qt::DisplayRole : Qt::UserRole;
+        view_.SetSortRole(sort_role_);
+        view_.setSortingEnabled(true);
+        if (Model())
+            plain_.ShowPage(); // Qt's setter asks for the filter, too
     }
 
     void Select()
     {
         const int shown = view_.model()->rowCount();
-        if (shown == 0)
-            return;
-        const int row = Below(shown);
-        const auto flags = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
-        view_.selectionModel()->setCurrentIndex(view_.model()->index(row, 0), flags);
-        letter_view_.selectionModel()->setCurrentIndex(letter_.page_.index(row, 0), flags);
+        if (shown > 0)
+            view_.setCurrentIndex(view_.model()->index(Below(size_t(shown)), 0));
+        TakeCurrent();
     }
 
     void WriteTag()
     {
-        const QVector<QVariant> tags = {QVariant(), "Page002", "Page2", "elsewhere", 3};
-        const QVariant tag = tags.at(Below(tags.size()));
+        static const QVector<QVariant> tags = {QVariant(), "Page002", "Page2", "elsewhere", 3};
         const int rows = view_.TopLevelItemCount();
         if (rows == 0)
             return;
-        const int row = Below(rows);
+        const QVariant tag = tags.at(Below(size_t(tags.size())));
+        const int row = Below(size_t(rows));
         Vantor::CFilterProxyModelEx *const proxy = view_.GetBackupModel();
         proxy->setData(proxy->index(row, 0), tag, Ravel::kPageTagRole);
-        letter_.keywords_.setData(letter_.keywords_.index(row, 0), tag, Ravel::kPageTagRole);
+        plain_.Of(plain_.shown[size_t(row)]).tag = tag;
+    }
+
+    void WriteText()
+    {
+        if (!Model() || Rows()->empty())
+            return;
+        const int row = Below(Rows()->size());
+        CPlainList::Row &plain = (*Rows())[size_t(row)];
+        if (plain.texts.size() < 2)
+            return;
+        plain.texts[1] = AnyName();
+        Model()->setData(Model()->index(row, 1), plain.texts.at(1));
+    }
+
+    void Reset()
+    {
+        if (!Model())
+            return;
+        Model()->SetHorizontalHeaderLabels({"Time", "Name", "Kind"});
+        plain_.Reset();
+        current_ = -1;
+    }
+
+    // Another one, the same one, none, or a new one after the old one was deleted.
+    void OtherModel()
+    {
+        const int kind = Below(4);
+        if (kind == 0 && Model() && testers_.isEmpty()) {
+            models_[size_t(at_)] = std::make_unique<Ravel::CTreeViewModel>();
+            models_[size_t(at_)]->SetHorizontalHeaderLabels({"Time", "Name", "Kind"});
+            rows_[size_t(at_)].clear();
+            plain_.SetSource(nullptr);
+        }
+        if (kind > 0)
+            at_ = Below(3) - 1;
+        const bool is_same = Rows() == plain_.source;
+        view_.SetModel(Model());
+        Adapt();
+        if (is_same) {
+            plain_.SetSame();
+        } else {
+            plain_.SetSource(Rows());
+            current_ = -1;
+        }
     }
 
     void Clear()
     {
         view_.ClearAllItems();
-        letter_.Clear();
+        if (Model()) {
+            plain_.Remove(0, static_cast<int>(Rows()->size()));
+            plain_.Pass();
+        }
+    }
+
+    // A host that knows Qt's class only.
+    void Refilter()
+    {
+        QSortFilterProxyModel *const proxy = view_.GetBackupModel();
+        proxy->invalidate();
+        if (Model())
+            plain_.Reapply();
     }
 
     QRandomGenerator random_;
-    Ravel::CTreeViewModel model_;
+    std::array<std::unique_ptr<Ravel::CTreeViewModel>, 2> models_;
+    std::array<CPlainList::Rows, 2> rows_;
+    int at_ = 0; // of the model; -1: none
     Vantor::CFilterTreeViewEx view_;
-    Letter::CPagedList letter_;
-    Ravel::CTableView letter_view_; // a view moves the current row by itself
+    CPlainList plain_;
     QStringList signals_;
     QVector<Tester *> testers_;
-    int most_rows_ = 0;
+    int row_height_px_ = 0;
+    int sort_role_ = Qt::DisplayRole;
     int made_ = 0;
+    int current_ = -1; // id
     bool is_adaptive_ = false;
 };
 
 } // namespace
 
-class TestFilterTreeWalks : public QObject
+class TestFilterTreeWalks : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { guard_.Begin(); }
-
-    void cleanup()
-    {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
-    void everyWalkGoesWhereThePlainFormGoes()
+    void everyWalkGoesWhereThePlainListGoes()
     {
         for (quint32 seed = 0; seed < kWalks; ++seed) {
             CWalk walk(seed);
@@ -277,22 +395,19 @@ private Q_SLOTS:
             for (int i = 0; i < kSteps; ++i) {
                 steps.append(walk.Step());
                 const QStringList ours = walk.Ours();
-                const QStringList letters = walk.Letters();
-                if (ours == letters)
+                const QStringList plain = walk.Plain();
+                if (ours == plain)
                     continue;
                 const auto parting =
-                    std::mismatch(ours.begin(), ours.end(), letters.begin(), letters.end());
+                    std::mismatch(ours.begin(), ours.end(), plain.begin(), plain.end());
                 QFAIL(qPrintable(
                     QString("seed %1, after %2: \"%3\" instead of \"%4\"")
                         .arg(QString::number(seed), steps.join(", "),
                              parting.first == ours.end() ? "the end" : *parting.first,
-                             parting.second == letters.end() ? "the end" : *parting.second)));
+                             parting.second == plain.end() ? "the end" : *parting.second)));
             }
         }
     }
-
-private:
-    CTestGuard guard_;
 };
 
 QTEST_MAIN(TestFilterTreeWalks)

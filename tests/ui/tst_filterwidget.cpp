@@ -52,7 +52,8 @@ private Q_SLOTS:
     void typesAreListedOnceInOrderAndTicked()
     {
         QCOMPARE(Rows(bar_->GetMainTypeComboBox()), QString("All|Blank|Bat|Bird|Bird (big)"));
-        QCOMPARE(Rows(bar_->GetSubTypeComboBox()), QString("All|crow|Gull|Red bat|unknown"));
+        QCOMPARE(Rows(bar_->GetSubTypeComboBox()), QString()); // no main type holds "All"
+        QCOMPARE(bar_->GetSelectedSubType(), QStringList({"crow", "Gull", "Red bat", "unknown"}));
         QCOMPARE(bar_->GetSelectedMainType(), QStringList({"", "Bat", "Bird", "Bird (big)"}));
         QCOMPARE(bar_->GetMainTypeComboBox()->currentText(), QString("All"));
         QCOMPARE(bar_->findChild<QLabel *>("pMainTypeLabel")->text(), QString("Kind:"));
@@ -88,7 +89,8 @@ private Q_SLOTS:
         QFETCH(bool, exact);
         QFETCH(QString, field);
         QFETCH(QString, subs);
-        bar_->GetSubTypeComboBox()->SetMainTypesExact(exact);
+        if (exact)
+            bar_->GetSubTypeComboBox()->SetMainTypes(bar_->GetMainTypeComboBox());
 
         bar_->SetSelectedMainType(main);
 
@@ -97,25 +99,49 @@ private Q_SLOTS:
         QCOMPARE(bar_->GetMainTypeComboBox()->currentText(), field);
         QCOMPARE(Rows(bar_->GetSubTypeComboBox()), subs);
         bar_->OnClearFilter();
-        QCOMPARE(Rows(bar_->GetSubTypeComboBox()), QString("All|crow|Gull|Red bat|unknown"));
+        QCOMPARE(Rows(bar_->GetSubTypeComboBox()),
+                 exact ? QString("All|crow|Gull|Red bat|unknown") : QString());
     }
 
-    void newRowsBringTheirTypesAndKeepWhatIsUnticked()
+    void newRowsBringTheirTypesTickedAndKeepWhatIsUnticked()
     {
+        CComboBoxEx &sub = *bar_->GetSubTypeComboBox();
+        sub.SetMainTypes(bar_->GetMainTypeComboBox());
         bar_->SetSelectedSubType({"Gull", "crow"});
-        QSignalSpy field(bar_->GetSubTypeComboBox(), &QComboBox::editTextChanged);
 
-        Add({{"6", "Bird", "Stork"}});
+        Add({{"6", "Bird", "Stork"}, {"7", "All", "Auk"}});
         bar_->AddTopLevelItems();
 
+        QCOMPARE(bar_->GetSelectedSubType(), QStringList({"Auk", "crow", "Gull", "Stork"}));
+        bar_->SetSelectedMainType({"All"}); // a type, not everything
+        QCOMPARE(Rows(&sub), QString("All|Auk"));
+        QVERIFY(model_->removeRows(5, 2));
+        bar_->AddTopLevelItems();
+        QVERIFY(!Rows(bar_->GetMainTypeComboBox()).contains("All|All"));
         QCOMPARE(bar_->GetSelectedSubType(), QStringList({"crow", "Gull"}));
-        QVERIFY(Rows(bar_->GetSubTypeComboBox()).contains("Stork"));
-        QCOMPARE(field.count(), 0);
         bar_->OnClearFilter();
-        QCOMPARE(bar_->GetSelectedSubType().size(), 5);
+        QCOMPARE(bar_->GetSelectedSubType().size(), 4);
         bar_->ClearAllItems();
-        QCOMPARE(Rows(bar_->GetSubTypeComboBox()), QString());
-        QCOMPARE(bar_->GetSubTypeComboBox()->currentText(), QString());
+        QCOMPARE(Rows(&sub), QString());
+        QCOMPARE(sub.currentText(), QString());
+    }
+
+    void aClickOnTheFieldOpensTheListForGood()
+    {
+        bar_->SetByKeyWord(true);
+        bar_->SetByKeyWord(false);
+        bar_->show();
+        QVERIFY(QTest::qWaitForWindowExposed(bar_.get()));
+        CComboBoxEx &combo = *bar_->GetMainTypeComboBox();
+        const QPoint field = combo.lineEdit()->mapTo(bar_.get(), combo.lineEdit()->rect().center());
+
+        QTest::mousePress(bar_->windowHandle(), Qt::LeftButton, {}, field);
+        QVERIFY(combo.view()->isVisible());
+        QTest::mouseRelease(bar_->windowHandle(), Qt::LeftButton, {}, field);
+        QCoreApplication::processEvents();
+
+        QVERIFY(combo.view()->isVisible());
+        combo.hidePopup();
     }
 
     void boxOfAllTicksWhatIsShown()
@@ -163,6 +189,7 @@ private Q_SLOTS:
         QVERIFY(model_->InsertTopLevelItems(0, items));
         bar_->AddTopLevelItems();
         CComboBoxEx &combo = *bar_->GetSubTypeComboBox();
+        combo.SetMainTypes(bar_->GetMainTypeComboBox());
         QSignalSpy field(&combo, &QComboBox::editTextChanged);
 
         combo.model()->setData(combo.model()->index(1, 0), Qt::Unchecked, Qt::CheckStateRole);

@@ -31,7 +31,6 @@
 #include <QtWidgets/QVBoxLayout>
 
 #include <algorithm>
-#include <numeric>
 
 namespace Client {
 namespace {
@@ -94,7 +93,8 @@ void CListPage::Build(const QString &keyword)
     list_->SetModel(model_);
     list_->OnShowHideBtnClicked(); // unfold
     list_->SetKeyWord(keyword);    // before its clear button is there, which would fade in
-    list_->GetFilterWidget()->GetSubTypeComboBox()->SetMainTypesExact(true);
+    Vantor::CFilterWidgetEx &filter = *list_->GetFilterWidget();
+    filter.GetSubTypeComboBox()->SetMainTypes(filter.GetMainTypeComboBox());
     list_->GetFilterWidget()->GetMoreBtn()->hide(); // there is no more to filter by
     Paging()->SetPageSeen(true);
     Paging()->SetFilterEnabled(true);
@@ -174,12 +174,8 @@ void CListPage::SetFilter(const QString &text)
 
 IncidentRows CListPage::Rows() const
 {
-    const Vantor::CFilterProxyModelEx *const shown = Table()->GetBackupModel();
-    QVector<int> rows(shown->rowCount());
-    if (const int *const source_rows = shown->SourceRows())
-        std::copy_n(source_rows, rows.size(), rows.begin());
-    else
-        std::iota(rows.begin(), rows.end(), 0);
+    const std::vector<int> shown = Table()->GetBackupModel()->SourceRows();
+    const QVector<int> rows(shown.cbegin(), shown.cend());
     return {model_->List(), rows, filter_};
 }
 

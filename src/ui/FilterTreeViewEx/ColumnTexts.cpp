@@ -1,46 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "ui/FilterTreeViewEx/ColumnTexts.h"
 
-#include <QtCore/QAbstractItemModel>
-#include <QtCore/QHash>
+#include <Ravel/TextBlock.h>
 
 #include <algorithm>
+#include <cstring>
 #include <numeric>
-#include <unordered_set>
 
 namespace Vantor {
 namespace {
 
-// Gives each text of a column a number, in the order in which they come.
-class CTextNumbers
-{
-public:
-    CTextNumbers(const QAbstractItemModel &model, int column) : model_(model), column_(column) {}
-
-    int Number(int row)
-    {
-        const QString text = model_.index(row, column_).data().toString();
-        // Lists that come from a server are often in the order of one of their columns.
-        if (last_ >= 0 && text == texts_[size_t(last_)])
-            return last_;
-        const auto found = numbers_.constFind(text);
-        last_ = found != numbers_.constEnd() ? *found : int(texts_.size());
-        if (found == numbers_.constEnd()) {
-            numbers_.insert(text, last_);
-            texts_.push_back(text);
-        }
-        return last_;
-    }
-
-    [[nodiscard]] std::vector<QString> Take() { return std::move(texts_); }
-
-private:
-    const QAbstractItemModel &model_;
-    const int column_;
-    QHash<QString, int> numbers_;
-    std::vector<QString> texts_;
-    int last_ = -1;
-};
+constexpr int kNoMain = 0x7FFFFFFF;
 
 bool IsBefore(const QString &a, const QString &b)
 {
@@ -67,30 +37,73 @@ void Sort(ColumnTexts &column)
         text = place[size_t(text)];
 }
 
+// The index of `number` in `texts`, which gets its text when it is new.
+template <class TextOf>
+int IndexOf(int number, std::unordered_map<int, int> &indexes, std::vector<QString> &texts,
+            TextOf &&text_of)
+{
+    const auto [found, is_new] = indexes.emplace(number, int(texts.size()));
+    if (is_new)
+        texts.push_back(text_of(number));
+    return found->second;
+}
+
 } // namespace
 
-ColumnTexts CollectTexts(const QAbstractItemModel &model, int column, int main_column)
+// The same text may be in Latin-1 in one row and in UTF-16 in another.
+int CColumnCounter::CCounted::Number(const Ravel::CTextBlock &row, int column)
+{
+    if (column >= row.Count())
+        return 2 * latin.Number({});
+    if (!row.IsWide())
+        return 2 * latin.Number(row.Latin(column));
+    const std::u16string_view text = row.Wide(column);
+    if (std::any_of(text.cbegin(), text.cend(), [](char16_t unit) { return unit > 0xFF; }))
+        return 2 * wide.Number({reinterpret_cast<const char *>(text.data()), 2 * text.size()}) + 1;
+    buffer.resize(text.size());
+    std::transform(text.cbegin(), text.cend(), buffer.begin(),
+                   [](char16_t unit) { return static_cast<char>(unit); });
+    return 2 * latin.Number(buffer);
+}
+
+QString CColumnCounter::CCounted::Text(int number) const
+{
+    const std::string_view bytes = number % 2 ? wide.Text(number / 2) : latin.Text(number / 2);
+    if (number % 2 == 0)
+        return QString::fromLatin1(bytes.data(), int(bytes.size()));
+    QString text(int(bytes.size() / sizeof(QChar)), Qt::Uninitialized);
+    std::memcpy(text.data(), bytes.data(), bytes.size());
+    return text;
+}
+
+CColumnCounter::CColumnCounter(int column, int main_column)
+    : column_(column), main_column_(main_column)
+{}
+
+void CColumnCounter::Count(const Ravel::CTextBlock &row, int by)
+{
+    const auto own = static_cast<quint32>(own_.Number(row, column_));
+    const auto main =
+        static_cast<quint32>(main_column_ < 0 ? kNoMain : mains_.Number(row, main_column_));
+    rows_of_pair_[quint64{own} << 32U | main] += by;
+}
+
+ColumnTexts CColumnCounter::Texts() const
 {
     ColumnTexts result;
-    if (column < 0 || column >= model.columnCount())
-        return result;
-    const bool has_main = main_column >= 0 && main_column < model.columnCount();
-    CTextNumbers texts(model, column);
-    CTextNumbers mains(model, main_column);
-    std::unordered_set<quint64> seen;
-    quint64 last = ~quint64{0};
-    for (int row = 0, rows = model.rowCount(); row < rows; ++row) {
-        const int text = texts.Number(row);
-        if (!has_main)
+    std::unordered_map<int, int> texts;
+    std::unordered_map<int, int> mains;
+    for (const auto &[pair, rows] : rows_of_pair_) {
+        if (rows <= 0)
             continue;
-        const int main = mains.Number(row);
-        const quint64 pair = quint64(text) << 32 | quint64(main);
-        if (pair != last && seen.insert(pair).second)
-            result.related.emplace_back(text, main);
-        last = pair;
+        const int text = IndexOf(static_cast<int>(pair >> 32U), texts, result.texts,
+                                 [this](int number) { return own_.Text(number); });
+        const int main = static_cast<int>(pair & 0xFFFFFFFFU);
+        if (main != kNoMain)
+            result.related.emplace_back(
+                text, IndexOf(main, mains, result.mains,
+                              [this](int number) { return mains_.Text(number); }));
     }
-    result.texts = texts.Take();
-    result.mains = mains.Take();
     Sort(result);
     return result;
 }

@@ -38,9 +38,13 @@ public:
     /// \brief The column whose texts OnFilterByMainType() goes by; -1, the default: the rows' own
     /// texts.
     void SetMainColumn(int column);
-    /// \brief Take what OnFilterByMainType() is given for whole texts instead of regular
-    /// expressions. Off by default.
-    void SetMainTypesExact(bool exact);
+    /// \brief Filter by the ticked texts of \a main, each compared whole, instead of by the text
+    /// that OnFilterByMainType() is given; null, the default, goes by that text.
+    void SetMainTypes(const CComboBoxEx *main);
+    /// \brief Read the texts of long lists on another thread, so that the GUI thread is not held.
+    /// The list is as it was until they are there; a question about what is ticked waits for them.
+    /// Off by default.
+    void SetInBackground(bool in_background);
 
     /// \brief The texts that are ticked, also those that OnFilterByMainType() left out; the empty
     /// text of cells is an empty string here and "Blank" for the user.
@@ -49,9 +53,10 @@ public:
     void SetSelectedStringItems(const QStringList &texts);
     void TickAll();
 
-    /// \brief Take the rows anew from \a column of the model, in alphabetical order.
+    /// \brief Make the rows from \a column of the model, in alphabetical order.
     ///
-    /// While everything was ticked everything is again; otherwise the texts that were ticked are.
+    /// A text that was unticked stays so while the column is the same; new ones are ticked. The
+    /// model is read once; later, only the rows that have come or gone since are looked at.
     void UpdateData(int column);
     /// \brief Empty the list.
     void ClearAllItems();
@@ -59,22 +64,27 @@ public:
     void CheckOutSelectedItems();
 
 public Q_SLOTS:
-    /// \brief Leave only the rows that stand beside the main types \a text, as the field of another
-    /// CComboBoxEx names them: "All", nothing, or texts with ";" between them.
+    /// \brief Leave only the rows whose main types \a text names, as the field of another
+    /// CComboBoxEx does: "All", nothing, or texts with ";" between them.
     ///
     /// Each text is a regular expression in Qt's default syntax, as it is, and matches anywhere in
-    /// a main type; see SetMainTypesExact().
+    /// a main type. "All" is no exception: it leaves the rows with a main type that holds "All".
+    /// See SetMainTypes().
     virtual void OnFilterByMainType(const QString &text);
+
+    void showPopup() override;
 
 protected:
     void changeEvent(QEvent *event) override;
 
-private Q_SLOTS:
-    void OnModelChanged();
-
 private:
-    [[nodiscard]] bool IsUpToDate(int column) const;
-    void Rebuild(const QStringList &ticked, bool is_untouched);
+    void OnRowsInserted(const QModelIndex &parent, int first, int last);
+    void OnRowsAboutToBeRemoved(const QModelIndex &parent, int first, int last);
+    void ForgetTexts();
+    void ReadTexts();
+    void OnTextsRead();
+    void FinishReading();
+    void Rebuild(const QStringList &unticked);
 
     const std::unique_ptr<CComboBoxExDataPtr> d_ptr_;
 };

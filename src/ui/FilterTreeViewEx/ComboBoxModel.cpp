@@ -17,6 +17,16 @@ struct CComboBoxModelDataPtr
     int shown_ = 0;
     int shown_ticked_ = 0;
 
+    QStringList TextsThatAre(char ticked) const
+    {
+        QStringList texts;
+        for (size_t i = 0; i < vec_texts_.size(); ++i) {
+            if (vec_ticked_[i] == ticked)
+                texts.append(vec_texts_[i]);
+        }
+        return texts;
+    }
+
     void Count()
     {
         shown_ = 0;
@@ -61,12 +71,12 @@ void CComboBoxModel::ConstructModel(std::vector<QString> &texts)
 
 QStringList CComboBoxModel::TickedTexts() const
 {
-    QStringList texts;
-    for (size_t i = 0; i < d_ptr_->vec_texts_.size(); ++i) {
-        if (d_ptr_->vec_ticked_[i])
-            texts.append(d_ptr_->vec_texts_[i]);
-    }
-    return texts;
+    return d_ptr_->TextsThatAre(1);
+}
+
+QStringList CComboBoxModel::UntickedTexts() const
+{
+    return d_ptr_->TextsThatAre(0);
 }
 
 QStringList CComboBoxModel::ShownTickedTexts() const
@@ -86,6 +96,15 @@ void CComboBoxModel::SetTickedTexts(const QStringList &texts)
         wanted.insert(QString());
     for (size_t i = 0; i < d_ptr_->vec_texts_.size(); ++i)
         d_ptr_->vec_ticked_[i] = wanted.contains(d_ptr_->vec_texts_[i]) ? 1 : 0;
+    d_ptr_->Count();
+    NotifyTicks(0, rowCount() - 1);
+}
+
+void CComboBoxModel::SetUntickedTexts(const QStringList &texts)
+{
+    const QSet<QString> unticked(texts.cbegin(), texts.cend());
+    for (size_t i = 0; i < d_ptr_->vec_texts_.size(); ++i)
+        d_ptr_->vec_ticked_[i] = unticked.contains(d_ptr_->vec_texts_[i]) ? 0 : 1;
     d_ptr_->Count();
     NotifyTicks(0, rowCount() - 1);
 }

@@ -16,7 +16,7 @@ struct CComboBoxModelDataPtr;
 /// \brief Texts with a check box each, under one that ticks and unticks them all.
 ///
 /// Row 0 is "All", in the user's language; its box covers the rows that are not left out. An empty
-/// text shows as "Blank". A hundred thousand rows and more are no burden. GUI thread only.
+/// text is shown as "Blank". Made for a hundred thousand rows and more. GUI thread only.
 class VANTOR_EXPORT CComboBoxModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -31,8 +31,12 @@ public:
 
     /// \brief The texts that are ticked, left out or not; an empty text is itself.
     [[nodiscard]] QStringList TickedTexts() const;
-    /// \brief Tick the rows of \a texts and no others; "Blank" in the user's language stands for
-    /// the empty text, too.
+    /// \brief The texts that are not ticked, left out or not.
+    [[nodiscard]] QStringList UntickedTexts() const;
+    /// \brief Tick all rows but those of \a texts.
+    void SetUntickedTexts(const QStringList &texts);
+    /// \brief Tick the rows of \a texts and no others; "Blank" in the user's language
+    /// means the empty text, too.
     void SetTickedTexts(const QStringList &texts);
     void TickAll();
     /// \brief Whether each row that is not left out is ticked; false without such rows.
@@ -40,7 +44,7 @@ public:
     /// \brief Whether each row is ticked, left out or not; true without rows.
     [[nodiscard]] bool IsUntouched() const;
 
-    /// \brief What the rows that are ticked and not left out show.
+    /// \brief The texts, as shown, of the rows that are ticked and not left out.
     [[nodiscard]] QStringList ShownTickedTexts() const;
 
     /// \brief Leave out the texts whose place in \a shown is 0; they keep their ticks. For a proxy
@@ -50,7 +54,7 @@ public:
 
     /// \brief How \a text is shown.
     [[nodiscard]] static QString ShownText(const QString &text);
-    /// \brief Tell the views that the language has changed.
+    /// \brief Notify the views that the language has changed.
     void Retranslate();
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
@@ -59,7 +63,7 @@ public:
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 Q_SIGNALS:
-    /// A box was ticked or unticked, by whomever.
+    /// A box was ticked or unticked, by the user or the host.
     void SignalTicksChanged();
 
 private:

@@ -2,12 +2,19 @@
 #pragma once
 
 #include <VantorExport.h>
+#include <ui/FilterTreeViewEx/FlatProxy.h>
 
-#include <QtCore/QSortFilterProxyModel>
 #include <QtCore/QStringList>
 
 #include <memory>
+#include <optional>
 #include <vector>
+
+namespace Ravel {
+
+class CTreeViewModel;
+
+} // namespace Ravel
 
 namespace Vantor {
 
@@ -21,8 +28,8 @@ struct CFilterProxyModelExDataPtr;
 ///
 /// Over a Ravel::CTreeViewModel, and over another proxy of this class on top of one, a million rows
 /// are filtered and sorted without asking for a single cell; other models are asked cell by cell.
-/// GUI thread only.
-class VANTOR_EXPORT CFilterProxyModelEx : public QSortFilterProxyModel
+/// Each change of the filter or the order is one change of layout. GUI thread only.
+class VANTOR_EXPORT CFilterProxyModelEx : public CFlatProxy
 {
     Q_OBJECT
 
@@ -37,7 +44,8 @@ public:
     /// \brief Show the rows with a cell whose display text contains \a keyword, case-sensitively;
     /// an empty one shows all.
     ///
-    /// When other rows than before pass, the list is sorted anew as a whole.
+    /// Rows that come back are where the order has them: those that were hidden while the list was
+    /// sorted are sorted, too.
     void SetKeyWordFilter(QString keyword); // NOLINT(performance-unnecessary-value-param): fixed
 
     /// \brief Show the rows whose display text of column i passes \a lists [i], for every i.
@@ -48,40 +56,42 @@ public:
     /// callers must not give, passes every text.
     void SetKeyWordsFilter(const std::vector<QStringList> &lists);
 
-    /// \brief Apply the stored keyword or keyword lists again.
+    /// \brief Apply the stored keyword or keyword lists again. Takes no time while neither they nor
+    /// the texts have changed.
     void DoFilter();
 
-    bool filterAcceptsRow(int source_row, const QModelIndex &source_parent) const override;
-    void setSourceModel(QAbstractItemModel *source) override;
-    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+    /// \brief Tag the rows shown, in their order, with pages of \a rows_per_page rows; 0 makes one
+    /// page.
+    /// \return the number of pages, at least 1.
+    int CutPages(int rows_per_page);
+    /// \return how many rows each page has, or 0 when tags, rows or order have changed since
+    /// CutPages().
+    [[nodiscard]] int RowsPerPage() const;
 
-    /// \brief The source model's rows in the order shown here, for whoever walks all of them.
-    /// \return null when they are the same row numbers; otherwise rowCount() numbers, good until
-    /// rows come, go or move.
-    [[nodiscard]] const int *SourceRows() const;
+    /// \brief The rows of the source in the order shown here, for exports.
+    [[nodiscard]] std::vector<int> SourceRows() const;
+
+    bool filterAcceptsRow(int source_row, const QModelIndex &source_parent) const override;
+    /// \brief QSortFilterProxyModel's, which a host calls on this class.
+    void setFilterKeyColumn(int column);
+    void invalidate();
 
 protected:
-    bool lessThan(const QModelIndex &left, const QModelIndex &right) const override;
+    Ravel::CRowOrder MakeOrder() override;
+    std::vector<int> ShownOf(int first, int last) override;
+    void SortAll(int column, Qt::SortOrder order) override;
+    void OnSourceReset() override;
+    void OnSourceRows(int first, int count) override;
 
 private:
-    class CRanksInUse;
-
     void SetKey(int column, int role);
-    void Refilter();
-    bool IsShown(const std::vector<bool> &accepted) const;
-    bool Accepts(int row, const QModelIndex &parent) const;
-    bool AcceptsWords(int row, const QModelIndex &parent) const;
-    bool AcceptsText(const QModelIndex &first) const;
-    void FindPage();
-    bool AcceptsPage(int row, const QModelIndex &parent) const;
-    bool AcceptsTag(int row, const QModelIndex &parent) const;
-    [[nodiscard]] bool SortsTexts() const;
-    void ReadOrder() const;
-    void ForgetOrder();
-    void OnSourceRowsChange();
-    void OnSourceDataChanged(const QModelIndex &top_left, const QModelIndex &bottom_right,
-                             const QVector<int> &roles);
-    void OnSourceDestroyed();
+    [[nodiscard]] bool IsByWords() const;
+    [[nodiscard]] Ravel::CTreeViewModel *Model() const;
+    [[nodiscard]] const CFilterProxyModelEx *Below() const;
+    [[nodiscard]] Ravel::CRowOrder FilteredOrder();
+    [[nodiscard]] std::optional<Ravel::CRowOrder> PageOrder() const;
+    [[nodiscard]] bool SortsByRanks() const;
+    [[nodiscard]] std::vector<int> Sorted(std::vector<int> rows) const;
 
     const std::unique_ptr<CFilterProxyModelExDataPtr> d_ptr_;
 };

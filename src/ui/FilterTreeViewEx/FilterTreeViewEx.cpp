@@ -14,6 +14,7 @@
 #include <QtGui/QStandardItemModel>
 #include <QtWidgets/QHeaderView>
 
+#include <functional>
 #include <utility>
 
 namespace Vantor {
@@ -41,12 +42,40 @@ private:
     const bool b_shown_;
 };
 
+// Pages are cut from the keyword proxy's order, so with paging on the rows of a page have no order
+// of their own. Qt sorts the view's model, though, when sorting is turned on, when the view gets
+// the model, and when a column is sorted again.
+class CPages : public CFilterProxyModelEx
+{
+public:
+    using CFilterProxyModelEx::CFilterProxyModelEx;
+
+    void SetPaging(bool paging)
+    {
+        if (paging && sortColumn() >= 0)
+            CFilterProxyModelEx::sort(-1);
+        b_paging_ = paging;
+    }
+
+    void sort(int column, Qt::SortOrder order) override
+    {
+        if (!b_paging_)
+            CFilterProxyModelEx::sort(column, order);
+    }
+
+private:
+    bool b_paging_ = true;
+};
+
+// A paging pass and what was asked for from inside it.
+enum class Pass { Idle, Running, RunningAnotherFollows };
+
 } // namespace
 
 struct CFilterTreeViewExDataPtr
 {
     QPointer<Ravel::CTreeViewModel> ptr_model_;
-    CFilterProxyModelEx *ptr_page_proxy_ = nullptr;
+    CPages *ptr_page_proxy_ = nullptr;
     CFilterProxyModelEx *ptr_keyword_proxy_ = nullptr;
     QStandardItemModel *ptr_measuring_model_ = nullptr;
     QStandardItem *ptr_measuring_item_ = nullptr;
@@ -55,30 +84,27 @@ struct CFilterTreeViewExDataPtr
     bool b_paging_ = true;
     int total_pages_ = 1;
     bool b_adaptive_ = true;
-    QRect last_geometry_;
+    int last_height_px_ = -1; // of the view; below 0: it has not been laid out yet
     int current_page_ = 1;
 
-    bool b_in_pass_ = false;
-    bool b_pass_again_ = false;     // asked for from inside the pass
-    bool b_in_page_signal_ = false; // a slot of SignalUpdateMaxMinPage may flip on
-    std::vector<std::unique_ptr<Ravel::CTreeViewItem>> vec_waiting_; // for rows to stand still
-    bool b_clear_first_ = false;                                     // before those are added
+    Pass pass_ = Pass::Idle;
+    int announced_page_ = 0; // by SignalUpdateMaxMinPage, while that is being emitted
+    // What has to wait until the model no longer inserts or removes rows.
+    std::vector<std::function<void()>> vec_later_;
 };
 
 CFilterTreeViewEx::CFilterTreeViewEx(QWidget *parent)
     : CTableView(parent), d_ptr_(std::make_unique<CFilterTreeViewExDataPtr>())
 {
-    d_ptr_->ptr_page_proxy_ = new CFilterProxyModelEx(this);
+    d_ptr_->ptr_page_proxy_ = new CPages(this);
     d_ptr_->ptr_page_proxy_->setFilterRole(Ravel::kPageTagRole);
     d_ptr_->ptr_keyword_proxy_ = new CFilterProxyModelEx(this);
     d_ptr_->ptr_keyword_proxy_->setFilterKeyColumn(-1);
     MeasureRowHeight();
 
-    // Turning sorting on sorts by what the indicator shows, and Qt's own connection would go on
-    // sorting the page proxy beside ours.
+    // Turning sorting on sorts by the column that the indicator shows: none.
     header()->setSortIndicator(-1, Qt::AscendingOrder);
     setSortingEnabled(true);
-    disconnect(header(), &QHeaderView::sortIndicatorChanged, this, nullptr);
     connect(header(), &QHeaderView::sortIndicatorChanged, this,
             &CFilterTreeViewEx::OnSortIndicatorChanged);
 }
@@ -100,61 +126,75 @@ void CFilterTreeViewEx::MeasureRowHeight()
 
 void CFilterTreeViewEx::SetModel(Ravel::CTreeViewModel *model)
 {
+    const bool had_rows = TopLevelItemCount() > 0;
+    d_ptr_->vec_later_.clear();
     d_ptr_->ptr_model_ = model;
+    d_ptr_->total_pages_ = 1;
+    d_ptr_->current_page_ = 1;
+    if (d_ptr_->b_paging_)
+        d_ptr_->ptr_page_proxy_->SetPageFilter(Ravel::PageTag(1));
     d_ptr_->ptr_keyword_proxy_->setSourceModel(model);
     d_ptr_->ptr_page_proxy_->setSourceModel(d_ptr_->ptr_keyword_proxy_);
     setModel(d_ptr_->ptr_page_proxy_);
-    SetFilterEnabled(d_ptr_->b_paging_); // Qt sorts a model that it is given
-    if (model && model->rowCount() > 0)
+    if (d_ptr_->last_height_px_ >= 0)
+        CaculateAdaptiveHight(); // no new height follows
+    if (had_rows || TopLevelItemCount() > 0)
         DoPaging();
+}
+
+// A model refuses to insert and remove rows from inside the signals about that.
+bool CFilterTreeViewEx::WaitForModel(const std::function<void()> &operation)
+{
+    if (!d_ptr_->ptr_model_->IsChangingRows())
+        return false;
+    if (d_ptr_->vec_later_.empty())
+        QMetaObject::invokeMethod(this, &CFilterTreeViewEx::RunLater, Qt::QueuedConnection);
+    d_ptr_->vec_later_.push_back(operation);
+    return true;
+}
+
+void CFilterTreeViewEx::RunLater()
+{
+    const QPointer<CFilterTreeViewEx> self(this);
+    const auto operations = std::exchange(d_ptr_->vec_later_, {});
+    for (const auto &operation : operations) {
+        if (self)
+            operation();
+    }
 }
 
 void CFilterTreeViewEx::AddTopLevelItems(QList<Ravel::CTreeViewItem *> &items)
 {
-    Ravel::CTreeViewModel *const model = d_ptr_->ptr_model_;
-    if (!model || items.isEmpty())
+    if (!d_ptr_->ptr_model_ || items.isEmpty())
         return;
-    if (model->IsChangingRows()) {
-        if (d_ptr_->vec_waiting_.empty())
-            QMetaObject::invokeMethod(this, &CFilterTreeViewEx::AddWaitingItems,
-                                      Qt::QueuedConnection);
+    if (d_ptr_->ptr_model_->IsChangingRows()) {
+        auto waiting = std::make_shared<std::vector<std::unique_ptr<Ravel::CTreeViewItem>>>();
         for (Ravel::CTreeViewItem *item : qAsConst(items))
-            d_ptr_->vec_waiting_.emplace_back(item);
+            waiting->emplace_back(item);
+        (void)WaitForModel([this, waiting] {
+            QList<Ravel::CTreeViewItem *> ready;
+            for (auto &item : *waiting)
+                ready.append(item.release());
+            AddTopLevelItems(ready);
+        });
         return;
     }
-    d_ptr_->ptr_keyword_proxy_->SetKeyWordFilter(QString());
-    // The pass would give the same pages, but until then all rows would be on every page.
-    model->InsertTopLevelItems(d_ptr_->ptr_keyword_proxy_->rowCount(), items,
-                               d_ptr_->b_paging_ ? d_ptr_->rows_per_page_ : 0);
-    DoPaging();
-}
-
-void CFilterTreeViewEx::AddWaitingItems()
-{
-    if (!d_ptr_->ptr_model_)
-        d_ptr_->vec_waiting_.clear();
-    QList<Ravel::CTreeViewItem *> items;
-    for (auto &item : d_ptr_->vec_waiting_)
-        items.append(item.release());
-    d_ptr_->vec_waiting_.clear();
-    if (std::exchange(d_ptr_->b_clear_first_, false))
-        ClearAllItems();
-    AddTopLevelItems(items);
+    Change([this, &items] {
+        const QPointer<CFilterTreeViewEx> self(this);
+        d_ptr_->ptr_keyword_proxy_->SetKeyWordFilter(QString());
+        if (self && d_ptr_->ptr_model_)
+            d_ptr_->ptr_model_->InsertTopLevelItems(d_ptr_->ptr_keyword_proxy_->rowCount(), items);
+    });
 }
 
 void CFilterTreeViewEx::ClearAllItems()
 {
-    Ravel::CTreeViewModel *const model = d_ptr_->ptr_model_;
-    if (!model)
+    if (!d_ptr_->ptr_model_)
         return;
-    d_ptr_->vec_waiting_.clear(); // what was added before goes too
-    if (model->IsChangingRows()) {
-        d_ptr_->b_clear_first_ = true;
-        QMetaObject::invokeMethod(this, &CFilterTreeViewEx::AddWaitingItems, Qt::QueuedConnection);
-        return;
-    }
-    model->removeRows(0, model->rowCount());
-    DoPaging();
+    if (d_ptr_->ptr_model_->IsChangingRows())
+        d_ptr_->vec_later_.assign(d_ptr_->vec_later_.empty() ? 0 : 1, [] {}); // added before
+    if (!WaitForModel([this] { ClearAllItems(); }))
+        Change([this] { d_ptr_->ptr_model_->removeRows(0, d_ptr_->ptr_model_->rowCount()); });
 }
 
 int CFilterTreeViewEx::TopLevelItemCount() const
@@ -175,9 +215,7 @@ int CFilterTreeViewEx::GetItemsPerPage() const
 void CFilterTreeViewEx::SetFilterEnabled(bool enabled)
 {
     d_ptr_->b_paging_ = enabled;
-    // Pages are cut from the keyword proxy's order, so the page proxy must not have its own.
-    if (enabled && d_ptr_->ptr_page_proxy_->sortColumn() >= 0)
-        d_ptr_->ptr_page_proxy_->sort(-1);
+    d_ptr_->ptr_page_proxy_->SetPaging(enabled);
 }
 
 void CFilterTreeViewEx::SetSortRole(int role)
@@ -190,30 +228,32 @@ void CFilterTreeViewEx::SetFilterPage(int page)
 {
     if (!d_ptr_->b_paging_)
         return;
+    const bool is_other = page != d_ptr_->current_page_;
     d_ptr_->current_page_ = page;
-    if (d_ptr_->b_in_page_signal_)
-        return; // the call that emits goes on with this page
-    d_ptr_->b_in_page_signal_ = true;
-    int told_page = 0;
-    for (int times = 0; times < 2 && told_page != d_ptr_->current_page_; ++times) {
-        told_page = d_ptr_->current_page_;
-        const bool is_last = told_page == d_ptr_->total_pages_;
-        Q_EMIT SignalUpdateMaxMinPage(told_page != 1, !is_last);
+    if (d_ptr_->announced_page_ != 0)
+        return; // from a slot: the call that emits goes on with this page
+    const QPointer<CFilterTreeViewEx> self(this);
+    for (int times = 0; times < 2 && d_ptr_->announced_page_ != d_ptr_->current_page_; ++times) {
+        d_ptr_->announced_page_ = d_ptr_->current_page_;
+        const bool is_last = d_ptr_->current_page_ == d_ptr_->total_pages_;
+        Q_EMIT SignalUpdateMaxMinPage(d_ptr_->current_page_ != 1, !is_last);
+        if (!self)
+            return;
     }
-    d_ptr_->b_in_page_signal_ = false;
+    d_ptr_->announced_page_ = 0;
     d_ptr_->ptr_page_proxy_->SetPageFilter(Ravel::PageTag(d_ptr_->current_page_));
+    if (self && is_other)
+        scrollToTop();
 }
 
 void CFilterTreeViewEx::SetFilterKeyWord(const QString &keyword)
 {
-    d_ptr_->ptr_keyword_proxy_->SetKeyWordFilter(keyword);
-    DoPaging();
+    Change([this, &keyword] { d_ptr_->ptr_keyword_proxy_->SetKeyWordFilter(keyword); });
 }
 
 void CFilterTreeViewEx::SetFilterKeyWords(std::vector<QStringList> &lists)
 {
-    d_ptr_->ptr_keyword_proxy_->SetKeyWordsFilter(lists);
-    DoPaging();
+    Change([this, &lists] { d_ptr_->ptr_keyword_proxy_->SetKeyWordsFilter(lists); });
 }
 
 void CFilterTreeViewEx::SetTreeViewItemPerPage(int count)
@@ -242,76 +282,92 @@ void CFilterTreeViewEx::CaculateAdaptiveHight()
             RowsThatFit(height(), header()->sizeHint().height(), d_ptr_->row_height_px_);
 }
 
-// Slots may come back in here from every signal on the way.
 void CFilterTreeViewEx::DoPaging()
 {
-    if (!d_ptr_->ptr_model_ || !d_ptr_->b_paging_)
-        return;
-    if (d_ptr_->b_in_pass_) {
-        d_ptr_->b_pass_again_ = true;
+    Change([] {});
+}
+
+// Runs `step`, which changes what is listed, and then the paging pass. Slots may come back in here
+// from every signal on the way: their steps run at once, and one more pass follows for all of them.
+void CFilterTreeViewEx::Change(const std::function<void()> &step)
+{
+    constexpr int kMostPasses = 2;
+    const QPointer<CFilterTreeViewEx> self(this);
+    if (!d_ptr_->ptr_model_ || !d_ptr_->b_paging_) {
+        step();
         return;
     }
-    d_ptr_->b_in_pass_ = true;
-    CutPages();
-    if (std::exchange(d_ptr_->b_pass_again_, false))
-        CutPages();
-    d_ptr_->b_in_pass_ = false;
+    if (d_ptr_->pass_ != Pass::Idle) {
+        d_ptr_->pass_ = Pass::RunningAnotherFollows;
+        step();
+        return;
+    }
+    d_ptr_->pass_ = Pass::Running;
+    CutPages(step);
+    for (int pass = 1; self && pass < kMostPasses && d_ptr_->pass_ != Pass::Running; ++pass) {
+        d_ptr_->pass_ = Pass::Running;
+        CutPages([] {});
+    }
     // A slot that asks for a pass at each pass would hold the caller for ever.
-    if (std::exchange(d_ptr_->b_pass_again_, false))
+    if (self && std::exchange(d_ptr_->pass_, Pass::Idle) == Pass::RunningAnotherFollows)
         QMetaObject::invokeMethod(this, &CFilterTreeViewEx::DoPaging, Qt::QueuedConnection);
 }
 
-void CFilterTreeViewEx::CutPages()
+void CFilterTreeViewEx::CutPages(const std::function<void()> &step)
 {
-    Ravel::CTreeViewModel *const model = d_ptr_->ptr_model_;
-    if (!model)
-        return;
-    if (model->IsChangingRows()) {
-        d_ptr_->b_pass_again_ = true;
-        return;
+    const QPointer<CFilterTreeViewEx> self(this);
+    {
+        // The view is notified of one change, not of each step.
+        const CProxyHold hold(d_ptr_->ptr_page_proxy_);
+        step();
+        if (!self || !d_ptr_->ptr_model_)
+            return;
+        const int pages = d_ptr_->ptr_keyword_proxy_->CutPages(d_ptr_->rows_per_page_);
+        if (!self)
+            return;
+        d_ptr_->total_pages_ = pages;
+        d_ptr_->current_page_ = 1;
+        d_ptr_->ptr_page_proxy_->SetPageFilter(Ravel::PageTag(1));
     }
-    CFilterProxyModelEx &rows = *d_ptr_->ptr_keyword_proxy_;
-    model->SetPages(rows.SourceRows(), rows.rowCount(), d_ptr_->rows_per_page_);
-    d_ptr_->total_pages_ = PageCount(rows.rowCount(), d_ptr_->rows_per_page_);
-    d_ptr_->current_page_ = 1;
-    d_ptr_->ptr_page_proxy_->SetPageFilter(Ravel::PageTag(1));
-    Q_EMIT SignalPageReset(rows.rowCount(), d_ptr_->total_pages_);
+    if (self)
+        Q_EMIT SignalPageReset(TopLevelItemCount(), d_ptr_->total_pages_);
 }
 
 void CFilterTreeViewEx::resizeEvent(QResizeEvent *event)
 {
     CTableView::resizeEvent(event);
-    // The sizes are the viewport's, which a scroll bar changes too: only the view's own count.
-    if (!d_ptr_->ptr_model_ || event->size().height() == event->oldSize().height()
-        || geometry() == d_ptr_->last_geometry_)
+    // The sizes of the event are the viewport's, which a scroll bar changes, too.
+    if (height() == d_ptr_->last_height_px_)
         return;
-    d_ptr_->last_geometry_ = geometry();
+    d_ptr_->last_height_px_ = height();
+    if (!d_ptr_->ptr_model_)
+        return;
+    const QPointer<CFilterTreeViewEx> self(this);
     CaculateAdaptiveHight();
-    d_ptr_->ptr_keyword_proxy_->DoFilter();
-    DoPaging();
-    Q_EMIT SignalSizeChanged();
+    Change([this] { d_ptr_->ptr_keyword_proxy_->DoFilter(); });
+    if (self)
+        Q_EMIT SignalSizeChanged();
 }
 
 void CFilterTreeViewEx::OnSortIndicatorChanged(int column, Qt::SortOrder order)
 {
-    // The proxies still know rows that are gone: from a slot of the model, that is.
-    if (d_ptr_->ptr_model_ && d_ptr_->ptr_model_->IsChangingRows()) {
-        QMetaObject::invokeMethod(
-            this, [this, column, order] { OnSortIndicatorChanged(column, order); },
-            Qt::QueuedConnection);
-        return;
-    }
-    {
-        const CWaitCursor cursor(TopLevelItemCount() >= kRowsWorthWaiting);
-        if (d_ptr_->b_paging_) {
-            d_ptr_->ptr_keyword_proxy_->setSortRole(Qt::DisplayRole);
-            d_ptr_->ptr_keyword_proxy_->sort(column, order);
-        } else {
-            d_ptr_->ptr_page_proxy_->sort(column, order);
+    Change([this, column, order] {
+        const Ravel::CTreeViewModel *const model = d_ptr_->ptr_model_;
+        const bool is_quick = !model || model->rowCount() < kRowsWorthWaiting || !d_ptr_->b_paging_
+                              || model->HasRanks(column);
+        const QPointer<CFilterTreeViewEx> self(this);
+        {
+            const CWaitCursor cursor(!is_quick);
+            if (d_ptr_->b_paging_) {
+                d_ptr_->ptr_keyword_proxy_->setSortRole(Qt::DisplayRole);
+                d_ptr_->ptr_keyword_proxy_->sort(column, order);
+            } else {
+                d_ptr_->ptr_page_proxy_->sort(column, order);
+            }
         }
-    }
-    Q_EMIT SignalDataSort();
-    DoPaging();
+        if (self)
+            Q_EMIT SignalDataSort();
+    });
 }
 
 } // namespace Vantor

@@ -7,6 +7,7 @@
 #include <QtCore/QList>
 #include <QtCore/QStringList>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -24,15 +25,19 @@ struct CFilterTreeViewExDataPtr;
 
 /// \brief A list that filters its rows by keywords and shows them page by page.
 ///
-/// The host's model stands under a keyword proxy (GetBackupModel()), that one under a page proxy,
-/// which is the view's model. A paging pass writes "Page001", "Page002", … into role
+/// A keyword proxy (GetBackupModel()) is on top of the host's model, and a page proxy, which is the
+/// view's model, on top of that. A paging pass writes "Page001", "Page002", … into role
 /// Qt::UserRole + 100 of column 0 of every row that passes the keywords, shows page 1 and emits
 /// SignalPageReset(). It runs when a model with rows is set and after AddTopLevelItems(),
-/// ClearAllItems(), a filter, a sort, another page size and a new height; not after changes that
-/// the host makes in its model itself: rows it inserts there are on every page until the next pass.
+/// ClearAllItems(), a filter, a sort, another page size and a new height of the view; not after
+/// changes that the host makes in its model itself: rows it inserts there are on every page until
+/// the next pass.
 ///
-/// Slots of every signal may call any operation. A pass that is asked for from inside a pass runs
-/// once, after it. Without a model nothing happens. GUI thread only.
+/// The pages are in the model, so a model belongs to one view: two views on one model cut it by
+/// turns, and each shows the other's pages until its next pass.
+///
+/// Slots of every signal may call any operation, or delete the view. A pass that is asked for from
+/// inside a pass runs once, after it. Without a model nothing happens. GUI thread only.
 class VANTOR_EXPORT CFilterTreeViewEx : public Ravel::CTableView
 {
     Q_OBJECT
@@ -42,7 +47,8 @@ public:
     explicit CFilterTreeViewEx(QWidget *parent = nullptr);
     ~CFilterTreeViewEx() override;
 
-    /// \brief Show \a model, which stays the host's and may be deleted at any time.
+    /// \brief Show \a model, sorted and filtered as the one before; null shows nothing. It stays
+    /// the host's and may be deleted at any time.
     void SetModel(Ravel::CTreeViewModel *model);
 
     /// \brief Clear the keyword filter and append \a items, which the model then owns; the list
@@ -78,13 +84,13 @@ public:
     [[nodiscard]] QModelIndex MapFromSourceIndex(const QModelIndex &index) const;
 
 Q_SIGNALS:
-    /// The list was cut anew into \a pages pages, at least 1, and shows page 1.
+    /// The list has been cut into \a pages pages, at least 1, and shows page 1.
     void SignalPageReset(int records, int pages);
-    /// Another page is about to show: what the Previous and Next buttons are to be.
+    /// Another page is about to be shown: how to set the Previous and Next buttons.
     void SignalUpdateMaxMinPage(bool previousEnabled, bool nextEnabled);
-    /// The height changed and the list was cut anew for it.
+    /// The view has another height, and the list has been cut for it.
     void SignalSizeChanged();
-    /// The user sorted the list; it is about to be cut anew.
+    /// The user sorted the list; the paging pass follows.
     void SignalDataSort();
 
 public Q_SLOTS:
@@ -95,9 +101,11 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    void AddWaitingItems();
     void DoPaging();
-    void CutPages();
+    void Change(const std::function<void()> &step);
+    void CutPages(const std::function<void()> &step);
+    [[nodiscard]] bool WaitForModel(const std::function<void()> &operation);
+    void RunLater();
     void CaculateAdaptiveHight();
     void MeasureRowHeight();
 

@@ -15,11 +15,13 @@ bool IsPlain(const QString &text)
 
 } // namespace
 
-CMainTypeMatch::CMainTypeMatch(const QString &field, bool is_exact)
+CMainTypeMatch::CMainTypeMatch(const QStringList &types) : whole_(types.cbegin(), types.cend()) {}
+
+CMainTypeMatch::CMainTypeMatch(const QString &field)
 {
     const QStringList parts = field.split(QLatin1Char(';'), Qt::SkipEmptyParts);
     whole_ = QSet<QString>(parts.cbegin(), parts.cend());
-    if (is_exact || parts.size() > kMostPieces)
+    if (parts.size() > kMostPieces)
         return;
     if (field.isEmpty()) {
         pieces_.append(QStringLiteral("NULL"));

@@ -8,17 +8,18 @@
 
 namespace Vantor {
 
-/// \brief Which main types the field of a main-type combo box names: a list of texts with ";"
-/// between them.
+/// \brief Decides which main types are meant, by the field of a main-type combo box or by a list.
 ///
-/// Each part is a regular expression in Qt's default syntax that matches anywhere in a text, so
-/// "Gull" also names "Herring gull" 's "Gull" and "a(b", which is none, nothing. An empty field
-/// names the texts that hold "NULL". Beyond a thousand parts they are compared whole.
+/// The field is a list of texts with ";" between them. Each part is a regular expression in Qt's
+/// default syntax that matches anywhere: "Gull" names every type whose text contains it. A part
+/// that is no valid expression, such as "a(b", names nothing. An empty field names the types that
+/// contain "NULL". Beyond a thousand parts they are compared whole.
 class CMainTypeMatch
 {
 public:
-    /// \param is_exact compare the parts whole, as plain texts.
-    CMainTypeMatch(const QString &field, bool is_exact);
+    explicit CMainTypeMatch(const QString &field);
+    /// \param types  each is compared whole.
+    explicit CMainTypeMatch(const QStringList &types);
 
     [[nodiscard]] bool Names(const QString &main_type) const;
 

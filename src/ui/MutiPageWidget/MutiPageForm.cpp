@@ -16,6 +16,8 @@
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QVBoxLayout>
 
+#include <algorithm>
+
 namespace Vantor {
 namespace {
 
@@ -80,6 +82,7 @@ CMutiPageForm::CMutiPageForm(QWidget *page, bool is_right_to_left)
 {
     Name();
     SetIcons(is_right_to_left);
+    SetSizes();
     Arrange(page);
     FillChoices();
     Retranslate();
@@ -122,7 +125,7 @@ void CMutiPageForm::SetIcons(bool is_right_to_left) const
     ptr_last_btn_->setIcon(Icon(is_right_to_left ? "HomePage" : "LastPage"));
 }
 
-void CMutiPageForm::Arrange(QWidget *page) const
+void CMutiPageForm::SetSizes() const
 {
     ptr_bottom_line_->setFixedHeight(kLineHeight_px);
     ptr_bottom_line_->setStyleSheet(QStringLiteral("border:1px solid #cccccc;"));
@@ -144,7 +147,10 @@ void CMutiPageForm::Arrange(QWidget *page) const
     ptr_btn_batch_confirm_->setMinimumWidth(kBatchLeast_px);
     ptr_btn_batch_confirm_->setMaximumWidth(kBatchMost_px);
     ptr_btn_batch_confirm_->setFixedHeight(kBatchHeight_px);
+}
 
+void CMutiPageForm::Arrange(QWidget *page) const
+{
     auto *const holder = new QHBoxLayout(ptr_page_holder_);
     holder->setContentsMargins(0, 0, 0, 0);
     holder->setSpacing(kHolderSpacing_px);
@@ -173,6 +179,15 @@ void CMutiPageForm::Arrange(QWidget *page) const
     layout->addWidget(ptr_container_, 1);
     layout->addWidget(ptr_bottom_line_);
     layout->addWidget(ptr_bottom_widget_);
+}
+
+void CMutiPageForm::SetMostPages(int pages) const
+{
+    constexpr int kDigitsThatFit = 4;
+    ptr_page_validator_->setRange(1, std::max(1, pages));
+    const int more = std::max(0, QString::number(pages).size() - kDigitsThatFit);
+    const int digit_px = ptr_cur_page_edit_->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    ptr_cur_page_edit_->setFixedWidth(kPageEditSize_px.width() + more * digit_px);
 }
 
 void CMutiPageForm::FillChoices() const

@@ -34,6 +34,9 @@ struct CMutiPageForm
 
     /// \brief The texts of the language that is spoken now, but not those that count something.
     void Retranslate() const;
+    /// \brief Let the page edit take the pages 1 to \a pages. It is 40 wide, and wider only when a
+    /// number of pages has more than four digits.
+    void SetMostPages(int pages) const;
     /// \brief The bar's margins and spacing with the page edit and the jump button, or without.
     void SetJumpRoom(bool has_jump) const;
 
@@ -58,6 +61,7 @@ struct CMutiPageForm
 
 private:
     void Name() const;
+    void SetSizes() const;
     void Arrange(QWidget *page) const;
     void FillChoices() const;
     void SetIcons(bool is_right_to_left) const;

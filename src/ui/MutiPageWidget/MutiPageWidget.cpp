@@ -4,8 +4,8 @@
 #include "common/Translate.h"
 #include "ui/FilterTreeViewEx/FilterProxyModelEx.h"
 #include "ui/FilterTreeViewEx/FilterTreeViewEx.h"
-#include "ui/FilterTreeViewEx/PageMath.h"
 #include "ui/MutiPageWidget/MutiPageForm.h"
+#include "ui/MutiPageWidget/PageState.h"
 
 #include <Ravel/ComboBox.h>
 #include <Ravel/Frame.h>
@@ -33,11 +33,8 @@ struct CMutiPageWidgetDataPtr
     {}
 
     bool b_records_sentence_ = false;
-    int current_page_ = 1;
-    int total_pages_ = 1;
-    int total_records_ = 0;
+    CPageState page_;
     bool b_local_paging_ = true;
-    bool b_known_total_ = false;
 
     const bool b_right_to_left_;
     int shown_records_ = 0; // what the records label says, for another language
@@ -156,13 +153,13 @@ QPushButton *CMutiPageWidget::GetNextPageBtn()
 
 void CMutiPageWidget::HideTotalPageWidget()
 {
-    d_ptr_->b_known_total_ = true;
+    d_ptr_->page_.SetTotalKnown(true);
     SetTotalWidgetsVisible(false);
 }
 
 void CMutiPageWidget::SetPageSeen(bool seen)
 {
-    d_ptr_->b_known_total_ = seen;
+    d_ptr_->page_.SetTotalKnown(seen);
     SetTotalWidgetsVisible(seen);
 }
 
@@ -245,20 +242,15 @@ void CMutiPageWidget::AddTopLevelItems(QList<Ravel::CTreeViewItem *> &items)
     if (!self)
         return;
     QPushButton *const next = GetNextPageBtn();
-    if (count == 0 && d_ptr_->current_page_ > 0) {
-        next->setEnabled(false);
+    next->setEnabled(count > 0 && d_ptr_->page_.HasNextAfter(count, GetItemsPerPage()));
+    if (count == 0)
         Q_EMIT SignalErrorInfo(Text("ThereIsNoMatchedResultFound"));
-    } else if (d_ptr_->b_known_total_) {
-        // The count of one delivery says nothing about the last page here.
-        next->setEnabled(d_ptr_->current_page_ != d_ptr_->total_pages_);
-    } else {
-        next->setEnabled(count >= GetItemsPerPage());
-    }
 }
 
 int CMutiPageWidget::TopLevelItemCount()
 {
-    return d_ptr_->b_local_paging_ ? GetTreeView()->TopLevelItemCount() : d_ptr_->total_records_;
+    return d_ptr_->b_local_paging_ ? GetTreeView()->TopLevelItemCount()
+                                   : d_ptr_->page_.TotalRecords();
 }
 
 QAbstractItemModel *CMutiPageWidget::GetBackupModel()
@@ -282,7 +274,7 @@ void CMutiPageWidget::SetFilterEnabled(bool enabled)
 
 int CMutiPageWidget::GetCurrentPage()
 {
-    return d_ptr_->current_page_;
+    return d_ptr_->page_.Current();
 }
 
 QList<QModelIndex> CMutiPageWidget::GetSelectedRows() const
@@ -320,13 +312,11 @@ void CMutiPageWidget::SetFilterKeyWords(std::vector<QStringList> &lists)
 
 void CMutiPageWidget::OnUpdatePageInfo(int records, int page)
 {
-    d_ptr_->current_page_ = page == 0 ? 1 : page;
-    if (d_ptr_->b_known_total_) {
-        d_ptr_->total_records_ = records;
-        d_ptr_->total_pages_ = PageCount(records, GetItemsPerPage());
-        WriteRecords(records);
-        WriteTotalPages(d_ptr_->total_pages_);
-        d_ptr_->form_.ptr_page_validator_->setRange(1, d_ptr_->total_pages_);
+    d_ptr_->page_.Deliver(records, page, GetItemsPerPage());
+    if (d_ptr_->page_.IsTotalKnown()) {
+        WriteRecords(d_ptr_->page_.TotalRecords());
+        WriteTotalPages(d_ptr_->page_.TotalPages());
+        d_ptr_->form_.SetMostPages(d_ptr_->page_.TotalPages());
         WriteCurrentPage();
     }
     OnCurrentPageChanged();
@@ -334,64 +324,58 @@ void CMutiPageWidget::OnUpdatePageInfo(int records, int page)
 
 void CMutiPageWidget::OnPageReset(int records, int pages)
 {
-    if (d_ptr_->b_known_total_) {
-        d_ptr_->total_pages_ = pages;
-        d_ptr_->total_records_ = records;
-    }
-    d_ptr_->current_page_ = 1;
+    d_ptr_->page_.Reset(records, pages);
     WriteRecords(records);
     // Hosts know the mirrored label from the stored count, which open-ended paging does not touch.
-    WriteTotalPages(d_ptr_->b_right_to_left_ ? d_ptr_->total_pages_ : pages);
-    d_ptr_->form_.ptr_page_validator_->setRange(1, std::max(1, pages));
+    WriteTotalPages(d_ptr_->b_right_to_left_ ? d_ptr_->page_.TotalPages() : pages);
+    d_ptr_->form_.SetMostPages(pages);
     WriteCurrentPage();
     OnCurrentPageChanged();
 }
 
 void CMutiPageWidget::OnCurrentPageChanged()
 {
+    using Step = CPageState::Step;
     const CMutiPageForm &form = d_ptr_->form_;
-    if (!d_ptr_->b_known_total_) {
-        form.ptr_previous_btn_->setEnabled(d_ptr_->current_page_ > 1);
+    const CPageState &page = d_ptr_->page_;
+    form.ptr_previous_btn_->setEnabled(page.CanGo(Step::Previous));
+    if (!page.IsTotalKnown())
         return;
-    }
-    const bool has_previous = d_ptr_->current_page_ != 1;
-    const bool has_next = d_ptr_->current_page_ != d_ptr_->total_pages_;
-    form.ptr_home_btn_->setEnabled(has_previous);
-    form.ptr_previous_btn_->setEnabled(has_previous);
-    form.ptr_next_btn_->setEnabled(has_next);
-    form.ptr_last_btn_->setEnabled(has_next);
-    WriteTotalPages(d_ptr_->total_pages_);
+    form.ptr_home_btn_->setEnabled(page.CanGo(Step::Home));
+    form.ptr_next_btn_->setEnabled(page.CanGo(Step::Next));
+    form.ptr_last_btn_->setEnabled(page.CanGo(Step::Last));
+    WriteTotalPages(page.TotalPages());
     WriteCurrentPage();
-    form.ptr_tree_view_->SetFilterPage(d_ptr_->current_page_);
+    form.ptr_tree_view_->SetFilterPage(page.Current());
 }
 
 void CMutiPageWidget::GoTo(int page)
 {
-    d_ptr_->current_page_ = page;
+    d_ptr_->page_.GoTo(page);
     const QPointer<CMutiPageWidget> self(this);
     Q_EMIT SignalPageChanged();
     if (self) // not the page asked for: a slot may have gone elsewhere
-        GetTreeView()->SetFilterPage(d_ptr_->current_page_);
+        GetTreeView()->SetFilterPage(d_ptr_->page_.Current());
 }
 
 void CMutiPageWidget::OnHomePageClicked()
 {
-    GoTo(1);
+    GoTo(d_ptr_->page_.PageAfter(CPageState::Step::Home));
 }
 
 void CMutiPageWidget::OnPreviousBtnClicked()
 {
-    GoTo(d_ptr_->current_page_ - 1);
+    GoTo(d_ptr_->page_.PageAfter(CPageState::Step::Previous));
 }
 
 void CMutiPageWidget::OnNextBtnClicked()
 {
-    GoTo(d_ptr_->current_page_ + 1);
+    GoTo(d_ptr_->page_.PageAfter(CPageState::Step::Next));
 }
 
 void CMutiPageWidget::OnLastPageBtnClicked()
 {
-    GoTo(d_ptr_->total_pages_);
+    GoTo(d_ptr_->page_.PageAfter(CPageState::Step::Last));
 }
 
 void CMutiPageWidget::OnJump()
@@ -404,15 +388,15 @@ void CMutiPageWidget::OnJump()
         return;
     }
     const int page = InLatinDigits(text).toInt();
-    if (page == d_ptr_->current_page_)
+    if (page == d_ptr_->page_.Current())
         return;
-    d_ptr_->current_page_ = page;
+    d_ptr_->page_.GoTo(page);
     Q_EMIT SignalPageChanged();
 }
 
 void CMutiPageWidget::OnCurrentPageEditFousOut()
 {
-    const QString shown = QString::number(d_ptr_->current_page_);
+    const QString shown = QString::number(d_ptr_->page_.Current());
     if (d_ptr_->form_.ptr_cur_page_edit_->text() != shown && !IsCursorOverPagingButton())
         WriteCurrentPage();
 }
@@ -477,7 +461,7 @@ void CMutiPageWidget::WriteTotalPages(int pages)
 
 void CMutiPageWidget::WriteCurrentPage()
 {
-    d_ptr_->form_.ptr_cur_page_edit_->setText(QString::number(d_ptr_->current_page_));
+    d_ptr_->form_.ptr_cur_page_edit_->setText(QString::number(d_ptr_->page_.Current()));
 }
 
 } // namespace Vantor

@@ -25,8 +25,6 @@ struct CMutiPageWidgetExDataPtr
           ptr_muti_page_widget_(new CMutiPageWidget(page))
     {}
 
-    int first_reserved_ = 0; // the two are part of the layout that plug-ins know
-    int second_reserved_ = 0;
     CFilterWidgetEx *const ptr_filter_widget_;
     Ravel::CPushButton *const ptr_show_hide_btn_;
     CMutiPageWidget *const ptr_muti_page_widget_;
@@ -96,8 +94,7 @@ void CMutiPageWidgetEx::OnFilterWithKeyWords(std::vector<QStringList> &lists)
 void CMutiPageWidgetEx::SetFilterWidgetShow(bool show)
 {
     d_ptr_->ptr_filter_widget_->setVisible(show);
-    d_ptr_->ptr_show_hide_btn_->setVisible(show);
-    UpdateShowHideBtn();
+    d_ptr_->ptr_show_hide_btn_->setVisible(show); // hosts know its picture: only a click changes it
 }
 
 bool CMutiPageWidgetEx::IsFilterWidgetShow() const

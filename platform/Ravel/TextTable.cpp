@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "Ravel/TextTable.h"
+
+#include <cstring>
+
+namespace Ravel {
+namespace {
+
+constexpr size_t kLeastSlots = 64;
+
+quint64 Load(const char *bytes, size_t size)
+{
+    quint64 word = 0;
+    std::memcpy(&word, bytes, size);
+    return word;
+}
+
+quint32 Hash(std::string_view text)
+{
+    constexpr quint64 kFactor = 0x9E3779B97F4A7C15U;
+    constexpr size_t kWord = sizeof(quint64);
+    quint64 hash = text.size() * kFactor;
+    const auto mix = [&hash](quint64 word) {
+        hash = (hash ^ word) * kFactor;
+        hash ^= hash >> 32U;
+    };
+    size_t at = 0;
+    for (; at + kWord <= text.size(); at += kWord)
+        mix(Load(text.data() + at, kWord));
+    if (at < text.size())
+        mix(Load(text.data() + at, text.size() - at));
+    return static_cast<quint32>(hash >> 16U);
+}
+
+} // namespace
+
+std::string_view CTextTable::Text(int number) const
+{
+    const CEntry &entry = entries_[static_cast<size_t>(number)];
+    return {bytes_.data() + entry.begin, entry.size};
+}
+
+// The slot that has the text, or the free one that it would get.
+size_t CTextTable::SlotOf(std::string_view text, quint32 hash) const
+{
+    const size_t mask = slots_.size() - 1;
+    for (size_t slot = hash & mask;; slot = (slot + 1) & mask) {
+        const int number = slots_[slot];
+        if (number < 0
+            || (entries_[static_cast<size_t>(number)].hash == hash && Text(number) == text))
+            return slot;
+    }
+}
+
+int CTextTable::Find(std::string_view text) const
+{
+    return slots_.empty() ? -1 : slots_[SlotOf(text, Hash(text))];
+}
+
+int CTextTable::Number(std::string_view text)
+{
+    if (entries_.size() * 2 >= slots_.size())
+        Grow();
+    const quint32 hash = Hash(text);
+    int &number = slots_[SlotOf(text, hash)];
+    if (number < 0) {
+        number = Count();
+        entries_.push_back({bytes_.size(), static_cast<quint32>(text.size()), hash});
+        bytes_.append(text);
+    }
+    return number;
+}
+
+void CTextTable::Grow()
+{
+    slots_.assign(slots_.empty() ? kLeastSlots : slots_.size() * 4, -1);
+    const size_t mask = slots_.size() - 1;
+    for (size_t number = 0; number < entries_.size(); ++number) {
+        size_t slot = entries_[number].hash & mask;
+        while (slots_[slot] >= 0)
+            slot = (slot + 1) & mask;
+        slots_[slot] = static_cast<int>(number);
+    }
+}
+
+} // namespace Ravel

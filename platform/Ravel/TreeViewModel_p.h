@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Ravel/TextAccess.h"
+#include "Ravel/TreeViewItem.h"
+#include "Ravel/TreeViewItem_p.h"
+
+#include <QtCore/QList>
+#include <QtCore/QStringList>
+
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace Ravel {
+
+class CRankKeeper;
+
+struct CTreeViewModelPtr
+{
+    CTreeViewModelPtr()
+    {
+        root_.Extras().ptr_pages_ = &vec_pages_;
+        ptr_access_->rows = &Rows();
+    }
+    ~CTreeViewModelPtr()
+    {
+        const auto lock = ForChange();
+        ptr_access_->rows = nullptr;
+    }
+
+    std::vector<std::unique_ptr<CTreeViewItem>> &Rows() { return root_.Extras().vec_children_; }
+    const CTextBlock &Texts(int row) const { return root_.Child(row)->texts_; }
+    // Taken for every change of rows or texts, because other threads may be reading them.
+    std::unique_lock<std::mutex> ForChange()
+    {
+        std::unique_lock<std::mutex> lock(ptr_access_->mutex);
+        ++ptr_access_->version;
+        return lock;
+    }
+    bool TakePlaces(const QList<CTreeViewItem *> &items, int first, bool &has_extras);
+    void Renumber(CTreeViewItem &above, int first);
+    void AdoptPages(int first, int count);
+    void DropForeign(int row);
+    bool WritePage(int begin, int end, int page);
+    bool WritePage(const int *rows, int count, int page);
+
+    CTreeViewItem root_; // above the top-level items; never shown
+    QStringList list_labels_;
+    std::vector<int> vec_pages_; // of the top-level rows
+    bool b_tree_ = false;
+    bool b_changing_rows_ = false;
+    quint64 pages_version_ = 1;
+    CRankKeeper *ptr_ranks_ = nullptr; // a child of the model
+    std::shared_ptr<CTextAccess> ptr_access_ = std::make_shared<CTextAccess>();
+};
+
+} // namespace Ravel
