@@ -34,8 +34,6 @@ KNOWN_LONG = {
     "src/controller/Excel/ExcelControllorWithC.cpp",
     "src/controller/Excel/ExcelSheet.cpp",
     "src/ui/AccountPassword/AccountPasswordWidget.cpp",
-    "src/ui/FilterTreeViewEx/FilterProxyModelEx.cpp",
-    "src/ui/MutiPageWidget/MutiPageForm.cpp",
     "src/ui/MutiPageWidget/MutiPageWidget.cpp",
 }
 
