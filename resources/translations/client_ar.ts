@@ -698,32 +698,12 @@
         <translation>شاشة</translation>
     </message>
     <message>
-        <source>stop of %1</source>
-        <translation>إيقاف ‎%1</translation>
-    </message>
-    <message>
-        <source>%1, index %2</source>
-        <translation>‎%1، الفهرس ‎%2</translation>
-    </message>
-    <message>
-        <source>%1 at speed %2</source>
-        <translation>‎%1 بسرعة ‎%2</translation>
-    </message>
-    <message>
         <source>windows</source>
         <translation>النوافذ</translation>
     </message>
     <message>
         <source>camera</source>
         <translation>الكاميرا</translation>
-    </message>
-    <message>
-        <source>%1 – %2</source>
-        <translation>%1 – %2</translation>
-    </message>
-    <message>
-        <source>The serial keyboard at COM%1 cannot be opened.</source>
-        <translation>تعذّر فتح لوحة المفاتيح التسلسلية عند COM%1.</translation>
     </message>
     <message>
         <source>%1: %2 × %3 at %4, %5</source>
@@ -738,24 +718,8 @@
         <translation>عصا تحكم متصلة.</translation>
     </message>
     <message>
-        <source>No joystick is connected; the keys below stand for a control keyboard.</source>
-        <translation>لا توجد عصا تحكم متصلة؛ المفاتيح أدناه تقوم مقام لوحة تحكم.</translation>
-    </message>
-    <message>
         <source>A USB keyboard is connected.</source>
         <translation>لوحة مفاتيح USB متصلة.</translation>
-    </message>
-    <message>
-        <source>The last command was for the windows.</source>
-        <translation>كان الأمر الأخير للنوافذ.</translation>
-    </message>
-    <message>
-        <source>The last command was for the camera.</source>
-        <translation>كان الأمر الأخير للكاميرا.</translation>
-    </message>
-    <message>
-        <source>&amp;Serial keyboard</source>
-        <translation>لوحة المفاتيح ال&amp;تسلسلية</translation>
     </message>
     <message>
         <source>Keyboard on the screen</source>
@@ -770,8 +734,220 @@
         <translation>الشاشات</translation>
     </message>
     <message>
-        <source>None</source>
-        <translation>لا شيء</translation>
+        <source>No joystick is connected; the keys below take its place.</source>
+        <translation>لا توجد عصا تحكم متصلة؛ المفاتيح أدناه تقوم مقامها.</translation>
+    </message>
+    <message>
+        <source>The joystick chooses windows; its button 1 switches to the camera.</source>
+        <translation>عصا التحكم تختار النوافذ؛ الزر 1 فيها ينتقل إلى الكاميرا.</translation>
+    </message>
+    <message>
+        <source>The joystick steers the camera; its button 1 switches to the windows.</source>
+        <translation>عصا التحكم توجّه الكاميرا؛ الزر 1 فيها ينتقل إلى النوافذ.</translation>
+    </message>
+    <message>
+        <source>The keyboard chooses windows; ⇄ switches to the camera.</source>
+        <translation>لوحة المفاتيح تختار النوافذ؛ ⇄ ينتقل إلى الكاميرا.</translation>
+    </message>
+    <message>
+        <source>The keyboard steers the camera; ⇄ switches to the windows.</source>
+        <translation>لوحة المفاتيح توجّه الكاميرا؛ ⇄ ينتقل إلى النوافذ.</translation>
+    </message>
+    <message>
+        <source>%1 (%2) – %3</source>
+        <translation>%1 (%2) – %3</translation>
+    </message>
+    <message>
+        <source>Listening at %1, %2 baud.</source>
+        <translation>الاستماع عند ‎%1‎ بسرعة ‎%2‎ بود.</translation>
+    </message>
+    <message>
+        <source>%1 is lost; it is tried again every second.</source>
+        <translation>انقطع ‎%1‎؛ تُعاد المحاولة كل ثانية.</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CPortForm</name>
+    <message>
+        <source>%1 – %2</source>
+        <translation>%1 – %2</translation>
+    </message>
+    <message>
+        <source>Connecting …</source>
+        <translation>جارٍ الاتصال …</translation>
+    </message>
+    <message>
+        <source>Send on to a Pelco-D camera</source>
+        <translation>الإرسال إلى كاميرا Pelco-D</translation>
+    </message>
+    <message>
+        <source>Serial keyboard</source>
+        <translation>لوحة المفاتيح التسلسلية</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>إلى</translation>
+    </message>
+    <message>
+        <source>&amp;Port</source>
+        <translation>المنفذ</translation>
+    </message>
+    <message>
+        <source>Port, path or host:port</source>
+        <translation>منفذ أو مسار أو host:port</translation>
+    </message>
+    <message>
+        <source>Port or path</source>
+        <translation>منفذ أو مسار</translation>
+    </message>
+    <message>
+        <source>Ba&amp;ud</source>
+        <translation>السرعة</translation>
+    </message>
+    <message>
+        <source>&amp;Baud</source>
+        <translation>السرعة</translation>
+    </message>
+    <message>
+        <source>Camera &amp;address</source>
+        <translation>عنوان الكاميرا</translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation>قطع الاتصال</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>اتصال</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CPelcoSender</name>
+    <message>
+        <source>There is no answer.</source>
+        <translation>لا يوجد رد.</translation>
+    </message>
+    <message>
+        <source>The port is lost.</source>
+        <translation>انقطع المنفذ.</translation>
+    </message>
+    <message>
+        <source>Sending to %1 at %2 baud.</source>
+        <translation>الإرسال إلى ‎%1‎ بسرعة ‎%2‎ بود.</translation>
+    </message>
+    <message>
+        <source>Sending to %1.</source>
+        <translation>الإرسال إلى ‎%1‎.</translation>
+    </message>
+    <message>
+        <source>The camera takes no more commands.</source>
+        <translation>لم تعد الكاميرا تقبل الأوامر.</translation>
+    </message>
+</context>
+<context>
+    <name>PortText</name>
+    <message>
+        <source>Choose a port or enter its path.</source>
+        <translation>اختر منفذًا أو أدخل مساره.</translation>
+    </message>
+    <message>
+        <source>There is no port %1.</source>
+        <translation>لا يوجد منفذ ‎%1‎.</translation>
+    </message>
+    <message>
+        <source>You have no permission for %1. Your user must be a member of the group %2.</source>
+        <translation>لا تملك صلاحية ‎%1‎. يجب أن يكون مستخدمك عضوًا في المجموعة ‎%2‎.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>تعذّر فتح ‎%1‎: %2</translation>
+    </message>
+</context>
+<context>
+    <name>CommandText</name>
+    <message>
+        <source>tilt up</source>
+        <translation>إمالة إلى أعلى</translation>
+    </message>
+    <message>
+        <source>tilt down</source>
+        <translation>إمالة إلى أسفل</translation>
+    </message>
+    <message>
+        <source>pan left</source>
+        <translation>دوران إلى اليسار</translation>
+    </message>
+    <message>
+        <source>pan right</source>
+        <translation>دوران إلى اليمين</translation>
+    </message>
+    <message>
+        <source>up and left</source>
+        <translation>أعلى ويسار</translation>
+    </message>
+    <message>
+        <source>up and right</source>
+        <translation>أعلى ويمين</translation>
+    </message>
+    <message>
+        <source>down and left</source>
+        <translation>أسفل ويسار</translation>
+    </message>
+    <message>
+        <source>down and right</source>
+        <translation>أسفل ويمين</translation>
+    </message>
+    <message>
+        <source>zoom in</source>
+        <translation>تقريب</translation>
+    </message>
+    <message>
+        <source>zoom out</source>
+        <translation>تبعيد</translation>
+    </message>
+    <message>
+        <source>focus near</source>
+        <translation>تركيز قريب</translation>
+    </message>
+    <message>
+        <source>focus far</source>
+        <translation>تركيز بعيد</translation>
+    </message>
+    <message>
+        <source>open the iris</source>
+        <translation>فتح القزحية</translation>
+    </message>
+    <message>
+        <source>close the iris</source>
+        <translation>إغلاق القزحية</translation>
+    </message>
+    <message>
+        <source>select in the first window</source>
+        <translation>اختيار في النافذة الأولى</translation>
+    </message>
+    <message>
+        <source>select in the second window</source>
+        <translation>اختيار في النافذة الثانية</translation>
+    </message>
+    <message>
+        <source>call the preset</source>
+        <translation>استدعاء الموضع المحفوظ</translation>
+    </message>
+    <message>
+        <source>special key</source>
+        <translation>مفتاح خاص</translation>
+    </message>
+    <message>
+        <source>stop: %1</source>
+        <translation>إيقاف: %1</translation>
+    </message>
+    <message>
+        <source>%1 at speed %2</source>
+        <translation>%1 بسرعة %2</translation>
+    </message>
+    <message>
+        <source>%1, number %2</source>
+        <translation>%1، رقم %2</translation>
     </message>
 </context>
 <context>

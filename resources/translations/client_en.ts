@@ -682,32 +682,12 @@
         <translation>Display</translation>
     </message>
     <message>
-        <source>stop of %1</source>
-        <translation>stop of %1</translation>
-    </message>
-    <message>
-        <source>%1, index %2</source>
-        <translation>%1, index %2</translation>
-    </message>
-    <message>
-        <source>%1 at speed %2</source>
-        <translation>%1 at speed %2</translation>
-    </message>
-    <message>
         <source>windows</source>
         <translation>windows</translation>
     </message>
     <message>
         <source>camera</source>
         <translation>camera</translation>
-    </message>
-    <message>
-        <source>%1 – %2</source>
-        <translation>%1 – %2</translation>
-    </message>
-    <message>
-        <source>The serial keyboard at COM%1 cannot be opened.</source>
-        <translation>The serial keyboard at COM%1 cannot be opened.</translation>
     </message>
     <message>
         <source>%1: %2 × %3 at %4, %5</source>
@@ -722,24 +702,8 @@
         <translation>A joystick is connected.</translation>
     </message>
     <message>
-        <source>No joystick is connected; the keys below stand for a control keyboard.</source>
-        <translation>No joystick is connected; the keys below stand for a control keyboard.</translation>
-    </message>
-    <message>
         <source>A USB keyboard is connected.</source>
         <translation>A USB keyboard is connected.</translation>
-    </message>
-    <message>
-        <source>The last command was for the windows.</source>
-        <translation>The last command was for the windows.</translation>
-    </message>
-    <message>
-        <source>The last command was for the camera.</source>
-        <translation>The last command was for the camera.</translation>
-    </message>
-    <message>
-        <source>&amp;Serial keyboard</source>
-        <translation>&amp;Serial keyboard</translation>
     </message>
     <message>
         <source>Keyboard on the screen</source>
@@ -754,8 +718,220 @@
         <translation>Displays</translation>
     </message>
     <message>
-        <source>None</source>
-        <translation>None</translation>
+        <source>No joystick is connected; the keys below take its place.</source>
+        <translation>No joystick is connected; the keys below take its place.</translation>
+    </message>
+    <message>
+        <source>The joystick chooses windows; its button 1 switches to the camera.</source>
+        <translation>The joystick chooses windows; its button 1 switches to the camera.</translation>
+    </message>
+    <message>
+        <source>The joystick steers the camera; its button 1 switches to the windows.</source>
+        <translation>The joystick steers the camera; its button 1 switches to the windows.</translation>
+    </message>
+    <message>
+        <source>The keyboard chooses windows; ⇄ switches to the camera.</source>
+        <translation>The keyboard chooses windows; ⇄ switches to the camera.</translation>
+    </message>
+    <message>
+        <source>The keyboard steers the camera; ⇄ switches to the windows.</source>
+        <translation>The keyboard steers the camera; ⇄ switches to the windows.</translation>
+    </message>
+    <message>
+        <source>%1 (%2) – %3</source>
+        <translation>%1 (%2) – %3</translation>
+    </message>
+    <message>
+        <source>Listening at %1, %2 baud.</source>
+        <translation>Listening at %1, %2 baud.</translation>
+    </message>
+    <message>
+        <source>%1 is lost; it is tried again every second.</source>
+        <translation>%1 is lost; it is tried again every second.</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CPortForm</name>
+    <message>
+        <source>%1 – %2</source>
+        <translation>%1 – %2</translation>
+    </message>
+    <message>
+        <source>Connecting …</source>
+        <translation>Connecting …</translation>
+    </message>
+    <message>
+        <source>Send on to a Pelco-D camera</source>
+        <translation>Send on to a Pelco-D camera</translation>
+    </message>
+    <message>
+        <source>Serial keyboard</source>
+        <translation>Serial keyboard</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>&amp;To</translation>
+    </message>
+    <message>
+        <source>&amp;Port</source>
+        <translation>&amp;Port</translation>
+    </message>
+    <message>
+        <source>Port, path or host:port</source>
+        <translation>Port, path or host:port</translation>
+    </message>
+    <message>
+        <source>Port or path</source>
+        <translation>Port or path</translation>
+    </message>
+    <message>
+        <source>Ba&amp;ud</source>
+        <translation>Ba&amp;ud</translation>
+    </message>
+    <message>
+        <source>&amp;Baud</source>
+        <translation>&amp;Baud</translation>
+    </message>
+    <message>
+        <source>Camera &amp;address</source>
+        <translation>Camera &amp;address</translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation>Disconnect</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Connect</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CPelcoSender</name>
+    <message>
+        <source>There is no answer.</source>
+        <translation>There is no answer.</translation>
+    </message>
+    <message>
+        <source>The port is lost.</source>
+        <translation>The port is lost.</translation>
+    </message>
+    <message>
+        <source>Sending to %1 at %2 baud.</source>
+        <translation>Sending to %1 at %2 baud.</translation>
+    </message>
+    <message>
+        <source>Sending to %1.</source>
+        <translation>Sending to %1.</translation>
+    </message>
+    <message>
+        <source>The camera takes no more commands.</source>
+        <translation>The camera takes no more commands.</translation>
+    </message>
+</context>
+<context>
+    <name>PortText</name>
+    <message>
+        <source>Choose a port or enter its path.</source>
+        <translation>Choose a port or enter its path.</translation>
+    </message>
+    <message>
+        <source>There is no port %1.</source>
+        <translation>There is no port %1.</translation>
+    </message>
+    <message>
+        <source>You have no permission for %1. Your user must be a member of the group %2.</source>
+        <translation>You have no permission for %1. Your user must be a member of the group %2.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 cannot be opened: %2</translation>
+    </message>
+</context>
+<context>
+    <name>CommandText</name>
+    <message>
+        <source>tilt up</source>
+        <translation>tilt up</translation>
+    </message>
+    <message>
+        <source>tilt down</source>
+        <translation>tilt down</translation>
+    </message>
+    <message>
+        <source>pan left</source>
+        <translation>pan left</translation>
+    </message>
+    <message>
+        <source>pan right</source>
+        <translation>pan right</translation>
+    </message>
+    <message>
+        <source>up and left</source>
+        <translation>up and left</translation>
+    </message>
+    <message>
+        <source>up and right</source>
+        <translation>up and right</translation>
+    </message>
+    <message>
+        <source>down and left</source>
+        <translation>down and left</translation>
+    </message>
+    <message>
+        <source>down and right</source>
+        <translation>down and right</translation>
+    </message>
+    <message>
+        <source>zoom in</source>
+        <translation>zoom in</translation>
+    </message>
+    <message>
+        <source>zoom out</source>
+        <translation>zoom out</translation>
+    </message>
+    <message>
+        <source>focus near</source>
+        <translation>focus near</translation>
+    </message>
+    <message>
+        <source>focus far</source>
+        <translation>focus far</translation>
+    </message>
+    <message>
+        <source>open the iris</source>
+        <translation>open the iris</translation>
+    </message>
+    <message>
+        <source>close the iris</source>
+        <translation>close the iris</translation>
+    </message>
+    <message>
+        <source>select in the first window</source>
+        <translation>select in the first window</translation>
+    </message>
+    <message>
+        <source>select in the second window</source>
+        <translation>select in the second window</translation>
+    </message>
+    <message>
+        <source>call the preset</source>
+        <translation>call the preset</translation>
+    </message>
+    <message>
+        <source>special key</source>
+        <translation>special key</translation>
+    </message>
+    <message>
+        <source>stop: %1</source>
+        <translation>stop: %1</translation>
+    </message>
+    <message>
+        <source>%1 at speed %2</source>
+        <translation>%1 at speed %2</translation>
+    </message>
+    <message>
+        <source>%1, number %2</source>
+        <translation>%1, number %2</translation>
     </message>
 </context>
 <context>

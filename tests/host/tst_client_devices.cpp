@@ -1,65 +1,101 @@
 // SPDX-License-Identifier: MIT
 #include "pages/DevicesPage.h"
+#include "pages/PortForm.h"
 #include "pages/PtzView.h"
-#include "support/TestGuard.h"
+#include "support/PseudoTerminal.h"
+#include "support/Test.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QCheckBox>
+#include <KeyBoard/PelcoD.h>
+
+#include <QtNetwork/QTcpServer>
+#include <QtNetwork/QTcpSocket>
+#include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QPushButton>
 
 using namespace Client;
 
-class tst_client_devices : public QObject
+namespace {
+
+struct AimRow
+{
+    const char *name;
+    int operation;
+    CameraAim aim;
+};
+
+QByteArray Frames(std::initializer_list<const char *> frames)
+{
+    QByteArray bytes;
+    for (const char *frame : frames)
+        bytes += QByteArray::fromHex(frame);
+    return bytes;
+}
+
+} // namespace
+
+class tst_client_devices : public CGuardedTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init() { guard_.Begin(); }
-
-    void cleanup()
+    void SetUp() override
     {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+        page_ = std::make_unique<CDevicesPage>();
+        page_->show();
+        QVERIFY(QTest::qWaitForWindowExposed(page_.get()));
+    }
+    void TearDown() override { page_.reset(); }
+
+    QPushButton *Key(int code) const
+    {
+        return page_->findChild<QPushButton *>(QString("ScreenKey%1").arg(code));
     }
 
+    // Press Connect, or Disconnect, of the form of that name; the text is what it then says.
+    QString Connect(const char *form_name, const QString &target = {}) const
+    {
+        auto *const form = page_->findChild<CPortForm *>(form_name);
+        if (!target.isEmpty())
+            form->findChild<QComboBox *>()->setEditText(target);
+        QTest::mouseClick(form->findChild<QPushButton *>(), Qt::LeftButton);
+        return State(form_name);
+    }
+
+    QString State(const char *form_name) const
+    {
+        return page_->findChild<QLabel *>(form_name + QString("State"))->text();
+    }
+
+    std::unique_ptr<CDevicesPage> page_;
+
+private Q_SLOTS:
     void aimStaysWhereACameraCanLook_data()
     {
-        QTest::addColumn<int>("operation");
-        QTest::addColumn<double>("pan");
-        QTest::addColumn<double>("tilt");
-        QTest::addColumn<double>("zoom");
-        QTest::newRow("right, past the whole circle") << 103 << 240.0 << 0.0 << 1.0;
-        QTest::newRow("left, past zero") << 102 << 120.0 << 0.0 << 1.0;
-        QTest::newRow("up, to the limit") << 100 << 0.0 << 30.0 << 1.0;
-        QTest::newRow("down and right") << 109 << 240.0 << -30.0 << 1.0;
-        QTest::newRow("in, to the limit") << 104 << 0.0 << 0.0 << 8.0;
-        QTest::newRow("out, from the widest") << 105 << 0.0 << 0.0 << 1.0;
-        QTest::newRow("what moves nothing") << 112 << 0.0 << 0.0 << 1.0;
+        AddRows<AimRow>({
+            {"right, past the whole circle", 103, {240, 0, 1}},
+            {"left, past zero", 102, {120, 0, 1}},
+            {"up, to the limit", 100, {0, 30, 1}},
+            {"down and right", 109, {240, -30, 1}},
+            {"in, to the limit", 104, {0, 0, 8}},
+            {"out, from the widest", 105, {0, 0, 1}},
+            {"focus moves nothing", 112, {0, 0, 1}},
+        });
     }
-
     void aimStaysWhereACameraCanLook()
     {
-        QFETCH(const int, operation);
-        const CameraAim aim = Moved({}, operation, 63, 10);
-        QTEST(aim.pan, "pan");
-        QTEST(aim.tilt, "tilt");
-        QTEST(aim.zoom, "zoom");
+        const auto &row = FetchRow<AimRow>();
+        QVERIFY(Moved({}, row.operation, 63, 10) == row.aim);
     }
 
     void keysOnTheScreenMoveThePictureUntilTheyAreLetGo()
     {
-        CDevicesPage page;
-        page.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&page));
-        auto *const view = page.findChild<CPtzView *>();
-        auto *const right = page.findChild<QPushButton *>("ScreenKey5204");
-        auto *const commands = page.findChild<QListWidget *>("DeviceCommands");
+        auto *const view = page_->findChild<CPtzView *>();
+        auto *const commands = page_->findChild<QListWidget *>("DeviceCommands");
 
-        QTest::mousePress(right, Qt::LeftButton);
+        QTest::mousePress(Key(5204), Qt::LeftButton);
         QTRY_VERIFY(view->Aim().pan > 0);
-        QTest::mouseRelease(right, Qt::LeftButton);
+        QTest::mouseRelease(Key(5204), Qt::LeftButton);
         QTRY_COMPARE(commands->count(), 2);
         const CameraAim stopped = view->Aim();
         view->Control(103, false, 63);
@@ -67,18 +103,79 @@ private Q_SLOTS:
         QTRY_VERIFY(view->Aim().pan > stopped.pan + 0.1);
         view->Control(103, true, 0);
         const CameraAim selected = view->Aim();
-        QTest::mouseClick(page.findChild<QPushButton *>("ScreenKey5102"), Qt::LeftButton);
-        QTest::mouseClick(page.findChild<QPushButton *>("ScreenKey5210"), Qt::LeftButton);
+        QTest::mouseClick(Key(5102), Qt::LeftButton);
+        QTest::mouseClick(Key(5210), Qt::LeftButton);
         QTRY_COMPARE(commands->count(), 4);
 
         QCOMPARE(view->Aim().pan, selected.pan);
-        QCOMPARE(commands->item(3)->text(), QString("103 at speed 24 – windows"));
-        QCOMPARE(commands->item(2)->text(), QString("stop of 103 – windows"));
-        QCOMPARE(commands->item(1)->text(), QString("104 at speed 0 – camera"));
+        QCOMPARE(commands->item(3)->text(), QString("pan right at speed 24 (103) – camera"));
+        QCOMPARE(commands->item(2)->text(), QString("stop: pan right (103) – camera"));
+        QCOMPARE(commands->item(1)->text(), QString("zoom in (104) – windows"));
     }
 
-private:
-    CTestGuard guard_;
+    // A keyboard at one port moves a camera at another.
+    void serialKeyboardMovesACameraAtASecondPort()
+    {
+        CPseudoTerminal keyboard;
+        CPseudoTerminal camera;
+        Connect("CameraPort", camera.Path());
+        QVERIFY(State("CameraPort").contains("9600 baud"));
+        Connect("KeyboardPort", keyboard.Path());
+        QTRY_VERIFY(State("KeyboardPort").startsWith("Listening"));
+
+        // Camera 7 of the keyboard becomes camera 1; a change of direction stops in between.
+        keyboard.Write(Frames({"ff070008000918", "ff070002200029"}));
+        QByteArray seen;
+        const QByteArray moves = Frames({"ff010008000912", "ff010000000001", "ff010002200023"});
+        QTRY_COMPARE((seen += camera.Read()).toHex(), moves.toHex());
+        Connect("CameraPort"); // a camera that is let go stops
+        seen.clear();
+        QTRY_COMPARE((seen += camera.Read()).toHex(), Frames({"ff010000000001"}).toHex());
+        Connect("KeyboardPort");
+        QTRY_COMPARE(State("KeyboardPort"), QString());
+    }
+
+    void screenKeysMoveACameraAtATcpAddressUntilItIsLost()
+    {
+        QTcpServer camera;
+        QVERIFY(camera.listen(QHostAddress::LocalHost));
+        const QString address = QString("127.0.0.1:%1").arg(camera.serverPort());
+        Connect("CameraPort", address);
+        QTRY_COMPARE(State("CameraPort"), QString("Sending to %1.").arg(address));
+        QTRY_VERIFY(camera.hasPendingConnections());
+        QTcpSocket *const socket = camera.nextPendingConnection();
+
+        QTest::mousePress(Key(5204), Qt::LeftButton);
+        QTRY_COMPARE(socket->bytesAvailable(), 7);
+        page_.reset(); // the page goes while the key is held
+        QByteArray seen;
+        QTRY_COMPARE((seen += socket->readAll()).toHex().right(14), QByteArray("ff010000000001"));
+
+        SetUp();
+        Connect("CameraPort", address);
+        QTRY_VERIFY(camera.hasPendingConnections());
+        QTRY_VERIFY(State("CameraPort").startsWith("Sending"));
+        camera.nextPendingConnection()->abort();
+        QTRY_VERIFY(!State("CameraPort").startsWith("Sending"));
+        QVERIFY(!State("CameraPort").isEmpty());
+        camera.close();
+        Connect("CameraPort");
+        QTRY_VERIFY(State("CameraPort").contains("refused"));
+    }
+
+    void refusedAndLostPortsAreExplained()
+    {
+        guard_.AnnounceLogLines();
+        Connect("KeyboardPort", "/dev/no-such-port");
+        QTRY_COMPARE(State("KeyboardPort"), QString("There is no port /dev/no-such-port."));
+        QCOMPARE(Connect("CameraPort", "/dev/no-such-port"),
+                 QString("There is no port /dev/no-such-port."));
+        auto keyboard = std::make_unique<CPseudoTerminal>();
+        Connect("KeyboardPort", keyboard->Path());
+        QTRY_VERIFY(State("KeyboardPort").startsWith("Listening"));
+        keyboard.reset();
+        QTRY_VERIFY(State("KeyboardPort").contains("lost"));
+    }
 };
 
 QTEST_MAIN(tst_client_devices)

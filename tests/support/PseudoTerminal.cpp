@@ -2,6 +2,7 @@
 #include "support/PseudoTerminal.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <stdlib.h>
 #include <termios.h>
 #include <unistd.h>
@@ -41,4 +42,18 @@ void CPseudoTerminal::Write(const QByteArray &bytes)
             return;
         written += int(count);
     }
+}
+
+QByteArray CPseudoTerminal::Read()
+{
+    QByteArray bytes;
+    pollfd waiting{handle_, POLLIN, 0};
+    char block[256];
+    while (poll(&waiting, 1, 0) == 1 && (waiting.revents & POLLIN)) {
+        const auto length = read(handle_, block, sizeof block);
+        if (length <= 0)
+            break;
+        bytes.append(block, int(length));
+    }
+    return bytes;
 }

@@ -19,6 +19,9 @@ public:
     /// \brief Write all of \a bytes; waits while the reader is slow.
     void Write(const QByteArray &bytes);
 
+    /// \brief What was written at Path() and not read yet; does not wait.
+    [[nodiscard]] QByteArray Read();
+
 private:
     int handle_;
 };

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "pages/DevicesPage.h"
 
+#include "pages/CommandText.h"
+#include "pages/PelcoSender.h"
+#include "pages/PortForm.h"
+#include "pages/PortText.h"
 #include "pages/PtzView.h"
 
 #include <Vantor/CScreenStateManager>
@@ -8,11 +12,9 @@
 #include <Vantor/CZellUSBKeyboardControlManager>
 
 #include <QtCore/QEvent>
-#include <QtWidgets/QComboBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QListWidget>
-#include <QtWidgets/QToolButton>
 
 namespace Client {
 namespace {
@@ -26,8 +28,7 @@ constexpr int kSideWidthPx = 320;
 constexpr int kCommandsKept = 200;
 constexpr int kKeyboardHeightPx = 180;
 constexpr int kDisplaysHeightPx = 84;
-constexpr int kPorts = 4;
-constexpr int kStatusLines = 3;
+constexpr int kStatusLines = 4;
 constexpr int kModeKey = 10; // as a USB keyboard numbers it; the joystick's first button is 7
 constexpr int kModeButton = 7;
 
@@ -54,17 +55,23 @@ void OnDisplays(Displays devices, void *page)
 } // namespace
 
 CDevicesPage::CDevicesPage(QWidget *parent)
-    : CPage(parent), status_(new QLabel(this)), view_(new CPtzView(this)),
-      port_(new QComboBox(this)), port_title_(new QLabel(this)), keyboard_title_(new QLabel(this)),
-      commands_title_(new QLabel(this)), commands_(new QListWidget(this)),
-      displays_title_(new QLabel(this)), displays_(new QListWidget(this)),
-      keyboard_(new CScreenKeyboard(driver_, this))
+    : CPage(parent), sender_(new CPelcoSender(this)), status_(new QLabel(this)),
+      view_(new CPtzView(this)), keyboard_port_(new CPortForm(CPortForm::Kind::kKeyboard, this)),
+      camera_port_(new CPortForm(CPortForm::Kind::kCamera, this)),
+      keyboard_title_(new QLabel(this)), commands_title_(new QLabel(this)),
+      commands_(new QListWidget(this)), displays_title_(new QLabel(this)),
+      displays_(new QListWidget(this)), keyboard_(new CScreenKeyboard(driver_, this))
 {
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(kMarginPx, kMarginPx, kMarginPx, kMarginPx);
     layout->setSpacing(kMarginPx);
-    layout->addWidget(view_, 1);
+    auto *const left = new QVBoxLayout;
+    left->addWidget(view_, 1);
+    left->addWidget(BuildPorts());
+    layout->addLayout(left, 1);
     layout->addWidget(BuildSide());
+    keyboard_port_->setObjectName(QStringLiteral("KeyboardPort"));
+    camera_port_->setObjectName(QStringLiteral("CameraPort"));
     commands_->setObjectName(QStringLiteral("DeviceCommands"));
     displays_->setObjectName(QStringLiteral("Displays"));
     Retranslate();
@@ -79,7 +86,11 @@ CDevicesPage::~CDevicesPage()
 {
     Nim::Base::CSingleton<Vantor::CScreenStateManager>::Instance().SetCallBack(
         false, reinterpret_cast<void *>(&OnDisplays), nullptr);
-    Devices::DeleteInstance(); // before its driver goes
+    delete keyboard_;          // which uses the driver
+    Devices::DeleteInstance(); // before its driver goes; a move that runs is stopped
+    sender_->Disconnect();
+    KeyBoard_SetPortListener({});
+    KeyBoard_SetSerialPorts({});
     KeyBoard_SetDriver(nullptr);
 }
 
@@ -88,6 +99,7 @@ void CDevicesPage::StartDevices()
     KeyBoard_SetDriver(&driver_);
     Devices *const devices = Devices::CreateInstance(this);
     devices->SetStopsAlwaysSent(true); // a camera that does not stop is no good
+    devices->SetCameraFirst(true);
     connect(devices, &Devices::SignalJoystickKeyboardControl, this, &CDevicesPage::OnControl);
     connect(Vantor::CUSBJoystickControlManager::Instance(),
             &Vantor::CUSBJoystickControlManager::SignalSwitchToUsbJostickMode, this,
@@ -95,23 +107,46 @@ void CDevicesPage::StartDevices()
     connect(Vantor::CZellUSBKeyboardControlManager::Instance(),
             &Vantor::CZellUSBKeyboardControlManager::SignalSwitchToUsbKeyboardMode, this,
             &CDevicesPage::UpdateStatus, Qt::QueuedConnection);
-    connect(port_, qOverload<int>(&QComboBox::activated), this, &CDevicesPage::OnPortChosen);
+    connect(devices, &Devices::SignalControlModeSwitched, this, &CDevicesPage::UpdateStatus);
+    connect(keyboard_port_, &CPortForm::SignalConnect, this, &CDevicesPage::OnConnectKeyboard);
+    connect(keyboard_port_, &CPortForm::SignalDisconnect, devices, &Devices::ClosePCSerial);
+    connect(camera_port_, &CPortForm::SignalConnect, sender_, [this] {
+        sender_->Connect(camera_port_->Target(), camera_port_->BaudRate(),
+                         camera_port_->CameraAddress());
+    });
+    connect(camera_port_, &CPortForm::SignalDisconnect, sender_, &CPelcoSender::Disconnect);
+    connect(sender_, &CPelcoSender::SignalState, camera_port_, &CPortForm::SetState);
+    // The listener is called on a device thread, which ends before this page does.
+    KeyBoard_SetPortListener([this](const KeyBoardPortNews &news) {
+        QMetaObject::invokeMethod(
+            this, [this, news] { OnPortNews(news); }, Qt::QueuedConnection);
+    });
     // No port is chosen yet: false then only says so.
     devices->InitKeyBoard(ResourceManager::SystemConfig::kNoPort, &KeyFunction, &ButtonFunction,
                           this);
     UpdateStatus();
 }
 
+QWidget *CDevicesPage::BuildPorts()
+{
+    auto *const ports = new QWidget(this);
+    auto *const layout = new QHBoxLayout(ports);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(kMarginPx);
+    layout->addWidget(keyboard_port_, 1);
+    layout->addWidget(camera_port_, 1);
+    return ports;
+}
+
 QWidget *CDevicesPage::BuildSide()
 {
     auto *const side = new QWidget(this);
     side->setFixedWidth(kSideWidthPx);
-    for (QLabel *const title : {port_title_, keyboard_title_, commands_title_, displays_title_}) {
+    for (QLabel *const title : {keyboard_title_, commands_title_, displays_title_}) {
         QFont font = title->font();
         font.setBold(true);
         title->setFont(font);
     }
-    port_title_->setBuddy(port_);
     status_->setWordWrap(true);
     // The keys below must not move away under a finger.
     status_->setMinimumHeight(kStatusLines * status_->fontMetrics().lineSpacing());
@@ -126,8 +161,8 @@ QWidget *CDevicesPage::BuildSide()
     auto *const layout = new QVBoxLayout(side);
     layout->setContentsMargins(0, 0, 0, 0);
     for (QWidget *const widget :
-         std::initializer_list<QWidget *>{status_, port_title_, port_, keyboard_title_, keyboard_,
-                                          commands_title_, commands_, displays_title_, displays_})
+         std::initializer_list<QWidget *>{status_, keyboard_title_, keyboard_, commands_title_,
+                                          commands_, displays_title_, displays_})
         layout->addWidget(widget);
     return side;
 }
@@ -137,25 +172,42 @@ void CDevicesPage::OnControl(Type operation, bool is_stop, int speed, int index,
 {
     // With no wall of windows here, both modes move the camera; the list tells them apart.
     view_->Control(operation, is_stop, speed);
-    const QString what = is_stop     ? tr("stop of %1").arg(operation)
-                         : index > 0 ? tr("%1, index %2").arg(operation).arg(index)
-                                     : tr("%1 at speed %2").arg(operation).arg(speed);
+    sender_->Send(operation, is_stop, speed, index);
     const QString where = is_window_control ? tr("windows") : tr("camera");
-    commands_->insertItem(0, tr("%1 – %2").arg(what, where));
+    commands_->insertItem(0, tr("%1 (%2) – %3")
+                                 .arg(CommandText(operation, is_stop, speed, index))
+                                 .arg(operation)
+                                 .arg(where));
     delete commands_->takeItem(kCommandsKept);
-    is_window_control_ = is_window_control;
-    UpdateStatus();
 }
 
-void CDevicesPage::OnPortChosen(int index)
+void CDevicesPage::OnConnectKeyboard()
 {
     Devices *const devices = Devices::Instance();
     devices->ClosePCSerial();
-    const auto com = ResourceManager::SystemConfig::COMJoystick(index);
-    if (index == ResourceManager::SystemConfig::kNoPort || devices->OpenPCSerial(com))
-        return;
-    port_->setCurrentIndex(ResourceManager::SystemConfig::kNoPort);
-    Q_EMIT SignalMessage(tr("The serial keyboard at COM%1 cannot be opened.").arg(index));
+    const QString path = keyboard_port_->Target();
+    KeyBoard_SetSerialPorts({path});
+    driver_.SetBaudRate(keyboard_port_->BaudRate());
+    devices->OpenPCSerial(ResourceManager::SystemConfig::kCom1); // OnPortNews() says how that ended
+}
+
+void CDevicesPage::OnPortNews(const KeyBoardPortNews &news)
+{
+    switch (news.kind) {
+    case KeyBoardPortNews::kOpened:
+        keyboard_port_->SetState(
+            true, tr("Listening at %1, %2 baud.").arg(news.path).arg(keyboard_port_->BaudRate()));
+        break;
+    case KeyBoardPortNews::kRefused:
+        keyboard_port_->SetState(false, RefusalText(news.path, news.reason));
+        break;
+    case KeyBoardPortNews::kLost:
+        keyboard_port_->SetState(true,
+                                 tr("%1 is lost; it is tried again every second.").arg(news.path));
+        break;
+    case KeyBoardPortNews::kClosed:
+        break;
+    }
 }
 
 void CDevicesPage::ShowDisplays(const Displays &displays)
@@ -180,15 +232,19 @@ void CDevicesPage::UpdateStatus()
     const bool has_joystick =
         joystick && joystick->ConnetZellUSBJoystickType() == KeyboradData::kUsbJoystick;
     QStringList news{has_joystick ? tr("A joystick is connected.")
-                                  : tr("No joystick is connected; the keys below stand for a "
-                                       "control keyboard.")};
+                                  : tr("No joystick is connected; the keys below take its place.")};
     if (keyboard && keyboard->ConnetZellUSBJoystickType() != KeyboradData::kDisconnected)
         news << tr("A USB keyboard is connected.");
-    // Each device has a mode of its own, which only its commands tell.
-    if (commands_->count() > 0)
-        news << (is_window_control_ ? tr("The last command was for the windows.")
-                                    : tr("The last command was for the camera."));
-    status_->setText(news.join(QLatin1Char(' ')));
+    // Each device has a mode of its own.
+    if (has_joystick)
+        news << (joystick->IsWindowControl()
+                     ? tr("The joystick chooses windows; its button 1 switches to the camera.")
+                     : tr("The joystick steers the camera; its button 1 switches to the windows."));
+    if (keyboard)
+        news << (keyboard->IsWindowControl()
+                     ? tr("The keyboard chooses windows; ⇄ switches to the camera.")
+                     : tr("The keyboard steers the camera; ⇄ switches to the windows."));
+    status_->setText(news.join(QLatin1Char('\n')));
 }
 
 void CDevicesPage::PrepareForPicture()
@@ -209,16 +265,9 @@ void CDevicesPage::changeEvent(QEvent *event)
 
 void CDevicesPage::Retranslate()
 {
-    port_title_->setText(tr("&Serial keyboard"));
     keyboard_title_->setText(tr("Keyboard on the screen"));
     commands_title_->setText(tr("Commands"));
     displays_title_->setText(tr("Displays"));
-    const int port = qMax(port_->currentIndex(), 0);
-    port_->clear();
-    port_->addItem(tr("None"));
-    for (int i = 1; i <= kPorts; ++i)
-        port_->addItem(QStringLiteral("COM%1").arg(i));
-    port_->setCurrentIndex(port);
     commands_->setAccessibleName(commands_title_->text());
     displays_->setAccessibleName(displays_title_->text());
     UpdateStatus();

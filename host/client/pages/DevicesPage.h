@@ -8,16 +8,18 @@
 #include <Vantor/CJoystickKeyboardControlManager>
 
 QT_BEGIN_NAMESPACE
-class QComboBox;
 class QLabel;
 class QListWidget;
 QT_END_NAMESPACE
 
 namespace Client {
 
+class CPelcoSender;
+class CPortForm;
 class CPtzView;
 
-/// \brief Control keyboards and joysticks at work on a camera's picture, and the displays.
+/// \brief Control keyboards and joysticks at work on a camera's picture and, where one is
+/// connected, on a Pelco-D camera; and the displays.
 class CDevicesPage : public CPage
 {
     Q_OBJECT
@@ -36,26 +38,29 @@ protected:
 private Q_SLOTS:
     void OnControl(KeyboradData::KeyOperation::Type operation, bool is_stop, int speed, int index,
                    bool is_window_control, bool is_from_pc);
-    void OnPortChosen(int index);
+    void OnConnectKeyboard();
 
 private:
+    QWidget *BuildPorts();
     QWidget *BuildSide();
     void StartDevices();
     void UpdateStatus();
     void Retranslate();
 
+    void OnPortNews(const KeyBoardPortNews &news);
+
     CScreenKeyboardDriver driver_;
+    CPelcoSender *const sender_;
     QLabel *const status_;
     CPtzView *const view_;
-    QComboBox *const port_;
-    QLabel *const port_title_;
+    CPortForm *const keyboard_port_;
+    CPortForm *const camera_port_;
     QLabel *const keyboard_title_;
     QLabel *const commands_title_;
     QListWidget *const commands_;
     QLabel *const displays_title_;
     QListWidget *const displays_;
     CScreenKeyboard *const keyboard_;
-    bool is_window_control_ = true;
 };
 
 } // namespace Client

@@ -65,7 +65,9 @@ void CScreenKeyboardDriver::Uninit()
 
 bool CScreenKeyboardDriver::OpenSerialKeyBoard(quint32 id, const KeyBoardSerialParam &param)
 {
-    return KeyBoard_DefaultDriver().OpenSerialKeyBoard(id, param);
+    KeyBoardSerialParam chosen = param;
+    chosen.baud_rate = quint32(baud_rate_);
+    return KeyBoard_DefaultDriver().OpenSerialKeyBoard(id, chosen);
 }
 
 bool CScreenKeyboardDriver::CloseSerialKeyBoard(quint32 id)
@@ -110,6 +112,13 @@ CScreenKeyboard::CScreenKeyboard(const CScreenKeyboardDriver &driver, QWidget *p
             [this](bool is_in) { driver_.Send(is_in ? kFound : kGone); });
     layout->addWidget(plugged_in_, 3, 0, 1, kColumns);
     Retranslate();
+}
+
+// A key that is held is let go while the widgets are destroyed, when the driver is gone already.
+CScreenKeyboard::~CScreenKeyboard()
+{
+    for (QPushButton *const key : qAsConst(keys_))
+        key->disconnect(this);
 }
 
 void CScreenKeyboard::changeEvent(QEvent *event)

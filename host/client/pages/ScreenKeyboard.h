@@ -24,15 +24,19 @@ public:
     bool OpenSerialKeyBoard(quint32 id, const KeyBoardSerialParam &param) override;
     bool CloseSerialKeyBoard(quint32 id) override;
 
+    /// \brief Open serial ports at \a rate instead of the 9600 baud that the managers ask for.
+    void SetBaudRate(int rate) { baud_rate_ = rate; }
+
     /// \brief As if the keyboard had sent these. GUI thread.
     void Send(quint32 code, quint32 second = 0, quint32 third = 0) const;
 
 private:
     KeyBoardCallBack callback_ = nullptr;
     void *user_data_ = nullptr;
+    int baud_rate_ = 9600;
 };
 
-/// \brief Keys on the screen that stand for those of a USB control keyboard.
+/// \brief The keys of a USB control keyboard, on the screen.
 class CScreenKeyboard : public QWidget
 {
     Q_OBJECT
@@ -40,6 +44,7 @@ class CScreenKeyboard : public QWidget
 public:
     /// \param driver must outlive the widget.
     CScreenKeyboard(const CScreenKeyboardDriver &driver, QWidget *parent = nullptr);
+    ~CScreenKeyboard() override;
 
 protected:
     void changeEvent(QEvent *event) override;
