@@ -21,6 +21,16 @@ constexpr auto kReadTime = 25ms; // the longest that closing a port has to wait
 constexpr auto kRetryTime = 1s;
 constexpr char kPrefix[] = "COM";
 
+QString RefusalReason(const QString &path, const QSerialPort &port)
+{
+    if (path.isEmpty())
+        return QStringLiteral("There is no such port");
+    // The system's text for a file that is no terminal is about a call that no user knows.
+    if (port.errorString() == qt_error_string(ENOTTY))
+        return QStringLiteral("It is no serial port");
+    return port.errorString();
+}
+
 } // namespace
 
 CSerialKeyboard::CSerialKeyboard(const QString &path, const KeyBoardSerialParam &param, Take take,
@@ -46,8 +56,7 @@ bool CSerialKeyboard::Prepare()
     port_->setFlowControl(QSerialPort::FlowControl(param_.flow_control));
     if (OpenPort())
         return true;
-    Report(KeyBoardPortNews::kRefused,
-           path_.isEmpty() ? QStringLiteral("There is no such port") : port_->errorString());
+    Report(KeyBoardPortNews::kRefused, RefusalReason(path_, *port_));
     port_.reset();
     return false;
 }

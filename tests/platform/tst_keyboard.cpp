@@ -389,7 +389,10 @@ private Q_SLOTS:
         QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId, &second));
         QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId + 1, &kPort));
         QVERIFY(!KeyBoard_CloseSerialKeyBoard(kSerialId));
-        QCOMPARE(news.Lines().size(), 2);
+        KeyBoard_SetSerialPorts({"/dev/null"});
+        QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort));
+        QCOMPARE(news.Lines().size(), 3);
+        QCOMPARE(news.Lines().constLast(), QString("1 It is no serial port"));
     }
 
     // Each rests, moves, and rests again: one command, one stop, and none while it rests.

@@ -52,6 +52,17 @@ CPortForm::CPortForm(Kind kind, QWidget *parent)
     baud_rate_label_->setBuddy(baud_rate_);
     address_label_->setBuddy(address_);
 
+    Arrange();
+    connect(connect_, &QPushButton::clicked, this, &CPortForm::OnClicked);
+    connect(target_->lineEdit(), &QLineEdit::returnPressed, connect_, [this] {
+        if (!connect_->isChecked())
+            connect_->click();
+    });
+    Retranslate();
+}
+
+void CPortForm::Arrange()
+{
     auto *const layout = new QGridLayout(this);
     layout->addWidget(target_label_, 0, 0);
     layout->addWidget(target_, 0, 1, 1, 4);
@@ -62,12 +73,6 @@ CPortForm::CPortForm(Kind kind, QWidget *parent)
     layout->addWidget(connect_, 1, 4);
     layout->addWidget(state_, 2, 0, 1, 5);
     layout->setColumnStretch(4, 1);
-    connect(connect_, &QPushButton::clicked, this, &CPortForm::OnClicked);
-    connect(target_->lineEdit(), &QLineEdit::returnPressed, connect_, [this] {
-        if (!connect_->isChecked())
-            connect_->click();
-    });
-    Retranslate();
 }
 
 QString CPortForm::Target() const

@@ -44,6 +44,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void Arrange();
     void OnClicked(bool is_checked);
     void FindPorts();
     void Retranslate();
