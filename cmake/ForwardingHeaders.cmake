@@ -90,7 +90,7 @@ function(vantor_forwarding_headers folder)
         list(GET pair 1 header)
         file(CONFIGURE OUTPUT ${folder}/Vantor/${class} @ONLY
             CONTENT "// SPDX-License-Identifier: MIT\n#pragma once\n#include <${header}>\n")
-        # A client's own common/ folder must not come in between where the package is used.
+        # Relative, because a client of the package may have its own folder common/.
         file(CONFIGURE OUTPUT ${folder}/installed/Vantor/${class} @ONLY
             CONTENT "// SPDX-License-Identifier: MIT\n#pragma once\n#include \"../${header}\"\n")
         file(CONFIGURE OUTPUT ${folder}/alone/${class}.cpp @ONLY CONTENT "#include <Vantor/${class}>\n")

@@ -52,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const std::string text = TakeLine(input);
     CRapidJsonProto document;
     if (document.Load(input)) {
-        // Elements of one name have a first one, where an array has none: XML is compared with XML.
+        // An XML element repeats where JSON has an array, so XML is compared with XML.
         const size_t first = input.find_first_not_of(" \t\r\n\xEF\xBB\xBF");
         CompareCopy(document, path, input[first] == '<');
     }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr size_t kMaximumDigits = 9; // scanf's result is undefined beyond what an int holds
 
-// Bytes seldom make a time, so most that cannot be part of one stand for one that can.
+// Random bytes are seldom a time, so most bytes that a time cannot contain are mapped to one that it can.
 std::string TextOf(const uint8_t *data, size_t size)
 {
     static constexpr char kAlphabet[] = "0123456789-+:TZ \t.";
@@ -37,7 +37,7 @@ bool HasLongNumber(const std::string &text)
     return false;
 }
 
-// NOLINTBEGIN(cert-err34-c): this is what is compared with
+// NOLINTBEGIN(cert-err34-c): the code is compared with this plain form
 long long ScanText(const char *text)
 {
     int count = 0;

@@ -31,7 +31,7 @@ def rows_of(path):
             print(f"{run['name']} {run['label']}")
             found = True
             continue
-        # Sizes follow the name behind a slash: they tell rows of one operation apart.
+        # Sizes follow the name after a slash and distinguish the rows of one operation.
         sizes = "".join(f" {part}" for part in run["name"].split("/")[1:] if part.isdigit())
         for counter, value in run.items():
             if counter.startswith("ratio_"):

@@ -50,7 +50,7 @@ def unit_of(name):
 
 
 def forwarded():
-    """Which header <Vantor/CName> stands for."""
+    """The header behind each <Vantor/CName>."""
     text = (root / "cmake/ForwardingHeaders.cmake").read_text(encoding="utf-8")
     return {f"Vantor/{name}": f"src/{header}" for name, header in re.findall(r'"(\w+) (\S+\.h)"', text)}
 

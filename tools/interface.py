@@ -34,7 +34,7 @@ META = {"qt_signal": "signal", "qt_slot": "slot", "qt_invokable": "invokable"}
 
 
 def compile_flags(build):
-    """The include folders and definitions of a test, which are those of a host."""
+    """The include folders and definitions of a test, the same as those of a host."""
     commands = json.loads((build / "compile_commands.json").read_text(encoding="utf-8"))
     command = next(c["command"] for c in commands if c["file"].endswith("/tst_translate.cpp"))
     words = iter(shlex.split(command))

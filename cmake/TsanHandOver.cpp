@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Debian's Qt is not built with ThreadSanitizer, so its locks are invisible: what a QMutex protects
-// looks like a race, and so does handing a task to the thread pool and back, or an event to another
-// thread. These calls from our
-// library go through here, tell the sanitizer of the hand-over and call Qt's own. Nothing of our
-// code is suppressed.
+// Debian's Qt is not built with ThreadSanitizer, so the sanitizer does not see its locks. Data
+// under a QMutex, a task for the thread pool and an event for another thread look like races.
+// Linked into the tests, these functions replace Qt's for our libraries: they annotate the
+// hand-over, then call Qt's own. Nothing in our code is suppressed.
 #include <dlfcn.h>
 
 #include <QtCore/QCoreApplication>
@@ -83,7 +82,7 @@ VANTOR_SEEN void QMutex::unlock() noexcept
 VANTOR_SEEN void QThread::start(Priority priority)
 {
     static const auto next = Next<void (*)(QThread *, Priority)>("_ZN7QThread5startENS_8PriorityE");
-    // On the thread itself, as the last it does.
+    // Runs on the thread itself, as its last step.
     connect(
         this, &QThread::finished, this, [this] { __tsan_release(this); }, Qt::DirectConnection);
     next(this, priority);
