@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/AnimationProgressBar/AnimationProgressBar.h"
 
+#include "common/DisconnectChildren.h"
 #include "common/ZoneTime.h"
 #include "ui/AnimationProgressBar/AnimationProgressBarAccess.h"
 #include "ui/AnimationProgressBar/AnimationProgressBar_p.h"
@@ -58,7 +59,10 @@ CAnimationProgressBar::CAnimationProgressBar(QWidget *parent)
     RefreshCalendarLabel(GetCurrentUTCTime());
 }
 
-CAnimationProgressBar::~CAnimationProgressBar() = default;
+CAnimationProgressBar::~CAnimationProgressBar()
+{
+    DisconnectChildren(this);
+}
 
 qint64 CAnimationProgressBar::GetCurrentUTCTime() const
 {

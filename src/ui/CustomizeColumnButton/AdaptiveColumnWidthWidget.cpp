@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/CustomizeColumnButton/AdaptiveColumnWidthWidget.h"
 
+#include "common/DisconnectChildren.h"
 #include "common/Translate.h"
 #include "ui/CustomizeColumnButton/DropDown.h"
 
@@ -87,7 +88,10 @@ CAdaptiveColumnWidthWidget::CAdaptiveColumnWidthWidget(QWidget *parent)
     hide();
 }
 
-CAdaptiveColumnWidthWidget::~CAdaptiveColumnWidthWidget() = default;
+CAdaptiveColumnWidthWidget::~CAdaptiveColumnWidthWidget()
+{
+    DisconnectChildren(this);
+}
 
 void CAdaptiveColumnWidthWidget::UpdateRaddioButtonState(const int &state)
 {

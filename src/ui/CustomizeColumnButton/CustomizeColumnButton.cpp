@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/CustomizeColumnButton/CustomizeColumnButton.h"
 
+#include "common/DisconnectChildren.h"
 #include "common/Guard.h"
 #include "common/Translate.h"
 #include "ui/CustomizeColumnButton/AdaptiveColumnWidthController.h"
@@ -46,11 +47,7 @@ CCustomizeColumnButton::CCustomizeColumnButton(QWidget *parent)
 
 CCustomizeColumnButton::~CCustomizeColumnButton()
 {
-    // Both are children and go later than the private data does.
-    if (d_ptr_->ptr_customize_widget_)
-        d_ptr_->ptr_customize_widget_->disconnect(this);
-    if (d_ptr_->ptr_controller_)
-        d_ptr_->ptr_controller_->disconnect(this);
+    DisconnectChildren(this);
 }
 
 void CCustomizeColumnButton::InitCustomizeListByModuleNameANdFunction(

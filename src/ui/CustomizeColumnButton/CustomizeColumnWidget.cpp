@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/CustomizeColumnButton/CustomizeColumnWidget.h"
 
+#include "common/DisconnectChildren.h"
 #include "common/Translate.h"
 #include "ui/CustomizeColumnButton/ColumnLayout.h"
 #include "ui/CustomizeColumnButton/CustomizeColumnForm.h"
@@ -95,8 +96,7 @@ CCustomizeColumnWidget::CCustomizeColumnWidget(QWidget *parent)
 
 CCustomizeColumnWidget::~CCustomizeColumnWidget()
 {
-    // Qt hides a popup while it destroys it, and the view then reports the end of its drag.
-    d_ptr_->ptr_list_view_->disconnect(this);
+    DisconnectChildren(this);
 }
 
 void CCustomizeColumnWidget::InitCustomizeWidget(const QVector<CColumnInfo> &columns)

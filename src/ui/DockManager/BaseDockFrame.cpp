@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/DockManager/BaseDockFrame.h"
 
+#include "common/DisconnectChildren.h"
 #include "common/ForwardEvents.h"
 #include "common/Translate.h"
 
@@ -65,7 +66,10 @@ CBaseDockFrame::CBaseDockFrame(QWidget *parent)
     Retranslate();
 }
 
-CBaseDockFrame::~CBaseDockFrame() = default;
+CBaseDockFrame::~CBaseDockFrame()
+{
+    DisconnectChildren(this);
+}
 
 void CBaseDockFrame::BuildTitle()
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/DockManager/DockWidget.h"
 
+#include "common/DisconnectChildren.h"
 #include "common/LogMacro.h"
 #include "ui/DockManager/AbstractDockFrame.h"
 #include "ui/DockManager/DockWidgetPosRule.h"
@@ -66,6 +67,7 @@ CDockWidget::~CDockWidget()
     d_ptr_->ptr_window_watch_->disconnect(this);
     d_ptr_->slide_.Stop();
     d_ptr_->ptr_borrowed_.reset();
+    DisconnectChildren(this);
 }
 
 void CDockWidget::SetDockWidget(CAbstractDockFrame *frame, int width, bool find_parent)

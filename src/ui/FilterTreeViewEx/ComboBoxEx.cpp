@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/FilterTreeViewEx/ComboBoxEx.h"
 
+#include "common/DisconnectChildren.h"
 #include "common/Translate.h"
 #include "ui/FilterTreeViewEx/ColumnTexts.h"
 #include "ui/FilterTreeViewEx/ComboBoxModel.h"
@@ -103,7 +104,10 @@ CComboBoxEx::CComboBoxEx(QWidget *parent)
     connect(&d_ptr_->run_, &QFutureWatcherBase::finished, this, &CComboBoxEx::OnTextsRead);
 }
 
-CComboBoxEx::~CComboBoxEx() = default;
+CComboBoxEx::~CComboBoxEx()
+{
+    DisconnectChildren(this);
+}
 
 void CComboBoxEx::SetModel(Ravel::CTreeViewModel *model)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/FilterTreeViewEx/FilterTreeViewEx.h"
 
+#include "common/DisconnectChildren.h"
 #include "ui/FilterTreeViewEx/FilterProxyModelEx.h"
 #include "ui/FilterTreeViewEx/PageMath.h"
 
@@ -109,7 +110,10 @@ CFilterTreeViewEx::CFilterTreeViewEx(QWidget *parent)
             &CFilterTreeViewEx::OnSortIndicatorChanged);
 }
 
-CFilterTreeViewEx::~CFilterTreeViewEx() = default;
+CFilterTreeViewEx::~CFilterTreeViewEx()
+{
+    DisconnectChildren(this);
+}
 
 void CFilterTreeViewEx::MeasureRowHeight()
 {

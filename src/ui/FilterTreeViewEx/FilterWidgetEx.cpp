@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/FilterTreeViewEx/FilterWidgetEx.h"
 
+#include "common/DisconnectChildren.h"
 #include "common/Translate.h"
 #include "ui/FilterTreeViewEx/ComboBoxEx.h"
 
@@ -83,7 +84,10 @@ CFilterWidgetEx::CFilterWidgetEx(QWidget *parent)
     Retranslate();
 }
 
-CFilterWidgetEx::~CFilterWidgetEx() = default;
+CFilterWidgetEx::~CFilterWidgetEx()
+{
+    DisconnectChildren(this);
+}
 
 void CFilterWidgetEx::Arrange()
 {

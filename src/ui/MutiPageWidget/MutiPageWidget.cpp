@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/MutiPageWidget/MutiPageWidget.h"
 
+#include "common/DisconnectChildren.h"
 #include "common/Translate.h"
 #include "ui/FilterTreeViewEx/FilterProxyModelEx.h"
 #include "ui/FilterTreeViewEx/FilterTreeViewEx.h"
@@ -76,8 +77,7 @@ CMutiPageWidget::CMutiPageWidget(QWidget *parent)
 
 CMutiPageWidget::~CMutiPageWidget()
 {
-    // The edit goes after this, as a child, and tells that it lost the focus.
-    disconnect(d_ptr_->form_.ptr_cur_page_edit_, nullptr, this, nullptr);
+    DisconnectChildren(this);
 }
 
 void CMutiPageWidget::MirrorNames()

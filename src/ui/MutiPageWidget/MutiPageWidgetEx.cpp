@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/MutiPageWidget/MutiPageWidgetEx.h"
 
+#include "common/DisconnectChildren.h"
 #include "common/Translate.h"
 #include "ui/FilterTreeViewEx/FilterWidgetEx.h"
 #include "ui/MutiPageWidget/MutiPageWidget.h"
@@ -62,7 +63,10 @@ CMutiPageWidgetEx::CMutiPageWidgetEx(QWidget *parent)
     Retranslate();
 }
 
-CMutiPageWidgetEx::~CMutiPageWidgetEx() = default;
+CMutiPageWidgetEx::~CMutiPageWidgetEx()
+{
+    DisconnectChildren(this);
+}
 
 CMutiPageWidget *CMutiPageWidgetEx::GetMutiPageWidget() const
 {
