@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "common/LoginRecords.h"
+#include "common/LoginData.h"
 #include "controller/SecondAuthentication/StruVerifyCode.h"
 
 #include <ErrorText/ErrorCodeEvent.h>

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "common/LoginRecords.h"
+#include "common/LoginData.h"
+#include "common/SecuritySettings.h"
 
 #include <VantorExport.h>
 
