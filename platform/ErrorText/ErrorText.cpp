@@ -54,6 +54,8 @@ constexpr KnownError kKnownErrors[] = {
 
 QString PresetText(const ErrorCode &code)
 {
+    if (code == ErrorCode())
+        return {};
     const QString numbers = QStringLiteral("(%1-%2)").arg(code.module_code).arg(code.error_code);
     for (const KnownError &known : kKnownErrors) {
         if (known.module_code == code.module_code

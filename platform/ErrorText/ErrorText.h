@@ -12,10 +12,11 @@ namespace ErrorText {
 
 using Source = std::function<QString(const Nim::Base::Error::ErrorCode &code)>;
 
-/// \brief The text for the user about \a code, in the language of the installed translators; never
-/// empty. Any thread.
+/// \brief The text of \a code for the user, in the language of the installed translators. Any
+/// thread.
 ///
-/// For an unknown code, the text contains its numbers.
+/// The text of an unknown code contains its numbers. It is empty only if all words of \a code are
+/// 0, which means no error, and the source has no text for that.
 [[nodiscard]] VANTOR_BASE_EXPORT QString
 GetErrorInfoByErrorCode(const Nim::Base::Error::ErrorCode &code);
 

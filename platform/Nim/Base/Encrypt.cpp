@@ -7,6 +7,17 @@
 #include <cstring>
 
 namespace Nim::Base::Encrypt {
+namespace {
+
+// Qt does not look at the length: four characters make three bytes, a padded text is a multiple of
+// four, and a single character at the end is not even one byte.
+bool HasBase64Length(const QByteArray &text)
+{
+    const int left = text.size() % 4;
+    return text.endsWith('=') ? left == 0 : left != 1;
+}
+
+} // namespace
 
 bool Base64Decode(std::string &bytes, const std::string &text)
 {
@@ -14,6 +25,8 @@ bool Base64Decode(std::string &bytes, const std::string &text)
     QByteArray whole = QByteArray::fromStdString(text);
     const auto is_blank = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
     whole.truncate(int(std::remove_if(whole.begin(), whole.end(), is_blank) - whole.begin()));
+    if (!HasBase64Length(whole))
+        return false;
     const auto decoded =
         QByteArray::fromBase64Encoding(whole, QByteArray::AbortOnBase64DecodingErrors);
     if (!decoded || decoded.decoded.isEmpty())

@@ -7,8 +7,9 @@
 
 namespace Nim::Base::Encrypt {
 
-/// \brief Decode Base64 text (RFC 4648, section 4), which may be broken into lines, into \a bytes.
-/// \return false if \a text is empty or not Base64; \a bytes is then empty.
+/// \brief Decode Base64 text (RFC 4648, section 4) into \a bytes. The text may contain blanks and
+/// line breaks, and the padding may be missing.
+/// \return false if \a text is empty, is not Base64 or is cut short; \a bytes is then empty.
 [[nodiscard]] VANTOR_BASE_EXPORT bool Base64Decode(std::string &bytes, const std::string &text);
 
 /// \brief Overwrite the whole buffer of \a secret and empty it.

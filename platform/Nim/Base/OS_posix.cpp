@@ -3,8 +3,6 @@
 
 #include <QtCore/QLocale>
 
-#include <memory>
-
 // Last: Xlib defines macros such as Bool and None.
 #include <X11/XKBlib.h>
 
@@ -19,16 +17,40 @@ bool SystemListSeparator(QString &separator)
     return true;
 }
 
+namespace {
+
+constexpr char kCapsLock[] = "Caps Lock";
+
+struct Keyboard
+{
+    Display *display;
+    Atom caps_lock; // of the indicator
+};
+
+// The connection stays open, because this is asked at each change of the focus. A server that is
+// not there yet is tried again.
+const Keyboard *OpenKeyboard()
+{
+    static Keyboard keyboard{nullptr, 0};
+    if (!keyboard.display)
+        keyboard.display = XOpenDisplay(nullptr);
+    if (!keyboard.display)
+        return nullptr;
+    if (keyboard.caps_lock == 0)
+        keyboard.caps_lock = XInternAtom(keyboard.display, kCapsLock, True);
+    return &keyboard;
+}
+
+} // namespace
+
 bool SystemCapsLock()
 {
-    const std::unique_ptr<Display, int (*)(Display *)> display(XOpenDisplay(nullptr),
-                                                               XCloseDisplay);
-    if (!display)
-        return false;
-    constexpr unsigned kCapsLockIndicator = 1;
-    unsigned indicators = 0;
-    return XkbGetIndicatorState(display.get(), XkbUseCoreKbd, &indicators) == Success
-           && (indicators & kCapsLockIndicator) != 0;
+    const Keyboard *const keyboard = OpenKeyboard();
+    Bool is_on = False;
+    return keyboard && keyboard->caps_lock != 0
+           && XkbGetNamedIndicator(keyboard->display, keyboard->caps_lock, nullptr, &is_on, nullptr,
+                                   nullptr)
+           && is_on;
 }
 
 } // namespace Nim::Base::OS
