@@ -115,6 +115,18 @@
         <translation>أدخل رمز التحقق.</translation>
     </message>
     <message>
+        <source>TheImageCannotBeShown</source>
+        <translation>لا يمكن عرض صورة رمز التحقق. انقر للمحاولة مرة أخرى.</translation>
+    </message>
+    <message>
+        <source>TheCheckFailed</source>
+        <translation>تعذّر التحقق من كلمة المرور.</translation>
+    </message>
+    <message>
+        <source>ACheckIsRunning</source>
+        <translation>يجري التحقق من كلمة المرور بالفعل.</translation>
+    </message>
+    <message>
         <source>RequestTimeOut</source>
         <translation>استغرق التحقق وقتًا طويلاً. </translation>
     </message>

@@ -115,6 +115,18 @@
         <translation>Enter the verification code.</translation>
     </message>
     <message>
+        <source>TheImageCannotBeShown</source>
+        <translation>The image of the verification code cannot be shown. Click to try again.</translation>
+    </message>
+    <message>
+        <source>TheCheckFailed</source>
+        <translation>The password could not be checked.</translation>
+    </message>
+    <message>
+        <source>ACheckIsRunning</source>
+        <translation>The password is already being checked.</translation>
+    </message>
+    <message>
         <source>RequestTimeOut</source>
         <translation>The check took too long. </translation>
     </message>

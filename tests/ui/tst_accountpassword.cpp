@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "server/ServerHarness.h"
 #include "support/RawServer.h"
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <ClientFramework/FrameworkManagerInterface.h>
 #include <ErrorText/ErrorText.h>
@@ -11,13 +11,14 @@
 #include <Vantor/CPasswordFrame>
 #include <Vantor/CVerifyCodeWidget>
 
-#include <server/SampleAccounts.h>
+#include <pthread.h>
 
 #include <QtCore/QProcess>
 #include <QtCore/QTranslator>
-#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
 
 #include <cmath>
 #include <future>
@@ -32,6 +33,7 @@ namespace {
 constexpr int kPatient_ms = 60000;
 constexpr int kPassed = 9;
 constexpr int kNoCodeNext = 502;
+const QString kPassword = QStringLiteral("\uFEFFp\u00e4\"\\\u0001</"); // with a byte-order mark
 
 class CTexts : public QTranslator
 {
@@ -44,6 +46,7 @@ public:
             {"RemainingLEesrBBJA", " (%1 left)"},
             {"Peltra.ee229a03a27748f2bb7b3e2a08484b6a.msg", "%1 s"},
             {"Peltra.41c6a3785fc04331bd942f16e691f805.msg", "%1 min %2 s"},
+            {"ThePasswordIsEmptydADZgBNplv", "no password"},
         };
         return texts.value(key);
     }
@@ -61,185 +64,133 @@ private:
     const std::shared_future<void> future_ = promise_.get_future().share();
 };
 
-CheckPwdResultParam Answer(int code, int remaining = -1, int lock_s = 0)
-{
-    CheckPwdResultParam answer;
-    answer.check_result = code == 0 ? kPassed : 0;
-    answer.error_code = {8, code, 0};
-    answer.remain_count = remaining;
-    answer.lock_remain_time = lock_s;
-    return answer;
-}
-
-// The form, how it is used, and what it told.
+// The form and what its last attempt returned.
 class CForm : public Widget
 {
 public:
-    CForm()
-    {
-        connect(this, &Widget::SignalReturnPressed, this, [this] { Enter(); });
-    }
+    CForm() { GetPasswordEditWidget()->SetPasswordText(kPassword); }
 
     QLineEdit *User() const { return findChild<QLineEdit *>("ptr_user_name_edit"); }
     QLineEdit *Code() const { return findChild<QLineEdit *>("ptr_verify_edit"); }
+    QLabel *Image() const { return findChild<QLabel *>("ptr_vcode_label_"); }
+    QString Error() const
+    {
+        return findChild<QLabel *>("ptr_error_tip", Qt::FindDirectChildrenOnly)->text();
+    }
     bool AsksForCode() const { return !findChild<Vantor::CVerifyCodeWidget *>()->isHidden(); }
 
     LoginState Enter(const std::string &plugin = "plugin")
     {
         std::string result;
-        state = LoginIn(result, plugin);
+        const LoginState state = LoginIn(result, plugin);
         ClientComm::CRapidJsonProto document;
         document.Load(result);
         error = QString::fromStdString(document.GetString("/ErrorInfo", "none"));
         return state;
     }
 
-    // By keys, from the entry of the name on.
-    int Type(const char *password, const char *code = nullptr)
-    {
-        User()->clear();
-        GetPasswordEditWidget()->ClearLineEdit();
-        QTest::keyClicks(User(), Server::kSampleAccounts[0].name);
-        QTest::keyClicks(GetPasswordEditWidget()->GetPasswordLineEdit(), password);
-        Code()->clear();
-        if (code)
-            QTest::keyClicks(Code(), code);
-        state = LoginState(-1);
-        QTest::keyClick(code ? Code() : User(), Qt::Key_Return);
-        QCoreApplication::processEvents(); // what the worker posted
-        return state;
-    }
-
-    LoginState state = LoginState(-1);
     QString error;
 };
 
+struct AnswerRow
+{
+    const char *name;
+    int code;
+    int lock_s;
+    const char *text;
+    bool asks_for_code;
+};
+
+struct Deletion
+{
+    const char *name;
+    std::function<void(CForm *, std::function<void()> end)> act;
+};
+
+QString Json(const char *error_code)
+{
+    return QString(R"({"ResponseStatus":{"ErrorModule":0,"ErrorCode":%1,)"
+                   R"("Data":{"CheckResult":9}}})")
+        .arg(error_code);
+}
+
 } // namespace
 
-class tst_accountpassword : public QObject
+class TestAccountPassword : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        guard_.Begin();
-        guard_.AnnounceWarnings("Could not parse stylesheet"); // of the Caps Lock tip
-        tips_.clear();
-        entered_ = 0;
-        ErrorText::SetSource([](const Nim::Base::Error::ErrorCode &code) {
-            return QString("error %1").arg(code.error_code);
-        });
-        Faceplate::CGUIMessageTipManager::SetPresenter(
-            [this](QWidget *widget, const QString &text, int kind, int place, int time_s) {
-                tips_.append(QString("%1|%2|%3%4|%5")
-                                 .arg(widget->objectName(), text)
-                                 .arg(kind)
-                                 .arg(place)
-                                 .arg(time_s));
-            });
-        // No code can be fetched, unless a test has a server.
-        CNetCommManager::SetTransport([](auto &, auto &) { return false; });
-    }
-
-    void cleanup()
-    {
-        CFrameworkManagerInterface::SetBackend(nullptr);
-        CNetCommManager::SetTransport(nullptr);
-        ErrorText::SetSource(nullptr);
-        Faceplate::CGUIMessageTipManager::SetPresenter(nullptr);
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void answersAreTold_data()
     {
-        QTest::addColumn<int>("code");
-        QTest::addColumn<int>("lock_s");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("asks_for_code");
-        QTest::newRow("right") << 0 << 0 << "error 0" << false;
-        QTest::newRow("wrong, no code yet") << 40850 << 0 << "error 40850 (3 left)" << false;
-        QTest::newRow("wrong, tries unlimited") << 502 << 0 << "error 502" << false;
-        for (const int code : {310, 311, 214})
-            QTest::addRow("%d", code)
-                << code << 0 << QString("error %1 (3 left)").arg(code) << true;
-        QTest::newRow("locked, minutes") << 41050 << 75 << "error 41050 1 min 15 s" << true;
-        QTest::newRow("locked, a minute") << 41050 << 60 << "error 41050 1 min 0 s" << true;
-        QTest::newRow("locked, seconds") << 262 << 59 << "error 262 59 s" << true;
-        QTest::newRow("an unknown one") << 77 << 0 << "error 77" << true;
+        AddRows<AnswerRow>({
+            {"right", 0, 0, "", false},
+            {"wrong, no code yet", 40850, 0, "error 40850 (3 left)", false},
+            {"wrong, tries unlimited", 502, 0, "error 502", false},
+            {"wrong", 310, 0, "error 310 (3 left)", true},
+            {"wrong code", 311, 0, "error 311 (3 left)", true},
+            {"no code", 214, 0, "error 214 (3 left)", true},
+            {"locked, minutes", 41050, 75, "error 41050 1 min 15 s", true},
+            {"locked, a minute", 41050, 60, "error 41050 1 min 0 s", true},
+            {"locked, seconds", 262, 59, "error 262 59 s", true},
+            {"an unknown one", 77, 0, "error 77", true},
+        });
     }
 
     void answersAreTold()
     {
-        QFETCH(const int, code);
-        QFETCH(const int, lock_s);
-        QFETCH(const QString, text);
-        QFETCH(const bool, asks_for_code);
-        CTexts texts;
-        QCoreApplication::installTranslator(&texts);
+        const auto &row = FetchRow<AnswerRow>();
+        const bool is_right = row.code == 0;
         CheckPwdRequestParam asked;
-        std::string plugin;
         CFrameworkManagerInterface::SetBackend(
-            [&](const std::string &name, const auto &request, CCheckPwdResultParam &result) {
-                plugin = name;
+            [&](const std::string &, const auto &request, CCheckPwdResultParam &result) {
                 asked = request.Read();
-                result = CCheckPwdResultParam(
-                    std::make_shared<CheckPwdResultParam>(Answer(code, 3, lock_s)));
+                result = Answer(row.code, row.lock_s);
             });
-        QWidget window;
-        window.setObjectName("window");
         CForm form; // never shown, as in a minimised window
-        form.SetMainWidget(&window);
-        form.User()->setText(QString::fromUtf8("\u00c4nne \"\\"));
-        form.GetPasswordEditWidget()->SetPasswordText(QString::fromUtf8("p\u00e4\"\\\u0001</"));
+        form.SetMainWidget(window_.get());
+        form.User()->setText("\u00c4nne \"\\");
 
-        QCOMPARE(form.Enter("the plugin"), code ? Widget::kLoginFailed : Widget::kLoginSucceeded);
+        QCOMPARE(form.Enter(), is_right ? Widget::kLoginSucceeded : Widget::kLoginFailed);
         QVERIFY(!form.AsksForCode());
-        QCoreApplication::processEvents();
+        Settle();
 
-        QCoreApplication::removeTranslator(&texts);
-        QCOMPARE(form.error, text);
-        QCOMPARE(form.AsksForCode(), asks_for_code);
-        const QStringList tips = {"window||11|15", "window|" + text + "|11|15"};
-        QCOMPARE(tips_, code ? tips : QStringList());
-        QCOMPARE(plugin, std::string("the plugin"));
+        QCOMPARE(form.error, row.text);
+        QCOMPARE(form.AsksForCode(), row.asks_for_code);
+        const QStringList tips = {"window||11|15", QString("window|%1|11|15").arg(row.text)};
+        QCOMPARE(tips_, is_right ? QStringList() : tips);
         QCOMPARE(asked.str_name, std::string("\u00c4nne \"\\"));
-        QCOMPARE(std::string(asked.str_password), std::string("p\u00e4\"\\\u0001</"));
+        QCOMPARE(asked.str_password, Nim::Base::SecretText(kPassword.toStdString()));
         const QString line =
             QString("3 ClientUserOperate [Vantor::CAccountPasswordWidget::OnUpdataLoginResult]"
                     "OnUpdataLoginResult = [%1] ReturnInfo = [%2][")
-                .arg(code ? 0 : kPassed)
-                .arg(text);
+                .arg(is_right ? kPassed : 0)
+                .arg(row.text);
         QCOMPARE(guard_.LogLines().filter(line).size(), 1);
-        QVERIFY(guard_.LogLines().filter(QString::fromUtf8("p\u00e4\"")).isEmpty());
+        QVERIFY(guard_.LogLines().filter("p\u00e4\"").isEmpty());
 
-        if (!asks_for_code) // an attempt that is asked for a code does not go without, unseen or
-                            // not
+        if (!row.asks_for_code)
             return;
-        form.Code()->clear();
-        QCOMPARE(form.Enter(), Widget::kInputError);
+        QCOMPARE(form.Enter(), Widget::kInputError); // hidden or not, it does not go without a code
         QCOMPARE(form.error, QString("TheVerificationCodeCannotBeEmpty"));
+        QCOMPARE(form.Error(), form.error);
         form.Code()->setText("w7");
         form.Enter();
         QCOMPARE(asked.str_verify_code, std::string("w7"));
-        form.RestoreUI();
-        QVERIFY(!form.AsksForCode() && !form.User()->text().isEmpty());
-        QVERIFY(form.GetPasswordEditWidget()->IsPasswordEmpty());
     }
 
     void anEmptyPasswordIsMarkedAndNotSent()
     {
         SetAnswer(0);
         CForm form;
+        Vantor::CPasswordFrame *const frame = form.GetPasswordEditWidget();
+        auto *const tip = frame->findChild<QLabel *>("ptr_error_tip");
+        frame->ClearLineEdit();
+
         QCOMPARE(form.Enter(), Widget::kInputError);
 
-        Vantor::CPasswordFrame *const frame = form.GetPasswordEditWidget();
         const QString marked = "ptr_empty_password_widget_frame";
-        auto *const tip = frame->findChild<QLabel *>("ptr_error_tip");
-        QCOMPARE(form.error, QString("ThePasswordIsEmptydADZgBNplv"));
-        QCOMPARE(tip->text(), form.error);
-        QVERIFY(!tip->isHidden());
+        QCOMPARE(form.error, QString("no password"));
         QCOMPARE(frame->objectName(), marked);
         QCOMPARE(entered_.load(), 0);
         QCOMPARE(guard_.LogLines()
@@ -247,9 +198,11 @@ private Q_SLOTS:
                              "Input Params Error !!![")
                      .size(),
                  1);
+        QCoreApplication::removeTranslator(&texts_);
+        QCoreApplication::processEvents(); // of another language
+        QVERIFY(!tip->isHidden() && tip->text() == "ThePasswordIsEmptydADZgBNplv");
         QTest::keyClick(frame->GetPasswordLineEdit(), Qt::Key_A);
         QVERIFY(frame->objectName() != marked && tip->isHidden());
-        QCOMPARE(form.Enter(), Widget::kLoginSucceeded);
     }
 
     // Every order of four attempts, and with them of fewer. A late answer comes while the next
@@ -261,6 +214,12 @@ private Q_SLOTS:
         constexpr int kChoices = 2 * KindCount;
         struct Step
         {
+            void Open()
+            {
+                if (is_late && !is_over.exchange(true))
+                    latch.Open();
+            }
+
             Kind kind;
             bool is_late;
             CLatch latch;
@@ -275,16 +234,10 @@ private Q_SLOTS:
                 const std::shared_ptr<Steps> held = steps;
                 const size_t index = std::stoul(plugin);
                 Step &step = (*held)[index];
-                if (step.is_late) {
+                if (step.is_late)
                     step.latch.Wait();
-                } else {
-                    for (size_t before = 0; before < index; ++before) {
-                        Step &late = (*held)[before];
-                        if (!late.is_late || late.is_over.exchange(true))
-                            continue;
-                        late.latch.Open();
-                    }
-                }
+                for (size_t before = 0; before < index && !step.is_late; ++before)
+                    (*held)[before].Open();
                 ++over;
                 result.SetVal_error_code({8, kNoCodeNext, 0});
                 result.SetVal_check_result(step.kind == Wrong ? 0 : kPassed);
@@ -292,7 +245,6 @@ private Q_SLOTS:
                     throw std::runtime_error("no answer");
             });
         CForm form;
-        form.GetPasswordEditWidget()->SetPasswordText("password");
         const int orders = int(std::pow(kChoices, kAttempts));
         for (int order = 0; order < orders; ++order) {
             steps = std::make_shared<Steps>();
@@ -313,10 +265,8 @@ private Q_SLOTS:
                 QVERIFY2(state == meant,
                          qPrintable(QString("order %1, attempt %2").arg(order).arg(index)));
             }
-            for (Step &step : *steps) {
-                if (step.is_late && !step.is_over.exchange(true))
-                    step.latch.Open();
-            }
+            for (Step &step : *steps)
+                step.Open();
             while (over < kAttempts)
                 std::this_thread::yield();
         }
@@ -328,17 +278,16 @@ private Q_SLOTS:
     {
         const auto latch = std::make_shared<CLatch>();
         SetAnswer(310, latch);
-        QWidget window;
         CForm form;
-        form.SetMainWidget(&window);
+        form.SetMainWidget(window_.get());
         form.SetWaitOutTime(1);
-        form.GetPasswordEditWidget()->SetPasswordText("password");
         for (int attempt = 0; attempt < 10; ++attempt) {
             QCOMPARE(form.Enter(), Widget::kLoginTimeout);
             QCOMPARE(form.error, QString("RequestTimeOuterror 20"));
         }
         QTRY_COMPARE(entered_.load(), 10); // none waits for the ones before
-        QCOMPARE(tips_.mid(18), QStringList({"||11|15", "|RequestTimeOuterror 20|11|15"}));
+        QCOMPARE(tips_.mid(18),
+                 QStringList({"window||11|15", "window|RequestTimeOuterror 20|11|15"}));
         QCOMPARE(guard_.LogLines().filter("]LoginIn TimeOut !!![").size(), 10);
 
         latch->Open();
@@ -348,7 +297,10 @@ private Q_SLOTS:
         QCOMPARE(tips_.size(), 20);
         form.SetWaitOutTime(kPatient_ms);
         QCOMPARE(form.Enter(), Widget::kLoginFailed);
+        form.RestoreUI(); // the answer is still on its way, and the server insists on a code
         QTRY_VERIFY(form.AsksForCode());
+        QCOMPARE(form.Enter(), Widget::kInputError);
+        QCOMPARE(tips_.last(), QString("window||11|15")); // the last refusal no longer shows
     }
 
     void workersOutliveTheForm()
@@ -358,7 +310,6 @@ private Q_SLOTS:
             SetAnswer(310, latch);
             auto form = std::make_unique<CForm>();
             form->SetWaitOutTime(0);
-            form->GetPasswordEditWidget()->SetPasswordText("password");
             for (int attempt = 0; attempt < 4; ++attempt)
                 QCOMPARE(form->Enter(), Widget::kLoginTimeout);
             latch->Open();
@@ -367,98 +318,162 @@ private Q_SLOTS:
         }
     }
 
-    void serverIsAskedByKeys()
+    void impatienceCostsOneAttempt()
+    {
+        CForm form;
+        QPushButton button;
+        form.SetLoginButton(&button);
+        CFrameworkManagerInterface::SetBackend([&](auto &, auto &, CCheckPwdResultParam &result) {
+            for (int press = 0; press < 4 && entered_ == 0; ++press) {
+                for (QObject *const target :
+                     {static_cast<QObject *>(form.Code()), static_cast<QObject *>(form.User())})
+                    QCoreApplication::postEvent(
+                        target, new QKeyEvent(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier));
+                QMetaObject::invokeMethod(&button, &QPushButton::click, Qt::QueuedConnection);
+            }
+            ++entered_;
+            result = Answer(kNoCodeNext, 0);
+        });
+        connect(&form, &Widget::SignalReturnPressed, &form, [&] { form.Enter(); });
+
+        QTest::keyClick(form.User(), Qt::Key_Return);
+        Settle();
+        QCOMPARE(entered_.load(), 1);
+
+        QTest::keyClick(form.User(), Qt::Key_Return);
+        Settle();
+        button.click();
+        QCOMPARE(entered_.load(), 3);
+    }
+
+    void anImageBelongsToItsUser()
     {
         UseServer();
+        SetAnswer(310);
         CForm form;
-        form.show();
-        const char *const right = Server::kSampleAccounts[0].password;
-        const auto mark = [&form] {
-            return form.findChild<Vantor::CVerifyCodeWidget *>()
-                ->GetVerifyCode()
-                .GetVal_verify_code_mark_();
-        };
-        QCOMPARE(form.Type(right), int(Widget::kLoginSucceeded));
-        QCOMPARE(form.Type("wrong"), int(Widget::kLoginFailed));
-        QVERIFY2(form.error.startsWith("error 40850"), qPrintable(form.error));
-        QVERIFY(!form.AsksForCode());
-        QCOMPARE(form.Type("wrong"), int(Widget::kLoginFailed));
-        QVERIFY2(form.error.startsWith("error 310"), qPrintable(form.error));
-        QTRY_VERIFY(form.AsksForCode());
-        const QString first = mark();
-        QVERIFY(!first.isEmpty());
-        QVERIFY(!form.findChild<QLabel *>("ptr_vcode_label_")->pixmap(Qt::ReturnByValue).isNull());
-        QTest::mouseClick(form.findChild<QLabel *>("ptr_vcode_label_"), Qt::LeftButton);
-        QVERIFY(mark() != first && !mark().isEmpty());
+        form.User()->setText("operator");
+        form.Enter();
+        Settle();
+        QVERIFY(form.AsksForCode() && !form.Image()->pixmap(Qt::ReturnByValue).isNull());
+        form.Code()->setText("code");
 
-        QCOMPARE(form.Type(right, "nope"), int(Widget::kLoginFailed));
-        QVERIFY2(form.error.startsWith("error 311"), qPrintable(form.error));
-        QCOMPARE(form.Type(right, ""), int(Widget::kInputError));
-        QTRY_VERIFY(mark() != first);
-        QCOMPARE(form.Type(right, "W7kx"), int(Widget::kLoginSucceeded));
+        form.User()->setText("visitor");
+        QVERIFY(form.Image()->pixmap(Qt::ReturnByValue).isNull());
+        QTest::keyClick(form.User(), Qt::Key_Return); // editing is finished
+        QVERIFY(!form.Image()->pixmap(Qt::ReturnByValue).isNull() && form.Code()->text().isEmpty());
 
+        CNetCommManager::SetTransport([](auto &recv, auto &) { // error 0-0 without an image
+            recv.SetVal_Receive_Data(R"({"ResponseStatus":{"ErrorModule":0,"ErrorCode":0}})");
+            return true;
+        });
+        guard_.AnnounceLogLines();
+        QTest::mouseClick(form.Image(), Qt::LeftButton);
+        QCOMPARE(form.Error(), QString("TheImageCannotBeShown"));
+    }
+
+    void theFormMayBeDeletedInItsSignals_data()
+    {
+        AddRows<Deletion>({
+            {"the Return key",
+             [](CForm *form, auto end) {
+                 connect(form, &Widget::SignalReturnPressed, form, end);
+                 QTest::keyPress(form->User(), Qt::Key_Return);
+             }},
+            {"another image",
+             [](CForm *form, auto end) {
+                 connect(form->findChild<Vantor::CVerifyCodeWidget *>(),
+                         &Vantor::CVerifyCodeWidget::SignalRefreshVerifyCode, form, end);
+                 QTest::keyPress(form->Code(), Qt::Key_F5);
+             }},
+            {"a tip",
+             [](CForm *form, auto end) {
+                 Faceplate::CGUIMessageTipManager::SetPresenter(
+                     [end](QWidget *, const QString &, int, int, int) { end(); });
+                 std::string result;
+                 form->LoginIn(result, "plugin");
+             }},
+            {"the loss of the focus",
+             [](CForm *form, auto end) {
+                 form->show();
+                 QApplication::setActiveWindow(form);
+                 form->GetPasswordEditWidget()->SetFocus();
+                 connect(form->GetPasswordEditWidget().data(),
+                         &Vantor::CPasswordFrame::SignalFousOut, form, end);
+                 QApplication::setActiveWindow(nullptr);
+             }},
+        });
+    }
+
+    void theFormMayBeDeletedInItsSignals()
+    {
+        SetAnswer(310);
+        const QPointer<CForm> form = new CForm;
+        form->SetMainWidget(window_.get());
+
+        FetchRow<Deletion>().act(form, [form] { delete form.data(); });
+
+        QVERIFY(!form);
+        Settle();
+    }
+
+    void childrenMayBeDeleted()
+    {
+        SetAnswer(310);
+        CForm form;
+        form.Enter();
+        Settle();
+        delete form.findChild<Vantor::CVerifyCodeWidget *>();
+        QCOMPARE(form.Enter(), Widget::kLoginFailed); // without a code
+        delete form.User();
+        delete form.GetPasswordEditWidget().data();
+        QCOMPARE(form.Enter(), Widget::kInputError);
         form.Clear();
-        for (int attempt = 0; attempt < 8 && !form.error.startsWith("error 41050"); ++attempt) {
-            QCOMPARE(form.Type("wrong", form.AsksForCode() ? "W7kx" : nullptr),
-                     int(Widget::kLoginFailed));
-            QCoreApplication::processEvents();
-        }
-        QVERIFY2(form.error.startsWith("error 41050 "), qPrintable(form.error));
-        QCOMPARE(form.Type(right, "W7kx"), int(Widget::kLoginFailed)); // while it is locked
-        server_->now_s += 24 * 60 * 60;
-        QCOMPARE(form.Type(right, "W7kx"), int(Widget::kLoginSucceeded));
+        Settle();
+    }
 
-        server_->Stop();
-        QCOMPARE(form.Type(right, "W7kx"), int(Widget::kLoginFailed));
-        QCOMPARE(form.error, QString("error %1").arg(BusinessCommon::kNetConnect));
-        QVERIFY(form.AsksForCode()); // of which there is no image
+    void aCheckThatCannotStartFails()
+    {
+        SetAnswer(0);
+        guard_.AnnounceLogLines();
+        pthread_attr_t attributes;
+        QCOMPARE(pthread_getattr_default_np(&attributes), 0);
+        pthread_attr_t huge = attributes;
+        QCOMPARE(pthread_attr_setstacksize(&huge, size_t(1) << 46), 0);
+        CForm form;
+        form.SetMainWidget(window_.get());
+
+        QCOMPARE(pthread_setattr_default_np(&huge), 0);
+        const auto state = form.Enter();
+        QCOMPARE(pthread_setattr_default_np(&attributes), 0);
+
+        QCOMPARE(state, Widget::kLoginFailed);
+        QCOMPARE(form.error, QString("TheCheckFailed"));
+        QCOMPARE(tips_.last(), QString("window|TheCheckFailed|11|15"));
     }
 
     void repliesThatMakeNoSenseLetNobodyIn_data()
     {
-        const std::string passed = R"({"ResponseStatus":{"ErrorModule":%,"ErrorCode":%,)"
-                                   R"("Data":{"CheckResult":9}}})";
-        const auto with_code = [passed](const char *code) {
-            return QString::fromStdString(passed).replace("%", code).toStdString();
-        };
-        const auto row = [](const char *name, const std::string &bytes, int code) {
-            QTest::newRow(name) << QByteArray::fromStdString(bytes) << code;
-        };
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<int>("code");
-        row("nothing at all", {}, BusinessCommon::kNetTimeout);
-        row("no HTTP", std::string(500, '\xfe') + "\r\n\r\n", -1);
-        row("no document", CRawServer::ReplyWith("<html"), BusinessCommon::kNetBadReply);
-        row("an empty document", CRawServer::ReplyWith("{}"), BusinessCommon::kNetBadReply);
-        row("success with an error", CRawServer::ReplyWith(with_code("5")), 5);
-        row("success with a status", CRawServer::ReplyWith(with_code("0"), "500 Oh no"), 500);
+        QTest::addColumn<QString>("json");
+        QTest::addColumn<QByteArray>("status");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("success with an error") << Json("5") << QByteArray("200 OK") << "error 5";
+        QTest::newRow("success with a status") << Json("0") << QByteArray("500 No") << "error 500";
     }
 
     void repliesThatMakeNoSenseLetNobodyIn()
     {
-        QFETCH(const QByteArray, bytes);
-        QFETCH(const int, code);
+        QFETCH(const QString, json);
+        QFETCH(const QByteArray, status);
         CNetCommManager::SetTransport(nullptr);
-        CRawServer server([&bytes](int socket) {
-            if (CRawServer::ReadRequest(socket).empty())
-                return;
-            CRawServer::Send(socket, bytes.toStdString());
-            if (bytes.isEmpty())
-                CRawServer::ReadRequest(socket); // until the client goes
-        });
+        const ServerFault fault{
+            "", CRawServer::ReplyWith(json.toStdString(), status.toStdString()), {}};
+        CRawServer server(fault);
         CNetCommManager::SetServer("127.0.0.1", server.Port());
-        CNetCommManager::SetTimeouts(1000, 300);
         guard_.AnnounceLogLines();
         CForm form;
         form.SetWaitOutTime(kPatient_ms);
-        QCOMPARE(form.Type("password"), int(Widget::kLoginFailed));
-        if (code >= 0)
-            QCOMPARE(form.error, QString("error %1").arg(code));
-        if (!bytes.isEmpty())
-            return;
-        form.SetWaitOutTime(20);
-        QCOMPARE(form.Type("password", "code"), int(Widget::kLoginTimeout));
-        CNetCommManager::Abort();
+        QCOMPARE(form.Enter(), Widget::kLoginFailed);
+        QTEST(form.error, "error");
     }
 
     void programEndsWhileChecksRun()
@@ -473,7 +488,51 @@ private Q_SLOTS:
         QCOMPARE(program.exitCode(), 0);
     }
 
+protected:
+    void SetUp() override
+    {
+        guard_.AnnounceWarnings("Could not parse stylesheet"); // of the Caps Lock tip
+        tips_.clear();
+        entered_ = 0;
+        QCoreApplication::installTranslator(&texts_);
+        ErrorText::SetSource([](const Nim::Base::Error::ErrorCode &code) {
+            return code.error_code ? QString("error %1").arg(code.error_code) : QString();
+        });
+        Faceplate::CGUIMessageTipManager::SetPresenter(
+            [this](QWidget *widget, const QString &text, int kind, int place, int time_s) {
+                tips_.append(QString("%1|%2|%3%4|%5")
+                                 .arg(widget->objectName(), text)
+                                 .arg(kind)
+                                 .arg(place)
+                                 .arg(time_s));
+            });
+        // No code can be fetched, unless a test has a server.
+        CNetCommManager::SetTransport([](auto &, auto &) { return false; });
+        window_ = std::make_unique<QWidget>();
+        window_->setObjectName("window");
+    }
+
+    void TearDown() override
+    {
+        QCoreApplication::removeTranslator(&texts_);
+        CFrameworkManagerInterface::SetBackend(nullptr);
+        CNetCommManager::SetTransport(nullptr);
+        ErrorText::SetSource(nullptr);
+        Faceplate::CGUIMessageTipManager::SetPresenter(nullptr);
+        window_.reset();
+    }
+
 private:
+    static CCheckPwdResultParam Answer(int code, int lock_s)
+    {
+        CCheckPwdResultParam answer;
+        answer.SetVal_check_result(code == 0 ? kPassed : 0);
+        answer.SetVal_error_code({code ? 8 : 0, code, 0});
+        answer.SetVal_remain_count(3);
+        answer.SetVal_lock_remain_time(lock_s);
+        return answer;
+    }
+
     // What every check finds, once the latch is open.
     void SetAnswer(int code, const std::shared_ptr<CLatch> &latch = nullptr)
     {
@@ -482,8 +541,15 @@ private:
                 ++entered_;
                 if (latch)
                     latch->Wait();
-                result = CCheckPwdResultParam(std::make_shared<CheckPwdResultParam>(Answer(code)));
+                result = Answer(code, 0);
             });
+    }
+
+    // The answer arrives, and with it what was pressed meanwhile.
+    static void Settle()
+    {
+        for (int round = 0; round < 4; ++round)
+            QCoreApplication::processEvents();
     }
 
     void UseServer()
@@ -494,11 +560,12 @@ private:
         QVERIFY2(error.isEmpty(), qPrintable(error));
     }
 
-    CTestGuard guard_;
+    CTexts texts_;
     std::unique_ptr<CTestServer> server_;
     QStringList tips_;
     std::atomic<int> entered_{0};
+    std::unique_ptr<QWidget> window_; // where tips appear
 };
 
-QTEST_MAIN(tst_accountpassword)
+QTEST_MAIN(TestAccountPassword)
 #include "tst_accountpassword.moc"

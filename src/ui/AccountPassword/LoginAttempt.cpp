@@ -24,6 +24,7 @@ constexpr char kLockedMinutes[] = "Peltra.41c6a3785fc04331bd942f16e691f805.msg";
 constexpr int kWithoutVerifyCode[] = {40850, 502};
 constexpr int kWithTriesLeft[] = {40850, 310, 311, 214};
 constexpr int kLocked[] = {41050, 262};
+constexpr int kWrongVerifyCode[] = {311, 214};
 
 template <size_t count> bool Holds(const int (&codes)[count], int code)
 {
@@ -35,9 +36,11 @@ QString LockText(int seconds)
     if (seconds < kSecondsPerMinute)
         return FillArgument(Translate(QLatin1String(kLockedSeconds), kContext),
                             QString::number(seconds));
-    QString text = FillArgument(Translate(QLatin1String(kLockedMinutes), kContext),
-                                QString::number(seconds / kSecondsPerMinute));
-    return text.replace(QLatin1String("%2"), QString::number(seconds % kSecondsPerMinute));
+    const QString text = Translate(QLatin1String(kLockedMinutes), kContext);
+    if (!text.contains(QLatin1String("%1")) || !text.contains(QLatin1String("%2")))
+        return text; // no translation: QString::arg() would warn
+    return text.arg(QString::number(seconds / kSecondsPerMinute),
+                    QString::number(seconds % kSecondsPerMinute));
 }
 
 } // namespace
@@ -54,7 +57,7 @@ Nim::Base::SecretText MakeLoginDocument(const LoginRequest &request)
     return document.ToJson();
 }
 
-LoginRequest ReadLoginDocument(const Nim::Base::SecretText &document)
+LoginRequest ReadLoginDocument(const std::string &document)
 {
     ClientComm::CRapidJsonProto reader;
     reader.Load(document);
@@ -73,9 +76,16 @@ bool NeedsVerifyCode(int error_code)
     return !Holds(kWithoutVerifyCode, error_code);
 }
 
+bool IsVerifyCodeWrong(int error_code)
+{
+    return Holds(kWrongVerifyCode, error_code);
+}
+
 QString LoginAnswerText(const ClientFramework::CheckPwdResultParam &result)
 {
     QString text = ErrorText::GetErrorInfoByErrorCode(result.error_code);
+    if (text.isEmpty() && result.check_result != kCheckPassed)
+        text = Translate(QStringLiteral("TheCheckFailed"), kContext);
     const int code = result.error_code.error_code;
     if (Holds(kWithTriesLeft, code))
         text += FillArgument(Translate(QLatin1String(kRemaining), kContext),

@@ -7,8 +7,8 @@ namespace Vantor {
 
 class CPasswordLineEditNoInputMethod;
 
-/// \brief A password entry whose text cannot be copied or cut while it is hidden; see
-/// CPasswordFrameBase for what else it does.
+/// \brief A password entry whose text cannot be copied or cut while it is hidden. See
+/// CPasswordFrameBase.
 class VANTOR_EXPORT CCustomPasswordFrame : public CPasswordFrameBase
 {
     Q_OBJECT

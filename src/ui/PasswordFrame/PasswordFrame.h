@@ -5,7 +5,7 @@
 
 namespace Vantor {
 
-/// \brief The password entry of login pages; see CPasswordFrameBase for what it does.
+/// \brief The password entry of login pages. See CPasswordFrameBase.
 class VANTOR_EXPORT CPasswordFrame : public CPasswordFrameBase
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ public:
 
     [[nodiscard]] Ravel::CPasswordLineEdit *GetPassWordLineEdit() const;
 
-    /// \brief Give up the room before the icon; false does nothing.
+    /// \brief If \a hide is true, remove the space before the icon. False does nothing.
     void HideLeftSpacer(bool hide);
 };
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/PasswordFrame/PasswordFrameBase.h"
 
+#include "common/DisconnectChildren.h"
 #include "common/ForwardEvents.h"
+#include "common/Repolish.h"
 #include "common/Translate.h"
 
 #include <Nim/Base/OS.h>
@@ -16,38 +18,38 @@
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSpacerItem>
-#include <QtWidgets/QStyle>
 
 namespace Vantor {
 
 struct CPasswordFrameBaseDataPtr
 {
-    QPointer<Ravel::CLineEdit> ptr_tip_frame_; // may belong to a window that goes first
+    QPointer<Ravel::CLineEdit> ptr_tip_frame_; // may belong to a window that is deleted first
+    QVector<QPointer<QWidget>> vec_watched_;   // the place of the tip depends on these
     bool b_password_visible_ = false;
     Ravel::CFrame *ptr_base_frame_ = nullptr;
     Ravel::CLabel *ptr_label_ = nullptr;
     Ravel::CPasswordLineEdit *ptr_edit_ = nullptr;
     QPushButton *ptr_switch_button_ = nullptr;
     Ravel::CLabel *ptr_error_label_ = nullptr;
-    QSpacerItem *ptr_left_spacer_ = nullptr; // of the layout
+    QSpacerItem *ptr_left_spacer_ = nullptr; // the layout owns it
 };
 
 namespace {
 
 constexpr char kContext[] = "Vantor::CPasswordFrame";
+constexpr char kFocusProperty[] = "hasFocus"; // of the base frame, for style sheets
 constexpr int kMaximumLength = 32;
 constexpr int kSpacerWidthPx = 8;
 constexpr int kIconSidePx = 20;
 constexpr int kTipHeightPx = 37;
-// 10 wider than the entry at creation, 25 when shown: hosts' style sheets count on both.
+// 10 wider than the entry at creation, 25 when shown, because the style sheets of hosts rely on both.
 constexpr int kTipFirstExtraPx = 10;
 constexpr int kTipShownExtraPx = 25;
 constexpr int kTipInsetPx = 15;
 constexpr int kTipGapPx = 3;
-constexpr int kTipAlignment = 480; // the vertical alignment mask
 
-// Qt cannot parse it, as the brace at the end is missing, and says so. Hosts' own rules for the tip
-// would lose against one that it can.
+// The last brace is missing, so Qt warns and ignores the sheet. It must stay so, because a valid sheet
+// would override the rules that hosts have for the tip.
 constexpr char kTipStyle[] =
     "Ravel--CLineEdit, Ravel--CLineEdit *{color:#9d3d01;border-width: 2px 12px 2px 2px;"
     "background:rgb(250,250,250);";
@@ -74,6 +76,7 @@ CPasswordFrameBase::CPasswordFrameBase(Ravel::CPasswordLineEdit *edit, QWidget *
 
 CPasswordFrameBase::~CPasswordFrameBase()
 {
+    DisconnectChildren(this);
     delete d_ptr_->ptr_tip_frame_.data();
 }
 
@@ -94,6 +97,7 @@ void CPasswordFrameBase::BuildForm()
     d_ptr_->ptr_switch_button_->setAutoDefault(false);
     d_ptr_->ptr_error_label_ = new Ravel::CLabel(this);
     d_ptr_->ptr_error_label_->setObjectName(QStringLiteral("ptr_error_tip"));
+    d_ptr_->ptr_error_label_->setTextFormat(Qt::PlainText);
     d_ptr_->ptr_error_label_->setWordWrap(true);
     d_ptr_->ptr_error_label_->hide();
 
@@ -120,7 +124,7 @@ void CPasswordFrameBase::BuildTip()
     tip->setWindowFlags(Qt::ToolTip);
     tip->setReadOnly(true);
     tip->setFocusPolicy(Qt::NoFocus);
-    tip->setAlignment(Qt::Alignment(kTipAlignment));
+    tip->setAlignment(Qt::AlignVertical_Mask);
     tip->setStyleSheet(QLatin1String(kTipStyle));
     tip->setFixedSize(d_ptr_->ptr_edit_->width() + kTipFirstExtraPx, kTipHeightPx);
     tip->hide();
@@ -130,6 +134,14 @@ void CPasswordFrameBase::BuildTip()
 QString CPasswordFrameBase::GetPasswordLineEditText() const
 {
     return d_ptr_->ptr_edit_->text();
+}
+
+Nim::Base::SecretText CPasswordFrameBase::GetSecretText() const
+{
+    QByteArray utf8 = d_ptr_->ptr_edit_->text().toUtf8();
+    Nim::Base::SecretText secret(utf8.toStdString());
+    utf8.fill('\0');
+    return secret;
 }
 
 bool CPasswordFrameBase::IsPasswordEmpty() const
@@ -159,7 +171,12 @@ QPushButton *CPasswordFrameBase::GetSwitchPassBtn() const
 
 void CPasswordFrameBase::ClearLineEdit()
 {
-    d_ptr_->ptr_edit_->setText(QString()); // unlike clear(), it cannot be undone
+    // The copy shares the characters of the entry. The entry drops them, so unless a host has a copy
+    // too, this one overwrites them.
+    QString dropped = d_ptr_->ptr_edit_->text();
+    d_ptr_->ptr_edit_->setText(QString()); // cannot be undone, unlike clear()
+    if (dropped.isDetached())
+        dropped.fill(QChar());
 }
 
 void CPasswordFrameBase::HideLabel()
@@ -190,6 +207,30 @@ void CPasswordFrameBase::MoveTipFrame()
         d_ptr_->ptr_tip_frame_->move(TipPlace());
 }
 
+// The tip is a window of its own, so it must follow each move and resize from the frame up to the
+// window.
+void CPasswordFrameBase::WatchPlace()
+{
+    for (const QPointer<QWidget> &widget : qAsConst(d_ptr_->vec_watched_)) {
+        if (widget)
+            widget->removeEventFilter(this);
+    }
+    d_ptr_->vec_watched_.clear();
+    for (QWidget *widget = this; widget; widget = widget->parentWidget()) {
+        widget->installEventFilter(this);
+        d_ptr_->vec_watched_.append(widget);
+        if (widget->isWindow())
+            break;
+    }
+    MoveTipFrame();
+}
+
+void CPasswordFrameBase::SetFocusLook(bool has_focus)
+{
+    d_ptr_->ptr_base_frame_->setProperty(kFocusProperty, has_focus);
+    Repolish(d_ptr_->ptr_base_frame_);
+}
+
 void CPasswordFrameBase::CheckCapsLock()
 {
     Ravel::CLineEdit *const tip = d_ptr_->ptr_tip_frame_;
@@ -199,6 +240,7 @@ void CPasswordFrameBase::CheckCapsLock()
         tip->hide();
         return;
     }
+    WatchPlace();
     tip->move(TipPlace());
     tip->raise();
     tip->setFixedSize(d_ptr_->ptr_edit_->width() + kTipShownExtraPx, kTipHeightPx);
@@ -223,8 +265,7 @@ void CPasswordFrameBase::SetPassWordState(bool is_visible)
     d_ptr_->ptr_edit_->SetPasswordVisible(is_visible);
     button->setObjectName(is_visible ? QStringLiteral("password_visible")
                                      : QStringLiteral("password_unvisible"));
-    button->style()->unpolish(button);
-    button->style()->polish(button);
+    Repolish(button);
     RetranslateUI();
 }
 
@@ -271,9 +312,11 @@ void CPasswordFrameBase::SetMaxHeight(int height)
 void CPasswordFrameBase::SetParentWindow(QWidget *window)
 {
     if (!d_ptr_->ptr_tip_frame_)
-        BuildTip(); // it went with the window that had it
+        BuildTip(); // the window that owned it has been deleted
     d_ptr_->ptr_tip_frame_->setParent(window ? window : this, Qt::ToolTip);
     RetranslateUI();
+    if (d_ptr_->ptr_edit_->hasFocus())
+        CheckCapsLock(); // the new parent has hidden the tip
 }
 
 void CPasswordFrameBase::SetPasswordText(const QString &text)
@@ -295,7 +338,16 @@ bool CPasswordFrameBase::PasswordValidCheck(QString &tip)
     return false;
 }
 
-VANTOR_FORWARD_EVENTS(CPasswordFrameBase, QWidget)
+VANTOR_FORWARD_EVENT(CPasswordFrameBase, QWidget)
+
+bool CPasswordFrameBase::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
+        MoveTipFrame();
+    else if (event->type() == QEvent::ParentChange)
+        WatchPlace();
+    return QWidget::eventFilter(watched, event);
+}
 
 void CPasswordFrameBase::keyPressEvent(QKeyEvent *event)
 {
@@ -324,7 +376,7 @@ void CPasswordFrameBase::focusOutEvent(QFocusEvent *event)
 
 void CPasswordFrameBase::hideEvent(QHideEvent *event)
 {
-    HideTipFrame(); // a window of its own, it would stay
+    HideTipFrame(); // it is a window of its own, which would stay
     QWidget::hideEvent(event);
 }
 
@@ -337,11 +389,13 @@ void CPasswordFrameBase::changeEvent(QEvent *event)
 
 void CPasswordFrameBase::OnLineEditFocusIn()
 {
+    SetFocusLook(true);
     CheckCapsLock();
 }
 
 void CPasswordFrameBase::OnLineEditFousOut(const QString &text)
 {
+    SetFocusLook(false);
     if (Nim::Base::OS::IsCapsLockOn())
         HideTipFrame();
     Q_EMIT SignalFousOut(text);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <Nim/Base/SecretText.h>
 #include <VantorExport.h>
 
 #include <QtWidgets/QWidget>
@@ -22,12 +23,12 @@ namespace Vantor {
 
 struct CPasswordFrameBaseDataPtr;
 
-/// \brief What the two password frames share: an entry with an icon, a button that shows and hides
-/// what is typed, a tip below the frame while Caps Lock is on, and room for an error text.
+/// \brief The base of both password frames: an entry with an icon, a button that shows and hides the
+/// password, a tip below the frame while Caps Lock is on, and an error text.
 ///
-/// The object names of its children are listed in docs/styling.md. The button's name is its state:
-/// it is not to be looked up by it. Caps Lock is asked of Nim::Base::OS::IsCapsLockOn() on focus
-/// and on the key, not in between.
+/// docs/styling.md lists the object names of the children. Do not look up the button by its name,
+/// because the name changes with its state. Nim::Base::OS::IsCapsLockOn() is asked on focus and on
+/// the key, not in between. The tip follows the frame and its window.
 class VANTOR_EXPORT CPasswordFrameBase : public QWidget
 {
     Q_OBJECT
@@ -35,42 +36,45 @@ class VANTOR_EXPORT CPasswordFrameBase : public QWidget
 public:
     ~CPasswordFrameBase() override;
 
-    /// \brief A copy of the password, for the caller to keep no longer than needed.
+    /// \brief A copy of the password. Do not keep it longer than necessary.
     [[nodiscard]] QString GetPasswordLineEditText() const;
+    /// \brief The password as UTF-8 in memory that is overwritten before it is given up.
+    [[nodiscard]] Nim::Base::SecretText GetSecretText() const;
     [[nodiscard]] bool IsPasswordEmpty() const;
     [[nodiscard]] Ravel::CPasswordLineEdit *GetPasswordLineEdit() const;
     [[nodiscard]] Ravel::CFrame *GetBaseFrame() const;
     [[nodiscard]] Ravel::CLabel *GetLabel() const;
     [[nodiscard]] QPushButton *GetSwitchPassBtn() const;
 
-    /// \brief Empty the entry and forget what could be undone.
+    /// \brief Empty the entry, so that nothing can be undone, and overwrite the password in memory,
+    /// unless a copy from GetPasswordLineEditText() still shares it.
     void ClearLineEdit();
     void HideLabel();
     /// \brief Hide the Caps Lock tip, if it is shown.
     void HideTipFrame();
-    /// \brief Put the Caps Lock tip, if it is shown, where the frame is now. For hosts whose window
-    /// moves.
+    /// \brief Move the Caps Lock tip, if it is shown, below the frame. Called on each move and resize
+    /// of the frame, its parents and its window.
     void MoveTipFrame();
     void OnSwitchPassWordShow();
     void RetranslateUI();
-    /// \brief Enable or disable entry and icon; a password that is shown is hidden again. The
-    /// button stays as it is.
+    /// \brief Enable or disable the entry and the icon. Disabling hides a password that is shown. The
+    /// button stays enabled.
     void SetEnabled(bool enable);
-    /// \brief Show \a text below the entry; empty: nothing.
+    /// \brief Show \a text below the entry, as plain text; an empty text hides the label.
     void SetErrorTip(const QString &text);
-    /// \brief Give the keys to the entry.
+    /// \brief Give the focus to the entry.
     void SetFocus();
-    /// \param height of the whole frame at most, in pixels.
+    /// \param height the maximum height of the whole frame, in pixels.
     void SetMaxHeight(int height);
-    /// \brief Let the Caps Lock tip belong to \a window, which takes it over; null: to this frame.
+    /// \brief Make \a window the parent and owner of the Caps Lock tip; null makes it this frame.
     void SetParentWindow(QWidget *window);
     /// \brief Show the password, or hide it.
     void SetPassWordState(bool is_visible);
     void SetPasswordText(const QString &text);
-    /// \brief Another icon.
+    /// \brief Set the icon.
     void SetPixmap(QPixmap &pixmap);
-    /// \brief Whether there is a password. When not, the entry gets the focus and shows \a tip,
-    /// which is only read.
+    /// \brief Check that there is a password. If there is none, give the entry the focus and show
+    /// \a tip, which is not changed.
     bool PasswordValidCheck(QString &tip);
 
     bool event(QEvent *event) override;
@@ -102,6 +106,8 @@ private Q_SLOTS:
 private:
     void BuildForm();
     void BuildTip();
+    void WatchPlace();
+    void SetFocusLook(bool has_focus);
     void CheckCapsLock();
     void CheckCapsLockKey(const QKeyEvent &event);
     [[nodiscard]] QPoint TipPlace() const;

@@ -6,8 +6,8 @@
 
 namespace Vantor {
 
-/// \brief The entry of a password that gives away nothing while it is hidden: the keys of copy and
-/// cut do nothing then.
+/// \brief A password entry in which the keys of copy and cut do nothing while the password is
+/// hidden.
 class VANTOR_EXPORT CPasswordLineEditNoInputMethod : public Ravel::CPasswordLineEdit
 {
     Q_OBJECT

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/VerifyCodeWidget/VerifyCodeWidget.h"
 
+#include "common/DisconnectChildren.h"
 #include "common/ForwardEvents.h"
+#include "common/Repolish.h"
 #include "common/Translate.h"
 
 #include <Ravel/Frame.h>
@@ -11,7 +13,6 @@
 #include <QtCore/QEvent>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QStyle>
 #include <QtWidgets/QVBoxLayout>
 
 namespace Vantor {
@@ -33,18 +34,34 @@ constexpr char kContext[] = "Vantor::CVerifyCodeWidget";
 constexpr QSize kImageSizePx(120, 40);
 constexpr int kMaximumCodeLength = 32;
 
-// By number: what is called "hover" in hosts' style sheets is the pointer coming and going.
-constexpr int kFocusIn = 8;
-constexpr int kFocusOut = 9;
-constexpr int kEnter = 10;
-constexpr int kLeave = 11;
-
 } // namespace
 
 CVerifyCodeWidget::CVerifyCodeWidget(QWidget *parent)
     : QWidget(parent), d_ptr_(std::make_unique<CVerifyCodeWidgetDataPtr>())
 {
     setObjectName(QStringLiteral("VerifyCodeWidget"));
+    BuildLabels();
+    BuildEntry();
+    auto *const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(d_ptr_->ptr_label_row_);
+    layout->addWidget(d_ptr_->ptr_back_frame_);
+    setFocusProxy(d_ptr_->ptr_verify_edit_);
+    d_ptr_->ptr_verify_label_->setBuddy(d_ptr_->ptr_verify_edit_);
+    d_ptr_->ptr_verify_edit_->installEventFilter(this);
+    d_ptr_->ptr_back_frame_->installEventFilter(this);
+    connect(d_ptr_->ptr_vcode_label_, &Ravel::CLabel::SignalMouseClicked, this,
+            &CVerifyCodeWidget::SignalRefreshVerifyCode);
+    Retranslate();
+}
+
+CVerifyCodeWidget::~CVerifyCodeWidget()
+{
+    DisconnectChildren(this);
+}
+
+void CVerifyCodeWidget::BuildLabels()
+{
     d_ptr_->ptr_label_row_ = new QWidget(this);
     d_ptr_->ptr_verify_label_ = new Ravel::CLabel(d_ptr_->ptr_label_row_);
     d_ptr_->ptr_verify_label_->setObjectName(QStringLiteral("ptr_verify_label"));
@@ -55,14 +72,16 @@ CVerifyCodeWidget::CVerifyCodeWidget(QWidget *parent)
     row->addWidget(d_ptr_->ptr_verify_label_);
     row->addWidget(d_ptr_->ptr_indicate_label_);
     row->addStretch();
+}
 
+void CVerifyCodeWidget::BuildEntry()
+{
     d_ptr_->ptr_back_frame_ = new Ravel::CFrame(this);
     d_ptr_->ptr_back_frame_->setObjectName(QStringLiteral("ptr_back_frame"));
     d_ptr_->ptr_verify_edit_ = new Ravel::CLineEdit(d_ptr_->ptr_back_frame_);
     d_ptr_->ptr_verify_edit_->setObjectName(QStringLiteral("ptr_verify_edit"));
     d_ptr_->ptr_verify_edit_->setMaxLength(kMaximumCodeLength);
     d_ptr_->ptr_verify_edit_->setInputMethodHints(Qt::ImhNoPredictiveText | Qt::ImhPreferLatin);
-    d_ptr_->ptr_verify_label_->setBuddy(d_ptr_->ptr_verify_edit_);
     d_ptr_->ptr_vcode_label_ = new Ravel::CLabel(d_ptr_->ptr_back_frame_);
     d_ptr_->ptr_vcode_label_->setObjectName(QStringLiteral("ptr_vcode_label_"));
     d_ptr_->ptr_vcode_label_->setFixedSize(kImageSizePx);
@@ -71,20 +90,7 @@ CVerifyCodeWidget::CVerifyCodeWidget(QWidget *parent)
     frame->setContentsMargins(0, 0, 0, 0);
     frame->addWidget(d_ptr_->ptr_verify_edit_, 1);
     frame->addWidget(d_ptr_->ptr_vcode_label_);
-
-    auto *const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(d_ptr_->ptr_label_row_);
-    layout->addWidget(d_ptr_->ptr_back_frame_);
-    setFocusProxy(d_ptr_->ptr_verify_edit_);
-    d_ptr_->ptr_verify_edit_->installEventFilter(this);
-    d_ptr_->ptr_back_frame_->installEventFilter(this);
-    connect(d_ptr_->ptr_vcode_label_, &Ravel::CLabel::SignalMouseClicked, this,
-            &CVerifyCodeWidget::SignalRefreshVerifyCode);
-    Retranslate();
 }
-
-CVerifyCodeWidget::~CVerifyCodeWidget() = default;
 
 void CVerifyCodeWidget::SetVerifyCode(const CStruVerifyCode &code)
 {
@@ -142,23 +148,35 @@ bool CVerifyCodeWidget::eventFilter(QObject *watched, QEvent *event)
 {
     const bool is_edit = watched == d_ptr_->ptr_verify_edit_;
     const bool is_frame = watched == d_ptr_->ptr_back_frame_;
-    const int type = event->type();
-    if (is_edit && type == QEvent::KeyPress
-        && static_cast<QKeyEvent *>(event)->matches(QKeySequence::Refresh)) {
-        Q_EMIT SignalRefreshVerifyCode();
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        if (!is_edit || !static_cast<QKeyEvent *>(event)->matches(QKeySequence::Refresh))
+            break;
+        Q_EMIT SignalRefreshVerifyCode(); // last: a slot may delete this widget
         return true;
-    }
-    const bool enters = (is_edit && type == kFocusIn) || (is_frame && type == kEnter);
-    const bool leaves = ((is_edit && type == kFocusOut) || (is_frame && type == kLeave))
-                        && !d_ptr_->ptr_verify_edit_->hasFocus();
-    if (enters || leaves) {
-        Ravel::CFrame *const frame = d_ptr_->ptr_back_frame_;
-        frame->setObjectName(enters ? QStringLiteral("ptr_back_frame_enter")
-                                    : QStringLiteral("ptr_back_frame"));
-        frame->style()->unpolish(frame);
-        frame->style()->polish(frame);
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+        if (is_edit)
+            ShowEntered(event->type() == QEvent::FocusIn);
+        break;
+    case QEvent::Enter:
+    case QEvent::Leave:
+        if (is_frame)
+            ShowEntered(event->type() == QEvent::Enter);
+        break;
+    default:
+        break;
     }
     return QWidget::eventFilter(watched, event);
+}
+
+void CVerifyCodeWidget::ShowEntered(bool is_entered)
+{
+    if (!is_entered && d_ptr_->ptr_verify_edit_->hasFocus())
+        return;
+    d_ptr_->ptr_back_frame_->setObjectName(is_entered ? QStringLiteral("ptr_back_frame_enter")
+                                                      : QStringLiteral("ptr_back_frame"));
+    Repolish(d_ptr_->ptr_back_frame_);
 }
 
 VANTOR_FORWARD_EVENT(CVerifyCodeWidget, QWidget)

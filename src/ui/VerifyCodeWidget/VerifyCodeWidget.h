@@ -13,12 +13,12 @@ namespace Vantor {
 
 struct CVerifyCodeWidgetDataPtr;
 
-/// \brief Shows a verification code and takes what the user reads in it. A click on the image asks
-/// for another one, as does the standard key for it (F5) in the entry.
+/// \brief Shows the image of a verification code and an entry for its text. A click on the image and
+/// the standard key for a refresh in the entry (F5) emit SignalRefreshVerifyCode().
 ///
-/// The object names of its children are listed in docs/styling.md. The frame around entry and image
-/// is "ptr_back_frame", and "ptr_back_frame_enter" while the entry has the focus or the pointer is
-/// over the frame; so it is not to be looked up by name.
+/// docs/styling.md lists the object names of the children. The name of the frame around entry and
+/// image changes between "ptr_back_frame" and "ptr_back_frame_enter", which it has while the entry
+/// has the focus or the pointer is over the frame. Do not look it up by name.
 class VANTOR_EXPORT CVerifyCodeWidget : public QWidget
 {
     Q_OBJECT
@@ -27,30 +27,33 @@ public:
     explicit CVerifyCodeWidget(QWidget *parent = nullptr);
     ~CVerifyCodeWidget() override;
 
-    /// \brief Keep a copy of \a code and show its image, stretched to the size that the label has
-    /// now.
+    /// \brief Keep a copy of \a code and show its image, stretched to the current size of the image
+    /// label. A null image shows nothing.
     void SetVerifyCode(const CStruVerifyCode &code);
-    /// \brief The code that was set, with what is typed now.
+    /// \brief A copy of the code from SetVerifyCode(), with the current text of the entry.
     [[nodiscard]] CStruVerifyCode GetVerifyCode() const;
     [[nodiscard]] bool IsCodeTextEmpty() const;
     void ClearEdit();
     void SetEditFocus();
-    /// \brief The room around everything, in pixels.
+    /// \brief Set the margins around the content, in pixels.
     void SetMargins(int left, int top, int right, int bottom);
-    /// \brief Show entry and image only, without the row above them.
+    /// \brief Hide the row with the labels above entry and image.
     void HideLabel();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
     bool event(QEvent *event) override;
 
 Q_SIGNALS:
-    /// The user wants another image: the host requests one and calls SetVerifyCode().
+    /// The user wants another image. The host requests one and calls SetVerifyCode().
     void SignalRefreshVerifyCode();
 
 protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    void BuildLabels();
+    void BuildEntry();
+    void ShowEntered(bool is_entered);
     [[nodiscard]] QString GetCodeText() const;
     void Retranslate();
 
