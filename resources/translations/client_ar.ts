@@ -1308,6 +1308,14 @@
 <context>
     <name>Client::CLockWindow</name>
     <message>
+        <source>Locked</source>
+        <translation>مقفل</translation>
+    </message>
+    <message>
+        <source>Please wait until the work is done</source>
+        <translation>يرجى الانتظار حتى ينتهي العمل</translation>
+    </message>
+    <message>
         <source>Locked by %1</source>
         <translation>مقفل بواسطة %1</translation>
     </message>

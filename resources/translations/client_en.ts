@@ -1288,6 +1288,14 @@
 <context>
     <name>Client::CLockWindow</name>
     <message>
+        <source>Locked</source>
+        <translation>Locked</translation>
+    </message>
+    <message>
+        <source>Please wait until the work is done</source>
+        <translation>Please wait until the work is done</translation>
+    </message>
+    <message>
         <source>Locked by %1</source>
         <translation>Locked by %1</translation>
     </message>

@@ -8,6 +8,7 @@
 #include <QtGui/QPalette>
 #include <QtSvg/QSvgRenderer>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleFactory>
 
@@ -59,6 +60,22 @@ CThemeSwitch::CThemeSwitch(QObject *parent) : QObject(parent)
                       QStringLiteral("DejaVu Sans"), QStringLiteral("sans-serif")});
     font.setPointSize(kFontPoints);
     QApplication::setFont(font);
+    qApp->installEventFilter(this);
+}
+
+// A style sheet gives the colour of the text to the placeholder too (Qt 5.15), each time that it is
+// applied to an entry.
+bool CThemeSwitch::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *const edit = event->type() == QEvent::Show || event->type() == QEvent::StyleChange
+                           ? qobject_cast<QLineEdit *>(watched)
+                           : nullptr;
+    if (edit) {
+        QPalette palette = edit->palette();
+        palette.setColor(QPalette::PlaceholderText, Manager().TextNeuColorT2());
+        edit->setPalette(palette);
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void CThemeSwitch::Apply(Theme theme)

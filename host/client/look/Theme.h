@@ -23,6 +23,9 @@ public:
     /// \brief An icon of the resources, drawn in the text colour of the current theme.
     [[nodiscard]] static QIcon Icon(const QString &name);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 Q_SIGNALS:
     /// Emitted after the theme was applied. Receivers must call Icon() again.
     void SignalThemeChanged();

@@ -1,55 +1,93 @@
 // SPDX-License-Identifier: MIT
 #include "pages/LockWindow.h"
 
+#include "pages/HiddenWindows.h"
 #include "pages/LoginForm.h"
+
+#include <Faceplate/GUIMessageTipManager.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QIcon>
 #include <QtWidgets/QGridLayout>
 
-namespace Client {
+#include <utility>
 
-CLockWindow::CLockWindow(QWidget *locked, const QString &user) : locked_(locked)
+namespace Client {
+namespace {
+
+constexpr int kInformation = 0; // kind of a message tip
+constexpr int kAtTheTop = 1;
+constexpr int kTipTime_s = 15;
+
+} // namespace
+
+CLockWindow::CLockWindow(QWidget *locked, const QString &user)
+    : locked_(locked), user_(user), form_(new CLoginForm(this, this))
 {
     setObjectName(QStringLiteral("LockWindow"));
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowModality(Qt::ApplicationModal); // what else is open is locked too
-    setWindowTitle(locked->windowTitle());
+    setWindowModality(Qt::ApplicationModal);
     setWindowIcon(locked->windowIcon());
-    auto *const form = new CLoginForm(this, this);
-    form->SetTexts(tr("Locked by %1").arg(user), tr("Unlock"));
-    form->SetUser(user);
+    form_->SetUser(user);
     auto *const layout = new QGridLayout(this);
-    layout->addWidget(form, 0, 0, Qt::AlignCenter);
-    form->Begin();
-    connect(form, &CLoginForm::SignalLoggedIn, this, &CLockWindow::OnUnlocked);
+    layout->addWidget(form_, 0, 0, Qt::AlignCenter);
+    form_->Begin();
+    connect(form_, &CLoginForm::SignalLoggedIn, this, &CLockWindow::OnUnlocked);
+    Retranslate();
 }
+
+CLockWindow::~CLockWindow() = default;
 
 void CLockWindow::Lock()
 {
+    if (windows_)
+        return;
     setGeometry(locked_->geometry());
     setWindowState(locked_->windowState());
     show();
-    locked_->hide();
+    windows_ = std::make_unique<CHiddenWindows>(this, locked_);
+    clipboard_ = std::make_unique<CHeldClipboard>();
+    activateWindow();
 }
 
 void CLockWindow::OnUnlocked()
 {
-    if (locked_)
-        locked_->show();
+    if (auto windows = std::exchange(windows_, nullptr))
+        windows->ShowAgain();
+    if (auto clipboard = std::exchange(clipboard_, nullptr))
+        clipboard->GiveBack();
     deleteLater();
     hide();
+    if (locked_)
+        locked_->activateWindow();
 }
 
 void CLockWindow::closeEvent(QCloseEvent *event)
 {
-    event->accept();
-    // The window decides: it may have work under way, and asks then.
-    if (locked_ && !locked_->close())
+    // The window may have work under way, and refuses to close then.
+    if (locked_ && !locked_->close()) {
+        Faceplate::CGUIMessageTipManager::ShowMessage(
+            this, tr("Please wait until the work is done"), kInformation, kAtTheTop, kTipTime_s);
         event->ignore();
-    else
-        QCoreApplication::quit();
+        return;
+    }
+    event->accept();
+    QCoreApplication::quit();
+}
+
+void CLockWindow::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        Retranslate();
+}
+
+// The title names no list, because the task bar shows it.
+void CLockWindow::Retranslate()
+{
+    setWindowTitle(tr("Locked"));
+    form_->SetTexts(tr("Locked by %1").arg(user_), tr("Unlock"));
 }
 
 } // namespace Client

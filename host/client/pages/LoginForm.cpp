@@ -4,6 +4,7 @@
 #include <Vantor/CAccountPasswordWidget>
 #include <Vantor/CPasswordFrame>
 
+#include <QtGui/QHideEvent>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
@@ -26,6 +27,7 @@ CLoginForm::CLoginForm(QWidget *tips_over, QWidget *parent)
 {
     setObjectName(QStringLiteral("LoginCard"));
     title_->setObjectName(QStringLiteral("LoginTitle"));
+    title_->setTextFormat(Qt::PlainText);
     title_->setWordWrap(true);
     button_->setObjectName(QStringLiteral("LoginButton"));
     button_->setDefault(true);
@@ -38,9 +40,9 @@ CLoginForm::CLoginForm(QWidget *tips_over, QWidget *parent)
     layout->addWidget(title_);
     layout->addWidget(form_);
     layout->addWidget(button_);
+    form_->SetLoginButton(button_);
     connect(form_, &Vantor::CAccountPasswordWidget::SignalReturnPressed, this,
             &CLoginForm::OnLogIn);
-    connect(button_, &QPushButton::clicked, this, &CLoginForm::OnLogIn);
 }
 
 void CLoginForm::SetTexts(const QString &title, const QString &button)
@@ -66,11 +68,11 @@ void CLoginForm::Begin()
 
 void CLoginForm::OnLogIn()
 {
-    // Nothing is painted while the form waits for the server: the button is seen to be off first.
+    // Nothing is painted while the form waits for the server, so the button is shown disabled
+    // first.
     button_->setEnabled(false);
     button_->repaint();
-    const Nim::Base::SecretText password(
-        form_->GetPasswordEditWidget()->GetPasswordLineEditText().toStdString());
+    const Nim::Base::SecretText password = form_->GetPasswordEditWidget()->GetSecretText();
     std::string result;
     const auto state = form_->LoginIn(result, "vantor-client");
     button_->setEnabled(true);
@@ -79,6 +81,14 @@ void CLoginForm::OnLogIn()
     const QString user = user_->text();
     Begin();
     Q_EMIT SignalLoggedIn(user, password);
+}
+
+// Another page is shown, or the client is locked: nobody should find the password later.
+void CLoginForm::hideEvent(QHideEvent *event)
+{
+    QFrame::hideEvent(event);
+    if (!event->spontaneous()) // as it is when the window is minimised
+        form_->GetPasswordEditWidget()->ClearLineEdit();
 }
 
 } // namespace Client

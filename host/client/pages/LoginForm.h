@@ -19,29 +19,32 @@ class CAccountPasswordWidget;
 
 namespace Client {
 
-/// \brief A card with the library's login form, a title above it and a button below. What goes
-/// wrong is told over the widget that it was given.
+/// \brief A card with the library's login form, a title above it and a button below. Errors appear
+/// over the widget that the constructor gets. Hiding the card clears the password.
 class CLoginForm : public QFrame
 {
     Q_OBJECT
 
 public:
-    /// \param tips_over where messages appear; outlives this.
+    /// \param tips_over the widget over which messages appear; it must outlive this.
     explicit CLoginForm(QWidget *tips_over, QWidget *parent = nullptr);
 
     void SetTexts(const QString &title, const QString &button);
-    /// \brief Ask for the password of \a user only; empty: for anybody's.
+    /// \brief Ask for the password of \a user only; an empty name lets the user enter one.
     void SetUser(const QString &user);
-    /// \brief Forget what was typed and begin at the first empty entry.
+    /// \brief Clear the input but the user name, and focus the first empty entry.
     void Begin();
 
 public Q_SLOTS:
-    /// \brief What the button does.
+    /// \brief Check the input, as the button does.
     void OnLogIn();
 
 Q_SIGNALS:
-    /// The password is right; the form has forgotten it.
+    /// Emitted after the password was right and the form has cleared it.
     void SignalLoggedIn(const QString &user, const Nim::Base::SecretText &password);
+
+protected:
+    void hideEvent(QHideEvent *event) override;
 
 private:
     Vantor::CAccountPasswordWidget *const form_;

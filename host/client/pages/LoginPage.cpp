@@ -10,6 +10,7 @@
 
 #include <QtConcurrent/QtConcurrentRun>
 #include <QtCore/QEvent>
+#include <QtCore/QLocale>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
@@ -68,7 +69,9 @@ CLoginPage::~CLoginPage()
 void CLoginPage::BuildSettings()
 {
     user_->setObjectName(QStringLiteral("LoginUser"));
+    user_->setTextFormat(Qt::PlainText);
     state_->setObjectName(QStringLiteral("LoginState"));
+    state_->setTextFormat(Qt::PlainText);
     settings_->setObjectName(QStringLiteral("SecuritySettings"));
     settings_->setRootIsDecorated(false);
     settings_->setSelectionMode(QAbstractItemView::NoSelection);
@@ -90,17 +93,16 @@ void CLoginPage::BuildSettings()
 void CLoginPage::OnUserChanged()
 {
     const CServerLink *const link = CServerLink::Current();
-    const bool is_somebody_in = link && !link->User().isEmpty();
-    side_->setVisible(is_somebody_in);
-    if (!is_somebody_in)
+    const bool is_logged_in = link && !link->User().isEmpty();
+    side_->setVisible(is_logged_in);
+    if (!is_logged_in)
         return;
     user_->setText(tr("Logged in as %1").arg(link->User()));
     watcher_.setFuture(QtConcurrent::run([] {
         Outcome outcome;
         NimClientFrameWork::CDaxPwdResponse response;
         outcome.is_answered = Vantor::RequestLoginSetting(response, outcome.settings);
-        if (!outcome.is_answered)
-            outcome.error = ErrorText::GetErrorInfoByErrorCode(response.GetVal_stru_error_info());
+        outcome.error = response.GetVal_stru_error_info();
         return outcome;
     }));
 }
@@ -114,31 +116,39 @@ void CLoginPage::OnSettings()
 void CLoginPage::FillSettings()
 {
     settings_->clear();
-    state_->setText(outcome_.error);
-    state_->setVisible(!outcome_.error.isEmpty());
-    if (!outcome_.is_answered)
+    state_->setVisible(!outcome_.is_answered);
+    if (!outcome_.is_answered) {
+        state_->setText(ErrorText::GetErrorInfoByErrorCode(outcome_.error));
         return;
+    }
     const NimClientFrameWork::LoginSettingStruct &all = outcome_.settings.Read();
     const auto add = [this](const QString &name, int enable, const QString &values) {
-        // Whatever is not 0 counts: a setting that is in doubt is in force.
+        // Every number but 0 means enabled, so a missing setting counts as enabled.
         new QTreeWidgetItem(settings_, {name, enable != 0 ? tr("on") : tr("off"), values});
     };
+    const QLocale locale;
     const auto &ip = all.stru_ip_lock.Read();
     add(tr("Lock of an address"), ip.enum_enable,
-        tr("%1 tries, %2 min").arg(ip.failed_count).arg(ip.duration_time));
+        tr("%1 tries, %2 min")
+            .arg(locale.toString(ip.failed_count), locale.toString(ip.duration_time)));
     const auto &strength = all.stru_pwd_strength.Read();
     add(tr("Password strength"), strength.enum_enable,
-        tr("level %1").arg(strength.enum_password_strength));
+        tr("level %1").arg(locale.toString(int(strength.enum_password_strength))));
     const auto &expiry = all.stru_pwd_expirty.Read();
-    add(tr("Password expiry"), expiry.enum_enable, tr("after %1 days").arg(expiry.days));
+    add(tr("Password expiry"), expiry.enum_enable,
+        tr("after %1 days").arg(locale.toString(expiry.days)));
     const auto &lock = all.stru_client_lock.Read();
-    add(tr("Lock of the client"), lock.enum_enable, tr("after %1 min").arg(lock.duration_time));
+    add(tr("Lock of the client"), lock.enum_enable,
+        tr("after %1 min").arg(locale.toString(lock.duration_time)));
 }
 
 void CLoginPage::OnLock()
 {
-    if (const CServerLink *const link = CServerLink::Current())
-        (new CLockWindow(window(), link->User()))->Lock();
+    const CServerLink *const link = CServerLink::Current();
+    if (!link || lock_window_)
+        return;
+    lock_window_ = new CLockWindow(window(), link->User());
+    lock_window_->Lock();
 }
 
 void CLoginPage::changeEvent(QEvent *event)

@@ -3,9 +3,11 @@
 
 #include "pages/Page.h"
 
+#include <Nim/Base/Error.h>
 #include <Vantor/CLoginSettingStruct>
 
 #include <QtCore/QFutureWatcher>
+#include <QtCore/QPointer>
 
 QT_BEGIN_NAMESPACE
 class QLabel;
@@ -15,6 +17,7 @@ QT_END_NAMESPACE
 
 namespace Client {
 
+class CLockWindow;
 class CLoginForm;
 
 /// \brief Logs a user in with name and password, shows the server's security settings then, and
@@ -40,8 +43,8 @@ private:
 
     struct Outcome
     {
-        bool is_answered = false;
-        QString error;
+        bool is_answered = true; // as long as nobody has asked
+        Nim::Base::Error::ErrorCode error;
         Settings settings;
     };
 
@@ -50,13 +53,14 @@ private:
     void FillSettings();
 
     CLoginForm *const form_;
-    QWidget *const side_; // what is there once somebody is logged in
+    QWidget *const side_; // visible after a login
     QLabel *const user_;
     QLabel *const state_;
     QTreeWidget *const settings_;
     QPushButton *const lock_;
     QFutureWatcher<Outcome> watcher_;
     Outcome outcome_;
+    QPointer<CLockWindow> lock_window_;
 };
 
 } // namespace Client

@@ -6,8 +6,11 @@
 
 #include <Vantor/CDockManager>
 
+#include <QtCore/QEvent>
 #include <QtCore/QModelIndex>
 #include <QtWidgets/QWidget>
+
+#include <utility>
 
 namespace Client {
 namespace {
@@ -29,6 +32,7 @@ CPanels::CPanels(QWidget *window)
     details_->hide();
     export_->hide();
     Docks().SetMainWindow(window);
+    window->installEventFilter(this);
     connect(details_.data(), &CDetailPanel::SignalMessage, this, &CPanels::SignalMessage);
     connect(export_.data(), &CExportPanel::SignalExportCsv, this, &CPanels::SignalExportCsv);
     connect(export_.data(), &CExportPanel::SignalExportXlsx, this, &CPanels::SignalExportXlsx);
@@ -54,8 +58,37 @@ void CPanels::ShowDetails(const QModelIndex &index)
 void CPanels::ShowExport(int rows)
 {
     export_->SetRowCount(rows);
+    OpenExport();
+}
+
+void CPanels::OpenExport()
+{
     Docks().SetContentType(CDockManager::Export);
     Docks().SetDockWidget(export_, kUsualWidth);
+}
+
+// The lock of the client hides the window, and the dock lets its panel go.
+bool CPanels::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != parent() || event->spontaneous())
+        return QObject::eventFilter(watched, event);
+    if (event->type() == QEvent::Hide && details_ && export_) {
+        hidden_with_window_ = details_->isVisible()  ? Panel::Details
+                              : export_->isVisible() ? Panel::Export
+                                                     : Panel::None;
+    } else if (event->type() == QEvent::Show && hidden_with_window_ != Panel::None) {
+        QMetaObject::invokeMethod(this, &CPanels::Reopen, Qt::QueuedConnection);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void CPanels::Reopen()
+{
+    const Panel panel = std::exchange(hidden_with_window_, Panel::None);
+    if (panel == Panel::Details && details_)
+        ShowDetails(shown_);
+    else if (panel == Panel::Export && export_)
+        OpenExport();
 }
 
 } // namespace Client

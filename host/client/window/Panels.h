@@ -38,12 +38,21 @@ Q_SIGNALS:
     /// Emitted with a short text for the status bar.
     void SignalMessage(const QString &text);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
+    enum class Panel { None, Details, Export };
+
+    void OpenExport();
+    void Reopen();
+
     // Children of the window or of the dock; without a parent if the window is destroyed while the
     // panel is open.
     const QPointer<CDetailPanel> details_;
     const QPointer<CExportPanel> export_;
     QPersistentModelIndex shown_; // the row in the panel
+    Panel hidden_with_window_ = Panel::None;
 };
 
 } // namespace Client
