@@ -1,114 +1,187 @@
 // SPDX-License-Identifier: MIT
-#include "link/ServerLink.h"
+// The login and the lock over the real server, among real windows with a window manager.
+#include "ClientSession.h"
 #include "pages/LockWindow.h"
 #include "pages/LoginPage.h"
-#include "support/TestGuard.h"
+#include "support/Test.h"
+#include "window/Panels.h"
 
 #include <server/SampleAccounts.h>
 
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
+#include <QtCore/QProcess>
+#include <QtGui/QClipboard>
+#include <QtGui/QScreen>
+#include <QtGui/QStandardItemModel>
+#include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QToolTip>
 #include <QtWidgets/QTreeWidget>
 
 using namespace Client;
 
-// The page and the lock over the real server, in this process.
-class tst_client_login : public QObject
+namespace {
+
+constexpr QRgb kSecret = qRgb(255, 0, 255);
+const Server::SampleAccount &account = Server::kSampleAccounts[1];
+
+QWidget *FindWindow(const char *name)
+{
+    const auto windows = QApplication::topLevelWidgets();
+    for (QWidget *const window : windows) {
+        if (window->objectName() == QLatin1String(name))
+            return window;
+    }
+    return nullptr;
+}
+
+bool IsSecretOnDisplay()
+{
+    QCoreApplication::processEvents();
+    const QImage all = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+    for (int y = 0; y < all.height(); ++y) {
+        for (int x = 0; x < all.width(); ++x) {
+            if (all.pixel(x, y) == kSecret)
+                return true;
+        }
+    }
+    return false;
+}
+
+void Type(const char *text, int key = Qt::Key_Return)
+{
+    for (const char *c = text; *c; ++c)
+        QTest::keyClick(QApplication::focusWidget(), *c);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key(key));
+    QTest::qWait(1); // the answer arrives
+}
+
+QString Focus()
+{
+    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+}
+
+} // namespace
+
+class TestClientLogin : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { qputenv("XDG_DATA_HOME", folder_.path().toLocal8Bit()); }
-
-    void init()
+    void initTestCase()
     {
-        guard_.Begin();
-        guard_.AnnounceWarnings("Could not parse stylesheet"); // of the Caps Lock tip
+        manager_.start("openbox", QStringList());
+        QVERIFY(manager_.waitForStarted());
     }
 
-    void cleanup()
+    void cleanupTestCase()
     {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+        manager_.terminate();
+        QVERIFY(manager_.waitForFinished());
     }
 
-    void thePasswordOpensTheSettingsAndTheLock()
+    void theFocusIsWhereTheNextKeyBelongs()
     {
-        const auto &account = Server::kSampleAccounts[1];
         CServerLink link;
-        QSignalSpy started(&link, &CServerLink::SignalUserChanged);
-        link.Start({}, CServerLink::Users().constFirst());
-        QVERIFY(started.wait(30000));
+        QVERIFY(ClientSession::StartLink(link));
         CLoginPage page;
+        auto *const code = page.findChild<QLineEdit *>("ptr_verify_edit");
         page.show();
-        auto *const settings = page.findChild<QTreeWidget *>("SecuritySettings");
+        page.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&page));
+        page.findChild<QLineEdit *>("ptr_user_name_edit")->setFocus();
 
-        Type(page, account.name, "wrong");
-        QVERIFY(!TipOf(page).isEmpty());
-        QCOMPARE(link.User(), CServerLink::Users().constFirst());
+        Type(account.name);
+        QCOMPARE(Focus(), QString("ptr_base_frame_lineedit")); // it is empty
+        Type("wrong");
+        QCOMPARE(Focus(), QString("ptr_base_frame_lineedit"));
+        Type("wrong"); // which replaces the one before
+        QTRY_VERIFY(code->isVisible());
+        QCOMPARE(Focus(), QString("ptr_base_frame_lineedit"));
+        Type(account.password);
+        QCOMPARE(Focus(), QString("ptr_verify_edit"));
+        Type("nope");
+        QTRY_VERIFY(code->text().isEmpty());
+        QCOMPARE(Focus(), QString("ptr_verify_edit"));
+        Type("W7kx", Qt::Key_Tab);
+        QCOMPARE(Focus(), QString("LoginButton"));
+        Type(" ");
 
-        Type(page, account.name, account.password);
         QTRY_COMPARE(link.User(), QString(account.name));
+        auto *const settings = page.findChild<QTreeWidget *>("SecuritySettings");
         QTRY_COMPARE(settings->topLevelItemCount(), 4);
-        QCOMPARE(settings->topLevelItem(0)->text(1), QString("on"));
         QVERIFY(settings->topLevelItem(0)->text(2).startsWith("5 tries, "));
-        QCOMPARE(page.findChild<QLabel *>("LoginUser")->text(), QString("Logged in as supervisor"));
-        QVERIFY(Entry(page, "ptr_base_frame_lineedit")->text().isEmpty());
+        auto *const password = page.findChild<QLineEdit *>("ptr_base_frame_lineedit");
+        QVERIFY(password->text().isEmpty());
+        password->setText("secret");
+        page.hide(); // for another page
+        QVERIFY(password->text().isEmpty());
+    }
 
-        page.findChild<QPushButton *>("LockButton")->click();
-        QVERIFY(!page.isVisible());
-        const QPointer<CLockWindow> lock = Lock();
-        QVERIFY(lock && lock->isVisible());
-        QVERIFY(Entry(*lock, "ptr_user_name_edit")->isReadOnly());
-        Type(*lock, nullptr, "wrong");
-        QVERIFY(lock->isVisible() && !page.isVisible());
-        Type(*lock, nullptr, account.password);
-        QVERIFY(page.isVisible());
+    void theLockHidesEverything()
+    {
+        ClientSession session;
+        session.theme.Apply(Theme::Light);
+        QVERIFY(session.Start(account.name));
+        session.window.setStyleSheet("* { background-color: #ff00ff }");
+        session.window.setGeometry(100, 80, 700, 500);
+        session.window.show();
+        session.window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&session.window));
+        QStandardItemModel model(1, 1);
+        session.window.findChild<CPanels *>()->ShowDetails(model.index(0, 0));
+        QToolTip::showText({200, 200}, "An incident", &session.window);
+        session.window.ExportTo("name.unknown"); // a message
+        auto *const exporting = new QFileDialog(&session.window, "incidents.csv");
+        exporting->setAttribute(Qt::WA_DeleteOnClose);
+        exporting->open();
+        QSignalSpy finished(exporting, &QDialog::finished);
+        QGuiApplication::clipboard()->setText("An incident");
+        QTRY_VERIFY(IsSecretOnDisplay());
+        QTRY_VERIFY(exporting->isActiveWindow());
+        const QPoint places[] = {session.window.pos(), exporting->pos()};
+
+        session.window.findChild<QPushButton *>("LockButton")->click();
+
+        const QPointer<QWidget> lock = FindWindow("LockWindow");
+        QVERIFY(QTest::qWaitForWindowActive(lock));
+        QVERIFY(!IsSecretOnDisplay());
+        QVERIFY(QGuiApplication::clipboard()->text().isEmpty());
+        for (const QWidget *const window : QApplication::topLevelWidgets())
+            QCOMPARE(window->isVisible(), window == lock);
+        QCOMPARE(lock->windowTitle(), QString("Locked"));
+        session.window.ExportTo("name.unknown"); // a message while it is locked
+        QVERIFY(!IsSecretOnDisplay());
+        Type("wrong");
+        QVERIFY(lock && Focus() == "ptr_base_frame_lineedit" && !IsSecretOnDisplay());
+        Type(account.password);
+
         QTRY_VERIFY(!lock);
+        QTRY_VERIFY(session.window.isVisible() && exporting->isVisible() && IsSecretOnDisplay());
+        QTRY_COMPARE(session.window.pos(), places[0]);
+        QCOMPARE(exporting->pos(), places[1]);
+        QVERIFY(finished.isEmpty());
+        QCOMPARE(session.window.findChildren<QMessageBox *>().size(), 2);
+        QTRY_VERIFY(session.window.findChild<QWidget *>("DockTitle")->isVisible());
+        QCOMPARE(QGuiApplication::clipboard()->text(), QString("An incident"));
+        session.window.close();
+    }
+
+protected:
+    void SetUp() override
+    {
+        guard_.AnnounceWarnings("Could not parse stylesheet"); // of the Caps Lock tip
+        guard_.AnnounceLogLines();
     }
 
 private:
-    static QLineEdit *Entry(const QWidget &form, const char *name)
-    {
-        return form.findChild<QLineEdit *>(name);
-    }
-
-    static void Type(QWidget &form, const char *user, const char *password)
-    {
-        if (user) {
-            Entry(form, "ptr_user_name_edit")->clear();
-            QTest::keyClicks(Entry(form, "ptr_user_name_edit"), user);
-        }
-        QLineEdit *const edit = Entry(form, "ptr_base_frame_lineedit");
-        edit->clear();
-        QTest::keyClicks(edit, password);
-        QTest::keyClick(edit, Qt::Key_Return);
-    }
-
-    static QString TipOf(const QWidget &page)
-    {
-        const auto *const tip = page.findChild<QLabel *>("MessageTipText");
-        return tip && tip->isVisible() ? tip->text() : QString();
-    }
-
-    static CLockWindow *Lock()
-    {
-        const auto windows = QApplication::topLevelWidgets();
-        for (QWidget *const window : windows) {
-            if (auto *const lock = qobject_cast<CLockWindow *>(window))
-                return lock;
-        }
-        return nullptr;
-    }
-
-    CTestGuard guard_;
-    QTemporaryDir folder_;
+    CDataHome home_;
+    QProcess manager_;
 };
 
-QTEST_MAIN(tst_client_login)
+QTEST_MAIN(TestClientLogin)
 #include "tst_client_login.moc"

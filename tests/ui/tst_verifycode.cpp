@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <BusinessCommon/NetCommManager.h>
 #include <Vantor/CVerifyCodeWidget>
 #include <Vantor/CVerifycodeRequestObj>
 
 #include <QtCore/QBuffer>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 
 using namespace Vantor;
 using BusinessCommon::CNetCommManager;
+using Nim::Base::Error::ErrorCode;
 
 namespace {
 
@@ -27,167 +26,154 @@ QByteArray Png(QSize size)
     return bytes;
 }
 
-// A PNG that says to be as large as it likes and holds nothing.
+// A PNG that claims a size of 60,000 × 60,000 pixels and holds nothing.
 QByteArray Bomb()
 {
-    QByteArray bytes = Png({1, 1});
-    bytes.replace(16, 8, QByteArray::fromHex("0000ea600000ea60")); // 60,000 × 60,000
-    return bytes;
+    return Png({1, 1}).replace(16, 8, QByteArray::fromHex("0000ea600000ea60"));
 }
 
-std::string Reply(const QByteArray &image)
+const std::string kReply =
+    "{\"ResponseStatus\":{\"ErrorModule\":0,\"ErrorCode\":0,\"Data\":{\"VerificationInfo\":"
+    "{\"VerificationMark\":\"mark\",\"VerificationCodeImage\":\"";
+
+struct Image
 {
-    return "{\"ResponseStatus\":{\"ErrorModule\":0,\"ErrorCode\":0,\"Data\":{\"VerificationInfo\":{"
-           "\"VerificationMark\":\"mark\",\"VerificationCodeImage\":\""
-           + image.toBase64().toStdString() + "\"}}}}";
-}
+    const char *name;
+    QByteArray bytes;
+    QSize size;
+};
+
+struct Failure
+{
+    const char *name;
+    bool is_sent;
+    ErrorCode error; // of the exchange
+    const char *reply;
+    ErrorCode words; // that the caller gets
+    const char *line;
+};
 
 } // namespace
 
-class tst_verifycode : public QObject
+class TestVerifyCode : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        guard_.Begin();
-        CNetCommManager::SetTransport(
-            [this](ClientComm::CClientRecvInfo &recv, const ClientComm::CClientSendInfo &send) {
-                sent_ = send;
-                recv.SetVal_Receive_Data(reply_);
-                recv.SetVal_Error_code(error_);
-                return is_sent_;
-            });
-        is_sent_ = true;
-        error_ = {};
-    }
-
-    void cleanup()
-    {
-        CNetCommManager::SetTransport(nullptr);
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void imagesAreTakenOrRefused_data()
     {
-        QTest::addColumn<QByteArray>("image");
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("the smallest") << Png({1, 1}) << QSize(1, 1);
-        QTest::newRow("the largest") << Png({4096, 2}) << QSize(4096, 2);
-        QTest::newRow("too wide") << Png({4097, 2}) << QSize();
-        QTest::newRow("10,000 pixels high") << Png({1, 10000}) << QSize();
-        QTest::newRow("truncated before its size") << Png({30, 10}).left(20) << QSize();
-        QTest::newRow("no image") << QByteArray("no image") << QSize();
-        QTest::newRow("a decompression bomb") << Bomb() << QSize();
+        AddRows<Image>({
+            {"the smallest", Png({1, 1}), {1, 1}},
+            {"the largest", Png({4096, 2}), {4096, 2}},
+            {"too wide", Png({4097, 2}), {0, 0}},
+            {"truncated before its size", Png({30, 10}).left(20), {0, 0}},
+            {"a decompression bomb", Bomb(), {0, 0}},
+        });
     }
 
     void imagesAreTakenOrRefused()
     {
-        QFETCH(const QByteArray, image);
-        QFETCH(const QSize, size);
-        reply_ = Reply(image);
+        const auto &row = FetchRow<Image>();
+        ClientComm::CClientSendInfo sent;
+        CNetCommManager::SetTransport([&](auto &recv, const auto &send) {
+            sent = send;
+            recv.SetVal_Receive_Data(kReply + row.bytes.toBase64().toStdString() + "\"}}}}");
+            return true;
+        });
         CStruVerifyCode code;
         ErrorText::CErrorCodeEvent error;
 
-        QCOMPARE(CVerifycodeRequestObj().RequestVerifyCode("Ana <&>", code, error), size.isValid());
+        QCOMPARE(CVerifycodeRequestObj().RequestVerifyCode("Ana <&>", code, error),
+                 !row.size.isEmpty());
 
-        QCOMPARE(code.GetVal_pix_code_().size(), size.isValid() ? size : QSize(0, 0));
+        QCOMPARE(code.GetVal_pix_code_().size(), row.size);
         QCOMPARE(code.GetVal_verify_code_mark_(), QString("mark"));
-        QCOMPARE(error.GetErrorCode(), Nim::Base::Error::ErrorCode());
-        QCOMPARE(sent_.GetVal_URL(),
+        QCOMPARE(error.GetErrorCode(), ErrorCode());
+        QCOMPARE(sent.GetVal_URL(),
                  std::string("/Quorra/Brisent/Platform/V0/VerificationCodeImage?CT=1"));
-        QCOMPARE(sent_.GetVal_Method(), std::string("GET"));
-        QCOMPARE(sent_.GetVal_Pattern(), 2);
-        QCOMPARE(sent_.GetVal_Request_Data(),
+        QCOMPARE(sent.GetVal_Method(), std::string("GET"));
+        QCOMPARE(sent.GetVal_Pattern(), 2);
+        QCOMPARE(sent.GetVal_Request_Data(),
                  std::string("<VerificationCodeImageRequest><UserName>Ana &lt;&amp;&gt;</UserName>"
                              "<Type>0</Type></VerificationCodeImageRequest>"));
     }
 
     void failuresTellWhy_data()
     {
-        QTest::addColumn<bool>("is_sent");
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QByteArray>("reply");
-        QTest::addColumn<QList<int>>("words");
-        QTest::addColumn<QString>("line");
-        const QList<int> transport = {7, 8, 0}; // never the third word
-        QTest::newRow("no exchange") << false << 8 << QByteArray() << transport << "";
-        QTest::newRow("refused") << true << 8 << QByteArray("{}") << transport << "";
-        QTest::newRow("an empty reply")
-            << true << 0 << QByteArray() << QList<int>{0, 20, 2}
-            << "5 ClientWarningAndMore "
-               "[Vantor::CVerifycodeRequestObj::GetCaptchaImgData]xml Parse fail , recv_data = [";
-        QTest::newRow("an error without an image")
-            << true << 0 << QByteArray(R"({"ResponseStatus":{"ErrorModule":3,"ErrorCode":404}})")
-            << QList<int>{3, 404, 0}
-            << "5 ClientWarningAndMore "
-               "[Vantor::CVerifycodeRequestObj::GetCaptchaImgData]Base64Decode failure[";
-        QTest::newRow("no document")
-            << true << 0 << QByteArray("<<") << QList<int>{-1, -1, 0} << "Base64Decode failure[";
+        AddRows<Failure>({
+            // Never the third word.
+            {"no exchange", false, {7, 8, 9}, "", {7, 8, 0}, "failed.UserName = Ana["},
+            {"refused", true, {7, 8, 9}, "{}", {7, 8, 0}, "failed.UserName = Ana["},
+            {"an empty reply",
+             true,
+             {},
+             "",
+             {0, 20, 2},
+             "5 ClientWarningAndMore [Vantor::CVerifycodeRequestObj::GetCaptchaImgData]"
+             "xml Parse fail , recv_data = ["},
+            {"an error without an image",
+             true,
+             {},
+             R"({"ResponseStatus":{"ErrorModule":3,"ErrorCode":404}})",
+             {3, 404, 0},
+             "5 ClientWarningAndMore [Vantor::CVerifycodeRequestObj::GetCaptchaImgData]"
+             "Base64Decode failure["},
+            {"no document", true, {}, "<<", {-1, -1, 0}, "Base64Decode failure["},
+        });
     }
 
     void failuresTellWhy()
     {
-        QFETCH(const QByteArray, reply);
-        QFETCH(const int, code);
-        QFETCH(const QList<int>, words);
-        QFETCH(const QString, line);
-        is_sent_ = QTest::currentDataTag() != QByteArray("no exchange");
-        error_ = {7, code, 9};
-        reply_ = reply.toStdString();
+        const auto &row = FetchRow<Failure>();
+        CNetCommManager::SetTransport([&](auto &recv, auto &) {
+            recv.SetVal_Receive_Data(row.reply);
+            recv.SetVal_Error_code(row.error);
+            return row.is_sent;
+        });
         guard_.AnnounceLogLines();
         CStruVerifyCode image;
         ErrorText::CErrorCodeEvent error;
 
         QVERIFY(!CVerifycodeRequestObj().RequestVerifyCode("Ana", image, error));
 
-        const auto got = error.GetErrorCode();
-        QCOMPARE(QList<int>({got.module_code, got.error_code, got.sub_system}), words);
-        const QStringList lines = guard_.LogLines();
-        QVERIFY2(line.isEmpty() || lines.join('\n').contains(line), qPrintable(lines.join('\n')));
-        QVERIFY(lines.constLast().startsWith(
+        QVERIFY(error.GetErrorCode() == row.words);
+        QVERIFY(!guard_.LogLines().filter(row.line).isEmpty());
+        QVERIFY(guard_.LogLines().constLast().startsWith(
             "3 Clientframework [Vantor::CVerifycodeRequestObj::RequestVerifyCode]"
             "Request verify code Request verify code failed.UserName = Ana["));
     }
 
-    void frameIsMarkedWhileItHasThePointerOrTheKeys()
+    void theFrameIsMarkedWhileItHasThePointerOrTheFocus()
     {
         CVerifyCodeWidget widget;
         auto *const edit = widget.findChild<QLineEdit *>("ptr_verify_edit");
         QWidget *const frame = edit->parentWidget();
-        const auto send = [](QWidget *to, QEvent::Type type) {
-            QEvent event(type);
-            QApplication::sendEvent(to, &event);
-        };
-        QCOMPARE(frame->objectName(), QString("ptr_back_frame"));
-        send(frame, QEvent::Enter);
-        QCOMPARE(frame->objectName(), QString("ptr_back_frame_enter"));
-        send(frame, QEvent::Leave);
-        QCOMPARE(frame->objectName(), QString("ptr_back_frame"));
-
         widget.show();
-        widget.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&widget));
+        QApplication::setActiveWindow(&widget);
+        edit->clearFocus();
+        const auto mark_after = [frame](QEvent::Type type) {
+            QEvent event(type);
+            QApplication::sendEvent(frame, &event);
+            return frame->objectName();
+        };
+        QCOMPARE(mark_after(QEvent::Enter), QString("ptr_back_frame_enter"));
+        QCOMPARE(mark_after(QEvent::Leave), QString("ptr_back_frame"));
         widget.SetEditFocus();
-        QTRY_COMPARE(frame->objectName(), QString("ptr_back_frame_enter"));
-        send(frame, QEvent::Leave);
-        QCOMPARE(frame->objectName(), QString("ptr_back_frame_enter"));
+        QCOMPARE(mark_after(QEvent::Leave), QString("ptr_back_frame_enter"));
         edit->clearFocus();
         QCOMPARE(frame->objectName(), QString("ptr_back_frame"));
     }
 
-    void imageIsStretchedAndAClickAsksForAnother()
+    void aClickAndF5AskForAnotherImage()
     {
         CVerifyCodeWidget widget;
         auto *const label = widget.findChild<QLabel *>("ptr_vcode_label_");
         auto *const edit = widget.findChild<QLineEdit *>("ptr_verify_edit");
         CStruVerifyCode code;
         code.SetVal_verify_code_mark_("mark");
-        code.SetVal_pix_code_(QPixmap::fromImage(QImage::fromData(Png({10, 90}))));
+        code.SetVal_pix_code_(QPixmap(10, 90));
         widget.SetVerifyCode(code);
-        QCOMPARE(label->pixmap(Qt::ReturnByValue).size(), label->size());
+        QCOMPARE(label->pixmap(Qt::ReturnByValue).size(), label->size()); // stretched
         QSignalSpy spy(&widget, &CVerifyCodeWidget::SignalRefreshVerifyCode);
 
         QTest::mouseClick(label, Qt::LeftButton);
@@ -196,20 +182,13 @@ private Q_SLOTS:
         QTest::keyClicks(edit, "ab1");
 
         QCOMPARE(spy.count(), 2);
-        QVERIFY(!widget.IsCodeTextEmpty());
         QCOMPARE(widget.GetVerifyCode().GetVal_code_text_(), QString("ab1"));
         QCOMPARE(widget.GetVerifyCode().GetVal_verify_code_mark_(), QString("mark"));
-        widget.SetVerifyCode(CStruVerifyCode());
-        QVERIFY(label->pixmap(Qt::ReturnByValue).isNull());
     }
 
-private:
-    CTestGuard guard_;
-    ClientComm::CClientSendInfo sent_;
-    std::string reply_;
-    Nim::Base::Error::ErrorCode error_;
-    bool is_sent_ = true;
+protected:
+    void TearDown() override { CNetCommManager::SetTransport(nullptr); }
 };
 
-QTEST_MAIN(tst_verifycode)
+QTEST_MAIN(TestVerifyCode)
 #include "tst_verifycode.moc"
