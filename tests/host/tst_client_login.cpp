@@ -3,7 +3,10 @@
 #include "ClientSession.h"
 #include "pages/LockWindow.h"
 #include "pages/LoginPage.h"
+#include "server/ServerHarness.h"
 #include "support/Test.h"
+#include "window/DetailPanel.h"
+#include "window/Pages.h"
 #include "window/Panels.h"
 
 #include <server/SampleAccounts.h>
@@ -12,6 +15,7 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QScreen>
 #include <QtGui/QStandardItemModel>
+#include <QtGui/QWindow>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
@@ -26,8 +30,8 @@ using namespace Client;
 
 namespace {
 
-constexpr QRgb kSecret = qRgb(255, 0, 255);
 const Server::SampleAccount &account = Server::kSampleAccounts[1];
+constexpr QRgb kSecret = qRgb(255, 0, 255);
 
 QWidget *FindWindow(const char *name)
 {
@@ -54,6 +58,8 @@ bool IsSecretOnDisplay()
 
 void Type(const char *text, int key = Qt::Key_Return)
 {
+    for (int round = 0; round < 3; ++round) // until then, the form drops keys
+        QCoreApplication::processEvents();
     for (const char *c = text; *c; ++c)
         QTest::keyClick(QApplication::focusWidget(), *c);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key(key));
@@ -87,7 +93,8 @@ private Q_SLOTS:
     void theFocusIsWhereTheNextKeyBelongs()
     {
         CServerLink link;
-        QVERIFY(ClientSession::StartLink(link));
+        Start(link, account.name);
+        QSignalSpy changed(&link, &CServerLink::SignalUserChanged);
         CLoginPage page;
         auto *const code = page.findChild<QLineEdit *>("ptr_verify_edit");
         page.show();
@@ -111,7 +118,7 @@ private Q_SLOTS:
         QCOMPARE(Focus(), QString("LoginButton"));
         Type(" ");
 
-        QTRY_COMPARE(link.User(), QString(account.name));
+        QTRY_COMPARE(changed.size(), 1);
         auto *const settings = page.findChild<QTreeWidget *>("SecuritySettings");
         QTRY_COMPARE(settings->topLevelItemCount(), 4);
         QVERIFY(settings->topLevelItem(0)->text(2).startsWith("5 tries, "));
@@ -126,7 +133,8 @@ private Q_SLOTS:
     {
         ClientSession session;
         session.theme.Apply(Theme::Light);
-        QVERIFY(session.Start(account.name));
+        Start(session.link, account.name);
+        QVERIFY(session.window.Pages().Show("login"));
         session.window.setStyleSheet("* { background-color: #ff00ff }");
         session.window.setGeometry(100, 80, 700, 500);
         session.window.show();
@@ -142,7 +150,8 @@ private Q_SLOTS:
         QSignalSpy finished(exporting, &QDialog::finished);
         QGuiApplication::clipboard()->setText("An incident");
         QTRY_VERIFY(IsSecretOnDisplay());
-        QTRY_VERIFY(exporting->isActiveWindow());
+        QTRY_VERIFY(exporting->windowHandle()->isExposed());
+        QVERIFY(session.window.findChild<CDetailPanel *>()->isVisible());
         const QPoint places[] = {session.window.pos(), exporting->pos()};
 
         session.window.findChild<QPushButton *>("LockButton")->click();
@@ -166,7 +175,7 @@ private Q_SLOTS:
         QCOMPARE(exporting->pos(), places[1]);
         QVERIFY(finished.isEmpty());
         QCOMPARE(session.window.findChildren<QMessageBox *>().size(), 2);
-        QTRY_VERIFY(session.window.findChild<QWidget *>("DockTitle")->isVisible());
+        QTRY_VERIFY(session.window.findChild<CDetailPanel *>()->isVisible());
         QCOMPARE(QGuiApplication::clipboard()->text(), QString("An incident"));
         session.window.close();
     }
@@ -179,7 +188,15 @@ protected:
     }
 
 private:
-    CDataHome home_;
+    void Start(CServerLink &link, const QString &user)
+    {
+        server_ = std::make_unique<CTestServer>();
+        QCOMPARE(server_->Start(), QString());
+        link.Start(QString("127.0.0.1:%1").arg(server_->Port()), user);
+        QTRY_COMPARE(link.User(), user);
+    }
+
+    std::unique_ptr<CTestServer> server_;
     QProcess manager_;
 };
 

@@ -86,7 +86,7 @@ void CPanels::Reopen()
 {
     const Panel panel = std::exchange(hidden_with_window_, Panel::None);
     if (panel == Panel::Details && details_)
-        ShowDetails(shown_);
+        ShowDetails(QModelIndex(shown_)); // a copy, because it sets shown_
     else if (panel == Panel::Export && export_)
         OpenExport();
 }
