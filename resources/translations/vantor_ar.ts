@@ -219,8 +219,8 @@
         <translation>جارٍ التحميل…</translation>
     </message>
     <message>
-        <source>The columns could not be read.</source>
-        <translation>تعذرت قراءة الأعمدة.</translation>
+        <source>Could not be read</source>
+        <translation>تعذرت القراءة</translation>
     </message>
     <message>
         <source>Try again</source>

@@ -219,8 +219,8 @@
         <translation>Loading…</translation>
     </message>
     <message>
-        <source>The columns could not be read.</source>
-        <translation>The columns could not be read.</translation>
+        <source>Could not be read</source>
+        <translation>Could not be read</translation>
     </message>
     <message>
         <source>Try again</source>

@@ -98,7 +98,7 @@ private Q_SLOTS:
     {
         store_->texts[kAnnasKey] = R"({"CustomizeListItems":[{"ColumnLocation":1,"ColumnChecked":0,
             "ColumnManualCheck":"true","ColumnManualSort":"true"}]})";
-        store_->refusals = 2;
+        store_->refusals = 3;
         CTable table(MakeColumns(3));
         QTRY_COMPARE(table.settled, 1);
         QCOMPARE(table.shown, QString("ABC"));
@@ -112,6 +112,10 @@ private Q_SLOTS:
         QTest::keyClick(table.AllBox(), Qt::Key_Space);
         QCOMPARE(store_->writes, 0);
         QVERIFY(again->hasFocus());
+        QTest::keyClick(again, Qt::Key_Escape);
+        QVERIFY(!table.DropDown()->isVisible());
+        table.Open();
+        QTRY_COMPARE(table.settled, 3);
         QTest::keyClick(again, Qt::Key_Space);
 
         QTRY_COMPARE(table.shown, QString("BC"));

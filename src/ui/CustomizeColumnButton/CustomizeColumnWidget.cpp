@@ -334,8 +334,8 @@ void CCustomizeColumnWidget::UpdateEnabled()
     d_ptr_->ptr_reset_button_->setVisible(!is_unread);
     d_ptr_->ptr_read_again_button_->setVisible(is_unread);
     d_ptr_->ptr_loading_label_->setVisible(!is_ready);
-    d_ptr_->ptr_loading_label_->setText(Translate(
-        is_unread ? QStringLiteral("The columns could not be read.") : QStringLiteral("Loading…")));
+    d_ptr_->ptr_loading_label_->setText(
+        Translate(is_unread ? QStringLiteral("Could not be read") : QStringLiteral("Loading…")));
 }
 
 void CCustomizeColumnWidget::Retranslate()
