@@ -13,7 +13,8 @@ namespace {
 
 constexpr size_t kMaximumDigits = 9; // scanf's result is undefined beyond what an int holds
 
-// Random bytes are seldom a time, so most bytes that a time cannot contain are mapped to one that it can.
+// Random bytes are seldom a time, so most bytes that a time cannot contain are mapped to one that
+// it can.
 std::string TextOf(const uint8_t *data, size_t size)
 {
     static constexpr char kAlphabet[] = "0123456789-+:TZ \t.";

@@ -29,19 +29,23 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr QSize kWindowSizePx(1280, 800);
-constexpr auto kSettleTime = 150ms; // for texts, layouts and the first frames of the animation
+constexpr auto kSettleTime = 50ms; // for the first frames of the animation
+constexpr int kSettleRounds = 3;
 
 struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(Headless)
 };
 
-// Posted events update texts and layouts after a switch.
+// Posted events update texts, then rebuild the list, then lay it out. On a slow machine, one of
+// these steps takes longer than the time of a round, so each gets its own.
 void Settle()
 {
-    QEventLoop loop;
-    QTimer::singleShot(kSettleTime, &loop, &QEventLoop::quit);
-    loop.exec();
+    for (int round = 0; round < kSettleRounds; ++round) {
+        QEventLoop loop;
+        QTimer::singleShot(kSettleTime, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
 }
 
 int SavePicture(const QPixmap &picture, const QDir &folder, const QString &name)
