@@ -356,7 +356,7 @@ private Q_SLOTS:
         bench_->Child<QAbstractButton>("pFilterBtn")->click();
 
         const IncidentRows rows = bench_->window->Rows();
-        QVERIFY(rows.rows.size() > 0 && rows.rows.size() < 10000);
+        QVERIFY(!rows.rows.isEmpty() && rows.rows.size() < 10000);
         for (const int row : rows.rows)
             QCOMPARE(rows.list->Text(row, 0), QString("HOUSTON-HOBBY"));
         QCOMPARE(rows.filter, QString("Texas / HOUSTON-HOBBY"));
