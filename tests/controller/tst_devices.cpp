@@ -29,6 +29,7 @@ namespace {
 constexpr quint32 kSerial = 1000;
 constexpr quint32 kJoystick = 1002;
 constexpr quint32 kKeyboard = 1003;
+const QHash<QChar, quint32> kDevices = {{'s', kSerial}, {'k', kKeyboard}, {'j', kJoystick}};
 
 // A device library that is as good as its orders.
 class CTestDriver : public KeyBoardDriver
@@ -52,14 +53,9 @@ public:
 
     bool OpenSerialKeyBoard(quint32 id, const KeyBoardSerialParam &param) override
     {
-        calls << QString("open %1 %2 %3 %4 %5 %6 %7")
-                     .arg(id)
-                     .arg(param.port_name)
-                     .arg(param.baud_rate)
-                     .arg(param.data_bits)
-                     .arg(param.stop_bits)
-                     .arg(param.parity)
-                     .arg(param.flow_control);
+        calls << QString::asprintf("open %u %s %u %d %d %d %d", id, param.port_name,
+                                   param.baud_rate, param.data_bits, param.stop_bits, param.parity,
+                                   param.flow_control);
         return opens;
     }
 
@@ -109,21 +105,14 @@ template <class KeyType> Operation Translated(KeyType key)
     return key == special_key ? special_operation : Operation(500 + int(key));
 }
 
-struct Step
-{
-    quint32 type;
-    quint32 first;
-    quint32 second = 0;
-    quint32 third = 0;
-};
-
-using Steps = QVector<Step>;
-
+// What devices send, as "s3021:3 k5101:5:2 j1305:3": device, code, second and third parameter;
+// "end" ends the devices. Expected are commands as "operation stop speed index window-control",
+// with commas.
 struct SequenceRow
 {
     const char *name;
-    Steps steps;
-    QStringList lines;
+    const char *sent;
+    const char *commands;
 };
 
 // The operations of a device's codes from `first` on: 0 for a code that emits nothing, negative for
@@ -131,23 +120,10 @@ struct SequenceRow
 struct CodesRow
 {
     const char *name;
-    quint32 type;
-    quint32 first;
+    char device;
+    int first;
     QVector<int> operations;
 };
-
-Step Serial(quint32 first, quint32 second = 0)
-{
-    return {kSerial, first, second};
-}
-Step Keyboard(quint32 first, quint32 second = 0, quint32 third = 0)
-{
-    return {kKeyboard, first, second, third};
-}
-Step Joystick(quint32 first, quint32 second = 0)
-{
-    return {kJoystick, first, second};
-}
 
 } // namespace
 
@@ -188,30 +164,27 @@ class tst_devices : public CGuardedTest
         special_operation = operation;
     }
 
-    QStringList Run(const Steps &steps)
+    QString Run(const QString &sent)
     {
         QStringList lines;
-        const auto connection = connect(
-            Coordinator(), &CJoystickKeyboardControlManager::SignalJoystickKeyboardControl, this,
-            [&lines](Operation operation, bool is_stop, int speed, int index,
-                     bool is_window_control, bool is_from_pc) {
-                lines << QString("%1 %2 %3 %4 %5%6")
-                             .arg(operation)
-                             .arg(is_stop)
-                             .arg(speed)
-                             .arg(index)
-                             .arg(is_window_control)
-                             .arg(is_from_pc ? " from PC" : "");
-            });
-        for (const Step &step : steps) {
-            if (step.type == 0)
+        QObject context;
+        connect(Coordinator(), &CJoystickKeyboardControlManager::SignalJoystickKeyboardControl,
+                &context,
+                [&lines](Operation operation, bool is_stop, int speed, int index, bool is_window,
+                         bool is_from_pc) {
+                    lines << QString::asprintf("%d %d %d %d %d%s", operation, is_stop, speed, index,
+                                               is_window, is_from_pc ? " from PC" : "");
+                });
+        for (const QString &step : sent.split(' ')) {
+            const QStringList numbers = (step.mid(1) + ":0:0").split(':');
+            if (step == "end")
                 Coordinator()->UnInitKeyBoard();
             else
-                driver_->Send(step.type, step.first, step.second, step.third);
+                driver_->Send(kDevices.value(step[0], 1001), numbers[0].toUInt(),
+                              numbers[1].toUInt(), numbers[2].toUInt());
             QCoreApplication::sendPostedEvents();
         }
-        disconnect(connection);
-        return lines;
+        return lines.join(", ");
     }
 
     std::unique_ptr<CTestDriver> driver_;
@@ -221,25 +194,22 @@ private Q_SLOTS:
     void everyCodeHasItsOperation_data()
     {
         AddRows<CodesRow>({
-            {"serial selections", kSerial, 2000, {0, 124, 125, 0}},
-            {"serial keys", kSerial, 3001, {0, 116, 117, 0}},
-            {"serial zoom, focus, iris", kSerial, 3010, {0, 104, 105, 112, 113, 114, 115, 0}},
-            {"serial moves, twice",
-             kSerial,
-             3020,
-             {0, 100, 101, 102, 103, 100, 101, 102, 103, 118}},
-            {"serial stop of nothing, preset, mode", kSerial, 3049, {0, 200, 0, 0, 0}},
-            {"serial, the second of a key", kSerial, 3059, {0, 118, 0}},
-            {"keyboard keys", kKeyboard, 5100, {0, 124, 510, 511, 512, 513, 514, 0}},
+            {"serial selections", 's', 2000, {0, 124, 125, 0}},
+            {"serial keys", 's', 3001, {0, 116, 117, 0}},
+            {"serial zoom, focus, iris", 's', 3010, {0, 104, 105, 112, 113, 114, 115, 0}},
+            {"serial moves, twice", 's', 3020, {0, 100, 101, 102, 103, 100, 101, 102, 103, 118}},
+            {"serial stop of nothing, preset, mode", 's', 3049, {0, 200, 0, 0, 0}},
+            {"serial, the second of a key", 's', 3059, {0, 118, 0}},
+            {"keyboard keys", 'k', 5100, {0, 124, 510, 511, 512, 513, 514, 0}},
             {"keyboard moves, pair",
-             kKeyboard,
+             'k',
              5200,
              {0, 100, 101, 102, 103, 109, 106, 108, 107, -107, 104, 105, 0}},
             {"joystick moves, pair",
-             kJoystick,
+             'j',
              1304,
              {512, 100, 101, 102, 103, 109, 106, 108, 107, -107, 104, 105, 0}},
-            {"a device that the managers do not know", 1001, 3021, {0}},
+            {"a device that the managers do not know", 'x', 3021, {0}},
         });
     }
     void everyCodeHasItsOperation()
@@ -248,122 +218,80 @@ private Q_SLOTS:
         QVERIFY(Start());
         for (int i = 0; i < row.operations.size(); ++i) {
             const int operation = row.operations.at(i);
-            const QStringList lines = Run({{row.type, row.first + quint32(i), 5}});
-            QCOMPARE(lines.size(), operation ? 1 : 0);
-            if (operation)
-                QCOMPARE(lines.at(0).section(' ', 0, 1),
-                         QString("%1 %2").arg(qAbs(operation)).arg(operation < 0));
+            const QString expected =
+                operation ? QString("%1 %2").arg(qAbs(operation)).arg(operation < 0) : QString();
+            QCOMPARE(Run(QString("%1%2:5").arg(row.device).arg(row.first + i)).section(' ', 0, 1),
+                     expected);
         }
         QCOMPARE(Coordinator()->GetEventStatus(), row.operations.size() > 1);
     }
 
-    void parametersBecomeSpeedOrIndex_data()
+    void codesBecomeCommandsUnlessTheyRepeat_data()
     {
         AddRows<SequenceRow>({
-            {"serial index", {Serial(2001, 5)}, {"124 0 0 5 0"}},
-            {"serial index 1 counts as 4", {Serial(3050, 1)}, {"200 0 0 4 0"}},
-            {"serial speed 1 counts as 4", {Serial(3025, 1)}, {"100 0 4 0 0"}},
-            {"serial speed beyond int", {Serial(3025, 0xFFFFFFFF)}, {"100 0 -1 0 0"}},
-            {"serial zoom has none", {Serial(3011, 5)}, {"104 0 0 0 0"}},
-            {"keyboard, first window", {Keyboard(5101, 5)}, {"124 0 0 5 1"}},
-            {"keyboard, second window", {Keyboard(5101, 5, 2)}, {"125 0 0 5 1"}},
-            {"keyboard key without release", {Keyboard(5102, 1)}, {"510 0 0 0 1"}},
-            {"keyboard keys released",
-             {Keyboard(5104, 1), Keyboard(5105, 1), Keyboard(5106, 1)},
-             {"512 1 0 0 1", "513 1 0 0 1", "514 1 0 0 1"}},
-            {"keyboard speed", {Keyboard(5205, 5)}, {"109 0 5 0 1"}},
-            {"joystick speed", {Joystick(1309, 5)}, {"109 0 5 -1 1"}},
-            {"joystick button",
-             {Joystick(1304, 5), Joystick(1303, 5)},
-             {"512 0 0 -1 1", "512 1 0 -1 1"}},
-        });
-    }
-    void parametersBecomeSpeedOrIndex()
-    {
-        const auto &row = FetchRow<SequenceRow>();
-        QVERIFY(Start());
-        QCOMPARE(Run(row.steps), row.lines);
-    }
-
-    void sequencesDropRepeatsAsEachDeviceDoes_data()
-    {
-        const Step serial_mode = Serial(3052);
-        const Step keyboard_mode = Keyboard(5102); // key 10 means the mode in these rows
-        const Step joystick_mode = Joystick(1304, 3);
-        AddRows<SequenceRow>({
-            {"serial, camera: same operation and speed",
-             {Serial(3025, 1), Serial(3025, 1), Serial(3021, 4), Serial(3025, 5)},
-             {"100 0 4 0 0", "100 0 5 0 0"}},
-            {"serial, windows: same operation at any speed",
-             {serial_mode, Serial(3021, 3), Serial(3021, 9)},
-             {"100 0 3 0 1"}},
-            {"serial, camera: stop",
-             {Serial(3021, 3), Serial(3030), Serial(3030), Serial(3021, 3)},
-             {"100 0 3 0 0", "100 1 0 0 0", "100 0 3 0 0"}},
-            {"serial, windows: the stop is taken for a repeat",
-             {serial_mode, Serial(3021, 3), Serial(3030)},
-             {"100 0 3 0 1"}},
-            {"serial, camera: the pair counts as moves, so its stop is lost",
-             {Serial(3011), Serial(3011), Serial(3030)},
-             {"104 0 0 0 0"}},
-            {"serial: other operations repeat",
-             {Serial(3013), Serial(3013), Serial(3030)},
-             {"112 0 0 0 0", "112 0 0 0 0", "112 1 0 0 0"}},
-            {"keyboard, windows: same operation at any speed, stops pass",
-             {Keyboard(5201, 3), Keyboard(5201, 9), Keyboard(5209)},
-             {"100 0 3 0 1", "100 1 0 0 1"}},
-            {"keyboard, camera: same operation and speed",
-             {keyboard_mode, Keyboard(5201, 3), Keyboard(5201, 3), Keyboard(5201, 9)},
-             {"100 0 3 0 0", "100 0 9 0 0"}},
-            {"keyboard, camera: the stop of a move of speed 0 is a repeat",
-             {keyboard_mode, Keyboard(5201, 0), Keyboard(5209)},
-             {"100 0 0 0 0"}},
-            {"keyboard: the pair repeats",
-             {Keyboard(5210), Keyboard(5210)},
-             {"104 0 0 0 1", "104 0 0 0 1"}},
-            {"keyboard: the stop of another key takes the move's",
-             {Keyboard(5201, 3), Keyboard(5104, 1), Keyboard(5209)},
-             {"100 0 3 0 1", "512 1 0 0 1"}},
-            {"joystick, windows: same operation at any speed, stops pass",
-             {Joystick(1305, 3), Joystick(1305, 9), Joystick(1313)},
-             {"100 0 3 -1 1", "100 1 0 -1 1"}},
-            {"joystick, camera: same operation and speed",
-             {joystick_mode, Joystick(1305, 3), Joystick(1305, 3), Joystick(1305, 9)},
-             {"100 0 3 -1 0", "100 0 9 -1 0"}},
+            {"serial index", "s2001:5", "124 0 0 5 0"},
+            {"serial index 1 counts as 4", "s3050:1", "200 0 0 4 0"},
+            {"serial speed 1 counts as 4", "s3025:1", "100 0 4 0 0"},
+            {"serial speed beyond int", "s3025:4294967295", "100 0 -1 0 0"},
+            {"serial zoom has none", "s3011:5", "104 0 0 0 0"},
+            {"keyboard, first window", "k5101:5", "124 0 0 5 1"},
+            {"keyboard, second window", "k5101:5:2", "125 0 0 5 1"},
+            {"keyboard keys released", "k5104:1 k5105:1 k5106:1",
+             "512 1 0 0 1, 513 1 0 0 1, 514 1 0 0 1"},
+            {"keyboard speed", "k5205:5", "109 0 5 0 1"},
+            {"joystick speed", "j1309:5", "109 0 5 -1 1"},
+            {"joystick button", "j1304:5 j1303:5", "512 0 0 -1 1, 512 1 0 -1 1"},
+            {"serial, camera: same operation and speed", "s3025:1 s3025:1 s3021:4 s3025:5",
+             "100 0 4 0 0, 100 0 5 0 0"},
+            {"serial, windows: same operation at any speed", "s3052 s3021:3 s3021:9",
+             "100 0 3 0 1"},
+            {"serial, camera: stop", "s3021:3 s3030 s3030 s3021:3",
+             "100 0 3 0 0, 100 1 0 0 0, 100 0 3 0 0"},
+            {"serial, windows: the stop is taken for a repeat", "s3052 s3021:3 s3030",
+             "100 0 3 0 1"},
+            {"serial, camera: the pair counts as moves, so its stop is lost", "s3011 s3011 s3030",
+             "104 0 0 0 0"},
+            {"serial: other operations repeat", "s3013 s3013 s3030",
+             "112 0 0 0 0, 112 0 0 0 0, 112 1 0 0 0"},
+            {"keyboard, windows: same operation at any speed, stops pass", "k5201:3 k5201:9 k5209",
+             "100 0 3 0 1, 100 1 0 0 1"},
+            {"keyboard, camera: same operation and speed", "k5102 k5201:3 k5201:3 k5201:9",
+             "100 0 3 0 0, 100 0 9 0 0"},
+            {"keyboard, camera: the stop of a move of speed 0 is a repeat", "k5102 k5201:0 k5209",
+             "100 0 0 0 0"},
+            {"keyboard: the pair repeats", "k5210 k5210", "104 0 0 0 1, 104 0 0 0 1"},
+            {"keyboard: the stop of another key takes the move's", "k5201:3 k5104:1 k5209",
+             "100 0 3 0 1, 512 1 0 0 1"},
+            {"joystick, windows: same operation at any speed, stops pass", "j1305:3 j1305:9 j1313",
+             "100 0 3 -1 1, 100 1 0 -1 1"},
+            {"joystick, camera: same operation and speed", "j1304:3 j1305:3 j1305:3 j1305:9",
+             "100 0 3 -1 0, 100 0 9 -1 0"},
             {"joystick: releasing the mode button does nothing but end the move",
-             {Joystick(1305, 3), Joystick(1303, 3), Joystick(1313)},
-             {"100 0 3 -1 1"}},
-            {"joystick: both ways of the mode",
-             {joystick_mode, joystick_mode, Joystick(1305, 3)},
-             {"100 0 3 -1 1"}},
-            {"ending during a move sends no stop", {Serial(3021, 3), {}}, {"100 0 3 0 0"}},
+             "j1305:3 j1303:3 j1313", "100 0 3 -1 1"},
+            {"joystick: both ways of the mode", "j1304:3 j1304:3 j1305:3", "100 0 3 -1 1"},
+            {"ending during a move sends no stop", "s3021:3 end", "100 0 3 0 0"},
         });
     }
-    void sequencesDropRepeatsAsEachDeviceDoes()
+    void codesBecomeCommandsUnlessTheyRepeat()
     {
         const auto &row = FetchRow<SequenceRow>();
         LetKeyTenMean(Operation(119));
         QVERIFY(Start());
-        QCOMPARE(Run(row.steps), row.lines);
+        QCOMPARE(Run(row.sent), QString(row.commands));
     }
 
     void everyMoveGetsOneStopWhenTheHostWantsThat_data()
     {
         AddRows<SequenceRow>({
-            {"serial zoom", {Serial(3011), Serial(3030)}, {"104 1 0 0 0"}},
-            {"serial, windows", {Serial(3052), Serial(3021, 3), Serial(3030)}, {"100 1 0 0 1"}},
-            {"speed 0", {Serial(3021, 0), Serial(3030)}, {"100 1 0 0 0"}},
-            {"another key was released meanwhile",
-             {Keyboard(5201, 3), Keyboard(5104, 1), Keyboard(5209)},
-             {"100 1 0 0 1"}},
-            {"a button was pressed and released meanwhile",
-             {Joystick(1305, 3), Joystick(1304, 0), Joystick(1303, 0), Joystick(1313)},
-             {"100 1 0 -1 1"}},
-            {"the devices end during a joystick's move", {Joystick(1305, 3), {}}, {"100 1 0 -1 1"}},
-            {"the devices end during a serial zoom", {Serial(3012), {}}, {"105 1 0 0 0"}},
-            {"the devices end while a focus key is held",
-             {Joystick(1304, 3), {}},
-             {"112 1 0 -1 1"}},
+            {"serial zoom", "s3011 s3030", "104 1 0 0 0"},
+            {"serial, windows", "s3052 s3021:3 s3030", "100 1 0 0 1"},
+            {"speed 0", "s3021:0 s3030", "100 1 0 0 0"},
+            {"another key was released meanwhile", "k5201:3 k5104:1 k5209", "100 1 0 0 1"},
+            {"a button was pressed and released meanwhile", "j1305:3 j1304:0 j1303:0 j1313",
+             "100 1 0 -1 1"},
+            {"the devices end during a joystick's move", "j1305:3 end", "100 1 0 -1 1"},
+            {"the devices end during a serial zoom", "s3012 end", "105 1 0 0 0"},
+            {"the devices end while a focus key is held", "j1304:3 end", "112 1 0 -1 1"},
         });
     }
     void everyMoveGetsOneStopWhenTheHostWantsThat()
@@ -373,8 +301,8 @@ private Q_SLOTS:
         QVERIFY(Start());
         Coordinator()->SetStopsAlwaysSent(true);
 
-        QCOMPARE(Run(row.steps).constLast(), row.lines.constLast());
-        QVERIFY(Run({row.steps.constLast()}).isEmpty()); // there is nothing left to stop
+        QCOMPARE(Run(row.sent).section(", ", -1), QString(row.commands));
+        QCOMPARE(Run(QString(row.sent).section(' ', -1)), QString()); // nothing is left to stop
     }
 
     void devicesThatComeAndGoAreReported()
@@ -389,10 +317,8 @@ private Q_SLOTS:
         QVERIFY(Start());
         LetKeyTenMean(Operation(119));
 
-        QVERIFY(Run({Keyboard(5001), Joystick(1301), Keyboard(5002), Joystick(1302)}).isEmpty());
-        QVERIFY(Run({Serial(3052), Serial(3052), Keyboard(5102), Keyboard(5102), Joystick(1304, 3),
-                     Joystick(1304, 3)})
-                    .isEmpty());
+        QCOMPARE(Run("k5001 j1301 k5002 j1302"), QString());
+        QCOMPARE(Run("s3052 s3052 k5102 k5102 j1304:3 j1304:3"), QString());
 
         QCOMPARE(modes, QList<int>({2, 0, 1, 0, 0, 2, 0, 1}));
         // The texts are looked up by these keys; the test installs no translation.
@@ -414,9 +340,9 @@ private Q_SLOTS:
         LetKeyTenMean(Operation(119));
         QVERIFY(Start());
         QVERIFY(!CUSBJoystickControlManager::Instance()->IsWindowControl());
-        QCOMPARE(Run({Joystick(1305, 3), Joystick(1305, 9), Keyboard(5201, 3)}),
-                 QStringList({"100 0 3 -1 0", "100 0 9 -1 0", "100 0 3 0 0"}));
-        Run({Joystick(1304, 3)});
+        QCOMPARE(Run("j1305:3 j1305:9 k5201:3"),
+                 QString("100 0 3 -1 0, 100 0 9 -1 0, 100 0 3 0 0"));
+        Run("j1304:3");
         QVERIFY(CUSBJoystickControlManager::Instance()->IsWindowControl());
         QCOMPARE(switched.count(), 1);
     }
@@ -424,61 +350,54 @@ private Q_SLOTS:
     // A slot, and a presenter that runs an event loop, may delete the coordinator and all devices.
     void deletionInEachCallIsClean_data()
     {
-        QTest::addColumn<bool>("in_presenter");
-        QTest::addColumn<quint32>("type");
-        QTest::addColumn<quint32>("code");
-        for (const bool in_presenter : {false, true}) {
-            const char *const where = in_presenter ? "presenter" : "slot";
-            QTest::addRow("%s, joystick found", where) << in_presenter << kJoystick << 1301U;
-            QTest::addRow("%s, keyboard gone", where) << in_presenter << kKeyboard << 5002U;
-            QTest::addRow("%s, serial mode", where) << in_presenter << kSerial << 3052U;
-        }
-        QTest::newRow("slot, serial move") << false << kSerial << 3021U;
-        QTest::newRow("slot, keyboard move") << false << kKeyboard << 5201U;
-        QTest::newRow("slot, joystick move") << false << kJoystick << 1305U;
-        QTest::newRow("slot, stop of the end") << false << 0U << 0U;
+        AddRows<SequenceRow>({
+            {"slot of a joystick found", "j1301", ""},
+            {"slot of a keyboard gone", "k5002", ""},
+            {"slot of the mode", "s3052", ""},
+            {"slot of a serial move", "s3021:3", ""},
+            {"slot of a keyboard's move", "k5201:3", ""},
+            {"slot of a joystick's move", "j1305:3", ""},
+            {"slot of the stop at the end", "end", ""},
+            {"presenter of a joystick found", "j1301", "presenter"},
+            {"presenter of a keyboard gone", "k5002", "presenter"},
+            {"presenter of the mode", "s3052", "presenter"},
+        });
     }
     void deletionInEachCallIsClean()
     {
-        QFETCH(const bool, in_presenter);
-        QFETCH(const quint32, type);
-        QFETCH(const quint32, code);
-        const auto end = [] { CJoystickKeyboardControlManager::DeleteInstance(); };
+        using Manager = CJoystickKeyboardControlManager;
+        const auto &row = FetchRow<SequenceRow>();
         QVERIFY(Start());
         Coordinator()->SetStopsAlwaysSent(true);
-        if (type == 0)
-            Run({Joystick(1305, 3), Serial(3021, 3)});
-        if (in_presenter) {
-            Faceplate::CNewInfoDlg::SetPresenter([end](const Faceplate::CStruInfoTipsData &) {
+        Run("j1306:3 s3022:3");
+        if (*row.commands) {
+            Faceplate::CNewInfoDlg::SetPresenter([](const Faceplate::CStruInfoTipsData &) {
                 QEventLoop loop;
-                QTimer::singleShot(0, &loop, [&] {
-                    end();
+                QTimer::singleShot(0, &loop, [&loop] {
+                    Manager::DeleteInstance();
                     loop.quit();
                 });
                 loop.exec();
             });
         } else {
-            using Manager = CJoystickKeyboardControlManager;
-            connect(Coordinator(), &Manager::SignalJoystickKeyboardControl, this, end);
-            connect(Coordinator(), &Manager::SignalControlModeSwitched, this, end);
+            connect(Coordinator(), &Manager::SignalJoystickKeyboardControl,
+                    &Manager::DeleteInstance);
+            connect(Coordinator(), &Manager::SignalControlModeSwitched, &Manager::DeleteInstance);
             connect(CUSBJoystickControlManager::Instance(),
-                    &CUSBJoystickControlManager::SignalSwitchToUsbJostickMode, this, end);
+                    &CUSBJoystickControlManager::SignalSwitchToUsbJostickMode,
+                    &Manager::DeleteInstance);
             connect(CZellUSBKeyboardControlManager::Instance(),
-                    &CZellUSBKeyboardControlManager::SignalSwitchToUsbKeyboardMode, this, end);
+                    &CZellUSBKeyboardControlManager::SignalSwitchToUsbKeyboardMode,
+                    &Manager::DeleteInstance);
         }
-        if (type == 0)
-            Coordinator()->UnInitKeyBoard();
-        else
-            driver_->Send(type, code, 3);
-        QCoreApplication::sendPostedEvents();
-        QVERIFY(!Coordinator());
-        QVERIFY(!CUSBJoystickControlManager::Instance());
+        Run(row.sent);
+        QVERIFY(!Coordinator() && !CUSBJoystickControlManager::Instance());
     }
 
     void logSpeaksForTheDevice()
     {
         QVERIFY(Start());
-        Run({Serial(3021, 1), Keyboard(5101, 7, 2), Joystick(1305, 3), Joystick(9)});
+        Run("s3021:1 k5101:7:2 j1305:3 j9");
 
         QStringList lines = guard_.LogLines().filter("UserOperate");
         for (QString &line : lines)
@@ -521,16 +440,11 @@ private Q_SLOTS:
         QVERIFY(Coordinator()->UnInitKeyBoard());
         QVERIFY(Coordinator()->UnInitKeyBoard());
 
-        const QStringList expected = {"init",
-                                      "open 1000 COM1 9600 8 1 0 0",
-                                      "close 1000",
-                                      "open 1000 COM4 9600 8 1 0 0",
-                                      "close 1000",
-                                      "open 1000 COM2 9600 8 1 0 0",
-                                      "open 1000 COM2 9600 8 1 0 0",
-                                      "close 1000",
-                                      "uninit"};
-        QCOMPARE(driver_->calls, expected);
+        QCOMPARE(
+            driver_->calls.join(", ").remove(" 9600 8 1 0 0").remove(" 1000"),
+            QString(
+                "init, open COM1, close, open COM4, close, open COM2, open COM2, close, uninit"));
+        QCOMPARE(driver_->calls.at(1), QString("open 1000 COM1 9600 8 1 0 0"));
     }
 
     void libraryThatDoesNotStartIsNotTriedAgain()
