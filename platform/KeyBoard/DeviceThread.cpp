@@ -15,30 +15,49 @@ bool CDeviceThread::IsCurrent()
 
 bool CDeviceThread::Begin()
 {
+    SetPhase(Phase::kPreparing);
     start();
-    is_ready_.acquire();
-    return is_prepared_;
+    std::unique_lock<std::mutex> lock(mutex_);
+    changed_.wait(lock, [this] { return phase_ != Phase::kPreparing; });
+    return phase_ == Phase::kServing;
 }
 
 void CDeviceThread::End()
 {
-    is_ended_.release();
+    {
+        std::unique_lock<std::mutex> lock(mutex_);
+        if (phase_ == Phase::kIdle)
+            return;
+        if (phase_ == Phase::kServing)
+            phase_ = Phase::kEnding;
+        changed_.notify_all();
+        changed_.wait(lock, [this] { return phase_ == Phase::kEnded; });
+    }
     wait();
 }
 
 bool CDeviceThread::ShallEnd(std::chrono::milliseconds time)
 {
-    return is_ended_.tryAcquire(1, int(time.count()));
+    std::unique_lock<std::mutex> lock(mutex_);
+    return changed_.wait_for(lock, time, [this] { return phase_ == Phase::kEnding; });
+}
+
+void CDeviceThread::SetPhase(Phase phase)
+{
+    const std::lock_guard<std::mutex> lock(mutex_);
+    phase_ = phase;
+    changed_.notify_all();
 }
 
 void CDeviceThread::run()
 {
     is_device_thread = true;
     const bool is_prepared = Prepare();
-    is_prepared_ = is_prepared;
-    is_ready_.release();
-    if (is_prepared)
-        Serve();
+    SetPhase(is_prepared ? Phase::kServing : Phase::kEnded);
+    if (!is_prepared)
+        return;
+    Serve();
+    SetPhase(Phase::kEnded);
 }
 
 } // namespace KeyBoard

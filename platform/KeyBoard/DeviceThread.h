@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtCore/QSemaphore>
 #include <QtCore/QThread>
 
 #include <chrono>
+#include <condition_variable>
+#include <mutex>
 
 namespace KeyBoard {
 
@@ -38,11 +39,20 @@ protected:
     [[nodiscard]] bool ShallEnd(std::chrono::milliseconds time);
 
 private:
-    void run() final;
+    enum class Phase {
+        kIdle,
+        kPreparing,
+        kServing,
+        kEnding, ///< End() waits.
+        kEnded,
+    };
 
-    QSemaphore is_ready_;
-    QSemaphore is_ended_;
-    bool is_prepared_ = false; // written by the thread before is_ready_
+    void run() final;
+    void SetPhase(Phase phase);
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    Phase phase_ = Phase::kIdle; // under the mutex
 };
 
 } // namespace KeyBoard
