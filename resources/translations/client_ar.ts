@@ -169,7 +169,7 @@
     </message>
     <message>
         <source>&amp;Stop and quit</source>
-        <translation>إي&amp;قاف وإنهاء</translation>
+        <translation>&amp;إيقاف وإنهاء</translation>
     </message>
     <message>
         <source>&amp;Go on copying</source>
@@ -1090,19 +1090,19 @@
     </message>
     <message>
         <source>&amp;Add files…</source>
-        <translation>إ&amp;ضافة ملفات…</translation>
+        <translation>&amp;إضافة ملفات…</translation>
     </message>
     <message>
         <source>&amp;Remove</source>
-        <translation>إ&amp;زالة</translation>
+        <translation>إزالة</translation>
     </message>
     <message>
         <source>Copy &amp;to</source>
-        <translation>النسخ إ&amp;لى</translation>
+        <translation>&amp;النسخ إلى</translation>
     </message>
     <message>
         <source>&amp;Browse…</source>
-        <translation>است&amp;عراض…</translation>
+        <translation>استعراض…</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
@@ -1110,7 +1110,7 @@
     </message>
     <message>
         <source>&amp;Stop</source>
-        <translation>إي&amp;قاف</translation>
+        <translation>إيقاف</translation>
     </message>
     <message>
         <source>Progress of the copy</source>
@@ -1142,11 +1142,11 @@
     </message>
     <message>
         <source>&amp;Open folder</source>
-        <translation>&amp;فتح المجلد</translation>
+        <translation>فتح المجلد</translation>
     </message>
     <message>
         <source>Add &amp;samples</source>
-        <translation>إضافة &amp;عيّنات</translation>
+        <translation>إضافة عيّنات</translation>
     </message>
     <message>
         <source>Copying: %1 of %2 files</source>

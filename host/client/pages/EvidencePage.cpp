@@ -345,6 +345,7 @@ void CEvidencePage::Retranslate()
     bar_->setAccessibleName(tr("Progress of the copy"));
     files_->setAccessibleName(tr("Evidence files"));
     files_->setHeaderLabels({tr("File"), tr("Size"), tr("Result")});
+    files_->headerItem()->setTextAlignment(kSize, Qt::AlignRight | Qt::AlignVCenter);
     empty_text_->setText(tr("Add files, or drop them here"));
 }
 

@@ -57,7 +57,7 @@ void CDetailPanel::SetRow(const QModelIndex &index)
     layout->setSpacing(0);
     for (int column = 0; column < index.model()->columnCount(); ++column) {
         const QString title = index.model()->headerData(column, Qt::Horizontal).toString();
-        const QString text = index.siblingAtColumn(column).data().toString();
+        const QString text = index.siblingAtColumn(column).data().toString().trimmed();
         if (text.isEmpty())
             continue;
         fields_.append({title, text});
