@@ -439,7 +439,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("way");
         for (const char *const owner : {"no parent", "elsewhere", "window", "page"}) {
             for (const char *const way :
-                 {"hidden", "twice", "replaced", "dock deleted", "window deleted", "home deleted"})
+                 {"hidden", "twice", "replaced", "dock deleted", "window deleted", "home deleted",
+                  "dock deleted by the dying window", "taken by another dock"})
                 QTest::addRow("of %s, %s", owner, way) << owner << way;
         }
     }
@@ -459,8 +460,14 @@ private Q_SLOTS:
         QCOMPARE(Dock()->GetParentWidget(),
                  owner == "elsewhere" ? elsewhere.data() : window_.get());
 
+        connect(window_.get(), &QObject::destroyed, this,
+                [way] { way.endsWith("dying window") ? delete Dock() : void(); });
+        CDockWidget another;
+
         if (way == "hidden")
             Dock()->hide();
+        else if (way == "taken by another dock")
+            another.SetDockWidget(frame, 100, false);
         else if (way == "twice" || way == "replaced")
             Manager().SetDockWidget(way == "twice" ? frame.data() : &other, 200);
         else if (way == "dock deleted")
@@ -475,6 +482,8 @@ private Q_SLOTS:
         QCOMPARE(frame.isNull(), owner != "no parent" && home.isNull());
         if (frame.isNull())
             QVERIFY(!Dock() || Dock()->isHidden()); // never an empty panel
+        else if (frame->window() == &another)
+            QVERIFY(Dock()->isHidden());
         else if (frame->window() == Dock())
             QVERIFY(frame->isVisible());
         else

@@ -8,29 +8,19 @@
 #include <utility>
 
 namespace Vantor {
-namespace {
-
-// Across the borders of windows, unlike QWidget::isAncestorOf().
-bool IsBelow(const QWidget *widget, const QObject *ancestor)
+bool IsBeingDestroyed(const QWidget &widget)
 {
-    while (widget && widget != ancestor)
-        widget = widget->parentWidget();
-    return widget != nullptr;
+    return !widget.nextInFocusChain() || !widget.window()->nextInFocusChain();
 }
-
-} // namespace
 
 CBorrowedFrame::CBorrowedFrame(CAbstractDockFrame *frame, QVBoxLayout *layout)
     : frame_(frame), layout_(layout), flags_(frame->windowFlags())
 {
-    if (frame->parentWidget())
-        home_ = frame->parentWidget();
-    // While a window is being destroyed, reparenting into its children crashes; destroyed() comes
-    // before they die.
-    for (QWidget *owner = frame->parentWidget(); owner; owner = owner->parentWidget()) {
-        home_watches_.append(QObject::connect(owner, &QObject::destroyed, frame,
-                                              [this, owner] { OnWindowDestroyed(owner); }));
-    }
+    QWidget *const home = frame->parentWidget();
+    if (!home)
+        return;
+    home_ = home;
+    home_watch_ = QObject::connect(home, &QObject::destroyed, frame, [this] { GiveBack(); });
 }
 
 CBorrowedFrame::~CBorrowedFrame()
@@ -38,9 +28,14 @@ CBorrowedFrame::~CBorrowedFrame()
     GiveBack();
 }
 
+CAbstractDockFrame *CBorrowedFrame::Frame() const
+{
+    return qobject_cast<CAbstractDockFrame *>(frame_.data());
+}
+
 void CBorrowedFrame::Insert()
 {
-    if (!frame_)
+    if (!Frame())
         return;
     // With all the room, because the expanding spacer would take half of it or more.
     layout_->insertWidget(0, frame_, 1);
@@ -54,30 +49,23 @@ bool CBorrowedFrame::IsOurs() const
     return parent == layout_->parentWidget() || (home_ && parent == *home_);
 }
 
-QPointer<CAbstractDockFrame> CBorrowedFrame::GiveBack()
+QPointer<QWidget> CBorrowedFrame::GiveBack()
 {
-    for (const QMetaObject::Connection &watch : qAsConst(home_watches_))
-        QObject::disconnect(watch);
-    if (!frame_ || !IsOurs())
+    QObject::disconnect(home_watch_);
+    if (!Frame())
+        return nullptr;
+    if (!IsOurs())
         return std::exchange(frame_, nullptr);
     layout_->removeWidget(frame_);
     frame_->hide();
-    const QPointer<CAbstractDockFrame> frame = std::exchange(frame_, nullptr);
+    const QPointer<QWidget> frame = std::exchange(frame_, nullptr);
     if (!frame)
         return frame;
-    if (home_ && !*home_)
+    if (home_ && (!*home_ || IsBeingDestroyed(**home_)))
         delete frame.data();
     else
         frame->setParent(home_.value_or(nullptr), flags_);
     return frame;
-}
-
-void CBorrowedFrame::OnWindowDestroyed(const QObject *window)
-{
-    // Not back into that window: a widget that is being destroyed takes no more children.
-    if (home_ && IsBelow(*home_, window))
-        home_->clear();
-    GiveBack();
 }
 
 } // namespace Vantor

@@ -3,6 +3,7 @@
 
 #include "common/Guard.h"
 #include "ui/DockManager/AbstractDockFrame.h"
+#include "ui/DockManager/BorrowedFrame.h"
 #include "ui/DockManager/DockWidget.h"
 #include "ui/DockManager/DockWidgetPosRule.h"
 
@@ -89,12 +90,12 @@ QWidget *CDockManager::GetMainWindow() const
 void CDockManager::SetDockWidget(CAbstractDockFrame *frame, int width, bool find_parent,
                                  QWidget *parent)
 {
-    if (!frame || (!d_ptr_->ptr_main_window_ && !parent) || IsReplacing(*d_ptr_))
+    if (!frame || (!MainWindow() && !parent) || IsReplacing(*d_ptr_))
         return;
     const QPointer<CAbstractDockFrame> wanted = frame;
     const QPointer<QWidget> given = parent;
     RetireDock(); // after which the frame is at home again
-    if (!wanted || (parent && !given) || (!parent && !d_ptr_->ptr_main_window_))
+    if (!wanted || (parent && !given) || (!parent && !MainWindow()))
         return;
     MakeDock(OwnerFor(*wanted, parent));
     CDockWidget *const dock = d_ptr_->ptr_dock_widget_;
@@ -119,15 +120,15 @@ void CDockManager::SetDockWidget(CAbstractDockFrame *frame, QPointer<CDockWidget
 {
     if (!frame || IsReplacing(*d_ptr_))
         return;
-    if (!d_ptr_->ptr_main_window_ && rule)
+    if (!MainWindow() && rule)
         d_ptr_->ptr_main_window_ = AttachedTo(*rule);
-    if (!d_ptr_->ptr_main_window_)
+    if (!MainWindow())
         return;
     const QPointer<CAbstractDockFrame> wanted = frame;
     const QPointer<QWidget> modal = ModalWindowOf(*frame);
     if (modal && d_ptr_->ptr_dock_widget_ && d_ptr_->ptr_dock_widget_->parentWidget() != modal)
         RetireDock();
-    if (!wanted || !d_ptr_->ptr_main_window_)
+    if (!wanted || !MainWindow())
         return;
     if (!d_ptr_->ptr_dock_widget_)
         MakeDock(OwnerFor(*wanted, nullptr));
@@ -138,12 +139,19 @@ void CDockManager::SetDockWidget(CAbstractDockFrame *frame, QPointer<CDockWidget
         d_ptr_->ptr_dock_widget_->ShowInAnimation();
 }
 
+// Null also from the moment on in which it is being destroyed.
+QWidget *CDockManager::MainWindow() const
+{
+    QWidget *const window = d_ptr_->ptr_main_window_;
+    return window && !IsBeingDestroyed(*window) ? window : nullptr;
+}
+
 QWidget *CDockManager::OwnerFor(const CAbstractDockFrame &frame, QWidget *parent) const
 {
     if (parent)
         return parent;
     QWidget *const modal = ModalWindowOf(frame);
-    return modal ? modal : d_ptr_->ptr_main_window_.data();
+    return modal ? modal : MainWindow();
 }
 
 void CDockManager::RetireDock()

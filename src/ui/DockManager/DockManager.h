@@ -79,6 +79,7 @@ public:
 private:
     friend class Ravel::CUiSingleton<CDockManager>;
     CDockManager();
+    [[nodiscard]] QWidget *MainWindow() const;
     [[nodiscard]] QWidget *OwnerFor(const CAbstractDockFrame &frame, QWidget *parent) const;
     void RetireDock();
     void MakeDock(QWidget *parent);

@@ -25,6 +25,23 @@ bool CanPlaceWindows()
     return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
+CDockWidget *OtherDockOf(const CAbstractDockFrame &frame, const CDockWidget *dock)
+{
+    for (QWidget *owner = frame.parentWidget(); owner; owner = owner->parentWidget()) {
+        auto *const other = qobject_cast<CDockWidget *>(owner);
+        if (other && other != dock)
+            return other;
+    }
+    return nullptr;
+}
+
+void CallOnDockHideOf(QWidget *frame)
+{
+    // Not of a frame whose destructor has begun.
+    if (auto *const alive = qobject_cast<CAbstractDockFrame *>(frame))
+        alive->OnDockHide();
+}
+
 } // namespace
 
 CDockWidget::CDockWidget(QWidget *parent)
@@ -126,14 +143,17 @@ bool CDockWidget::Borrow(CAbstractDockFrame *frame, int width)
 {
     const QPointer<CAbstractDockFrame> taken = frame;
     const QPointer<CDockWidget> self = this;
-    QPointer<CAbstractDockFrame> previous;
+    if (CDockWidget *const other = OtherDockOf(*frame, this))
+        other->hide(); // which gives it back
+    QPointer<QWidget> previous;
+    if (!self || !taken)
+        return false;
     if (const auto borrowed = std::move(d_ptr_->ptr_borrowed_))
         previous = borrowed->GiveBack();
-    if (previous == taken)
+    if (previous == frame)
         previous.clear();
     if (!self || !taken || !d_ptr_->ptr_layout_) {
-        if (previous)
-            previous->OnDockHide();
+        CallOnDockHideOf(previous);
         return false;
     }
     d_ptr_->ptr_let_go_ = previous;
@@ -170,9 +190,7 @@ void CDockWidget::OnFrameDestroyed()
 // frame, or delete the dock.
 void CDockWidget::CallOnDockHide()
 {
-    const QPointer<CAbstractDockFrame> frame = std::exchange(d_ptr_->ptr_let_go_, nullptr);
-    if (frame)
-        frame->OnDockHide();
+    CallOnDockHideOf(std::exchange(d_ptr_->ptr_let_go_, nullptr));
 }
 
 void CDockWidget::LetGo()
@@ -184,7 +202,7 @@ void CDockWidget::LetGo()
         return;
     const QPointer<CDockWidget> self = this;
     const auto borrowed = std::move(d_ptr_->ptr_borrowed_);
-    const QPointer<CAbstractDockFrame> frame = borrowed ? borrowed->GiveBack() : nullptr;
+    const QPointer<QWidget> frame = borrowed ? borrowed->GiveBack() : nullptr;
     if (!self)
         return;
     d_ptr_->ptr_let_go_ = frame;
@@ -287,7 +305,6 @@ void CDockWidget::FollowWindow()
 {
     const bool is_away = d_ptr_->ptr_window_watch_->IsAway();
     if (is_away && isVisible()) {
-        // A window that is being destroyed hides first, and its children take no frame any more.
         if (d_ptr_->phase_ == DockPhase::SlidingOut)
             QTimer::singleShot(0, this, &QWidget::hide);
         d_ptr_->phase_ = DockPhase::AwayWithWindow;
@@ -308,7 +325,7 @@ void CDockWidget::OnWindowDestroyed(const QObject *window)
 {
     const QPointer<CDockWidget> self = this;
     if (d_ptr_->ptr_borrowed_)
-        d_ptr_->ptr_borrowed_->OnWindowDestroyed(window);
+        d_ptr_->ptr_borrowed_->GiveBack();
     if (self && window != parent())
         hide();
 }

@@ -32,7 +32,7 @@ struct CDockWidgetPtr
     QWidget *ptr_inner_ = nullptr;
     CWindowWatch *ptr_window_watch_ = nullptr;
     std::unique_ptr<CBorrowedFrame> ptr_borrowed_;
-    QPointer<CAbstractDockFrame> ptr_let_go_; // its OnDockHide() is still to be called
+    QPointer<QWidget> ptr_let_go_; // its OnDockHide() is still to be called
     QPointer<QWidget> ptr_parent_widget_;
     QPointer<CDockWidgetPosRule> ptr_rule_;
     // The corner that the rule chose, in global coordinates. pos() is not reliable: it is 0,0 while

@@ -39,6 +39,10 @@ bool CWindowWatch::eventFilter(QObject *watched, QEvent *event)
     case QEvent::Resize:
         Q_EMIT SignalMoved();
         break;
+    case QEvent::ParentChange: // it may be in another window now
+        Watch(widget_);
+        Q_EMIT SignalShownOrHidden();
+        break;
     case QEvent::Show:
     case QEvent::Hide:
     case QEvent::WindowStateChange:
