@@ -27,20 +27,28 @@ QDateTime StartOf(int year)
     return {QDate(year, 1, 1), QTime(0, 0), Qt::UTC};
 }
 
-// Behind the end of its tables, often in 2038, Qt (5.15) goes on by the zone's rule, but says after
-// their very last entry that there is nothing more; so does QTimeZone::transitions().
-QTimeZone::OffsetData NextChange(const QTimeZone &zone, const QDateTime &after)
+// Qt (5.15) takes the first entry of a zone's tables for all time before it, also where the zone
+// had another offset then.
+bool IsBeforeTables(const QTimeZone &zone, const QDateTime &at)
+{
+    const QDateTime first = zone.nextTransition(StartOf(kFirstYear)).atUtc;
+    return first.isValid() && at < first;
+}
+
+} // namespace
+
+// Behind the end of its tables, often in 2038, Qt (5.15) goes on by the zone's rule, but finds
+// nothing directly after their very last entry; so does QTimeZone::transitions().
+QTimeZone::OffsetData NextTransition(const QTimeZone &zone, const QDateTime &after)
 {
     const QTimeZone::OffsetData next = zone.nextTransition(after);
     return next.atUtc.isValid() ? next : zone.nextTransition(after.addMSecs(1));
 }
 
-} // namespace
-
 std::optional<ZoneYear> ZoneYearOf(const QTimeZone &zone, int year)
 {
     const QDateTime start = StartOf(year);
-    if (!zone.isValid() || year < kFirstYear || year > kLastYear)
+    if (!zone.isValid() || year < kFirstYear || year > kLastYear || IsBeforeTables(zone, start))
         return std::nullopt;
     const int standard_s = zone.standardTimeOffset(start);
     int offset_s = zone.offsetFromUtc(start);
@@ -49,8 +57,8 @@ std::optional<ZoneYear> ZoneYearOf(const QTimeZone &zone, int year)
     int ends = 0;
     ZoneYear result;
     const QDateTime end = StartOf(year + 1);
-    for (auto data = NextChange(zone, start.addMSecs(-1)); data.atUtc.isValid() && data.atUtc < end;
-         data = NextChange(zone, data.atUtc)) {
+    for (auto data = NextTransition(zone, start.addMSecs(-1));
+         data.atUtc.isValid() && data.atUtc < end; data = NextTransition(zone, data.atUtc)) {
         if (data.standardTimeOffset != standard_s)
             return std::nullopt;
         if (data.offsetFromUtc == offset_s) // another name for the same time

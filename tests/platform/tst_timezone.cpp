@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <BusinessCommon/FrameSystemConfigMgr.h>
 #include <BusinessCommon/IsoTime.h>
 #include <BusinessCommon/TimeZoneManager.h>
 #include <ResourceManager/WorkStationManager.h>
-
-#include <QtTest/QTest>
 
 #include <limits>
 #include <stdexcept>
@@ -76,99 +74,89 @@ private:
     bool is_broken_;
 };
 
+struct TextRow
+{
+    const char *name;
+    QByteArray text;
+    qint64 seconds;
+};
+
+struct DstRow
+{
+    const char *name;
+    int utc_bias;
+    int daylight_bias;
+    int year;
+    qint64 begin;
+    qint64 end;
+};
+
 } // namespace
 
-class TestTimeZone : public QObject
+class TestTimeZone : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { guard_.Begin(); }
-
-    void cleanup()
-    {
-        CTimeZoneManager::SetService(nullptr);
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void isoTextIsReadAsFarAsItFits_data()
     {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<qint64>("seconds");
         constexpr qint64 kTen = 1714557600;
-        QTest::newRow("UTC") << QByteArray("2024-05-01T10:00:00Z") << kTen;
-        QTest::newRow("east") << QByteArray("2024-05-01T18:00:00+8:00") << kTen;
-        QTest::newRow("west") << QByteArray("2024-05-01T05:00:00-5:00") << kTen;
-        QTest::newRow("the minus of an offset without hours")
-            << QByteArray("2024-05-01T09:30:00-0:30") << kTen;
-        QTest::newRow("an offset before Z is not read")
-            << QByteArray("2024-05-01T10:00:00-5:00Z") << kTen;
-        QTest::newRow("a fraction hides the offset")
-            << QByteArray("2024-05-01T10:00:00.5+8:00") << kTen;
-        QTest::newRow("so do missing seconds") << QByteArray("2024-05-01T10:00+8:00") << kTen;
-        QTest::newRow("blanks before numbers") << QByteArray(" 2024- 05-\t01T10:00:00") << kTen;
-        QTest::newRow("a sign before the year") << QByteArray("+2024-05-01T10:00:00") << kTen;
-        QTest::newRow("values carry over") << QByteArray("2023-16-30T33:59:60Z") << kTen;
-        QTest::newRow("a year alone: month 0, day 0")
-            << QByteArray("2024") << qint64(1701302400); // 2023-11-30
-        QTest::newRow("an offset alone is the year") << QByteArray("+8:00") << qint64(-61917523200);
-        QTest::newRow("ends at NUL") << QByteArray("2024-05-01T10:00:00\0+8:00", 25) << kTen;
-        QTest::newRow("the last second that 32 bits hold")
-            << QByteArray("2106-02-07T06:28:15Z") << qint64(4294967295);
-        QTest::newRow("nine digits")
-            << QByteArray("-999999999-01-01T00:00:00Z") << qint64(-31557014135596800);
-        QTest::newRow("ten digits") << QByteArray("2024-05-01T10:00:0000000000Z") << qint64(-1);
-        QTest::newRow("no number") << QByteArray("May 1, 2024") << qint64(-1);
-        QTest::newRow("a sign and no number") << QByteArray("-") << qint64(-1);
-        QTest::newRow("empty") << QByteArray() << qint64(-1);
+        AddRows<TextRow>({
+            {"UTC", "2024-05-01T10:00:00Z", kTen},
+            {"east", "2024-05-01T18:00:00+8:00", kTen},
+            {"west", "2024-05-01T05:00:00-5:00", kTen},
+            {"the minus of an offset without hours", "2024-05-01T09:30:00-0:30", kTen},
+            {"an offset before Z is not read", "2024-05-01T10:00:00-5:00Z", kTen},
+            {"a fraction hides the offset", "2024-05-01T10:00:00.5+8:00", kTen},
+            {"so do missing seconds", "2024-05-01T10:00+8:00", kTen},
+            {"blanks before numbers", " 2024- 05-\t01T10:00:00", kTen},
+            {"a sign before the year", "+2024-05-01T10:00:00", kTen},
+            {"values carry over", "2023-16-30T33:59:60Z", kTen},
+            {"a year alone: month 0, day 0", "2024", 1701302400}, // 2023-11-30
+            {"an offset alone is the year", "+8:00", -61917523200},
+            {"ends at NUL", QByteArray("2024-05-01T10:00:00\0+8:00", 25), kTen},
+            {"the last second that 32 bits hold", "2106-02-07T06:28:15Z", 4294967295},
+            {"nine digits", "-999999999-01-01T00:00:00Z", -31557014135596800},
+            {"ten digits", "2024-05-01T10:00:0000000000Z", -1},
+            {"no number", "May 1, 2024", -1},
+            {"a sign and no number", "-", -1},
+            {"empty", "", -1},
+        });
     }
 
     void isoTextIsReadAsFarAsItFits()
     {
-        QFETCH(QByteArray, text);
-        QFETCH(qint64, seconds);
-
-        QCOMPARE(The<CTimeZoneManager>().ISOTimeToTimeT(text.toStdString()), seconds);
+        const auto &row = FetchRow<TextRow>();
+        QCOMPARE(The<CTimeZoneManager>().ISOTimeToTimeT(row.text.toStdString()), row.seconds);
     }
 
     void dstDatesComeFromTheSystemsZones_data()
     {
-        QTest::addColumn<int>("utc_bias");
-        QTest::addColumn<int>("daylight_bias");
-        QTest::addColumn<int>("year");
-        QTest::addColumn<qint64>("begin");
-        QTest::addColumn<qint64>("end");
-        QTest::newRow("Berlin") << -60 << -60 << 2024 << qint64(1711846800) << qint64(1729990800);
-        QTest::newRow("New York") << 300 << -60 << 2024 << qint64(1710054000) << qint64(1730613600);
-        QTest::newRow("Sydney wraps")
-            << -600 << -60 << 2024 << qint64(1728144000) << qint64(1712419200);
-        QTest::newRow("Lord Howe, half an hour")
-            << -630 << -30 << 2024 << qint64(1728142200) << qint64(1712415600);
-        QTest::newRow("the rule of most, not Cairo's")
-            << -120 << -60 << 2024 << qint64(1711846800) << qint64(1729990800);
-        QTest::newRow("far away") << -60 << -60 << 2100 << qint64(4109878800) << qint64(4128627600);
+        AddRows<DstRow>({
+            {"Berlin", -60, -60, 2024, 1711846800, 1729990800},
+            {"New York", 300, -60, 2024, 1710054000, 1730613600},
+            {"Sydney wraps", -600, -60, 2024, 1728144000, 1712419200},
+            {"Lord Howe, half an hour", -630, -30, 2024, 1728142200, 1712415600},
+            {"the rule of most, not Cairo's", -120, -60, 2024, 1711846800, 1729990800},
+            {"far away", -60, -60, 2100, 4109878800, 4128627600},
+        });
     }
 
     void dstDatesComeFromTheSystemsZones()
     {
-        QFETCH(int, utc_bias);
-        QFETCH(int, daylight_bias);
-        QFETCH(int, year);
-        QFETCH(qint64, begin);
-        QFETCH(qint64, end);
+        const auto &row = FetchRow<DstRow>();
 
-        const DstDate date = Ask(year, Infor(utc_bias, true, daylight_bias));
+        const DstDate date = Ask(row.year, Infor(row.utc_bias, true, row.daylight_bias));
 
         QVERIFY(date.is_known);
-        QCOMPARE(date.begin_s, begin);
-        QCOMPARE(date.end_s, end);
+        QCOMPARE(date.begin_s, row.begin);
+        QCOMPARE(date.end_s, row.end);
         std::tm copy = date.begin;
-        QCOMPARE(qint64(timegm(&copy)), begin); // which fills in the days
+        QCOMPARE(qint64(timegm(&copy)), row.begin); // which fills in the days
         QCOMPARE(date.begin.tm_wday, copy.tm_wday);
         QCOMPARE(date.begin.tm_yday, copy.tm_yday);
         copy = date.end;
-        QCOMPARE(qint64(timegm(&copy)), end);
+        QCOMPARE(qint64(timegm(&copy)), row.end);
     }
 
     void noDaylightSavingIsKnownAndUnknownIsNot()
@@ -248,8 +236,8 @@ private Q_SLOTS:
         QCOMPARE(found->GetTimeZones(), -5); // still there for who holds it
     }
 
-private:
-    CTestGuard guard_;
+protected:
+    void TearDown() override { CTimeZoneManager::SetService(nullptr); }
 };
 
 QTEST_GUILESS_MAIN(TestTimeZone)

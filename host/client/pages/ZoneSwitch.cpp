@@ -20,7 +20,7 @@ namespace {
 
 using Nim::Base::kSecondsPerMinute;
 
-// A zone as a time line wants it, and where it is right.
+// A zone as a time line uses it, and the time for which it is right.
 struct Stretch
 {
     Vantor::TimeZoneParam zone;
@@ -43,11 +43,7 @@ QDateTime ChangeAfter(const QTimeZone &zone, const QDateTime &at)
 {
     QTimeZone::OffsetData data{{}, at, 0, 0, 0};
     do {
-        const QDateTime last = data.atUtc;
-        data = zone.nextTransition(last);
-        // Qt (5.15) gives nothing after the very last entry of a zone's tables.
-        if (!data.atUtc.isValid())
-            data = zone.nextTransition(last.addMSecs(1));
+        data = BusinessCommon::NextTransition(zone, data.atUtc);
     } while (data.atUtc.isValid() && !ChangesClocks(zone, data));
     return data.atUtc;
 }
@@ -67,9 +63,9 @@ Stretch StretchAt(const QTimeZone &zone, qint64 seconds)
     Stretch stretch{};
     stretch.from_s = QDateTime({year, 1, 1}, {0, 0}, Qt::UTC).toSecsSinceEpoch();
     stretch.to_s = QDateTime({year, 12, 31}, {0, 0}, Qt::UTC).addDays(1).toSecsSinceEpoch();
-    if (const auto told = BusinessCommon::ZoneYearOf(zone, year)) {
-        stretch.zone = {told->dst_begin_s, told->dst_end_s, told->infor.utc_bias,
-                        told->infor.daylight_bias, told->infor.b_dst};
+    if (const auto known = BusinessCommon::ZoneYearOf(zone, year)) {
+        stretch.zone = {known->dst_begin_s, known->dst_end_s, known->infor.utc_bias,
+                        known->infor.daylight_bias, known->infor.b_dst};
         return stretch;
     }
     // An irregular year: from change to change.
@@ -214,7 +210,7 @@ void CZoneSwitch::ShowState()
     }
     const int before_s = zone_.offsetFromUtc(change.addMSecs(-1));
     const bool is_forward = zone_.offsetFromUtc(change) > before_s;
-    // What the clocks show when they are changed.
+    // The time that the clocks show when they are changed.
     const QString when =
         QLocale().toString(change.addSecs(before_s), QStringLiteral("d MMM yyyy HH:mm"));
     state_->setText(is_forward ? tr("The clocks go forward on %1.").arg(when)

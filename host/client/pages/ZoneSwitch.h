@@ -19,28 +19,28 @@ class CAnimationProgressBar;
 
 namespace Client {
 
-/// \brief Chooses among the system's zones the one whose times a time line shows, tells when its
-/// clocks change next, and goes there.
+/// \brief Chooses the system zone whose times a time line shows, says when its clocks change next,
+/// and goes there.
 ///
-/// The line's zone holds the daylight saving of one year; this keeps it that of the year at the
-/// line's position, also in years that one period cannot tell.
+/// The line's zone holds the daylight saving of one year. This class sets the zone again whenever
+/// the line comes into another year, also in years that one period cannot express.
 class CZoneSwitch : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// \param bar may go first; its zone becomes the client's own.
+    /// \param bar may be deleted first; its zone becomes the client's own.
     explicit CZoneSwitch(Vantor::CAnimationProgressBar *bar, QWidget *parent = nullptr);
 
     /// \brief Choose a zone by its name, such as "Europe/Berlin".
     /// \return false, and nothing changes, when the system has no such zone.
     bool SetZone(const QByteArray &id);
     [[nodiscard]] const QTimeZone &Zone() const { return zone_; }
-    /// \brief What the line has at the moment, for other lines beside it; a record of its own.
+    /// \brief The line's current zone, for other lines beside it; a separate record.
     [[nodiscard]] Vantor::CTimeZoneParam Applied() const { return applied_; }
 
-    /// \brief Slide to the wall-clock time in the fields of \a wall_clock, of any year: a line by
-    /// itself takes it for a time of the year it is in.
+    /// \brief Slide to the wall-clock time in the fields of \a wall_clock, of any year: a line
+    /// alone would use the daylight saving of the year that it is in.
     void SlideToWallClock(const QDateTime &wall_clock, int duration_ms);
 
 public Q_SLOTS:
@@ -69,8 +69,8 @@ private:
     const QPointer<Vantor::CAnimationProgressBar> bar_;
     QTimeZone zone_;
     Vantor::CTimeZoneParam applied_;
-    qint64 applied_from_s_ = 0; // where it is right
-    qint64 applied_to_s_ = 0;   // and no longer
+    qint64 applied_from_s_ = 0; // applied_ is right from here
+    qint64 applied_to_s_ = 0;   // to before here
     QLabel *const title_;
     QComboBox *const names_;
     QPushButton *const earlier_;
