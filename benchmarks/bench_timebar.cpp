@@ -10,8 +10,10 @@
 
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
+#include <QtGui/QWheelEvent>
 #include <QtWidgets/QApplication>
 
+#include <algorithm>
 #include <random>
 
 namespace {
@@ -117,9 +119,9 @@ void Paint(benchmark::State &state, const std::string &what, double share, doubl
     if (scene.plain_image != scene.image)
         state.SkipWithError("the pictures differ");
 }
-BENCHMARK_CAPTURE(Paint, AllVisible, "paint_1m_all_visible", 1.0, 3.5)->Iterations(1);
-BENCHMARK_CAPTURE(Paint, OnePercent, "paint_1m_1_percent_visible", 0.01, 25.0)->Iterations(1);
-BENCHMARK_CAPTURE(Paint, Day, "paint_1m_24_hours", double(kDay) / kSpacing / kMillion, 80.0)
+BENCHMARK_CAPTURE(Paint, AllVisible, "paint_1m_all_visible", 1.0, 10.0)->Iterations(1);
+BENCHMARK_CAPTURE(Paint, OnePercent, "paint_1m_1_percent_visible", 0.01, 40.0)->Iterations(1);
+BENCHMARK_CAPTURE(Paint, Day, "paint_1m_24_hours", double(kDay) / kSpacing / kMillion, 100.0)
     ->Iterations(1);
 
 // 24 hours out of a million bars beside the same 24 hours out of 10,000: at most twice the time.
@@ -171,7 +173,12 @@ void Append(benchmark::State &state)
                 plain += added;
                 Letter::SortTimeBars(plain);
             }));
-            ours_s.push_back(Pairs::SecondsOf([&] { ours.AppendTimeBar(added); }));
+            ours.InitTypes(kTypes);
+            static_cast<void>(ours.FindStart(0, true));
+            ours_s.push_back(Pairs::SecondsOf([&] {
+                ours.AppendTimeBar(added);
+                static_cast<void>(ours.FindStart(0, true)); // sorts them in
+            }));
             ratios.push_back(plain_s.back() / ours_s.back());
             for (int i = 0; i < plain.size(); ++i) {
                 if (plain.at(i).Read().dtStart != ours.GetTimeBar().at(i).Read().dtStart)
@@ -185,6 +192,85 @@ void Append(benchmark::State &state)
     state.counters["seconds_ours"] = Pairs::Median(ours_s);
 }
 BENCHMARK(Append)->Iterations(1);
+
+// Single bars, the newest first as searches answer, beside the same bars the oldest first.
+void AppendNewestFirst(benchmark::State &state)
+{
+    constexpr int kBars = 20000;
+    const QVector<CTimeBarParam> bars = NewBars(kBars);
+    int starts_in_order = 0;
+    const auto append = [&](bool is_newest_first) {
+        Vantor::CTimeBarDelegate delegate(nullptr);
+        delegate.InitTypes(kTypes);
+        for (int i = 0; i < kBars; ++i)
+            delegate.AppendTimeBar({bars.at(is_newest_first ? kBars - 1 - i : i)});
+        starts_in_order +=
+            int(std::is_sorted(delegate.GetTimeBar().begin(), delegate.GetTimeBar().end(),
+                               [](const CTimeBarParam &a, const CTimeBarParam &b) {
+                                   return a.Read().dtStart < b.Read().dtStart;
+                               }));
+    };
+    Pairs::Compare(
+        state, "timebar_append_newest_first", 0.5, [&] { append(false); }, [&] { append(true); });
+    if (starts_in_order != 2 * Pairs::kPairs)
+        state.SkipWithError("the rows are not sorted");
+}
+BENCHMARK(AppendNewestFirst)->Iterations(1);
+
+class CPlainLayer : public Vantor::CAbstractDelegate
+{
+public:
+    CPlainLayer(const Letter::TimeBars &bars, QObject *parent)
+        : CAbstractDelegate(0, parent), bars_(bars)
+    {}
+
+protected:
+    void Paint(QPainter *painter) override
+    {
+        const Vantor::CAnimationProgressBar &line = *AnimationProgressBar();
+        bars_.Paint(painter, {line.width(), line.height(), line.GetCurrentUTCTime(),
+                              line.PixelsPerSecond(), false});
+    }
+
+private:
+    const Letter::TimeBars &bars_;
+};
+
+// 60 notches of the wheel over a million bars, each with its picture.
+void Wheel(benchmark::State &state)
+{
+    Scene scene(NewBars(kMillion), kDay * 300.0);
+    const double first_px = scene.line.UnitScaleLength();
+    const double first_s = scene.line.UnitTimeLength();
+    scene.line.SetAnimationDuration(0);
+    CPlainLayer layer(scene.plain, &scene.line);
+    const auto turn = [&](QImage &image) {
+        scene.line.SetUnitScale(first_px, first_s);
+        scene.line.SetPosition(kNow * 1000);
+        for (int notch = 0; notch < 60; ++notch) {
+            const QPointF at(kWidthPx / 4.0, 10);
+            QWheelEvent event(at, at, {}, {0, notch < 30 ? 120 : -120}, Qt::NoButton, {},
+                              Qt::NoScrollPhase, false);
+            QApplication::sendEvent(&scene.line, &event);
+            scene.line.render(&image);
+        }
+    };
+    Pairs::Compare(
+        state, "timebar_60_wheel_notches_over_1m", 10.0,
+        [&] {
+            scene.line.RemoveDelegate(&scene.ours);
+            scene.line.AppendDelegate(&layer);
+            turn(scene.plain_image);
+        },
+        [&] {
+            scene.line.RemoveDelegate(&layer);
+            scene.line.AppendDelegate(&scene.ours);
+            turn(scene.image);
+        });
+    if (scene.plain_image != scene.image)
+        state.SkipWithError("the pictures differ");
+}
+BENCHMARK(Wheel)->Iterations(1);
 
 } // namespace
 

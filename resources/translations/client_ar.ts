@@ -1214,6 +1214,45 @@
         <source>The wheel zooms about the pointer, dragging pans, a click slides there. Keys: Left and Right move, with Shift by more and with Ctrl to the next recording; Page Up and Page Down by what is visible; Home and End to the first and last recording; + and - zoom, 0 goes back; Space tells what lies under the line.</source>
         <translation>تكبّر العجلة حول المؤشر، والسحب يحرّك الخط، والنقر ينتقل إلى الموضع. المفاتيح: يسار ويمين للتحريك، ومع Shift بمقدار أكبر ومع Ctrl إلى التسجيل التالي؛ Page Up وPage Down بمقدار ما يظهر؛ Home وEnd إلى أول تسجيل وآخره؛ + و- للتكبير والتصغير، و0 للعودة؛ والمسافة تعرض ما تحت الخط.</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not a time such as 2026-03-29 14:30:00.</source>
+        <translation>&quot;%1&quot; ليس وقتًا مثل ‎2026-03-29 14:30:00.</translation>
+    </message>
+    <message>
+        <source>Recordings of %1: %2</source>
+        <translation>تسجيلات %1: ‎%2</translation>
+    </message>
+    <message>
+        <source>Recordings of the day</source>
+        <translation>تسجيلات اليوم</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CRecordingsModel</name>
+    <message>
+        <source>Start</source>
+        <translation>البداية</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>النهاية</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>المدة</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>النوع</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>الكاميرا</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>التسجيل</translation>
+    </message>
 </context>
 <context>
     <name>Recordings</name>

@@ -1194,6 +1194,45 @@
         <source>The wheel zooms about the pointer, dragging pans, a click slides there. Keys: Left and Right move, with Shift by more and with Ctrl to the next recording; Page Up and Page Down by what is visible; Home and End to the first and last recording; + and - zoom, 0 goes back; Space tells what lies under the line.</source>
         <translation>The wheel zooms about the pointer, dragging pans, a click slides there. Keys: Left and Right move, with Shift by more and with Ctrl to the next recording; Page Up and Page Down by what is visible; Home and End to the first and last recording; + and - zoom, 0 goes back; Space tells what lies under the line.</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not a time such as 2026-03-29 14:30:00.</source>
+        <translation>&quot;%1&quot; is not a time such as 2026-03-29 14:30:00.</translation>
+    </message>
+    <message>
+        <source>Recordings of %1: %2</source>
+        <translation>Recordings of %1: %2</translation>
+    </message>
+    <message>
+        <source>Recordings of the day</source>
+        <translation>Recordings of the day</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CRecordingsModel</name>
+    <message>
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>End</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Length</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Kind</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Camera</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Recording</translation>
+    </message>
 </context>
 <context>
     <name>Recordings</name>

@@ -5,6 +5,7 @@
 
 #include <Nim/Base/TimeUnits.h>
 
+#include <QtCore/QLocale>
 #include <QtCore/QTimeZone>
 
 #include <cstdlib>
@@ -18,7 +19,7 @@ using Nim::Base::kMinutesPerHour;
 using Nim::Base::kSecondsPerHour;
 using Nim::Base::kSecondsPerMinute;
 
-// QTimeZone takes an int and refuses what is above 14 hours; what is above int must not wrap into
+// QTimeZone takes an int and refuses more than 14 hours; an offset beyond int must not wrap into
 // that range.
 QTimeZone FixedZone(qint64 offset_s)
 {
@@ -26,9 +27,11 @@ QTimeZone FixedZone(qint64 offset_s)
     return QTimeZone(static_cast<int>(qBound(-kRefused, offset_s, kRefused)));
 }
 
+// Leaves room for any offset.
 bool HasDateTime(qint64 seconds)
 {
-    return std::llabs(seconds) <= std::numeric_limits<qint64>::max() / kMillisecondsPerSecond;
+    constexpr qint64 kMost = std::numeric_limits<qint64>::max() / kMillisecondsPerSecond / 2;
+    return -kMost <= seconds && seconds <= kMost;
 }
 
 QDateTime InZone(qint64 seconds, qint64 offset_s)
@@ -37,7 +40,7 @@ QDateTime InZone(qint64 seconds, qint64 offset_s)
                                 : QDateTime();
 }
 
-std::string OffsetText(int utc_bias)
+std::string IsoOffset(int utc_bias)
 {
     const qint64 minutes = std::abs(qint64(utc_bias));
     return QString::asprintf("%c%lld:%02lld", utc_bias < 0 ? '+' : '-', minutes / kMinutesPerHour,
@@ -63,9 +66,33 @@ qint64 WallClockOffset(const TimeZoneParam &zone, qint64 seconds)
 
 QDateTime WallClockOf(const TimeZoneParam &zone, qint64 seconds)
 {
-    const qint64 wall_clock = seconds + WallClockOffset(zone, seconds);
-    return HasDateTime(wall_clock) ? QDateTime::fromSecsSinceEpoch(wall_clock, Qt::UTC)
-                                   : QDateTime();
+    if (!HasDateTime(seconds))
+        return {};
+    return QDateTime::fromSecsSinceEpoch(seconds + WallClockOffset(zone, seconds), Qt::UTC);
+}
+
+QString OffsetText(qint64 offset_s, const QLocale &locale)
+{
+    QString text = QStringLiteral("UTC");
+    if (offset_s == 0)
+        return text;
+    const qint64 minutes = std::llabs(offset_s) / kSecondsPerMinute;
+    text += (offset_s < 0 ? QChar(0x2212) : QChar(u'+')) + locale.toString(minutes / 60);
+    if (minutes % 60 != 0)
+        text +=
+            QLatin1Char(':') + locale.toString(minutes % 60).rightJustified(2, locale.zeroDigit());
+    // Embedded from left to right, so that right-to-left text around it does not reorder it.
+    return QChar(0x202A) + text + QChar(0x202C);
+}
+
+QString WallClockText(const TimeZoneParam &zone, qint64 seconds, const QLocale &locale)
+{
+    const QDateTime wall = WallClockOf(zone, seconds);
+    if (!wall.isValid())
+        return QStringLiteral("–");
+    return locale.toString(wall.date(), QStringLiteral("d MMM yyyy")) + QLatin1Char(' ')
+           + locale.toString(wall.time(), QStringLiteral("HH:mm:ss")) + QLatin1Char(' ')
+           + OffsetText(WallClockOffset(zone, seconds), locale);
 }
 
 QDateTime DateTimeInZone(const TimeZoneParam &zone, qint64 seconds)
@@ -94,7 +121,7 @@ std::string IsoTextOfWallClock(const TimeZoneParam &zone, const QDateTime &wall_
     return QString::asprintf("%04d-%02d-%02dT%02d:%02d:%02d", year, date.month(), date.day(),
                              time.hour(), time.minute(), time.second())
                .toStdString()
-           + OffsetText(zone.utc_bias);
+           + IsoOffset(zone.utc_bias);
 }
 
 qint64 CorrectForDst(const TimeZoneParam &zone, qint64 standard_s)

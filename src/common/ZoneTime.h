@@ -7,17 +7,21 @@
 
 #include <string>
 
+QT_BEGIN_NAMESPACE
+class QLocale;
+QT_END_NAMESPACE
+
 // The arithmetic between seconds since 1970 UTC and the wall clock of a zone, as the time lines use
-// it. No widget, no state; 64 bits throughout, right before 1970 and far beyond 2106.
+// it. No widget, no state; 64 bits throughout, correct before 1970 and after 2106.
 //
-// The tests for daylight saving differ on purpose at their bounds and in whether they heed b_dst;
-// each function says which it is.
+// The tests for daylight saving differ on purpose at their bounds and in whether they consult
+// b_dst; each function says which test it uses.
 
 namespace Vantor {
 
 struct TimeZoneParam;
 
-/// \brief Whether \a seconds lie in the zone's period of daylight saving, b_dst not heeded.
+/// \brief Whether \a seconds are in the zone's period of daylight saving; b_dst is not consulted.
 ///
 /// From tm_dst_begin to before tm_dst_end; where begin is not before end, before end and from begin
 /// on.
@@ -28,6 +32,7 @@ struct TimeZoneParam;
 [[nodiscard]] VANTOR_EXPORT qint64 WallClockOffset(const TimeZoneParam &zone, qint64 seconds);
 
 /// \brief The wall clock at \a seconds, as the fields of a UTC date-time.
+/// \return an invalid date-time for seconds beyond about 146 million years.
 [[nodiscard]] VANTOR_EXPORT QDateTime WallClockOf(const TimeZoneParam &zone, qint64 seconds);
 
 /// \brief The instant \a seconds, with WallClockOffset() as its fixed offset.
@@ -35,8 +40,8 @@ struct TimeZoneParam;
 [[nodiscard]] VANTOR_EXPORT QDateTime DateTimeInZone(const TimeZoneParam &zone, qint64 seconds);
 
 /// \brief The instant \a seconds, with the biases themselves as its fixed offset: west is positive,
-/// b_dst is not heeded. The instant is right, its fields and offset are mirrored; kept for hosts
-/// that take the sign back.
+/// b_dst is not consulted. The instant is right, its fields and offset are mirrored; kept for hosts
+/// that turn the sign round themselves.
 /// \return as above.
 [[nodiscard]] VANTOR_EXPORT QDateTime DateTimeByBias(const TimeZoneParam &zone, qint64 seconds);
 
@@ -53,9 +58,17 @@ struct TimeZoneParam;
 /// \brief From seconds that were read as the zone's standard time to the true ones.
 ///
 /// When b_dst is set and \a standard_s lies in the period, here from *after* tm_dst_begin to
-/// tm_dst_end inclusive (wrapping: before end and from begin on), the daylight bias is added. Of a
-/// wall-clock time that comes twice in autumn this gives the later instant, of its first second the
-/// earlier.
+/// tm_dst_end inclusive (wrapping: before end and from begin on), the daylight bias is added. For a
+/// wall-clock time that comes twice this gives the later instant, but the earlier one for its first
+/// second, and always the earlier one where the daylight bias is positive (Dublin, whose winter is
+/// the exception). In Casablanca, El Aaiun and Windhoek some seconds near a change are an hour off.
 [[nodiscard]] VANTOR_EXPORT qint64 CorrectForDst(const TimeZoneParam &zone, qint64 standard_s);
+
+/// \brief An offset for the user, as "UTC", "UTC+5:30" or "UTC−3".
+[[nodiscard]] VANTOR_EXPORT QString OffsetText(qint64 offset_s, const QLocale &locale);
+
+/// \brief Date, time and offset of \a seconds for the user; a dash beyond all dates.
+[[nodiscard]] VANTOR_EXPORT QString WallClockText(const TimeZoneParam &zone, qint64 seconds,
+                                                  const QLocale &locale);
 
 } // namespace Vantor

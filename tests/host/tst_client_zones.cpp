@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ZoneSwitch.h"
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <Vantor/CAnimationProgressBar>
 
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
@@ -13,26 +11,23 @@
 
 using Client::CZoneSwitch;
 
-class tst_client_zones : public QObject
+namespace {
+
+struct ZoneRow
+{
+    const char *name;
+    QByteArray zone;
+    int first_year;
+    int changes;
+};
+
+} // namespace
+
+class tst_client_zones : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        guard_.Begin();
-        bar_ = std::make_unique<Vantor::CAnimationProgressBar>();
-        zones_ = std::make_unique<CZoneSwitch>(bar_.get());
-    }
-
-    void cleanup()
-    {
-        zones_.reset();
-        bar_.reset();
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void typedNamesAreZonesOrTakenBack()
     {
         auto *const names = zones_->findChild<QComboBox *>("ZoneNames");
@@ -52,26 +47,21 @@ private Q_SLOTS:
     // Through a change a year, a year with two Ramadans, and 2038, where Qt's tables end.
     void theLineShowsTheZonesTimeWhereverItGoes_data()
     {
-        QTest::addColumn<QByteArray>("zone");
-        QTest::addColumn<int>("first_year");
-        QTest::addColumn<int>("changes");
-        QTest::newRow("north") << QByteArray("Europe/Berlin") << 2023 << 9;
-        QTest::newRow("south") << QByteArray("Australia/Sydney") << 2023 << 9;
-        QTest::newRow("four changes a year") << QByteArray("Africa/Casablanca") << 2012 << 12;
-        QTest::newRow("another standard time") << QByteArray("Asia/Pyongyang") << 2015 << 2;
-        QTest::newRow("the end of the tables") << QByteArray("America/Miquelon") << 2036 << 9;
+        AddRows<ZoneRow>({{"north", "Europe/Berlin", 2023, 9},
+                          {"south", "Australia/Sydney", 2023, 9},
+                          {"four changes a year", "Africa/Casablanca", 2012, 12},
+                          {"another standard time", "Asia/Pyongyang", 2015, 2},
+                          {"the end of the tables", "America/Miquelon", 2036, 9}});
     }
 
     void theLineShowsTheZonesTimeWhereverItGoes()
     {
-        QFETCH(QByteArray, zone);
-        QFETCH(int, first_year);
-        QFETCH(int, changes);
-        QVERIFY(zones_->SetZone(zone));
-        bar_->SetPosition(QDateTime({first_year, 1, 1}, {0, 0}, Qt::UTC).toMSecsSinceEpoch());
+        const auto &row = FetchRow<ZoneRow>();
+        QVERIFY(zones_->SetZone(row.zone));
+        bar_->SetPosition(QDateTime({row.first_year, 1, 1}, {0, 0}, Qt::UTC).toMSecsSinceEpoch());
         auto *const later = zones_->findChild<QPushButton *>("LaterChange");
 
-        for (int i = 0; i < changes; ++i) {
+        for (int i = 0; i < row.changes; ++i) {
             later->click();
             const qint64 change_s = bar_->GetCurrentUTCTime();
             for (const qint64 s : {change_s - 1, change_s}) {
@@ -105,7 +95,7 @@ private Q_SLOTS:
         QCOMPARE(bar_->GetCurrentDateTime(), summer);
     }
 
-    void theNextChangeIsTold()
+    void theNextChangeIsShown()
     {
         auto *const state = zones_->findChild<QLabel *>("ZoneState");
         bar_->SetPosition(QDateTime({2024, 7, 1}, {0, 0}, Qt::UTC).toMSecsSinceEpoch());
@@ -122,8 +112,19 @@ private Q_SLOTS:
         zones_->GoToLaterChange();
     }
 
+protected:
+    void SetUp() override
+    {
+        bar_ = std::make_unique<Vantor::CAnimationProgressBar>();
+        zones_ = std::make_unique<CZoneSwitch>(bar_.get());
+    }
+    void TearDown() override
+    {
+        zones_.reset();
+        bar_.reset();
+    }
+
 private:
-    CTestGuard guard_;
     std::unique_ptr<Vantor::CAnimationProgressBar> bar_;
     std::unique_ptr<CZoneSwitch> zones_;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <Vantor/CAnimationProgressBar>
 #include <Vantor/CTimeBarDelegate>
@@ -9,7 +9,6 @@
 
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
-#include <QtTest/QTest>
 
 #include <functional>
 #include <limits>
@@ -30,7 +29,6 @@ class CProbe : public CTimeBarDelegate
 public:
     using CTimeBarDelegate::CTimeBarDelegate;
     using CTimeBarDelegate::Paint;
-    using CTimeBarDelegate::ShouldRespondAtPos;
 };
 
 CTimeBarParam Bar(int type, qint64 start, qint64 end, const QColor &colour = Qt::red)
@@ -90,20 +88,31 @@ QImage Painted(QSize size, const std::function<void(QPainter &)> &prepare,
     return image;
 }
 
+struct FarRow
+{
+    const char *name;
+    qint64 start;
+    qint64 end;
+    bool has_left;
+    bool has_right;
+};
+
+struct SeenRow
+{
+    const char *name;
+    QPointF pos;
+    bool is_sync;
+    qint64 seen_start;
+    qint64 covering_start;
+};
+
 } // namespace
 
-class TestTimeBar : public QObject
+class TestTimeBar : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { guard_.Begin(); }
-    void cleanup()
-    {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void everyPixelIsThatOfThePlainLoop()
     {
         for (int seed = 0; seed < kSeeds; ++seed) {
@@ -149,7 +158,9 @@ private Q_SLOTS:
                 if (seed % 7 == 3)
                     painter.scale(2, 2);
                 if (seed % 7 == 4)
-                    painter.scale(1.25, 1.25);
+                    painter.scale(seed % 2 ? 1.25 : 1.5, seed % 2 ? 1.25 : 1.5);
+                if (seed % 3 == 0)
+                    painter.setClipRect(QRect(seed % 50, 3, 200, 30 + seed % 20));
                 if (seed % 7 == 5)
                     painter.rotate(3);
                 if (seed % 7 == 6)
@@ -164,30 +175,34 @@ private Q_SLOTS:
             const QImage actual =
                 Painted(size, prepare, [&](QPainter &painter) { ours.Paint(&painter); });
             QVERIFY2(actual == expected, qPrintable(QString("seed %1").arg(seed)));
+            if (seed % 7 > 1 || seed % 5 == 1 || seed % 3 == 0 || line.IsSimplifyMode())
+                continue;
+            // What is found in a pixel is what is painted there.
+            for (int x = 0; x < width; x += 7) {
+                for (const int y : {25, 36}) {
+                    const auto found = ours.FindTimeBar({x + 0.5, y + 0.5});
+                    const QColor colour = found ? found->GetVal_barColor() : Qt::white;
+                    if (colour.alpha() == 255 && colour.isValid())
+                        QCOMPARE(actual.pixelColor(x, y), colour);
+                }
+            }
         }
     }
 
     void farTimesPaintWhatIsInTheMiddle_data()
     {
-        QTest::addColumn<qint64>("start");
-        QTest::addColumn<qint64>("end");
-        QTest::addColumn<bool>("left");
-        QTest::addColumn<bool>("right");
         using Limits = std::numeric_limits<qint64>;
-        QTest::newRow("from 1970 to ten seconds on") << qint64(0) << kNow + 10 << true << false;
-        QTest::newRow("since the year 1") << qint64(-62135596800) << kNow + 5 << true << false;
-        QTest::newRow("for ever") << kNow << Limits::max() << false << true;
-        QTest::newRow("always") << Limits::min() << Limits::max() << true << true;
-        QTest::newRow("ends before it begins") << Limits::max() << Limits::min() << false << false;
-        QTest::newRow("has no end yet") << kNow - 100 << qint64(0) << false << false;
+        AddRows<FarRow>({{"from 1970 to ten seconds on", 0, kNow + 10, true, false},
+                         {"since the year 1", -62135596800, kNow + 5, true, false},
+                         {"for ever", kNow, Limits::max(), false, true},
+                         {"always", Limits::min(), Limits::max(), true, true},
+                         {"ends before it begins", Limits::max(), Limits::min(), false, false},
+                         {"has no end yet", kNow - 100, 0, false, false}});
     }
 
     void farTimesPaintWhatIsInTheMiddle()
     {
-        QFETCH(qint64, start);
-        QFETCH(qint64, end);
-        QFETCH(bool, left);
-        QFETCH(bool, right);
+        const auto &row = FetchRow<FarRow>();
         CAnimationProgressBar line;
         line.resize(200, 50);
         line.SetUnitScale(1, 1);
@@ -196,14 +211,18 @@ private Q_SLOTS:
         line.AppendDelegate(&delegate);
         delegate.InitTypes({1});
 
-        delegate.AppendTimeBar({Bar(1, start, end)});
+        delegate.AppendTimeBar({Bar(1, row.start, row.end)});
 
-        const QImage image = Painted(
-            {200, 50}, [](QPainter &) {}, [&](QPainter &p) { delegate.Paint(&p); });
-        QCOMPARE(image.pixelColor(0, 30) == QColor(Qt::red), left);
-        QCOMPARE(image.pixelColor(199, 30) == QColor(Qt::red), right);
-        CTimeBarParam found;
-        QCOMPARE(delegate.FindTimeBar({20, 30}, found), left);
+        for (const bool is_antialiased : {false, true}) {
+            const QImage image = Painted(
+                {200, 50},
+                [&](QPainter &p) { p.setRenderHint(QPainter::Antialiasing, is_antialiased); },
+                [&](QPainter &p) { delegate.Paint(&p); });
+            QCOMPARE(image.pixelColor(0, 30) == QColor(Qt::red), row.has_left);
+            QCOMPARE(image.pixelColor(199, 30) == QColor(Qt::red), row.has_right);
+        }
+        QCOMPARE(delegate.FindTimeBar({20, 30}).has_value(), row.has_left);
+        QCOMPARE(delegate.FindTimeBarAt(kNow - 80).has_value(), row.has_left);
     }
 
     void rowsStaySortedHoweverTheyGrow()
@@ -212,6 +231,7 @@ private Q_SLOTS:
         const QVector<CTimeBarParam> first{Bar(1, 30, 31), Bar(1, 10, 11), Bar(2, 20, 21)};
 
         delegate.AppendTimeBar(first);
+        const QVector<CTimeBarParam> early = delegate.GetTimeBar();
         delegate.AppendTimeBar({Bar(1, 5, 6), Bar(2, 25, 26), Bar(1, 40, 41)});
         delegate.AppendTimeBar(delegate.GetTimeBar()); // its own row
 
@@ -219,7 +239,15 @@ private Q_SLOTS:
         for (const CTimeBarParam &bar : delegate.GetTimeBar())
             starts.append(bar.Read().dtStart);
         QCOMPARE(starts, QVector<qint64>({5, 5, 10, 10, 20, 20, 25, 25, 30, 30, 40, 40}));
-        QCOMPARE(first.at(0).GetVal_dtStart(), qint64(30)); // the caller's list is as it was
+        QCOMPARE(first.at(0).GetVal_dtStart(), qint64(30)); // the caller's lists are as they were
+        QCOMPARE(early.size(), 3);
+        delegate.InitTypes({1, 2});
+        QCOMPARE(delegate.FindStart(20, false), std::optional<qint64>(10));
+        QCOMPARE(delegate.FindStart(20, true), std::optional<qint64>(25));
+        QCOMPARE(delegate.FindStart(40, true), std::nullopt);
+        delegate.Clear(false);
+        QVERIFY(delegate.GetTimeBar().isEmpty());
+        QCOMPARE(early.at(0).GetVal_dtStart(), qint64(10));
     }
 
     void onlyKnownTypesAreShownAndHidden()
@@ -237,45 +265,22 @@ private Q_SLOTS:
         QVERIFY(!delegate.IsTimeBarVisible(22) && delegate.IsTimeBarVisible(0));
     }
 
-    void clearingEmptiesTheRowsItIsAskedTo()
-    {
-        CTimeBarDelegate delegate(nullptr);
-        const auto fill = [&delegate] {
-            delegate.AppendTimeBar({Bar(1, 1, 2)});
-            delegate.AppendSyncTimeBar({Bar(1, 1, 2)});
-        };
-        fill();
-        delegate.Clear(false);
-        QVERIFY(delegate.GetTimeBar().isEmpty() && delegate.GetSyncTimeBar().size() == 1);
-        fill();
-        delegate.ClearSyncTimeBar();
-        QVERIFY(delegate.GetTimeBar().size() == 1 && delegate.GetSyncTimeBar().isEmpty());
-        fill();
-        static_cast<Vantor::CAbstractDelegate &>(delegate).Clear();
-        QVERIFY(delegate.GetTimeBar().isEmpty() && delegate.GetSyncTimeBar().isEmpty());
-    }
-
     void theBarThatIsSeenIsFound_data()
     {
-        QTest::addColumn<QPointF>("pos");
-        QTest::addColumn<bool>("sync");
-        QTest::addColumn<qint64>("start");
-        QTest::newRow("the one on top") << QPointF(105, 30) << false << kNow;
-        QTest::newRow("the first of those that overlap") << QPointF(70, 5) << false << kNow - 50;
-        QTest::newRow("what sticks out of it") << QPointF(85, 30) << false << kNow - 40;
-        QTest::newRow("a pixel for no length") << QPointF(150.5, 30) << false << kNow + 50;
-        QTest::newRow("nothing behind that pixel") << QPointF(151.5, 30) << false << qint64(0);
-        QTest::newRow("a hidden type") << QPointF(180, 30) << false << qint64(0);
-        QTest::newRow("below the row") << QPointF(105, 42) << false << qint64(0);
-        QTest::newRow("between two rows") << QPointF(105, 32) << true << qint64(0);
-        QTest::newRow("the second row") << QPointF(160, 35) << true << kNow + 55;
+        AddRows<SeenRow>({{"the one on top", {105, 30}, false, kNow, kNow},
+                          {"the first of those that overlap", {70, 5}, false, kNow - 50, kNow - 50},
+                          {"what sticks out of it", {85, 30}, false, kNow - 40, kNow - 40},
+                          {"a pixel for no length", {150.5, 30}, false, kNow + 50, kNow + 50},
+                          {"nothing behind that pixel", {151.5, 30}, false, 0, 0},
+                          {"a hidden type", {180, 30}, false, 0, 0},
+                          {"below the row", {105, 42}, false, 0, kNow},
+                          {"between two rows", {105, 32}, true, 0, kNow},
+                          {"the last of the second row", {166, 35}, true, kNow + 60, 0}});
     }
 
     void theBarThatIsSeenIsFound()
     {
-        QFETCH(QPointF, pos);
-        QFETCH(bool, sync);
-        QFETCH(qint64, start);
+        const auto &row = FetchRow<SeenRow>();
         CAnimationProgressBar line;
         line.resize(200, 70);
         line.SetUnitScale(1, 1);
@@ -284,21 +289,18 @@ private Q_SLOTS:
         line.AppendDelegate(&delegate);
         delegate.InitTypes({1, 2, 3});
         delegate.SetTimeBarVisible(3, false);
-        delegate.SetSyncFlag(sync);
+        delegate.SetSyncFlag(row.is_sync);
         delegate.AppendTimeBar({Bar(1, kNow - 50, kNow - 20), Bar(1, kNow - 40, kNow - 5),
                                 Bar(1, kNow - 2, kNow + 20), Bar(2, kNow, kNow + 10),
                                 Bar(1, kNow + 50, kNow + 50), Bar(3, kNow + 70, kNow + 90)});
-        delegate.AppendSyncTimeBar({Bar(1, kNow + 55, kNow + 70)});
-        CTimeBarParam found;
+        delegate.AppendSyncTimeBar({Bar(1, kNow + 55, kNow + 70), Bar(1, kNow + 60, kNow + 80)});
 
-        const bool is_found = delegate.FindTimeBar(pos, found);
+        const auto seen = delegate.FindTimeBar(row.pos);
+        const auto covering = delegate.FindTimeBarAt(kNow - 100 + qint64(row.pos.x()));
 
-        QCOMPARE(is_found, start != 0);
-        QCOMPARE(found.GetVal_dtStart(), start);
+        QCOMPARE(seen ? seen->GetVal_dtStart() : 0, row.seen_start);
+        QCOMPARE(covering ? covering->GetVal_dtStart() : 0, row.covering_start);
     }
-
-private:
-    CTestGuard guard_;
 };
 
 QTEST_MAIN(TestTimeBar)

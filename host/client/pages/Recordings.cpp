@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/Recordings.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDateTime>
 
 #include <algorithm>
@@ -151,6 +152,29 @@ QVector<CTimeBarParam> ManyRecordings(const CIncidentList &list, int count, qint
         bars.append(CTimeBarParam(bar));
     }
     return bars;
+}
+
+QDate NewestDate(const CIncidentList &list)
+{
+    for (int column = 0; column < list.ColumnCount(); ++column) {
+        if (list.Title(column) != QLatin1String("Flight Date"))
+            continue;
+        QDate newest;
+        for (const QString &text : list.Texts(column))
+            newest = qMax(newest, QDate::fromString(text, Qt::ISODate));
+        return newest;
+    }
+    return {};
+}
+
+QString RecordingKindText(int type)
+{
+    const auto *const known =
+        std::find_if(std::begin(kRecordingKinds), std::end(kRecordingKinds),
+                     [type](const RecordingKind &kind) { return kind.type == type; });
+    return known == std::end(kRecordingKinds)
+               ? QString()
+               : QCoreApplication::translate("Recordings", known->name);
 }
 
 QColor RecordingColour(int type)

@@ -37,6 +37,11 @@ constexpr RecordingKind kRecordingKinds[] = {
 [[nodiscard]] QVector<Vantor::CTimeBarParam> ManyRecordings(const CIncidentList &list, int count,
                                                             qint64 middle_s);
 
+/// \brief The newest date of a list of incidents; null when it has no dates.
+[[nodiscard]] QDate NewestDate(const CIncidentList &list);
+
+/// \brief The translated name of a kind; empty for an unknown type.
+[[nodiscard]] QString RecordingKindText(int type);
 /// \brief The colour of a kind.
 [[nodiscard]] QColor RecordingColour(int type);
 

@@ -2,6 +2,8 @@
 #include "pages/TimeLinePage.h"
 
 #include "pages/Recordings.h"
+#include "pages/RecordingsTable.h"
+#include "pages/TimeEntry.h"
 #include "pages/ZoneSwitch.h"
 
 #include <Nim/Base/TimeUnits.h>
@@ -17,10 +19,8 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
-#include <QtWidgets/QDateTimeEdit>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
 
 #include <chrono>
 #include <cmath>
@@ -38,8 +38,8 @@ constexpr int kSlideMs = 500;
 constexpr auto kDetailsDelay = 60ms;
 constexpr double kDaysOfOverview = 2.0;
 constexpr double kSeenPx = 0.5;
-constexpr double kRowPx = 30.0;                 // within the first row of bars
 constexpr int kAmounts[] = {0, 10000, 1000000}; // 0: day by day
+constexpr int kLeastTablePx = 120;
 constexpr qint64 kSpacingOfMany = 60;
 
 const QByteArray kPictureZone = QByteArrayLiteral("Europe/Berlin");
@@ -53,47 +53,55 @@ QPixmap Swatch(const QColor &colour, qreal ratio)
     return pixmap;
 }
 
-QDate NewestDate(const CIncidentList &list)
-{
-    for (int column = 0; column < list.ColumnCount(); ++column) {
-        if (list.Title(column) != QLatin1String("Flight Date"))
-            continue;
-        QDate newest;
-        for (const QString &text : list.Texts(column))
-            newest = qMax(newest, QDate::fromString(text, Qt::ISODate));
-        return newest;
-    }
-    return {};
-}
-
-QString WallClock(const Vantor::TimeZoneParam &zone, qint64 seconds)
-{
-    const QDateTime time = Vantor::WallClockOf(zone, seconds);
-    return QLocale().toString(time.date(), QStringLiteral("d MMM yyyy")) + QLatin1Char(' ')
-           + QLocale().toString(time.time(), QStringLiteral("HH:mm:ss"));
-}
-
 } // namespace
 
 CTimeLinePage::CTimeLinePage(QWidget *parent)
     : CPage(parent), line_(new CBaseFileProgressBar(this)),
       overview_(new CBaseFileProgressBar(this)), zone_(new CZoneSwitch(line_, this)),
-      time_title_(new QLabel(this)), time_(new QDateTimeEdit(this)),
-      amount_title_(new QLabel(this)), amount_(new QComboBox(this)),
-      second_row_(new QCheckBox(this)), details_title_(new QLabel(this)),
-      details_(new QLabel(this)), help_(new QLabel(this))
+      time_title_(new QLabel(this)), time_(new CTimeEntry(this)), amount_title_(new QLabel(this)),
+      amount_(new QComboBox(this)), second_row_(new QCheckBox(this)),
+      details_title_(new QLabel(this)), details_(new QLabel(this)), table_title_(new QLabel(this)),
+      table_(new CRecordingsTable(this)), help_(new QLabel(this))
 {
     line_->setObjectName(QStringLiteral("TimeLine"));
     overview_->setObjectName(QStringLiteral("TimeLineOverview"));
     overview_->SetSimplifyMode(true);
     details_->setObjectName(QStringLiteral("RecordingDetails"));
     details_->setTextFormat(Qt::PlainText);
+    details_->setWordWrap(true);
     details_title_->setObjectName(QStringLiteral("RecordingTitle"));
+    table_title_->setObjectName(QStringLiteral("RecordingsTitle"));
+    table_title_->setBuddy(table_);
+    table_->setObjectName(QStringLiteral("RecordingsOfDay"));
+    table_->setMinimumHeight(kLeastTablePx);
     help_->setObjectName(QStringLiteral("TimeLineHelp"));
     help_->setWordWrap(true);
     details_timer_.setSingleShot(true);
     details_timer_.setInterval(kDetailsDelay);
 
+    BuildLayout();
+
+    connect(line_, &CBaseFileProgressBar::SignalPositionChanged, this,
+            &CTimeLinePage::OnPositionChanged);
+    connect(overview_, &CBaseFileProgressBar::SignalPositionChanged, this,
+            &CTimeLinePage::OnOverviewMoved);
+    connect(&details_timer_, &QTimer::timeout, this, &CTimeLinePage::UpdateDetails);
+    connect(table_, &CRecordingsTable::SignalChosen, this, &CTimeLinePage::OnRecordingChosen);
+    connect(&many_, &QFutureWatcherBase::finished, this, &CTimeLinePage::OnManyMade);
+    Retranslate();
+}
+
+CTimeLinePage::~CTimeLinePage()
+{
+    many_.waitForFinished();
+    // The parts are hidden when this page is no more than a QWidget; they then end edits and
+    // slides.
+    for (QWidget *const part : std::initializer_list<QWidget *>{time_, zone_, line_, overview_})
+        part->disconnect(this);
+}
+
+void CTimeLinePage::BuildLayout()
+{
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMarginPx, kMarginPx, kMarginPx, kMarginPx);
     layout->setSpacing(kSpacingPx);
@@ -104,42 +112,24 @@ CTimeLinePage::CTimeLinePage(QWidget *parent)
     layout->addWidget(overview_);
     layout->addWidget(details_title_);
     layout->addWidget(details_);
-    layout->addStretch(1);
+    layout->addWidget(table_title_);
+    layout->addWidget(table_, 1);
     layout->addWidget(help_);
-
-    connect(line_, &CBaseFileProgressBar::SignalPositionChanged, this,
-            &CTimeLinePage::OnPositionChanged);
-    connect(overview_, &CBaseFileProgressBar::SignalPositionChanged, this,
-            &CTimeLinePage::OnOverviewMoved);
-    connect(&details_timer_, &QTimer::timeout, this, &CTimeLinePage::UpdateDetails);
-    connect(&many_, &QFutureWatcherBase::finished, this, &CTimeLinePage::OnManyMade);
-    Retranslate();
-}
-
-CTimeLinePage::~CTimeLinePage()
-{
-    many_.waitForFinished();
-    // The parts are hidden when only the widget is left of this page, and end edits and slides.
-    for (QWidget *const part : std::initializer_list<QWidget *>{time_, zone_, line_, overview_})
-        part->disconnect(this);
 }
 
 QLayout *CTimeLinePage::BuildTools()
 {
     time_->setObjectName(QStringLiteral("TypedTime"));
-    time_->setTimeSpec(Qt::UTC); // its fields are the zone's wall clock
-    time_->setDisplayFormat(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
-    time_->setKeyboardTracking(false);
-    time_->setButtonSymbols(QAbstractSpinBox::NoButtons); // arrow keys step all the same
     amount_->setObjectName(QStringLiteral("Amount"));
     for (const int amount : kAmounts)
         amount_->addItem(QString(), amount);
     time_title_->setBuddy(time_);
     amount_title_->setBuddy(amount_);
 
-    connect(time_->findChild<QLineEdit *>(), &QLineEdit::textEdited, this,
-            [this] { is_typing_ = true; });
-    connect(time_, &QDateTimeEdit::editingFinished, this, &CTimeLinePage::OnTimeTyped);
+    connect(time_, &CTimeEntry::SignalEntered, this, &CTimeLinePage::OnTimeEntered);
+    connect(time_, &CTimeEntry::SignalRefused, this, [this](const QString &text) {
+        Q_EMIT SignalMessage(tr("\"%1\" is not a time such as 2026-03-29 14:30:00.").arg(text));
+    });
     connect(zone_, &CZoneSwitch::SignalApplied, this, &CTimeLinePage::OnZoneApplied);
     connect(amount_, qOverload<int>(&QComboBox::activated), this, &CTimeLinePage::OnAmountChosen);
 
@@ -166,8 +156,10 @@ QLayout *CTimeLinePage::BuildTypes()
         types_.append(box);
     }
     second_row_->setObjectName(QStringLiteral("SecondRow"));
-    connect(second_row_, &QCheckBox::toggled, this,
-            [this](bool is_on) { line_->TimeBarDelegate()->SetSyncFlag(is_on); });
+    connect(second_row_, &QCheckBox::toggled, this, [this](bool is_on) {
+        line_->TimeBarDelegate()->SetSyncFlag(is_on);
+        OnRecordingsChanged();
+    });
     types->addWidget(second_row_);
     types->addStretch(1);
     return types;
@@ -207,6 +199,12 @@ void CTimeLinePage::CopyToOverview()
     bars->Clear();
     bars->AppendTimeBar(line_->TimeBarDelegate()->GetTimeBar());
     ScaleOverview();
+    OnRecordingsChanged();
+}
+
+void CTimeLinePage::OnRecordingsChanged()
+{
+    table_day_ = {};
     details_timer_.start();
 }
 
@@ -236,7 +234,7 @@ void CTimeLinePage::OnAmountChosen()
 void CTimeLinePage::OnManyMade()
 {
     if (many_.isCanceled() || many_.future().resultCount() == 0)
-        return; // told of the empty future below
+        return; // the signal comes for the empty future below, too
     const auto bars = many_.result();
     many_.setFuture({}); // it would keep a second set of them
     line_->TimeBarDelegate()->Clear();
@@ -252,12 +250,13 @@ void CTimeLinePage::OnZoneApplied()
 {
     overview_->SetTimeZoneInfor(zone_->Applied());
     ShowTime();
+    OnRecordingsChanged();
 }
 
 void CTimeLinePage::ShowTime()
 {
-    if (!is_typing_)
-        time_->setDateTime(line_->GetCurrentDateTime());
+    if (!line_->IsSliding()) // the time at its end is the one to go on from
+        time_->SetTime(line_->GetCurrentDateTime());
     if (!details_timer_.isActive())
         details_timer_.start();
 }
@@ -267,9 +266,12 @@ void CTimeLinePage::OnPositionChanged(qint64 position_ms)
     const QDate date = QDateTime::fromMSecsSinceEpoch(position_ms, Qt::UTC).date();
     if (IsDayShown() && day_.isValid() && date.isValid())
         ShowDay(date);
+    // While the user moves the overview, it leads and the line follows.
+    const bool overview_leads =
+        overview_->IsSliding() || overview_->IsPressed() || overview_->IsMoving();
     // A million bars are painted again only when they have moved.
     const double moved_s = double(position_ms - overview_->Position()) / 1000.0;
-    if (std::abs(moved_s) * overview_->PixelsPerSecond() >= kSeenPx) {
+    if (!overview_leads && std::abs(moved_s) * overview_->PixelsPerSecond() >= kSeenPx) {
         const QSignalBlocker blocker(overview_);
         overview_->SetPosition(position_ms);
     }
@@ -281,11 +283,16 @@ void CTimeLinePage::OnOverviewMoved(qint64 position_ms)
     line_->SetPosition(position_ms);
 }
 
-void CTimeLinePage::OnTimeTyped()
+void CTimeLinePage::OnTimeEntered(const QDateTime &time)
 {
-    is_typing_ = false;
-    if (time_->dateTime() != line_->GetCurrentDateTime())
-        zone_->SlideToWallClock(time_->dateTime(), kSlideMs);
+    zone_->SlideToWallClock(time, kSlideMs);
+    if (line_->IsSliding()) // a step by key goes on from the end of the slide
+        time_->SetTime(time);
+}
+
+void CTimeLinePage::OnRecordingChosen(qint64 start_s)
+{
+    line_->SlideTo(start_s * 1000, kSlideMs);
 }
 
 void CTimeLinePage::OnTypeToggled()
@@ -297,26 +304,45 @@ void CTimeLinePage::OnTypeToggled()
     }
     line_->TimeBarDelegate()->SetUnvisibleTypes(hidden);
     overview_->TimeBarDelegate()->SetUnvisibleTypes(hidden);
-    details_timer_.start();
+    OnRecordingsChanged();
+}
+
+QString CTimeLinePage::TimeText(const Vantor::CTimeBarParam &bar) const
+{
+    const Vantor::CTimeZoneParam zone = zone_->Applied();
+    const QLocale locale;
+    return tr("%1 to %2")
+        .arg(Vantor::WallClockText(zone.Read(), bar.GetVal_dtStart(), locale),
+             Vantor::WallClockText(zone.Read(), bar.GetVal_dtEnd(), locale));
 }
 
 void CTimeLinePage::UpdateDetails()
 {
-    Vantor::CTimeBarParam bar;
-    if (!line_->TimeBarDelegate()->FindTimeBar({line_->width() / 2.0, kRowPx}, bar)) {
-        details_->setText(tr("Nothing was recorded at this time."));
+    const auto bar = line_->TimeBarDelegate()->FindTimeBarAt(line_->GetCurrentUTCTime());
+    details_->setText(bar ? QStringList{RecordingKindText(bar->GetVal_iTimeType()),
+                                        bar->GetVal_strFileName(), TimeText(*bar)}
+                                .join(QStringLiteral("  ·  "))
+                          : tr("Nothing was recorded at this time."));
+    if (line_->IsSliding()) { // the table follows when the line has come to rest
+        details_timer_.start();
         return;
     }
-    QString kind;
-    for (const RecordingKind &known : kRecordingKinds) {
-        if (known.type == bar.GetVal_iTimeType())
-            kind = QCoreApplication::translate("Recordings", known.name);
-    }
-    details_->setText(QStringList{kind, bar.GetVal_strFileName(),
-                                  tr("%1 to %2")
-                                      .arg(WallClock(zone_->Applied().Read(), bar.GetVal_dtStart()),
-                                           WallClock(zone_->Applied().Read(), bar.GetVal_dtEnd()))}
-                          .join(QLatin1Char('\n')));
+    time_->SetTime(line_->GetCurrentDateTime());
+    UpdateTable();
+    table_->Follow(line_->GetCurrentUTCTime(), bar ? &*bar : nullptr);
+}
+
+void CTimeLinePage::UpdateTable()
+{
+    const QDate day = line_->GetCurrentDateTime().date();
+    if (day == table_day_)
+        return;
+    table_day_ = day;
+    auto recordings = RecordingsInTable(*line_->TimeBarDelegate(), day, zone_->Applied());
+    table_title_->setText(tr("Recordings of %1: %2")
+                              .arg(QLocale().toString(day, QStringLiteral("d MMM yyyy")),
+                                   QLocale().toString(recordings.size())));
+    table_->SetRecordings(recordings, zone_->Applied());
 }
 
 void CTimeLinePage::PrepareForPicture()
@@ -360,7 +386,9 @@ void CTimeLinePage::Retranslate()
            "Right move, with Shift by more and with Ctrl to the next recording; Page Up and Page "
            "Down by what is visible; Home and End to the first and last recording; + and - zoom, 0 "
            "goes back; Space tells what lies under the line."));
-    details_timer_.start();
+    table_->setAccessibleName(tr("Recordings of the day"));
+    table_->Retranslate();
+    OnRecordingsChanged();
 }
 
 } // namespace Client

@@ -10,7 +10,11 @@ CAbstractDelegate::CAbstractDelegate(int type, QObject *parent)
     d_ptr_->type_ = type;
 }
 
-CAbstractDelegate::~CAbstractDelegate() = default;
+CAbstractDelegate::~CAbstractDelegate()
+{
+    if (d_ptr_->ptr_bar_)
+        d_ptr_->ptr_bar_->RemoveDelegate(this);
+}
 
 int CAbstractDelegate::GetDelegateType() const
 {

@@ -21,15 +21,16 @@ struct CAbstractDelegateDataPtr;
 /// \brief One layer of what a CAnimationProgressBar shows.
 ///
 /// The bar paints its delegates in the order of its stack, the first at the bottom, and offers
-/// mouse presses to them from the top: the first one that responds at the place gets the press, the
-/// moves and the release through its event(). GUI thread only.
+/// mouse presses to them from the top: the first one that responds at the position gets the press,
+/// the moves and the release through its event(). A deleted delegate leaves its bar. A delegate
+/// whose contents change calls CAnimationProgressBar::UpdateContents(). GUI thread only.
 class VANTOR_EXPORT CAbstractDelegate : public QObject
 {
     Q_OBJECT
 
 public:
-    /// \param type   a number of the host's own, to tell its delegates apart.
-    /// \param parent owns the delegate; the bar it is put into does not.
+    /// \param type   a number that the host chooses to distinguish its delegates.
+    /// \param parent owns the delegate; the bar does not.
     CAbstractDelegate(int type, QObject *parent);
     ~CAbstractDelegate() override;
 
@@ -39,13 +40,13 @@ public:
 
     /// \brief Forget all contents. The base has none.
     virtual void Clear();
-    /// \brief For delegates that show pictures, what is needed to show those at the moment. The
-    /// base has none, and the bar does not ask.
+    /// \brief For delegates that show pictures: what the visible pictures need. The base has none,
+    /// and the bar does not call it.
     [[nodiscard]] virtual QVariantList GetValidPixmapInfo();
     /// \brief The same for tips.
     [[nodiscard]] virtual QVariantList GetValidTipInfo();
-    /// \brief For delegates that show pictures: the time line has moved, choose anew. The bar does
-    /// not call it.
+    /// \brief For delegates that show pictures: choose the visible ones again because the time line
+    /// has moved. The bar does not call it.
     virtual void UpdateValidPixmapInfo();
 
     bool event(QEvent *event) override;
@@ -54,7 +55,8 @@ public:
 protected:
     /// \brief Whether the delegate wants the mouse at \a pos of the bar. The base never does.
     virtual bool ShouldRespondAtPos(QPoint pos);
-    /// \brief Paint in the coordinates of the bar. The base paints nothing.
+    /// \brief Paint in the coordinates of the bar. The bar saves and restores the painter around
+    /// the call. The base paints nothing.
     virtual void Paint(QPainter *painter);
 
 private:

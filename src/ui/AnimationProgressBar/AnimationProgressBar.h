@@ -7,25 +7,29 @@
 #include <QtWidgets/QWidget>
 
 #include <memory>
+#include <optional>
 
 namespace Vantor {
 
 class CAbstractDelegate;
 class CTimeZoneParam;
 struct CAnimationProgressBarDataPtr;
+struct LineMotion;
+struct LineTip;
+struct LineView;
 
 /// \brief A time line: a ruler that slides under a fixed cursor line in the middle.
 ///
-/// The position is the time at the cursor line. What lies on the line is painted by a stack of
-/// delegates (CAbstractDelegate). Times are milliseconds or seconds since 1970 UTC; labels show the
-/// wall clock of the zone given by SetTimeZoneInfor(), UTC at first. Time runs from left to right
-/// in every layout direction. GUI thread only.
+/// The position is the time at the cursor line. A stack of delegates (CAbstractDelegate) paints the
+/// contents. Times are milliseconds or seconds since 1970 UTC; labels show the wall clock of the
+/// zone given by SetTimeZoneInfor(), UTC at first. Time runs from left to right in every layout
+/// direction. GUI thread only; a slot may delete the bar in any of its signals.
 ///
 /// The wheel zooms about the pointer (sideways, or with Shift, it pans), dragging pans and a click
-/// slides there. Keys: Left and Right move by a small step of the ruler, with Shift by a large one,
-/// with Ctrl to the stop before or after; Page Up and Page Down by what is visible; Home and End to
-/// the first and last stop; + and - zoom, 0 goes back to the first scale; Space tells what lies
-/// under the cursor line; Escape takes a drag back or ends a slide.
+/// slides to the time clicked. Keys: Left and Right move by a small step of the ruler, with Shift
+/// by a large one, with Ctrl to the stop before or after; Page Up and Page Down by the visible
+/// width; Home and End to the first and last stop; + and - zoom, 0 restores the first scale; Space
+/// shows a tip for the cursor line; Escape undoes a drag or ends a slide.
 ///
 /// Colours are those of CStyleManager, and of the widget's palette where the theme names none.
 class VANTOR_EXPORT CAnimationProgressBar : public QWidget
@@ -49,10 +53,12 @@ public:
     [[nodiscard]] qint64 GetCurrentUTCTime() const;
     /// \brief The position in milliseconds; 0 at first.
     [[nodiscard]] qint64 Position() const;
-    /// \brief Go to \a position_ms at once; a running slide ends.
+    /// \brief Go to \a position_ms at once. A running slide ends; a running zoom and a drag go on
+    /// from there.
     void SetPosition(qint64 position_ms);
-    /// \brief Slide to \a position_ms in \a duration_ms; without a duration, while the bar is not
-    /// visible and where the style wants no animations, go there at once.
+    /// \brief Slide to \a position_ms in \a duration_ms, which Position() gives at once. Without a
+    /// duration, while the bar is not visible and where the style wants no animations, the bar goes
+    /// there at once. A running zoom ends.
     void SlideTo(qint64 position_ms, int duration_ms, AnimationType type = EaseOutAnimation);
     [[nodiscard]] bool IsSliding() const;
     void StopSlide();
@@ -78,8 +84,9 @@ public:
     [[nodiscard]] QDateTime TimeTConvertToDateTime(float x);
     /// \brief Move to the wall-clock time in the fields of \a date_time.
     ///
-    /// Ignored while the bar is pressed or moving. Emits SignalStopAtTime(), then slides there in
-    /// \a duration_ms when \a animate is set, and a running zoom ends; otherwise goes at once.
+    /// Ignored while the bar is pressed or moving, and when the time-zone service cannot read the
+    /// time. Emits SignalStopAtTime(), then slides there in \a duration_ms when \a animate is set,
+    /// and a running zoom ends; otherwise goes at once, and a running zoom goes on from there.
     void SetCurrentDateTime(const QDateTime &date_time, bool animate = false, int duration_ms = 300,
                             AnimationType type = EaseOutAnimation);
 
@@ -99,9 +106,10 @@ public:
     void SetUnitScale(double scale_length_px, double time_length_s);
     /// \brief UnitScaleLength() / UnitTimeLength().
     [[nodiscard]] double PixelsPerSecond() const;
-    /// \brief Seconds since 1970 at \a x pixels from the left edge, rounded down.
+    /// \brief Seconds since 1970 at \a x pixels from the left edge, rounded down and held to what a
+    /// position can be.
     [[nodiscard]] qint64 UTCSecondsAtXPos(double x) const;
-    /// \brief Where \a seconds since 1970 lie, in pixels from the left edge.
+    /// \brief The place of \a seconds since 1970, in pixels from the left edge.
     [[nodiscard]] double XPosOfUTCSeconds(qint64 seconds) const;
     /// \brief Zoom by \a factor, more than 1 for closer; the time at \a x stays there. Animated.
     void ZoomBy(double factor, double x);
@@ -110,28 +118,30 @@ public:
     void SetAnimationDuration(int duration_ms);
     [[nodiscard]] int AnimationDuration() const;
 
-    // Interaction; the mouse uses these, and hosts with a handle of their own may.
+    // Interaction; the mouse uses these, and so may hosts with a handle of their own.
 
     /// \brief While pressed, SetCurrentDateTime() is ignored.
     void SetPressed(bool is_pressed);
     [[nodiscard]] bool IsPressed() const;
     /// \brief Begin to move the line with a handle at \a x.
     void StartMovingX(int x = 0);
-    /// \brief The handle has come to \a x; ignored unless moving.
+    /// \brief Move the handle to \a x; ignored unless moving.
     void MoveX(int x);
-    /// \brief The line stays where MoveX() left it; emits SignalStopAtTime().
+    /// \brief End the move; emits SignalStopAtTime(). Ignored unless moving.
     void StopMovingX();
     [[nodiscard]] bool IsMoving() const;
 
     // Delegates
 
-    /// \brief Put \a delegate into the stack at \a index, held to its ends; a delegate that is in a
-    /// stack already leaves it first. The bar does not own it; null is ignored.
+    /// \brief Put \a delegate into the stack at \a index, held to its ends; a delegate that is
+    /// already in a stack leaves it first. The bar does not own it; null is ignored.
     void InsertDelegate(int index, CAbstractDelegate *delegate);
     void AppendDelegate(CAbstractDelegate *delegate);
     void RemoveDelegate(CAbstractDelegate *delegate);
-    /// \brief From bottom to top; deleted ones have dropped out.
+    /// \brief From bottom to top.
     [[nodiscard]] QList<CAbstractDelegate *> Delegates() const;
+    /// \brief Repaint, and renew a visible tip, because the contents of a delegate have changed.
+    void UpdateContents();
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -142,26 +152,33 @@ public Q_SLOTS:
     void ZoomOut();
     /// \brief Back to the scale of a fresh bar: 60 pixels an hour.
     void ResetZoom();
-    /// \brief Show as a tip what lies under the cursor line.
+    /// \brief Show a tip for the cursor line.
     void ShowTip();
 
 Q_SIGNALS:
-    /// The line is to stop, or has been left by the user, at this wall-clock time, in the fields of
-    /// a UTC date-time. Emitted before the position changes when a time is set.
+    /// The wall-clock time, in the fields of a UTC date-time, at which the line stops: emitted by
+    /// SetCurrentDateTime() before the position changes, at the start of a slide by click or key,
+    /// at the end of a drag, and once when the wheel or a zoom that moved the line has come to
+    /// rest.
     void SignalStopAtTime(const QDateTime &date_time);
-    /// Each step of a slide included.
+    /// Emitted after each change, each step of a slide or zoom included.
     void SignalPositionChanged(qint64 position_ms);
     void SignalScaleChanged();
 
 protected:
-    /// \brief What a tip says at \a pos; empty for no tip. The base tells the time.
+    /// \brief The text of a tip at \a pos; empty for no tip. The base gives the time.
     [[nodiscard]] virtual QString TipAtPos(const QPointF &pos) const;
-    /// \brief The stop next to \a seconds, before or after it, for keys; the base has none.
-    /// \return false when there is none.
-    virtual bool FindStop(qint64 seconds, bool is_after, qint64 &stop_s) const;
+    /// \brief The text of a tip for the cursor line; empty for no tip. The base gives the time.
+    [[nodiscard]] virtual QString TipAtCursorLine() const;
+    /// \brief The nearest stop before or after \a seconds, for keys; the base has none.
+    [[nodiscard]] virtual std::optional<qint64> FindStop(qint64 seconds, bool is_after) const;
     /// \brief The first or last stop of all, for Home and End; the base has none.
-    /// \return false when there is none.
-    virtual bool FindOutermostStop(bool is_last, qint64 &stop_s) const;
+    [[nodiscard]] virtual std::optional<qint64> FindOutermostStop(bool is_last) const;
+    /// \brief Date, time and offset of \a seconds in the bar's zone, as its tips show them.
+    [[nodiscard]] QString TimeText(qint64 seconds) const;
+    /// \brief By how many pixels the picture is moved to the left: delegates paint for the whole
+    /// second of GetCurrentUTCTime(), and the position has milliseconds.
+    [[nodiscard]] int ShownFractionPx() const;
 
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -173,37 +190,42 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
 
 private:
-    friend class CBaseFileProgressBar;
-
     // Zone
     [[nodiscard]] bool IsWithinDST(unsigned int seconds) const;
     void RecalculateDSTSeconds();
     void RecalculateTimeSpecOffset();
     void RefreshCalendarLabel(qint64 seconds);
-    [[nodiscard]] QString TimeText(qint64 seconds) const;
-    // Position. MoveTo() stops a slide, with `animate` a zoom too, stores the position, then slides
-    // there or redraws.
+    // Position and scale. Each of these emits last.
     void MoveTo(qint64 position_ms, bool animate, int duration_ms, AnimationType type);
-    void StorePosition(qint64 position_ms);
-    void OnSlideStep(const QVariant &progress);
+    void Place(qint64 position_ms);
+    void Show(const LineView &view);
     void SlideByUser(qint64 position_ms);
+    // Motion
     [[nodiscard]] bool CanAnimate(int duration_ms) const;
-    // Scale
-    [[nodiscard]] double MillisecondsAt(double x) const;
-    void StoreScale(double scale_length_px, double time_length_s);
-    void ApplyScale(double pixels_per_second);
-    void OnZoomStep(const QVariant &progress);
+    void StartMotion(const LineMotion &motion);
+    void StepMotion();
+    void EndMotion();
+    void FinishMotion();
+    void EndUnseen();
+    void EndSlide();
+    void Settle();
+    void TellStop();
+    void TellIfAtRest();
     // Interaction
     [[nodiscard]] CAbstractDelegate *RespondingDelegate(QPoint pos) const;
     bool PassToDelegate(QMouseEvent *event);
     void EndPress();
-    [[nodiscard]] bool KeyTarget(const QKeyEvent &event, qint64 &target_ms) const;
+    [[nodiscard]] std::optional<qint64> KeyTarget(const QKeyEvent &event) const;
     bool ZoomByKey(int key);
+    bool Escape();
+    void PlaceTip(const LineTip &tip);
+    void RefreshTip();
     // Picture
-    [[nodiscard]] int ShownFractionPx() const;
     void PaintRuler(QPainter &painter) const;
+    void PaintCursorLine(QPainter &painter, int lower_px) const;
     void PlaceCalendarLabel();
 
     const std::unique_ptr<CAnimationProgressBarDataPtr> d_ptr_;

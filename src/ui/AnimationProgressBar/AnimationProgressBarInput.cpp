@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "common/ZoneTime.h"
 #include "ui/AnimationProgressBar/AnimationProgressBar.h"
 #include "ui/AnimationProgressBar/AnimationProgressBar_p.h"
 #include "ui/AnimationProgressBar/Ruler.h"
-#include "ui/AnimationProgressBar/TimeLineLook.h"
+#include "ui/AnimationProgressBar/TimeLineMeasures.h"
 
 #include <Nim/Base/TimeUnits.h>
 
-#include <QtCore/QVariantAnimation>
 #include <QtGui/QHelpEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
@@ -23,15 +21,23 @@ namespace {
 
 using Nim::Base::kMillisecondsPerSecond;
 
-constexpr double kNotch = 120.0; // of a mouse wheel, in eighths of a degree
+constexpr double kNotch = 120.0; // one step of a mouse wheel, in eighths of a degree
 constexpr double kZoomOfNotch = 1.25;
 constexpr double kPanOfNotchPx = 60.0;
+
+bool IsMoveKey(int key)
+{
+    return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_PageUp
+           || key == Qt::Key_PageDown || key == Qt::Key_Home || key == Qt::Key_End;
+}
 
 } // namespace
 
 void CAnimationProgressBar::SetPressed(bool is_pressed)
 {
     d_ptr_->b_pressed_ = is_pressed;
+    if (!is_pressed)
+        Settle();
 }
 
 bool CAnimationProgressBar::IsPressed() const
@@ -41,38 +47,37 @@ bool CAnimationProgressBar::IsPressed() const
 
 void CAnimationProgressBar::StartMovingX(int x)
 {
-    StopSlide();
-    StopScale();
-    d_ptr_->b_moving_ = true;
-    d_ptr_->moving_from_x_ = x;
-    d_ptr_->moving_from_ms_ = d_ptr_->position_ms_;
+    EndMotion();
+    const qint64 position_ms = d_ptr_->view_.position_ms;
+    d_ptr_->drag_ = LineDrag{position_ms, position_ms, x, x};
 }
 
 void CAnimationProgressBar::MoveX(int x)
 {
-    if (!d_ptr_->b_moving_)
+    if (!d_ptr_->drag_)
         return;
-    const double moved_s = double(d_ptr_->moving_from_x_ - x) / PixelsPerSecond();
-    StorePosition(
-        HeldToCalendar(double(d_ptr_->moving_from_ms_) + moved_s * kMillisecondsPerSecond));
+    LineDrag &drag = *d_ptr_->drag_;
+    drag.x = x;
+    const double moved_s = (double(drag.from_x) - x) / PixelsPerSecond();
+    Place(HeldToCalendar(double(drag.from_ms) + moved_s * kMillisecondsPerSecond));
 }
 
 void CAnimationProgressBar::StopMovingX()
 {
-    if (!d_ptr_->b_moving_)
+    if (!d_ptr_->drag_)
         return;
-    d_ptr_->b_moving_ = false;
-    Q_EMIT SignalStopAtTime(WallClockOf(d_ptr_->zone_.Read(), GetCurrentUTCTime()));
+    d_ptr_->drag_.reset();
+    TellStop();
 }
 
 bool CAnimationProgressBar::IsMoving() const
 {
-    return d_ptr_->b_moving_;
+    return d_ptr_->drag_.has_value();
 }
 
 CAbstractDelegate *CAnimationProgressBar::RespondingDelegate(QPoint pos) const
 {
-    const auto &list = d_ptr_->list_delegates_;
+    const auto list = d_ptr_->list_delegates_; // a delegate may change the stack
     const auto found = std::find_if(list.crbegin(), list.crend(), [&pos](const auto &delegate) {
         return delegate && delegate->ShouldRespondAtPos(pos);
     });
@@ -87,7 +92,7 @@ bool CAnimationProgressBar::PassToDelegate(QMouseEvent *event)
 
 void CAnimationProgressBar::mousePressEvent(QMouseEvent *event)
 {
-    if (!d_ptr_->b_mouse_)
+    if (!d_ptr_->press_x_)
         d_ptr_->ptr_mouse_delegate_ = RespondingDelegate(event->pos());
     if (d_ptr_->ptr_mouse_delegate_) {
         PassToDelegate(event);
@@ -97,10 +102,8 @@ void CAnimationProgressBar::mousePressEvent(QMouseEvent *event)
         event->ignore();
         return;
     }
-    StopSlide();
-    StopScale();
+    EndMotion();
     QToolTip::hideText();
-    d_ptr_->b_mouse_ = true;
     d_ptr_->press_x_ = event->pos().x();
     SetPressed(true);
 }
@@ -111,42 +114,44 @@ void CAnimationProgressBar::mouseMoveEvent(QMouseEvent *event)
         PassToDelegate(event);
         return;
     }
-    if (!d_ptr_->b_mouse_) {
-        if (QToolTip::isVisible())
-            QToolTip::showText(event->globalPos(), TipAtPos(event->localPos()), this);
+    if (!d_ptr_->press_x_) {
+        if (d_ptr_->tip_ && QToolTip::isVisible())
+            PlaceTip({event->localPos()});
         return;
     }
-    if (!event->buttons().testFlag(Qt::LeftButton)) { // released where nobody saw it
+    if (!event->buttons().testFlag(Qt::LeftButton)) { // the release went elsewhere
         EndPress();
         return;
     }
     const int x = event->pos().x();
-    if (!d_ptr_->b_moving_ && std::abs(x - d_ptr_->press_x_) >= QApplication::startDragDistance())
-        StartMovingX(d_ptr_->press_x_);
+    if (!d_ptr_->drag_ && std::abs(x - *d_ptr_->press_x_) >= QApplication::startDragDistance())
+        StartMovingX(*d_ptr_->press_x_);
     MoveX(x);
 }
 
 void CAnimationProgressBar::mouseReleaseEvent(QMouseEvent *event)
 {
     if (d_ptr_->ptr_mouse_delegate_) {
+        const QPointer<CAnimationProgressBar> self(this);
         PassToDelegate(event);
-        if (event->buttons() == Qt::NoButton)
+        if (self && event->buttons() == Qt::NoButton)
             d_ptr_->ptr_mouse_delegate_ = nullptr;
         return;
     }
-    if (event->button() != Qt::LeftButton || !d_ptr_->b_mouse_)
+    if (event->button() != Qt::LeftButton || !d_ptr_->press_x_)
         return;
-    const bool is_click = !d_ptr_->b_moving_;
+    const bool is_click = !d_ptr_->drag_;
     EndPress();
     if (is_click)
-        SlideByUser(std::llround(MillisecondsAt(event->localPos().x())));
+        SlideByUser(
+            HeldToCalendar(d_ptr_->view_.MillisecondsAt(event->localPos().x() - width() / 2.0)));
 }
 
 void CAnimationProgressBar::EndPress()
 {
-    if (!d_ptr_->b_mouse_)
+    if (!d_ptr_->press_x_)
         return;
-    d_ptr_->b_mouse_ = false;
+    d_ptr_->press_x_.reset();
     SetPressed(false); // before the signal, so that a slot may set a time
     StopMovingX();
 }
@@ -154,68 +159,67 @@ void CAnimationProgressBar::EndPress()
 void CAnimationProgressBar::wheelEvent(QWheelEvent *event)
 {
     event->accept();
-    if (d_ptr_->b_pressed_ || d_ptr_->b_moving_)
-        return;
     const QPoint turned = event->angleDelta();
+    if (d_ptr_->IsHeld() || turned.isNull())
+        return;
     const bool is_sideways = std::abs(turned.x()) > std::abs(turned.y());
     if (!is_sideways && !event->modifiers().testFlag(Qt::ShiftModifier)) {
         ZoomBy(std::pow(kZoomOfNotch, turned.y() / kNotch), event->position().x());
         return;
     }
-    StopSlide();
-    StopScale();
+    EndSlide();
     const int notches = is_sideways ? turned.x() : turned.y();
     const double moved_s = notches / kNotch * kPanOfNotchPx / PixelsPerSecond();
-    StorePosition(HeldToCalendar(double(d_ptr_->position_ms_) - moved_s * kMillisecondsPerSecond));
+    const QPointer<CAnimationProgressBar> self(this);
+    Place(HeldToCalendar(double(d_ptr_->view_.position_ms) - moved_s * kMillisecondsPerSecond));
+    if (self)
+        Settle();
 }
 
-bool CAnimationProgressBar::FindStop(qint64 /*seconds*/, bool /*is_after*/,
-                                     qint64 & /*stop_s*/) const
+std::optional<qint64> CAnimationProgressBar::FindStop(qint64 /*seconds*/, bool /*is_after*/) const
 {
-    return false;
+    return std::nullopt;
 }
 
-bool CAnimationProgressBar::FindOutermostStop(bool /*is_last*/, qint64 & /*stop_s*/) const
+std::optional<qint64> CAnimationProgressBar::FindOutermostStop(bool /*is_last*/) const
 {
-    return false;
+    return std::nullopt;
 }
 
-bool CAnimationProgressBar::KeyTarget(const QKeyEvent &event, qint64 &target_ms) const
+// Nothing when there is no such stop.
+std::optional<qint64> CAnimationProgressBar::KeyTarget(const QKeyEvent &event) const
 {
     // A key that is held down runs ahead of the slide.
-    const qint64 from_ms = IsSliding() ? d_ptr_->slide_to_ms_ : d_ptr_->position_ms_;
+    const LineSlide *const slide = d_ptr_->motion_.Slide();
+    const double from_s =
+        double(slide ? slide->to_ms : d_ptr_->view_.position_ms) / kMillisecondsPerSecond;
     const RulerStep &step = ChooseRulerStep(PixelsPerSecond(), kLeastLabelPx);
-    const auto go = [&](double seconds) {
-        target_ms = HeldToCalendar(double(from_ms) + seconds * kMillisecondsPerSecond);
-        return true;
-    };
-    qint64 stop_s = 0;
-    bool has_stop = false;
-    const int key = event.key();
-    switch (key) {
+    const bool is_large = event.modifiers().testFlag(Qt::ShiftModifier);
+    const double step_s = double(is_large ? step.major_s : step.minor_s);
+    const double width_s = width() / PixelsPerSecond();
+    const bool is_to_stop = event.modifiers().testFlag(Qt::ControlModifier);
+    const auto at = [](double seconds) { return HeldToCalendar(seconds * kMillisecondsPerSecond); };
+    std::optional<qint64> stop_s;
+    switch (event.key()) {
     case Qt::Key_Left:
-    case Qt::Key_Right: {
-        const int sign = key == Qt::Key_Left ? -1 : 1;
-        if (!event.modifiers().testFlag(Qt::ControlModifier))
-            return go(sign
-                      * double(event.modifiers().testFlag(Qt::ShiftModifier) ? step.major_s
-                                                                             : step.minor_s));
-        has_stop = FindStop(from_ms / 1000, key == Qt::Key_Right, stop_s);
+        if (!is_to_stop)
+            return at(from_s - step_s);
+        stop_s = FindStop(qint64(std::ceil(from_s)), false);
         break;
-    }
+    case Qt::Key_Right:
+        if (!is_to_stop)
+            return at(from_s + step_s);
+        stop_s = FindStop(qint64(std::floor(from_s)), true);
+        break;
     case Qt::Key_PageUp:
-        return go(-width() / PixelsPerSecond());
+        return at(from_s - width_s);
     case Qt::Key_PageDown:
-        return go(width() / PixelsPerSecond());
-    case Qt::Key_Home:
-    case Qt::Key_End:
-        has_stop = FindOutermostStop(key == Qt::Key_End, stop_s);
-        break;
+        return at(from_s + width_s);
     default:
-        return false;
+        stop_s = FindOutermostStop(event.key() == Qt::Key_End);
+        break;
     }
-    target_ms = has_stop ? HeldToCalendar(double(stop_s) * kMillisecondsPerSecond) : from_ms;
-    return true;
+    return stop_s ? std::optional(at(double(*stop_s))) : std::nullopt;
 }
 
 bool CAnimationProgressBar::ZoomByKey(int key)
@@ -236,52 +240,72 @@ bool CAnimationProgressBar::ZoomByKey(int key)
     }
 }
 
+// Undoes a drag, ends a slide; false when there is neither.
+bool CAnimationProgressBar::Escape()
+{
+    if (!d_ptr_->press_x_ && !IsSliding())
+        return false;
+    EndSlide();
+    const QPointer<CAnimationProgressBar> self(this);
+    if (d_ptr_->drag_)
+        Place(d_ptr_->drag_->start_ms);
+    if (self)
+        EndPress();
+    if (self)
+        Settle();
+    return true;
+}
+
 void CAnimationProgressBar::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape && (d_ptr_->b_mouse_ || IsSliding())) {
-        if (d_ptr_->b_moving_)
-            StorePosition(d_ptr_->moving_from_ms_);
-        StopSlide();
-        EndPress(); // last: its signal may end this bar
+    if (event->key() == Qt::Key_Escape && Escape())
         return;
-    }
-    qint64 target_ms = 0;
-    const bool is_free = !d_ptr_->b_pressed_ && !d_ptr_->b_moving_;
-    if (is_free && event->key() == Qt::Key_Space)
-        ShowTip();
-    else if (is_free && KeyTarget(*event, target_ms))
-        SlideByUser(target_ms);
-    else if (!is_free || !ZoomByKey(event->key()))
+    if (d_ptr_->IsHeld()) {
         QWidget::keyPressEvent(event);
+    } else if (event->key() == Qt::Key_Space) {
+        ShowTip();
+    } else if (IsMoveKey(event->key())) {
+        if (const auto target_ms = KeyTarget(*event))
+            SlideByUser(*target_ms);
+    } else if (!ZoomByKey(event->key())) {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void CAnimationProgressBar::ShowTip()
 {
-    const QPoint at(width() / 2, kTipTopPx);
-    QToolTip::showText(mapToGlobal(at), TipAtPos(at), this);
+    PlaceTip({});
+}
+
+void CAnimationProgressBar::PlaceTip(const LineTip &tip)
+{
+    const QPointF at = tip.pointer.value_or(QPointF(width() / 2.0, kTipTopPx));
+    const QString text = tip.pointer ? TipAtPos(at) : TipAtCursorLine();
+    d_ptr_->tip_ = LineTip{tip.pointer, text};
+    QToolTip::showText(mapToGlobal(at.toPoint()), text, this); // an empty text hides it
+}
+
+// Keeps a visible tip true to what has moved under it.
+void CAnimationProgressBar::RefreshTip()
+{
+    if (!d_ptr_->tip_)
+        return;
+    const LineTip tip = *d_ptr_->tip_;
+    if (QToolTip::isVisible() && QToolTip::text() == tip.text)
+        PlaceTip(tip);
+    else // it has gone, or is another widget's
+        d_ptr_->tip_.reset();
 }
 
 bool CAnimationProgressBar::event(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip) {
         const auto &help = static_cast<const QHelpEvent &>(*event);
-        if (!d_ptr_->b_mouse_)
-            QToolTip::showText(help.globalPos(), TipAtPos(help.pos()), this);
+        if (!d_ptr_->press_x_)
+            PlaceTip({QPointF(help.pos())});
         return true;
     }
     return QWidget::event(event);
-}
-
-void CAnimationProgressBar::hideEvent(QHideEvent *event)
-{
-    QWidget::hideEvent(event);
-    if (IsSliding()) // nobody sees the rest of the way
-        SetPosition(d_ptr_->slide_to_ms_);
-    if (d_ptr_->ptr_zoom_->state() == QAbstractAnimation::Running) {
-        StopScale();
-        ApplyScale(d_ptr_->zoom_to_);
-    }
-    EndPress();
 }
 
 } // namespace Vantor

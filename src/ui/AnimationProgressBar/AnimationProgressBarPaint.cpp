@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: MIT
+#include "common/Guard.h"
 #include "common/StyleManager.h"
 #include "common/ZoneTime.h"
 #include "ui/AnimationProgressBar/AnimationProgressBar.h"
 #include "ui/AnimationProgressBar/AnimationProgressBar_p.h"
 #include "ui/AnimationProgressBar/Ruler.h"
-#include "ui/AnimationProgressBar/TimeLineLook.h"
+#include "ui/AnimationProgressBar/TimeLineMeasures.h"
 
 #include <QtCore/QEvent>
 #include <QtCore/QLocale>
 #include <QtGui/QPainter>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QStyle>
-#include <QtWidgets/QStyleOption>
 
 #include <cmath>
 
@@ -26,8 +25,9 @@ constexpr int kHeightPx = kLabelTopPx + kLabelHeightPx + 2;
 constexpr int kMajorMarkPx = 7;
 constexpr int kMinorMarkPx = 4;
 constexpr int kCursorPx = 2;
+constexpr int kCursorRimPx = 1;
+constexpr int kCursorHeadPx = 5; // half the width of the triangle at its top
 constexpr int kChangeDashPx = 3;
-constexpr double kSimpleShare = 0.25; // of the height, for the bars
 constexpr double kRulerPointSize = 8.5;
 
 QColor OrElse(const QColor &colour, const QColor &otherwise)
@@ -49,37 +49,55 @@ QLocale LocaleOf(const QWidget &widget)
 
 int CAnimationProgressBar::ShownFractionPx() const
 {
-    // Delegates paint for the whole second that GetCurrentUTCTime() gives.
-    const double fraction_s = double(d_ptr_->position_ms_ % 1000) / 1000.0;
+    const double fraction_s = double(d_ptr_->view_.position_ms % 1000) / 1000.0;
     return int(std::lround(fraction_s * PixelsPerSecond()));
 }
 
 void CAnimationProgressBar::paintEvent(QPaintEvent * /*event*/)
 {
+    static constexpr char kFunction[] = "Vantor::CAnimationProgressBar::paintEvent";
     QPainter painter(this);
     const int lower_px =
         d_ptr_->b_simplify_ ? int(std::lround(height() * kSimpleShare)) : kLowerBandPx;
-    painter.fillRect(rect(), OrElse(Theme().PanelColor(), palette().color(QPalette::Base)));
+    QColor base = palette().color(QPalette::Base);
+    base.setAlpha(
+        255); // theme colours may be translucent, and nothing is painted below this widget
+    painter.fillRect(rect(), base);
+    painter.fillRect(rect(), OrElse(Theme().PanelColor(), base));
     painter.fillRect(0, kUpperBandPx, width(), lower_px,
                      OrElse(Theme().WidgetColorT2(), palette().color(QPalette::AlternateBase)));
 
     painter.translate(-ShownFractionPx(), 0);
-    for (const QPointer<CAbstractDelegate> &delegate : qAsConst(d_ptr_->list_delegates_)) {
-        if (delegate)
-            delegate->Paint(&painter);
+    const auto list = d_ptr_->list_delegates_; // a delegate may change the stack
+    for (const QPointer<CAbstractDelegate> &delegate : list) {
+        if (!delegate || delegate->AnimationProgressBar() != this)
+            continue;
+        painter.save();
+        RunGuarded(kFunction, [&] { delegate->Paint(&painter); });
+        painter.restore();
     }
     PaintRuler(painter);
     painter.resetTransform();
-
-    const QColor brand = OrElse(Theme().BrandColor(), palette().color(QPalette::Highlight));
-    painter.fillRect(width() / 2 - kCursorPx / 2, 0, kCursorPx, kUpperBandPx + lower_px, brand);
+    PaintCursorLine(painter, lower_px);
     if (hasFocus()) {
-        QStyleOptionFocusRect option;
-        option.initFrom(this);
-        option.backgroundColor = palette().color(QPalette::Base);
-        painter.setPen(brand);
+        painter.setPen(OrElse(Theme().BrandColor(), palette().color(QPalette::Highlight)));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
+}
+
+// With a rim in the colour of the panel, so that it is seen on bars of its own colour.
+void CAnimationProgressBar::PaintCursorLine(QPainter &painter, int lower_px) const
+{
+    const QColor brand = OrElse(Theme().BrandColor(), palette().color(QPalette::Highlight));
+    QColor rim = OrElse(Theme().PanelColor(), palette().color(QPalette::Base));
+    rim.setAlpha(255);
+    const int width_px = kCursorPx + width() % 2; // with the exact centre in its middle
+    const QRect line((width() - width_px) / 2, 0, width_px, kUpperBandPx + lower_px);
+    painter.fillRect(line.adjusted(-kCursorRimPx, 0, kCursorRimPx, 0), rim);
+    for (int row = 0; row < kCursorHeadPx; ++row)
+        painter.fillRect(line.left() + row - kCursorHeadPx, row,
+                         width_px + 2 * (kCursorHeadPx - row), 1, brand);
+    painter.fillRect(line, brand);
 }
 
 void CAnimationProgressBar::PaintRuler(QPainter &painter) const
@@ -137,7 +155,7 @@ void CAnimationProgressBar::RefreshCalendarLabel(qint64 seconds)
 
 void CAnimationProgressBar::PlaceCalendarLabel()
 {
-    // As wide as the bar: the text stays in the middle without a new layout for each second.
+    // As wide as the bar, so that the text stays centred without a new layout for each second.
     d_ptr_->ptr_calendar_->setGeometry(0, kLabelTopPx, width(),
                                        std::max(0, height() - kLabelTopPx));
 }
@@ -147,13 +165,14 @@ QString CAnimationProgressBar::TipAtPos(const QPointF &pos) const
     return TimeText(UTCSecondsAtXPos(pos.x()));
 }
 
+QString CAnimationProgressBar::TipAtCursorLine() const
+{
+    return TimeText(GetCurrentUTCTime());
+}
+
 QString CAnimationProgressBar::TimeText(qint64 seconds) const
 {
-    const QLocale locale = LocaleOf(*this);
-    const QDateTime wall = WallClockOf(d_ptr_->zone_.Read(), seconds);
-    return locale.toString(wall.date(), QStringLiteral("d MMM yyyy")) + QLatin1Char(' ')
-           + locale.toString(wall.time(), QStringLiteral("HH:mm:ss")) + QLatin1Char(' ')
-           + OffsetText(WallClockOffset(d_ptr_->zone_.Read(), seconds), locale);
+    return WallClockText(d_ptr_->zone_.Read(), seconds, LocaleOf(*this));
 }
 
 QSize CAnimationProgressBar::sizeHint() const
@@ -179,6 +198,7 @@ void CAnimationProgressBar::changeEvent(QEvent *event)
     case QEvent::LanguageChange:
     case QEvent::LocaleChange:
         RefreshCalendarLabel(GetCurrentUTCTime());
+        RefreshTip();
         [[fallthrough]];
     case QEvent::StyleChange:
     case QEvent::PaletteChange:

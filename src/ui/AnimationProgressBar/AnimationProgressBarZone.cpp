@@ -4,6 +4,7 @@
 #include "ui/AnimationProgressBar/AnimationProgressBar.h"
 #include "ui/AnimationProgressBar/AnimationProgressBar_p.h"
 
+#include <BusinessCommon/IsoTime.h>
 #include <BusinessCommon/TimeZoneManager.h>
 #include <Nim/Base/TimeUnits.h>
 
@@ -14,6 +15,8 @@ namespace {
 
 using Nim::Base::kMillisecondsPerSecond;
 using Nim::Base::kSecondsPerMinute;
+
+constexpr qint64 kUnreadable = -1; // of the service; also the second before 1970
 
 // Leaves room for any bias.
 bool IsPosition(qint64 seconds)
@@ -31,6 +34,7 @@ void CAnimationProgressBar::SetTimeZoneInfor(const CTimeZoneParam &zone)
     RecalculateTimeSpecOffset();
     update();
     RefreshCalendarLabel(GetCurrentUTCTime());
+    RefreshTip();
 }
 
 int CAnimationProgressBar::TimeSpecOffset() const
@@ -38,7 +42,7 @@ int CAnimationProgressBar::TimeSpecOffset() const
     return d_ptr_->time_spec_offset_s_;
 }
 
-// Hosts set the bounds of daylight saving with the zone; there is nothing to work out.
+// Hosts set the bounds of daylight saving with the zone; nothing is computed here.
 void CAnimationProgressBar::RecalculateDSTSeconds() {}
 
 void CAnimationProgressBar::RecalculateTimeSpecOffset()
@@ -72,24 +76,31 @@ void CAnimationProgressBar::SetCurrentDateTime(const QDateTime &date_time, bool 
                                                int duration_ms, AnimationType type)
 {
     static constexpr char kFunction[] = "Vantor::CAnimationProgressBar::SetCurrentDateTime";
-    if (d_ptr_->b_pressed_ || d_ptr_->b_moving_)
+    if (IsPressed() || IsMoving())
         return;
-    const TimeZoneParam &zone = d_ptr_->zone_.Read();
+    const TimeZoneParam zone =
+        d_ptr_->zone_.Read(); // a copy: the service or a slot may set another
     const std::string text = IsoTextOfWallClock(zone, date_time);
     if (text.empty()) {
         VANTOR_LOG(kFunction, 4, VANTOR_LOG_WARNING, "The date-time has no date.");
         return;
     }
+    const QPointer<CAnimationProgressBar> self(this);
     const qint64 standard_s =
         Nim::Base::CSingleton<BusinessCommon::CTimeZoneManager>::Instance().ISOTimeToTimeT(text);
+    if (!self)
+        return;
+    if (standard_s == kUnreadable && BusinessCommon::IsoTextToSeconds(text) != kUnreadable) {
+        VANTOR_LOG(kFunction, 4, VANTOR_LOG_WARNING, "The time-zone service cannot read %s.",
+                   text.c_str());
+        return;
+    }
     if (!IsPosition(standard_s)) {
         VANTOR_LOG(kFunction, 4, VANTOR_LOG_WARNING, "%s is beyond all positions.", text.c_str());
         return;
     }
     const qint64 wall_clock_s = standard_s - zone.utc_bias * kSecondsPerMinute;
     const qint64 position_s = CorrectForDst(zone, standard_s);
-    // A slot may set another time or zone, or delete the bar.
-    const QPointer<CAnimationProgressBar> self(this);
     Q_EMIT SignalStopAtTime(QDateTime::fromSecsSinceEpoch(wall_clock_s, Qt::UTC));
     if (self)
         MoveTo(position_s * kMillisecondsPerSecond, animate, duration_ms, type);

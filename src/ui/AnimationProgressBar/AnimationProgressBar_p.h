@@ -4,56 +4,74 @@
 #include "common/TimeZoneRecords.h"
 #include "ui/AnimationProgressBar/AbstractDelegate_p.h"
 #include "ui/AnimationProgressBar/AnimationProgressBar.h"
+#include "ui/AnimationProgressBar/LineMotion.h"
 
+#include <QtCore/QBasicTimer>
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QList>
+#include <QtCore/QPointF>
 #include <QtCore/QPointer>
+
+#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QLabel;
-class QVariantAnimation;
 QT_END_NAMESPACE
 
 namespace Vantor {
 
-constexpr double kFirstUnitPx = 60.0;
-constexpr double kFirstUnitSeconds = 3600.0;
+/// A drag of the line, by the mouse or by a handle of the host.
+struct LineDrag
+{
+    qint64 start_ms; // where the line was, for Escape
+    qint64 from_ms;  // the position that belongs to from_x
+    int from_x;
+    int x; // of the handle now
+
+    // The line has come to \a position_ms by other means.
+    void GoOnFrom(qint64 position_ms)
+    {
+        from_ms = position_ms;
+        from_x = x;
+    }
+};
+
+/// The tip that this bar has shown.
+struct LineTip
+{
+    std::optional<QPointF> pointer; // none: at the cursor line
+    QString text = {};
+};
 
 struct CAnimationProgressBarDataPtr
 {
-    // Zone
     CTimeZoneParam zone_;
     int time_spec_offset_s_ = 0;
 
-    // Position: what is stored, and what was seen last. They differ from the start of a slide to
-    // its first step.
-    qint64 position_ms_ = 0;
+    // view_ is what callers get. shown_ms_ is what was painted last; they differ from the start of
+    // a slide, which stores its target, to its first step. told_ms_ is the position that the host
+    // knows, because it set it or because SignalStopAtTime() reported it.
+    LineView view_;
     qint64 shown_ms_ = 0;
-    qint64 slide_from_ms_ = 0;
-    qint64 slide_to_ms_ = 0;
+    qint64 told_ms_ = 0;
 
-    // Scale
-    double scale_length_px_ = kFirstUnitPx;
-    double time_length_s_ = kFirstUnitSeconds;
-    double zoom_from_ = 0; // pixels a second
-    double zoom_to_ = 0;
-    double anchor_x_ = 0;
-    double anchor_ms_ = 0;
-
-    // Interaction
-    bool b_simplify_ = false;
-    bool b_pressed_ = false;
-    bool b_moving_ = false;
-    bool b_mouse_ = false; // the press is the mouse's
-    int press_x_ = 0;
-    int moving_from_x_ = 0;
-    qint64 moving_from_ms_ = 0;
+    LineMotion motion_;
+    QElapsedTimer motion_clock_;
+    QBasicTimer motion_tick_;
+    QBasicTimer settle_timer_;
     int animation_duration_ms_ = 250;
 
-    QVariantAnimation *ptr_slide_ = nullptr;
-    QVariantAnimation *ptr_zoom_ = nullptr;
+    bool b_simplify_ = false;
+    bool b_pressed_ = false;
+    std::optional<int> press_x_; // where the mouse is pressed
+    std::optional<LineDrag> drag_;
+    std::optional<LineTip> tip_;
+
     QLabel *ptr_calendar_ = nullptr;
     QList<QPointer<CAbstractDelegate>> list_delegates_; // from bottom to top
     QPointer<CAbstractDelegate> ptr_mouse_delegate_;    // has the mouse until it is released
+
+    [[nodiscard]] bool IsHeld() const { return b_pressed_ || press_x_ || drag_; }
 };
 
 } // namespace Vantor

@@ -53,10 +53,10 @@ qint64 FloorDivide(qint64 dividend, qint64 divisor)
     return dividend / divisor - (dividend % divisor < 0 ? 1 : 0);
 }
 
-// The offsets a zone may have.
+// The offsets that a zone may have.
 std::array<qint64, 2> OffsetsOf(const TimeZoneParam &zone)
 {
-    const qint64 standard_s = -zone.utc_bias * kMinute;
+    const qint64 standard_s = -qint64(zone.utc_bias) * kMinute;
     return {standard_s, standard_s - zone.daylight_bias * kMinute};
 }
 
@@ -163,20 +163,6 @@ QString RulerText(const TimeZoneParam &zone, qint64 seconds, RulerLabel label,
         return locale.toString(wall.date(), QStringLiteral("yyyy"));
     }
     return locale.toString(wall.date(), QStringLiteral("d MMM"));
-}
-
-QString OffsetText(qint64 offset_s, const QLocale &locale)
-{
-    QString text = QStringLiteral("UTC");
-    if (offset_s == 0)
-        return text;
-    const qint64 minutes = qAbs(offset_s) / kMinute;
-    text += (offset_s < 0 ? QChar(0x2212) : QChar(u'+')) + locale.toString(minutes / 60);
-    if (minutes % 60 != 0)
-        text +=
-            QLatin1Char(':') + locale.toString(minutes % 60).rightJustified(2, locale.zeroDigit());
-    // Stays in this order inside right-to-left text.
-    return QChar(0x202A) + text + QChar(0x202C);
 }
 
 } // namespace Vantor

@@ -37,9 +37,9 @@ struct RulerMark
 
 /// \brief The marks from \a from_s to \a to_s (seconds since 1970 UTC, both included), in order.
 ///
-/// They stand at round times of the zone's wall clock. An hour that daylight saving skips has
-/// none, one that comes twice has them twice. At most 10,000 come back, a guard against scales
-/// that make no sense.
+/// Marks are at round times of the zone's wall clock. An hour that daylight saving skips has no
+/// marks, one that comes twice has them twice. At most 10,000 are returned, as a guard against
+/// absurd scales.
 [[nodiscard]] std::vector<RulerMark> RulerMarks(const TimeZoneParam &zone, qint64 from_s,
                                                 qint64 to_s, const RulerStep &step);
 
@@ -47,8 +47,5 @@ struct RulerMark
 /// date.
 [[nodiscard]] QString RulerText(const TimeZoneParam &zone, qint64 seconds, RulerLabel label,
                                 const QLocale &locale);
-
-/// \brief An offset as "UTC", "UTC+5:30" or "UTC−3".
-[[nodiscard]] QString OffsetText(qint64 offset_s, const QLocale &locale);
 
 } // namespace Vantor

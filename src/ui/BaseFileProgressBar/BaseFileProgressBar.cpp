@@ -21,10 +21,13 @@ QVector<CTimeBarParam> BarsOf(const CBaseFileProgressBar::Files &files, bool by_
     QVector<CTimeBarParam> bars;
     bars.reserve(files.size());
     for (int i = 0; i < files.size(); ++i) {
-        bars.append(CBaseFileProgressBar::NewATimeBarParam(files.at(i), convert, by_file_type));
-        bars.last().SetVal_szIndex(size_t(i));
-        if (files.at(i))
-            bars.last().SetVal_strFileName(QString::fromStdString(files.at(i)->GetFileName()));
+        if (!files.at(i))
+            continue;
+        CTimeBarParam bar =
+            CBaseFileProgressBar::NewATimeBarParam(files.at(i), convert, by_file_type);
+        bar.SetVal_szIndex(size_t(i));
+        bar.SetVal_strFileName(QString::fromStdString(files.at(i)->GetFileName()));
+        bars.append(bar);
     }
     return bars;
 }
@@ -100,13 +103,27 @@ void CBaseFileProgressBar::SetSyncFiles(const Files &files, bool byFileType, con
 
 QString CBaseFileProgressBar::TipAtPos(const QPointF &pos) const
 {
-    QString time = CAnimationProgressBar::TipAtPos(pos);
-    CTimeBarParam bar;
     const QPointF painted(pos.x() + ShownFractionPx(), pos.y());
-    if (!d_ptr_->ptr_time_bars_ || !d_ptr_->ptr_time_bars_->FindTimeBar(painted, bar))
+    return TipText(CAnimationProgressBar::TipAtPos(pos),
+                   d_ptr_->ptr_time_bars_ ? d_ptr_->ptr_time_bars_->FindTimeBar(painted)
+                                          : std::nullopt);
+}
+
+QString CBaseFileProgressBar::TipAtCursorLine() const
+{
+    return TipText(CAnimationProgressBar::TipAtCursorLine(),
+                   d_ptr_->ptr_time_bars_
+                       ? d_ptr_->ptr_time_bars_->FindTimeBarAt(GetCurrentUTCTime())
+                       : std::nullopt);
+}
+
+QString CBaseFileProgressBar::TipText(const QString &time,
+                                      const std::optional<CTimeBarParam> &bar) const
+{
+    if (!bar)
         return time;
     QStringList lines{time};
-    const TimeBarParam &shown = bar.Read();
+    const TimeBarParam &shown = bar->Read();
     for (const QString &text : {shown.strFileName, shown.strFileMark}) {
         if (!text.isEmpty())
             lines.append(text.toHtmlEscaped());
@@ -118,15 +135,16 @@ QString CBaseFileProgressBar::TipAtPos(const QPointF &pos) const
     return lines.join(QStringLiteral("<br>"));
 }
 
-bool CBaseFileProgressBar::FindStop(qint64 seconds, bool is_after, qint64 &stop_s) const
+std::optional<qint64> CBaseFileProgressBar::FindStop(qint64 seconds, bool is_after) const
 {
-    return d_ptr_->ptr_time_bars_ && d_ptr_->ptr_time_bars_->FindStart(seconds, is_after, stop_s);
+    return d_ptr_->ptr_time_bars_ ? d_ptr_->ptr_time_bars_->FindStart(seconds, is_after)
+                                  : std::nullopt;
 }
 
-bool CBaseFileProgressBar::FindOutermostStop(bool is_last, qint64 &stop_s) const
+std::optional<qint64> CBaseFileProgressBar::FindOutermostStop(bool is_last) const
 {
     using Limits = std::numeric_limits<qint64>;
-    return FindStop(is_last ? Limits::max() : Limits::min(), !is_last, stop_s);
+    return FindStop(is_last ? Limits::max() : Limits::min(), !is_last);
 }
 
 } // namespace Vantor

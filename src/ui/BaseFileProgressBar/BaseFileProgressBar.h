@@ -22,15 +22,14 @@ struct CBaseFileProgressBarDataPtr;
 
 /// \brief A time line of recording files.
 ///
-/// Turns files into the bars of the one CTimeBarDelegate it makes, tells in its tips which file
-/// lies under the pointer, and has the starts of the shown files as stops for the keyboard. GUI
-/// thread only.
+/// Turns files into the bars of the one CTimeBarDelegate it makes, names in its tips the file under
+/// the pointer, and has the starts of the visible files as stops for the keyboard. GUI thread only.
 class VANTOR_EXPORT CBaseFileProgressBar : public CAnimationProgressBar
 {
     Q_OBJECT
 
 public:
-    /// Files as a search reports them; null ones count as fresh records.
+    /// Files as a search reports them; null ones are left out.
     using Files = QVector<std::shared_ptr<TimeSliderFile>>;
     /// From a file's count of seconds to seconds since 1970 UTC.
     using Convert = std::function<qint64(qint64)>;
@@ -43,14 +42,15 @@ public:
     /// \brief Show wall-clock times of a device's zone, with daylight saving as it is in the year
     /// of the current position. Null is ignored.
     ///
-    /// A zone whose daylight saving nobody knows is kept but not shown: the bar stays in its zone.
+    /// A zone whose daylight saving the service does not know is kept but not shown: the bar stays
+    /// in its zone.
     void SetDeviceTimeZoneInfor(const std::shared_ptr<BusinessCommon::CTimeZoneInfor> &info);
     /// \brief A copy of the device zone that was given last.
     [[nodiscard]] const BusinessCommon::CTimeZoneInfor &GetDeviceTimeZoneInfor() const;
     /// \brief Seconds since 1970 UTC of an ISO 8601 text.
     ///
     /// Read from the front as year-month-dayThour:minute:second and one of "+hours:minutes", "Z" or
-    /// "-hours:minutes"; what is not there is 0. See docs/known-behaviour.md for partial texts.
+    /// "-hours:minutes"; missing parts are 0. See docs/known-behaviour.md for partial texts.
     /// \return -1 for a text that does not begin with a number.
     [[nodiscard]] virtual qint64 ISOTimeToTimeT(std::string text);
 
@@ -61,8 +61,8 @@ public:
     CTimeBarDelegate *TimeBarDelegate();
     /// \brief Which types are drawn, in this order; empty: 22, 0, 500 and 13.
     ///
-    /// Type 1, which NewATimeBarParam() gives without \a byFileType, is not among the latter. On a
-    /// delegate that is there already all types become visible.
+    /// Type 1, which NewATimeBarParam() gives without \a byFileType, is not among the latter. If
+    /// the delegate exists already, all types become visible.
     void SetTimeBarTypes(const QList<int> &types);
     [[nodiscard]] QList<int> TimeBarTypes() const;
 
@@ -97,10 +97,14 @@ public:
 
 protected:
     [[nodiscard]] QString TipAtPos(const QPointF &pos) const override;
-    bool FindStop(qint64 seconds, bool is_after, qint64 &stop_s) const override;
-    bool FindOutermostStop(bool is_last, qint64 &stop_s) const override;
+    [[nodiscard]] QString TipAtCursorLine() const override;
+    [[nodiscard]] std::optional<qint64> FindStop(qint64 seconds, bool is_after) const override;
+    [[nodiscard]] std::optional<qint64> FindOutermostStop(bool is_last) const override;
 
 private:
+    [[nodiscard]] QString TipText(const QString &time,
+                                  const std::optional<CTimeBarParam> &bar) const;
+
     const std::unique_ptr<CBaseFileProgressBarDataPtr> d_ptr_;
 };
 

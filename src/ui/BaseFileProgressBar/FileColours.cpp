@@ -5,65 +5,62 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 
 namespace Vantor {
 namespace {
 
-struct LookRow
-{
-    int type;
-    int bar_type;
-    QRgb colour;
-};
-
 constexpr QRgb kBlue = 0xFF2196F3;
 constexpr QRgb kOrange = 0xFFFF6842;
 constexpr int kPlainType = 1;
+constexpr int kByRecord = 0; // the file type that leaves the choice to the record file type
 
-// By record file type, for files of type 0.
-constexpr LookRow kRecordLooks[] = {
-    {0, 0, kBlue},        {1, 1, 0xFF836ABB},     {2, 2, 0xFFB25959},     {13, 13, kOrange},
-    {22, 22, 0xFF666666}, {500, 500, 0xFF15B89B}, {501, 501, 0xFF519F8F},
+struct LookRow
+{
+    int file_type;
+    int record_type; // read for files of type kByRecord only
+    int bar_type;
+    QBrush brush;
 };
 
-// By file type.
-constexpr LookRow kFileLooks[] = {
-    {1, 13, kOrange}, {3, 13, kOrange}, {5, 13, kOrange}, {4, 0, kBlue}};
-
-// The brushes of a table, made once in the process.
-template <size_t size> auto BrushesOf(const LookRow (&rows)[size])
+QBrush Brush(QRgb colour)
 {
-    std::array<QBrush, size> brushes;
-    std::transform(std::begin(rows), std::end(rows), brushes.begin(),
-                   [](const LookRow &row) { return QBrush(QColor(row.colour)); });
-    return brushes;
+    return QBrush(QColor(colour));
 }
 
-template <size_t size>
-FileLook Find(const LookRow (&rows)[size], const std::array<QBrush, size> &brushes, int type)
+// The brushes are made once in the process.
+const auto &Looks()
 {
-    const auto *const found = std::find_if(std::begin(rows), std::end(rows),
-                                           [type](const LookRow &row) { return row.type == type; });
-    if (found == std::end(rows))
-        return {}; // not a default brush: its colour is a valid black
-    return {found->bar_type, brushes[size_t(found - std::begin(rows))].color()};
+    static const std::array<LookRow, 11> rows{{
+        {kByRecord, 0, 0, Brush(kBlue)},
+        {kByRecord, 1, 1, Brush(0xFF836ABB)},
+        {kByRecord, 2, 2, Brush(0xFFB25959)},
+        {kByRecord, 13, 13, Brush(kOrange)},
+        {kByRecord, 22, 22, Brush(0xFF666666)},
+        {kByRecord, 500, 500, Brush(0xFF15B89B)},
+        {kByRecord, 501, 501, Brush(0xFF519F8F)},
+        {1, 0, 13, Brush(kOrange)},
+        {3, 0, 13, Brush(kOrange)},
+        {4, 0, 0, Brush(kBlue)},
+        {5, 0, 13, Brush(kOrange)},
+    }};
+    return rows;
 }
 
 } // namespace
 
 FileLook LookOfFile(int file_type, int record_file_type)
 {
-    static const auto record_brushes = BrushesOf(kRecordLooks);
-    static const auto file_brushes = BrushesOf(kFileLooks);
-    return file_type == 0 ? Find(kRecordLooks, record_brushes, record_file_type)
-                          : Find(kFileLooks, file_brushes, file_type);
+    const auto &rows = Looks();
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](const LookRow &row) {
+        return row.file_type == file_type
+               && (file_type != kByRecord || row.record_type == record_file_type);
+    });
+    return found == rows.end() ? FileLook{} : FileLook{found->bar_type, found->brush.color()};
 }
 
 FileLook PlainLookOfFile()
 {
-    static const QBrush brush{QColor(kBlue)};
-    return {kPlainType, brush.color()};
+    return {kPlainType, LookOfFile(kByRecord, 0).colour};
 }
 
 } // namespace Vantor

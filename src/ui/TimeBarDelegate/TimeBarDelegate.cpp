@@ -4,31 +4,18 @@
 #include "common/ForwardEvents.h"
 #include "common/Guard.h"
 #include "ui/AnimationProgressBar/AnimationProgressBar.h"
+#include "ui/AnimationProgressBar/TimeLineMeasures.h"
+#include "ui/TimeBarDelegate/TimeBarPainter.h"
 #include "ui/TimeBarDelegate/TimeBarRow.h"
-#include "ui/TimeBarDelegate/TimeBarRuns.h"
 
 #include <QtCore/QMap>
 #include <QtCore/QPointF>
 #include <QtGui/QPainter>
 
-#include <optional>
-
 namespace Vantor {
 namespace {
 
 constexpr int kDelegateType = 0;
-constexpr double kUpperHeightPx = 22.0;
-constexpr double kLowerHeightPx = 20.0;
-constexpr double kSimplifiedShare = 0.25; // of the bar's height
-constexpr double kSyncHeightPx = 9.0;
-constexpr double kSyncGapPx = 2.0;
-constexpr double kSyncTopPx = kUpperHeightPx + kSyncHeightPx + kSyncGapPx;
-constexpr double kFaintOpacity = 0.2;
-
-// What has been painted of the row and type at hand: one for all delegates, as they paint one after
-// the other.
-TimeBarSpan last_span;
-
 } // namespace
 
 struct CTimeBarDelegateDataPtr
@@ -40,10 +27,11 @@ struct CTimeBarDelegateDataPtr
     float opacity_ = 1.0F;
     bool b_sync_ = false;
 
-    [[nodiscard]] bool IsShown(int type) const { return map_visible_.value(type, false); }
-    void PaintMainRow(CTimeBarRuns &runs, const TimeBarView &view, int type,
-                      double lower_height_px) const;
-    void PaintSyncRow(CTimeBarRuns &runs, const TimeBarView &view, int type) const;
+    // Null when the type is hidden or has no bars.
+    [[nodiscard]] const CTimeBarIndex *ShownIndex(const CTimeBarRow &row, int type) const
+    {
+        return map_visible_.value(type, false) ? row.Index(type) : nullptr;
+    }
 };
 
 namespace {
@@ -56,48 +44,28 @@ TimeBarView ViewOf(const CAnimationProgressBar &bar)
 
 double LowerHeight(const CAnimationProgressBar &bar)
 {
-    return bar.IsSimplifyMode() ? bar.height() * kSimplifiedShare : kLowerHeightPx;
+    return bar.IsSimplifyMode() ? bar.height() * kSimpleShare : kLowerBandPx;
+}
+
+// The bar that painting leaves visible at `x`: in the main row the first that covers it, in the
+// second row the last that is painted.
+const CTimeBarParam *SeenAt(const CTimeBarIndex &index, const TimeBarView &view, double x,
+                            bool is_sync)
+{
+    const CTimeBarParam *seen = nullptr;
+    TimeBarSpan last_span;
+    index.ForEachVisible(view, [&](double left, double width, const TimeBarEntry &entry) {
+        if (left > x)
+            return false;
+        const bool is_painted = !CheckOverlap(last_span, {left, width}).IsEmpty();
+        if (is_painted && left + width > x)
+            seen = entry.bar;
+        return is_sync || !seen;
+    });
+    return seen;
 }
 
 } // namespace
-
-void CTimeBarDelegateDataPtr::PaintMainRow(CTimeBarRuns &runs, const TimeBarView &view, int type,
-                                           double lower_height_px) const
-{
-    const CTimeBarIndex *const index = main_row_.Index(type);
-    if (!index)
-        return;
-    const auto fill = [&] {
-        runs.Fill(0, kUpperHeightPx, kFaintOpacity);
-        runs.Fill(kUpperHeightPx, lower_height_px, 1.0);
-        runs.Clear();
-    };
-    index->ForEachVisible(view, [&](double x1, double x2, const QColor &colour) {
-        const TimeBarSpan span = CheckOverlap(last_span, {x1, TimeBarView::WidthOf(x1, x2)});
-        if (span.IsEmpty())
-            return;
-        runs.Add(span, colour, false);
-        if (!runs.AreWholePixels()) // the bands share a row of pixels: bar by bar, in their order
-            fill();
-    });
-    fill();
-}
-
-void CTimeBarDelegateDataPtr::PaintSyncRow(CTimeBarRuns &runs, const TimeBarView &view,
-                                           int type) const
-{
-    const CTimeBarIndex *const index = sync_row_.Index(type);
-    if (!index)
-        return;
-    index->ForEachVisible(view, [&](double x1, double x2, const QColor &colour) {
-        const TimeBarSpan whole{x1, TimeBarView::WidthOf(x1, x2)};
-        // The check only decides: hosts know this row with whole bars.
-        if (!CheckOverlap(last_span, whole).IsEmpty())
-            runs.Add(whole, colour, true);
-    });
-    runs.Fill(kSyncTopPx, kSyncHeightPx, 1.0);
-    runs.Clear();
-}
 
 CTimeBarDelegate::CTimeBarDelegate(QObject *parent)
     : CAbstractDelegate(kDelegateType, parent), d_ptr_(std::make_unique<CTimeBarDelegateDataPtr>())
@@ -154,7 +122,7 @@ void CTimeBarDelegate::SetTimeBarVisible(int type, bool visible)
 
 bool CTimeBarDelegate::IsTimeBarVisible(int type) const
 {
-    return d_ptr_->IsShown(type);
+    return d_ptr_->map_visible_.value(type, false);
 }
 
 void CTimeBarDelegate::SetUnvisibleTypes(const QList<int> &types)
@@ -191,7 +159,6 @@ void CTimeBarDelegate::Clear(bool alsoSync)
     d_ptr_->main_row_.Clear();
     if (alsoSync)
         d_ptr_->sync_row_.Clear();
-    last_span = {};
     Redraw();
 }
 
@@ -201,53 +168,49 @@ void CTimeBarDelegate::ClearSyncTimeBar()
     Redraw();
 }
 
-bool CTimeBarDelegate::FindTimeBar(const QPointF &pos, CTimeBarParam &bar) const
+std::optional<CTimeBarParam> CTimeBarDelegate::FindTimeBar(const QPointF &pos) const
 {
     const CAnimationProgressBar *const owner = AnimationProgressBar();
     if (!owner || pos.y() < 0)
-        return false;
+        return std::nullopt;
     const double main_bottom =
-        kUpperHeightPx + (d_ptr_->b_sync_ ? kSyncHeightPx : LowerHeight(*owner));
+        kUpperBandPx + (d_ptr_->b_sync_ ? double(kSyncRowPx) : LowerHeight(*owner));
     const bool is_sync = d_ptr_->b_sync_ && pos.y() >= kSyncTopPx;
-    if (pos.y() >= (is_sync ? kSyncTopPx + kSyncHeightPx : main_bottom))
-        return false;
+    if (pos.y() >= (is_sync ? double(kSyncTopPx + kSyncRowPx) : main_bottom))
+        return std::nullopt;
     const CTimeBarRow &row = is_sync ? d_ptr_->sync_row_ : d_ptr_->main_row_;
     const TimeBarView view = ViewOf(*owner);
     const QList<int> &types = d_ptr_->list_types_;
     for (auto type = types.crbegin(); type != types.crend(); ++type) { // the last is on top
-        const CTimeBarIndex *const index = d_ptr_->IsShown(*type) ? row.Index(*type) : nullptr;
-        const int found = index ? index->FindAt(view, pos.x()) : -1;
-        const int number = found < 0 ? -1 : row.NumberOf(*type, index->At(found));
-        if (number < 0)
-            continue;
-        bar = row.Bars().at(number);
-        return true;
+        const CTimeBarIndex *const index = d_ptr_->ShownIndex(row, *type);
+        if (const CTimeBarParam *const seen =
+                index ? SeenAt(*index, view, pos.x(), is_sync) : nullptr)
+            return *seen;
     }
-    return false;
+    return std::nullopt;
 }
 
-bool CTimeBarDelegate::FindStart(qint64 seconds, bool is_after, qint64 &start_s) const
+std::optional<CTimeBarParam> CTimeBarDelegate::FindTimeBarAt(qint64 seconds) const
+{
+    const QList<int> &types = d_ptr_->list_types_;
+    for (auto type = types.crbegin(); type != types.crend(); ++type) { // the last is on top
+        const CTimeBarIndex *const index = d_ptr_->ShownIndex(d_ptr_->main_row_, *type);
+        if (const TimeBarEntry *const entry = index ? index->Covering(seconds) : nullptr)
+            return *entry->bar;
+    }
+    return std::nullopt;
+}
+
+std::optional<qint64> CTimeBarDelegate::FindStart(qint64 seconds, bool is_after) const
 {
     std::optional<qint64> nearest;
     for (const int type : qAsConst(d_ptr_->list_types_)) {
-        const CTimeBarIndex *const index =
-            d_ptr_->IsShown(type) ? d_ptr_->main_row_.Index(type) : nullptr;
-        if (!index)
-            continue;
-        const std::vector<qint64> &starts = index->Starts();
-        if (is_after) {
-            const auto found = std::upper_bound(starts.begin(), starts.end(), seconds);
-            if (found != starts.end() && (!nearest || *found < *nearest))
-                nearest = *found;
-        } else {
-            const auto found = std::lower_bound(starts.begin(), starts.end(), seconds);
-            if (found != starts.begin() && (!nearest || *(found - 1) > *nearest))
-                nearest = *(found - 1);
-        }
+        const CTimeBarIndex *const index = d_ptr_->ShownIndex(d_ptr_->main_row_, type);
+        const auto start_s = index ? index->NearestStart(seconds, is_after) : std::nullopt;
+        if (start_s && (!nearest || (is_after ? *start_s < *nearest : *start_s > *nearest)))
+            nearest = start_s;
     }
-    if (nearest)
-        start_s = *nearest;
-    return nearest.has_value();
+    return nearest;
 }
 
 VANTOR_FORWARD_EVENTS(CTimeBarDelegate, CAbstractDelegate)
@@ -264,18 +227,15 @@ void CTimeBarDelegate::Paint(QPainter *painter)
         return;
     painter->save();
     painter->setOpacity(double(d_ptr_->opacity_));
-    const TimeBarView view = ViewOf(*bar);
-    const double lower_height_px = d_ptr_->b_sync_ ? kSyncHeightPx : LowerHeight(*bar);
-    CTimeBarRuns runs(*painter);
+    const double lower_height_px = d_ptr_->b_sync_ ? double(kSyncRowPx) : LowerHeight(*bar);
+    CTimeBarPainter bars(*painter, ViewOf(*bar));
     for (const int type : qAsConst(d_ptr_->list_types_)) {
-        last_span = {};
-        if (!d_ptr_->IsShown(type))
-            continue;
-        d_ptr_->PaintMainRow(runs, view, type, lower_height_px);
+        if (const CTimeBarIndex *const index = d_ptr_->ShownIndex(d_ptr_->main_row_, type))
+            bars.PaintMainRow(*index, lower_height_px);
         if (!d_ptr_->b_sync_)
             continue;
-        last_span = {};
-        d_ptr_->PaintSyncRow(runs, view, type);
+        if (const CTimeBarIndex *const index = d_ptr_->ShownIndex(d_ptr_->sync_row_, type))
+            bars.PaintSyncRow(*index);
     }
     painter->restore();
 }
@@ -283,7 +243,7 @@ void CTimeBarDelegate::Paint(QPainter *painter)
 void CTimeBarDelegate::Redraw()
 {
     if (CAnimationProgressBar *const bar = AnimationProgressBar())
-        bar->update();
+        bar->UpdateContents();
 }
 
 } // namespace Vantor

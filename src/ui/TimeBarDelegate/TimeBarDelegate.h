@@ -8,6 +8,7 @@
 #include <QtCore/QVector>
 
 #include <memory>
+#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QPointF;
@@ -21,13 +22,12 @@ struct CTimeBarDelegateDataPtr;
 ///
 /// Types are drawn in the order of InitTypes(), later ones over earlier ones. Where bars of one
 /// type overlap, each pixel column is painted once: a bar that starts inside an earlier one is cut
-/// to what lies beyond it. The main row fills the lower band with a faint picture of itself above;
-/// in the two-row layout both rows are thinner. A bar is at least one pixel wide; one whose end
-/// lies left of the line's left edge is skipped, so a period that has no end yet needs one in the
-/// future.
+/// to the part beyond it. The main row fills the lower band, with a faint picture of itself above;
+/// in the two-row layout both rows are thinner. A bar is at least one pixel wide. A bar whose end
+/// is left of the line's left edge is skipped, so a recording that has no end yet needs an end in
+/// the future.
 ///
-/// Painting costs what is visible, also with a million bars. A delegate paints in one thread, the
-/// GUI's.
+/// The cost of painting depends on the visible bars, also with a million bars. GUI thread only.
 class VANTOR_EXPORT CTimeBarDelegate : public CAbstractDelegate
 {
     Q_OBJECT
@@ -38,18 +38,19 @@ public:
     ~CTimeBarDelegate() override;
 
     /// \brief Add \a bars to the main row, which stays sorted by start; bars of equal start may
-    /// change their order. The structures of the bars given belong to the row from then on: a
-    /// change through GetDataPtr() does not reach the picture.
+    /// change their order. The structures of \a bars belong to the row from then on: a change
+    /// through GetDataPtr() does not reach the picture.
     void AppendTimeBar(const QVector<CTimeBarParam> &bars);
     /// \brief The same for the second row.
     void AppendSyncTimeBar(const QVector<CTimeBarParam> &bars);
-    /// \brief The main row, sorted by start.
+    /// \brief The main row, sorted by start. The first call after a change costs a pass over the
+    /// row; ask again after a change.
     [[nodiscard]] const QVector<CTimeBarParam> &GetTimeBar() const;
-    /// \brief The second row, sorted by start.
+    /// \brief The same for the second row.
     [[nodiscard]] const QVector<CTimeBarParam> &GetSyncTimeBar() const;
 
-    /// \brief Draw these types in this order, all of them visible. A type that stands in the list
-    /// twice is drawn twice.
+    /// \brief Draw these types in this order, all of them visible. A type that is in the list twice
+    /// is drawn twice.
     void InitTypes(const QList<int> &types);
     /// \brief The types of InitTypes().
     [[nodiscard]] QList<int> Types() const;
@@ -63,7 +64,7 @@ public:
     /// \brief The painter's opacity, 0 to 1, when painting begins.
     ///
     /// Each bar then sets the opacity of its own band, and a painter's opacity is absolute, so this
-    /// one shows nowhere.
+    /// one is never visible.
     void SetOpacity(float opacity);
     /// \brief Choose the layout with two rows.
     void SetSyncFlag(bool has_sync);
@@ -75,12 +76,14 @@ public:
     virtual void Clear(bool alsoSync);
     void ClearSyncTimeBar();
 
-    /// \brief The bar that is seen at \a pos of the owning time line.
-    /// \return false, and \a bar as it was, when there is none.
-    bool FindTimeBar(const QPointF &pos, CTimeBarParam &bar) const;
+    /// \brief The bar that is visible at \a pos of the owning time line.
+    [[nodiscard]] std::optional<CTimeBarParam> FindTimeBar(const QPointF &pos) const;
+    /// \brief The bar of the main row that covers \a seconds, of the topmost visible type that has
+    /// one. Unlike FindTimeBar() it does not depend on the scale: a bar of a second is painted a
+    /// pixel wide.
+    [[nodiscard]] std::optional<CTimeBarParam> FindTimeBarAt(qint64 seconds) const;
     /// \brief The nearest start of a visible bar of the main row before or after \a seconds.
-    /// \return false when there is none.
-    bool FindStart(qint64 seconds, bool is_after, qint64 &start_s) const;
+    [[nodiscard]] std::optional<qint64> FindStart(qint64 seconds, bool is_after) const;
 
     bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;

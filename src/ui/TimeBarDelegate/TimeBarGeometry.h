@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Nim/Base/CheckedMath.h>
-
 #include <QtCore/QtGlobal>
 
 namespace Vantor {
 
-/// What of the time line is on view, in the coordinates of the bar.
+/// The visible part of the time line, in the coordinates of the bar.
 struct TimeBarView
 {
     qint64 position_s = 0;        ///< The time at the centre.
@@ -15,15 +13,11 @@ struct TimeBarView
     double centre_x = 0;
     int width_px = 0;
 
-    /// \brief Where \a seconds lie. Never decreases from one second to the next.
+    /// \brief The place of \a seconds, which are at most kFarSeconds from 1970. Never decreases
+    /// from one second to the next.
     [[nodiscard]] double XOf(qint64 seconds) const
     {
-        qint64 difference = 0;
-        // Only times beyond 146 billion years apart leave 64 bits.
-        const double seconds_between = Nim::Base::Subtract(seconds, position_s, difference)
-                                           ? double(difference)
-                                           : double(seconds) - double(position_s);
-        return seconds_between * pixels_per_second + centre_x;
+        return double(seconds - position_s) * pixels_per_second + centre_x;
     }
     [[nodiscard]] bool IsVisible(double x1, double x2) const { return x2 >= 0 && x1 <= width_px; }
     [[nodiscard]] static double WidthOf(double x1, double x2)
@@ -31,6 +25,9 @@ struct TimeBarView
         return x2 - x1 > 1.0 ? x2 - x1 : 1.0;
     }
 };
+
+/// 146 billion years; the difference to any position fits into 64 bits.
+constexpr qint64 kFarSeconds = qint64(1) << 62;
 
 /// \brief A stretch of a row: QRectF in one dimension, with its rules of comparison.
 struct TimeBarSpan
@@ -42,15 +39,15 @@ struct TimeBarSpan
     [[nodiscard]] bool IsEmpty() const { return width <= 0; }
 };
 
-/// \brief What of \a span is to be painted after all of \a last has been; \a last then grows by it.
+/// \brief The part of \a span that is still to be painted after all of \a last; \a last then grows
+/// by it.
 ///
-/// \a last is the area that has been painted without a gap, {0, 0} at first. A span that lies
-/// within gives an empty one; one that sticks out at the right gives what sticks out; one that does
-/// not touch begins a new area. Does to the bit what QRectF::intersects(), operator& and its
-/// inexact operator== do in rows of one height, because a difference of rounding is one of pixels.
-[[nodiscard]] TimeBarSpan CheckOverlap(TimeBarSpan &last, const TimeBarSpan &span);
-
-inline TimeBarSpan CheckOverlap(TimeBarSpan &last, const TimeBarSpan &span)
+/// \a last is the area that has been painted without a gap, {0, 0} at first. A span inside it gives
+/// an empty one; one that sticks out at the right gives the part that sticks out; one that does not
+/// touch it begins a new area. Equals to the bit what QRectF::intersects(), operator& and its
+/// inexact operator== give in rows of one height, because a difference of rounding is one of
+/// pixels.
+[[nodiscard]] inline TimeBarSpan CheckOverlap(TimeBarSpan &last, const TimeBarSpan &span)
 {
     const double last_left = last.width < 0 ? last.Right() : last.x;
     const double last_right = last.width < 0 ? last.x : last.Right();
@@ -63,7 +60,7 @@ inline TimeBarSpan CheckOverlap(TimeBarSpan &last, const TimeBarSpan &span)
     }
     const double common_left = qMax(span.x, last_left);
     const double common_width = qMin(right, last_right) - common_left;
-    if (qFuzzyCompare(common_left, span.x) && qFuzzyCompare(common_width, span.width))
+    if (qFuzzyCompare(common_width, span.width) && qFuzzyCompare(common_left, span.x))
         return {};
     const double painted_to = last.Right();
     last.width = right - last.x;

@@ -2,68 +2,75 @@
 #include "ui/TimeBarDelegate/TimeBarIndex.h"
 
 namespace Vantor {
+namespace {
 
-void CTimeBarIndex::Merge(const std::vector<TimeBarEntry> &entries)
+// From block `first` on, the greatest of each `size` values.
+template <class Values, class ValueOf>
+void UpdateBlocks(std::vector<qint64> &blocks, const Values &values, size_t size, size_t first,
+                  ValueOf &&value_of)
 {
-    size_t old = starts_s_.size();
-    ResizeForMerge(starts_s_, old + entries.size());
-    ResizeForMerge(ends_s_, old + entries.size());
-    ResizeForMerge(colours_, old + entries.size());
-    for (size_t left = entries.size(); left > 0; --left) { // from behind, block by block
-        const TimeBarEntry &entry = entries[left - 1];
-        const size_t place = PlaceBehind(starts_s_, old, entry.start_s);
-        MakeRoom(starts_s_, place, old, left);
-        MakeRoom(ends_s_, place, old, left);
-        MakeRoom(colours_, place, old, left);
-        starts_s_[place + left - 1] = entry.start_s;
-        ends_s_[place + left - 1] = entry.end_s;
-        colours_[place + left - 1] = entry.colour;
-        old = place;
+    blocks.resize((values.size() + size - 1) / size);
+    for (size_t block = first; block < blocks.size(); ++block) {
+        const size_t end = std::min((block + 1) * size, values.size());
+        qint64 greatest = value_of(values[block * size]);
+        for (size_t i = block * size + 1; i < end; ++i)
+            greatest = std::max(greatest, value_of(values[i]));
+        blocks[block] = greatest;
     }
-    UpdateBlocks(old);
 }
 
-void CTimeBarIndex::UpdateBlocks(size_t from)
+} // namespace
+
+const std::vector<TimeBarEntry> &CTimeBarIndex::Entries() const
 {
-    const auto update = [](std::vector<qint64> &blocks, const std::vector<qint64> &values,
-                           size_t size, size_t first_value) {
-        blocks.resize((values.size() + size - 1) / size);
-        for (size_t block = first_value / size; block < blocks.size(); ++block) {
-            const auto begin = values.begin() + std::ptrdiff_t(block * size);
-            const auto end =
-                values.begin() + std::ptrdiff_t(std::min((block + 1) * size, values.size()));
-            blocks[block] = *std::max_element(begin, end);
-        }
-    };
-    update(small_ends_s_, ends_s_, kSmallBlock, from);
-    update(large_ends_s_, small_ends_s_, kLargeBlock / kSmallBlock, from / kSmallBlock);
+    if (sorted_ < entries_.size())
+        SortIn();
+    return entries_;
 }
 
-int CTimeBarIndex::FindAt(const TimeBarView &view, double x) const
+void CTimeBarIndex::SortIn() const
 {
-    const size_t end = CountUpTo(view, x);
-    const auto covers = [&](size_t i) {
-        const double x1 = view.XOf(starts_s_[i]);
-        const double x2 = view.XOf(ends_s_[i]);
-        return view.IsVisible(x1, x2) && x1 + TimeBarView::WidthOf(x1, x2) > x;
-    };
-    size_t found = end;
-    for (size_t i = SkipBlocks(0, view, x); i < found; i = SkipBlocks(i + 1, view, x)) {
-        if (covers(i))
-            found = i;
-    }
-    // Short bars are a pixel wide and may end left of x all the same.
-    for (size_t i = end; i > 0 && view.XOf(starts_s_[i - 1]) + 1.0 > x; --i) {
-        if (i - 1 < found && covers(i - 1))
-            found = i - 1;
-    }
-    return found < end ? int(found) : -1;
+    const auto begin = entries_.begin();
+    const auto middle = begin + std::ptrdiff_t(sorted_);
+    if (!std::is_sorted(middle, entries_.end(), StartsBefore))
+        std::stable_sort(middle, entries_.end(), StartsBefore);
+    const auto changed = std::upper_bound(begin, middle, *middle, StartsBefore);
+    std::inplace_merge(changed, middle, entries_.end(), StartsBefore);
+    sorted_ = entries_.size();
+
+    const auto first = size_t(changed - begin);
+    UpdateBlocks(small_ends_s_, entries_, kSmallBlock, first / kSmallBlock,
+                 [](const TimeBarEntry &entry) { return entry.end_s; });
+    UpdateBlocks(large_ends_s_, small_ends_s_, kLargeBlock / kSmallBlock, first / kLargeBlock,
+                 [](qint64 end_s) { return end_s; });
 }
 
-TimeBarEntry CTimeBarIndex::At(int number) const
+const TimeBarEntry *CTimeBarIndex::Covering(qint64 seconds) const
 {
-    const auto i = size_t(number);
-    return {starts_s_[i], ends_s_[i], colours_[i]};
+    const std::vector<TimeBarEntry> &entries = Entries();
+    const auto is_wanted = [&](qint64 end_s) { return end_s > seconds; };
+    const auto starts_here =
+        std::partition_point(entries.begin(), entries.end(),
+                             [&](const TimeBarEntry &entry) { return entry.start_s < seconds; });
+    const auto end = size_t(starts_here - entries.begin());
+    for (size_t i = SkipBlocks(0, is_wanted); i < end; i = SkipBlocks(i + 1, is_wanted)) {
+        if (entries[i].end_s > seconds)
+            return &entries[i];
+    }
+    const bool has_start = starts_here != entries.end() && starts_here->start_s == seconds;
+    return has_start ? &*starts_here : nullptr;
+}
+
+std::optional<qint64> CTimeBarIndex::NearestStart(qint64 seconds, bool is_after) const
+{
+    const std::vector<TimeBarEntry> &entries = Entries();
+    const auto found =
+        std::partition_point(entries.begin(), entries.end(), [&](const TimeBarEntry &entry) {
+            return is_after ? entry.start_s <= seconds : entry.start_s < seconds;
+        });
+    if (found == (is_after ? entries.end() : entries.begin()))
+        return std::nullopt;
+    return (is_after ? found : found - 1)->start_s;
 }
 
 } // namespace Vantor

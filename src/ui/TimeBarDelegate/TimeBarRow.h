@@ -11,34 +11,27 @@
 
 namespace Vantor {
 
-/// \brief A row of bars, sorted by start, with an index of each type beside it.
+/// \brief A row of bars: the parts in which they came, and an index of each type over them.
 class CTimeBarRow
 {
 public:
-    /// \brief Add \a bars, in any order. Costs a pass over the row at most, not a sort of it.
+    /// \brief Add \a bars, in any order.
     void Append(const QVector<CTimeBarParam> &bars);
     void Clear();
 
-    [[nodiscard]] const QVector<CTimeBarParam> &Bars() const { return bars_; }
+    /// \brief All bars, sorted by start. Made when it is asked for after a change; the reference
+    /// keeps its contents until it is asked for again.
+    [[nodiscard]] const QVector<CTimeBarParam> &Bars() const;
     /// \return null when there is no bar of \a type.
     [[nodiscard]] const CTimeBarIndex *Index(int type) const;
-    /// \brief The number of the bar that \a entry of the index of \a type was made from; -1 when
-    /// its structure has been changed since.
-    [[nodiscard]] int NumberOf(int type, const TimeBarEntry &entry) const;
 
 private:
-    struct Key
-    {
-        qint64 start_s;
-        int number; // in the vector, before it is sorted
-    };
-
-    static bool IsBefore(const Key &a, const Key &b);
-    void Sort(const std::vector<Key> &keys);
-
-    QVector<CTimeBarParam> bars_;
-    std::vector<qint64> starts_s_; // of bars_, side by side
+    // Never written to, so that their structures stay where the entries point; a copy that a caller
+    // has and changes becomes a copy of its own.
+    std::vector<QVector<CTimeBarParam>> parts_;
     QHash<int, CTimeBarIndex> index_of_type_;
+    int count_ = 0;
+    mutable QVector<CTimeBarParam> sorted_; // current when it has count_ bars
 };
 
 } // namespace Vantor
