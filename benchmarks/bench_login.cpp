@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int kWaitTime_ms = 100;
+constexpr int kWaitTimeMs = 100;
 constexpr int kAttempts = 10;
 
 // How much longer than its wait time LoginIn() keeps the GUI thread when nobody answers.
@@ -27,7 +27,7 @@ void Overshoot(benchmark::State &state)
     ClientFramework::CFrameworkManagerInterface::SetBackend(
         [ended](const auto &, const auto &, const auto &) { ended.wait(); });
     Vantor::CAccountPasswordWidget form;
-    form.SetWaitOutTime(kWaitTime_ms);
+    form.SetWaitOutTime(kWaitTimeMs);
     form.GetPasswordEditWidget()->SetPasswordText(QStringLiteral("password"));
     std::vector<double> over_ms;
     for (auto _ : state) {
@@ -37,12 +37,12 @@ void Overshoot(benchmark::State &state)
                 if (form.LoginIn(result, {}) != Vantor::CAccountPasswordWidget::kLoginTimeout)
                     state.SkipWithError("there was an answer");
             });
-            over_ms.push_back(seconds * 1000 - kWaitTime_ms);
+            over_ms.push_back(seconds * 1000 - kWaitTimeMs);
         }
     }
     const double over_median_ms = Pairs::Median(over_ms);
     state.counters["overshoot_ms_median"] = over_median_ms;
-    state.counters["ratio_wait_kept"] = kWaitTime_ms / (kWaitTime_ms + over_median_ms);
+    state.counters["ratio_wait_kept"] = kWaitTimeMs / (kWaitTimeMs + over_median_ms);
     state.counters["bar_wait_kept"] = 0.9;
     state.counters["overshoot_ms_most"] = *std::max_element(over_ms.begin(), over_ms.end());
     end.set_value();

@@ -21,7 +21,7 @@ namespace {
 constexpr int kFrames = 600000;
 constexpr int kWarmUp = 60000; // after which memory has its size
 constexpr int kPresets = 200;
-constexpr int kRoom_kb = 4096;
+constexpr int kRoomKb = 4096;
 // Frames on their way. The event queue takes any number, so that a GUI thread that got no time
 // would look like a leak.
 constexpr int kOnTheWay = 5000;
@@ -85,5 +85,5 @@ int main(int argc, char **argv)
     std::printf("%d frames in %.1f s, %d out of order, memory %+d kB\n", int(arrived),
                 double(timer.elapsed()) / 1000, wrong, growth_kb);
     Vantor::CJoystickKeyboardControlManager::DeleteInstance();
-    return arrived == kFrames && wrong == 0 && growth_kb <= kRoom_kb ? 0 : 1;
+    return arrived == kFrames && wrong == 0 && growth_kb <= kRoomKb ? 0 : 1;
 }

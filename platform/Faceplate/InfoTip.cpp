@@ -22,7 +22,7 @@ constexpr int kWidthPx = 320;
 constexpr int kMarginPx = 16;
 constexpr int kSpacingPx = 10;
 constexpr auto kShown = 5s;
-constexpr int kFade_ms = 400;
+constexpr int kFadeMs = 400;
 
 // The tips that are shown, the lowest first. GUI thread only. A tip removes itself.
 QVector<CInfoTip *> &ShownTips()
@@ -104,7 +104,7 @@ void CInfoTip::mousePressEvent(QMouseEvent *event)
 void CInfoTip::FadeAway()
 {
     auto *const fade = new QPropertyAnimation(this, "windowOpacity", this);
-    fade->setDuration(kFade_ms);
+    fade->setDuration(kFadeMs);
     fade->setEndValue(0.0);
     connect(fade, &QAbstractAnimation::finished, this, &QWidget::close);
     fade->start();

@@ -15,8 +15,8 @@ namespace Ravel {
 namespace {
 
 constexpr int kMeasuredRows = 200;
-constexpr int kBesideText_px = 64; // the box, the margins and a scroll bar
-constexpr int kWidest_px = 480;
+constexpr int kBesideTextPx = 64; // the box, the margins and a scroll bar
+constexpr int kWidestPx = 480;
 constexpr int kTickKeys[] = {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Select};
 constexpr int kCloseKeys[] = {Qt::Key_F4, Qt::Key_Tab, Qt::Key_Backtab};
 constexpr int kOpenKeys[] = {Qt::Key_Space, Qt::Key_Down, Qt::Key_Up, Qt::Key_F4, Qt::Key_Select};
@@ -53,7 +53,7 @@ void CLocationComboBox::showPopup()
     int text_px = 0;
     for (int row = 0, rows = std::min(count(), kMeasuredRows); row < rows; ++row)
         text_px = std::max(text_px, fontMetrics().horizontalAdvance(itemText(row)));
-    view()->setMinimumWidth(std::max(width(), std::min(text_px + kBesideText_px, kWidest_px)));
+    view()->setMinimumWidth(std::max(width(), std::min(text_px + kBesideTextPx, kWidestPx)));
     CComboBox::showPopup();
 }
 

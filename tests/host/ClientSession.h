@@ -38,9 +38,9 @@ struct ClientSession
     StartLink(Client::CServerLink &link,
               const QString &user = Client::CServerLink::Users().constFirst())
     {
-        constexpr int kDatabaseIsFilled_ms = 60000;
+        constexpr int kDatabaseIsFilledMs = 60000;
         link.Start(QString(), user);
-        return QTest::qWaitFor([&] { return link.User() == user; }, kDatabaseIsFilled_ms);
+        return QTest::qWaitFor([&] { return link.User() == user; }, kDatabaseIsFilledMs);
     }
 
     Client::CThemeSwitch theme;

@@ -28,12 +28,12 @@ inline Client::IncidentRows RowsOf(const QByteArray &csv, int repeated = 0)
 /// \brief Export \a rows to \a path and wait for the end.
 inline Client::ExportResult ExportTo(const Client::IncidentRows &rows, const QString &path)
 {
-    constexpr int kLongExport_ms = 30000;
+    constexpr int kLongExportMs = 30000;
     qRegisterMetaType<Client::ExportResult>();
     Client::CListExport job(rows, nullptr);
     QSignalSpy finished(&job, &Client::CListExport::SignalFinished);
     job.Start(path);
-    if (finished.isEmpty() && !finished.wait(kLongExport_ms))
+    if (finished.isEmpty() && !finished.wait(kLongExportMs))
         return {};
     return finished.constFirst().constFirst().value<Client::ExportResult>();
 }

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kPatience_ms = 120000;
+constexpr int kPatienceMs = 120000;
 
 struct Outcome
 {
@@ -61,7 +61,7 @@ Outcome WaitForEnd(QProcess &process)
         return QString::fromUtf8(bytes).split('\n', Qt::SkipEmptyParts);
     };
     Outcome outcome;
-    if (process.waitForFinished(kPatience_ms) && process.exitStatus() == QProcess::NormalExit)
+    if (process.waitForFinished(kPatienceMs) && process.exitStatus() == QProcess::NormalExit)
         outcome.status = process.exitCode();
     outcome.output = lines(process.readAllStandardOutput());
     outcome.errors = lines(process.readAllStandardError());
@@ -148,7 +148,7 @@ private Q_SLOTS:
         QProcess process;
         process.setProcessEnvironment(NoDisplay());
         process.start(CLIENT_PROGRAM, {"--rows", "2000000", "--export", folder_.Path("out.csv")});
-        QTRY_COMPARE_WITH_TIMEOUT(folder_.Files().size(), 2, kPatience_ms); // the temporary file
+        QTRY_COMPARE_WITH_TIMEOUT(folder_.Files().size(), 2, kPatienceMs); // the temporary file
 
         QCOMPARE(kill(static_cast<pid_t>(process.processId()), number), 0);
 
@@ -173,7 +173,7 @@ private Q_SLOTS:
             const int mask_at = bytes.indexOf("SigCgt:") + int(sizeof "SigCgt:");
             return (bytes.mid(mask_at, 16).toULongLong(nullptr, 16) & kBoth) == kBoth;
         };
-        QTRY_VERIFY_WITH_TIMEOUT(catches_both(), kPatience_ms);
+        QTRY_VERIFY_WITH_TIMEOUT(catches_both(), kPatienceMs);
 
         process.terminate();
 

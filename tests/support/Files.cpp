@@ -99,13 +99,13 @@ QByteArray CPipe::Bytes()
 
 QByteArray CPipe::Read()
 {
-    constexpr int kPatience_ms = 10;
+    constexpr int kPatienceMs = 10;
     drain_.get_future().wait();
     QByteArray all;
     bool had_writer = false;
     while (!is_over_) {
         pollfd wanted{stream_, POLLIN, 0};
-        poll(&wanted, 1, kPatience_ms);
+        poll(&wanted, 1, kPatienceMs);
         char block[65536];
         const ssize_t count = read(stream_, block, sizeof block);
         if (count > 0)

@@ -11,8 +11,8 @@
 namespace Client {
 namespace {
 
-constexpr qint64 kTerminalInterval_ms = 100;
-constexpr qint64 kLogInterval_ms = 5000;
+constexpr qint64 kTerminalIntervalMs = 100;
+constexpr qint64 kLogIntervalMs = 5000;
 constexpr char kEraseLine[] = "\r\033[K";
 
 } // namespace
@@ -41,7 +41,7 @@ CProgressLine::~CProgressLine()
 
 void CProgressLine::Show(const QString &text)
 {
-    if (since_shown_.elapsed() < (is_terminal_ ? kTerminalInterval_ms : kLogInterval_ms))
+    if (since_shown_.elapsed() < (is_terminal_ ? kTerminalIntervalMs : kLogIntervalMs))
         return;
     since_shown_.restart();
     is_shown_ = true;

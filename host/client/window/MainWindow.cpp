@@ -30,7 +30,7 @@
 namespace Client {
 namespace {
 
-constexpr int kStatusTime_ms = 15000;
+constexpr int kStatusTimeMs = 15000;
 
 } // namespace
 
@@ -99,10 +99,10 @@ void CMainWindow::SetServerLink(CServerLink &link)
 {
     actions_->AddUsers(link);
     connect(&link, &CServerLink::SignalFailed, this,
-            [this](const QString &text) { statusBar()->showMessage(text, kStatusTime_ms); });
+            [this](const QString &text) { statusBar()->showMessage(text, kStatusTimeMs); });
     connect(&link, &CServerLink::SignalUserChanged, page_, &CListPage::OnUserChanged);
     connect(&link, &CServerLink::SignalUserChanged, this, [this](const QString &user) {
-        statusBar()->showMessage(tr("Logged in as %1").arg(user), kStatusTime_ms);
+        statusBar()->showMessage(tr("Logged in as %1").arg(user), kStatusTimeMs);
     });
 }
 
@@ -172,9 +172,9 @@ void CMainWindow::OnExportFinished(const ExportResult &result)
     if (!result.error.isEmpty())
         ShowError(result.error);
     else if (result.is_done)
-        statusBar()->showMessage(ExportedText(result), kStatusTime_ms);
+        statusBar()->showMessage(ExportedText(result), kStatusTimeMs);
     else
-        statusBar()->showMessage(tr("Export cancelled"), kStatusTime_ms);
+        statusBar()->showMessage(tr("Export cancelled"), kStatusTimeMs);
     EndWork();
 }
 
@@ -226,7 +226,7 @@ void CMainWindow::closeEvent(QCloseEvent *event)
         AskToStop(*page);
         return;
     }
-    statusBar()->showMessage(tr("Please wait until the work is done"), kStatusTime_ms);
+    statusBar()->showMessage(tr("Please wait until the work is done"), kStatusTimeMs);
     event->ignore();
 }
 
@@ -317,7 +317,7 @@ void CMainWindow::OnEditMenuOpens()
 
 void CMainWindow::OnMessage(const QString &text)
 {
-    statusBar()->showMessage(text, kStatusTime_ms);
+    statusBar()->showMessage(text, kStatusTimeMs);
 }
 
 void CMainWindow::OnFind()
