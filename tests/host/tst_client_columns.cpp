@@ -1,40 +1,24 @@
 // SPDX-License-Identifier: MIT
-#include "link/ServerLink.h"
+#include "ClientSession.h"
 #include "list/CsvFile.h"
-#include "look/Language.h"
-#include "look/Theme.h"
-#include "support/TestGuard.h"
-#include "window/MainWindow.h"
+#include "support/Test.h"
 
-#include <Vantor/CAdaptiveColumnWidthWidget>
 #include <Vantor/CCustomizeColumnButton>
 #include <Vantor/CItemDragMovableListView>
 
-#include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QRadioButton>
-
-#include <memory>
 
 using namespace Client;
 
 namespace {
 
-bool WriteFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
+constexpr int kGlancePx = 240; // the minimum width
 
-// The client as it runs, with its own server.
-struct Session
+struct Session : ClientSession
 {
-    explicit Session(const QString &list, const QString &user) : window(theme, language)
+    explicit Session(const QString &list)
     {
-        window.SetServerLink(link);
-        link.Start(QString(), user);
         window.SetList(ReadCsvFile(list).list, "list.csv");
         window.resize(900, 600);
         window.show();
@@ -57,64 +41,59 @@ struct Session
         return window.findChild<QRadioButton *>("ptr_max_width_radio_");
     }
 
+    QString Title(int column) const
+    {
+        return Header()->model()->headerData(column, Qt::Horizontal).toString();
+    }
+
     // The titles that are shown, in their order.
     QString Titles() const
     {
         QString titles;
         for (int place = 0; place < Header()->count(); ++place) {
             const int column = Header()->logicalIndex(place);
-            if (!Header()->isSectionHidden(column))
-                titles += Header()->model()->headerData(column, Qt::Horizontal).toString();
+            titles += Header()->isSectionHidden(column) ? QString() : Title(column);
         }
         return titles;
     }
 
-    // Wait for what the user chose, as far as the buttons tell.
+    int WidthOfD() const
+    {
+        int column = 0;
+        while (Title(column) != "D")
+            ++column;
+        return Header()->sectionSize(column);
+    }
+
+    // Whether the user's choice has been read.
     bool IsReady(const QString &user) const
     {
         return link.User() == user && Rows() && Rows()->isEnabled();
     }
-
-    CThemeSwitch theme;
-    CLanguageSwitch language;
-    CServerLink link;
-    CMainWindow window;
 };
 
 } // namespace
 
-class TestClientColumns : public QObject
+class TestClientColumns : public CGuardedTest
 {
     Q_OBJECT
 
+protected:
+    void TearDown() override { QGuiApplication::setLayoutDirection(Qt::LeftToRight); }
+
 private Q_SLOTS:
-    void initTestCase()
+    void eachUserFindsHisColumnsAndAnotherListHasItsOwn()
     {
-        QVERIFY(folder_.isValid());
-        qputenv("XDG_DATA_HOME", folder_.path().toLocal8Bit()); // where the client's server keeps
-        list_ = folder_.filePath("list.csv");
         QByteArray bytes = "A,B,C,D,E\r\n";
         for (int row = 0; row < 50; ++row)
             bytes += "a" + QByteArray::number(row) + ",b" + QByteArray::number(row % 5) + ",c"
                      + QByteArray::number(row % 2) + ',' + QByteArray(60, 'd') + ",e\r\n";
-        QVERIFY(WriteFile(list_, bytes));
-    }
-
-    void init() { guard_.Begin(); }
-
-    void cleanup()
-    {
-        QGuiApplication::setLayoutDirection(Qt::LeftToRight);
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
-    void eachUserFindsTheColumnsThatHeLeft()
-    {
-        auto session = std::make_unique<Session>(list_, "supervisor");
-        QTRY_VERIFY_WITH_TIMEOUT(session->IsReady("supervisor"), 30000); // fills its database
+        const QString list = folder_.Put("list.csv", bytes);
+        auto session = std::make_unique<Session>(list);
+        QVERIFY(session->Start("supervisor"));
+        QTRY_VERIFY(session->IsReady("supervisor"));
         QCOMPARE(session->Titles(), QString("ABCDE"));
-        QCOMPARE(session->Header()->sectionSize(WidestColumn(*session)), 240);
+        QCOMPARE(session->WidthOfD(), kGlancePx);
 
         QTest::mouseClick(session->Button(), Qt::LeftButton);
         QTest::keyClick(session->Rows(), Qt::Key_Down);
@@ -127,55 +106,29 @@ private Q_SLOTS:
         QTRY_COMPARE(session->Titles(), QString("ADCE"));
         QTest::keyClick(session->Rows(), Qt::Key_Escape);
         QTest::keyClick(session->Maximum(), Qt::Key_Space);
-        QVERIFY(session->Header()->sectionSize(WidestColumn(*session)) > 240);
+        QVERIFY(session->WidthOfD() > kGlancePx);
 
         session->link.SwitchUser("visitor");
         QTRY_VERIFY(session->IsReady("visitor"));
         QTRY_COMPARE(session->Titles(), QString("ABCDE"));
-        QTRY_COMPARE(session->Header()->sectionSize(WidestColumn(*session)), 240);
-        session->link.SwitchUser("supervisor");
-        QTRY_COMPARE(session->Titles(), QString("ADCE"));
-        QTRY_VERIFY(session->Maximum()->isChecked());
+        QTRY_COMPARE(session->WidthOfD(), kGlancePx);
+        const QString other = folder_.Put("other.csv", "X,Y\r\n1,2\r\n");
+        session->window.SetList(ReadCsvFile(other).list, "other.csv");
+        QCOMPARE(session->Titles(), QString("XY"));
+        QTRY_COMPARE(session->Rows()->model()->rowCount(), 2);
 
         session.reset();
-        session = std::make_unique<Session>(list_, "supervisor");
+        session = std::make_unique<Session>(list);
+        QVERIFY(session->Start("supervisor"));
         QTRY_COMPARE(session->Titles(), QString("ADCE"));
-        QTRY_VERIFY(session->Header()->sectionSize(WidestColumn(*session)) > 240);
-        session->language.Apply("ar"); // the list is made anew from right to left
+        QTRY_VERIFY(session->Maximum()->isChecked() && session->WidthOfD() > kGlancePx);
+        session->language.Apply("ar"); // builds the list again, from right to left
         QTRY_COMPARE(session->Header()->layoutDirection(), Qt::RightToLeft);
-        QTRY_COMPARE(session->Button()->parentWidget()->x(), 0);
         QTRY_COMPARE(session->Titles(), QString("ADCE"));
-    }
-
-    void anotherListHasColumnsOfItsOwn()
-    {
-        Session session(list_, "visitor");
-        QTRY_VERIFY_WITH_TIMEOUT(session.IsReady("visitor"), 30000);
-        const QString other = folder_.filePath("other.csv");
-        QVERIFY(WriteFile(other, "X,Y\r\n1,2\r\n"));
-
-        session.window.SetList(ReadCsvFile(other).list, "other.csv");
-
-        QCOMPARE(session.Titles(), QString("XY"));
-        QTRY_COMPARE(session.Rows()->model()->rowCount(), 2); // the drop-down before has gone
-        QTRY_VERIFY(session.IsReady("visitor"));
-        QCOMPARE(session.Titles(), QString("XY"));
     }
 
 private:
-    static int WidestColumn(const Session &session)
-    {
-        const auto *const model = session.Header()->model();
-        for (int column = 0; column < model->columnCount(); ++column) {
-            if (model->headerData(column, Qt::Horizontal).toString() == "D")
-                return column;
-        }
-        return -1;
-    }
-
-    CTestGuard guard_;
-    QTemporaryDir folder_;
-    QString list_;
+    const CDataHome home_;
 };
 
 QTEST_MAIN(TestClientColumns)
