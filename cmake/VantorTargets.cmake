@@ -89,10 +89,10 @@ function(vantor_add_benchmark name)
     target_link_libraries(${name} PRIVATE Vantor::Vantor vantor_letter benchmark::benchmark ${ARGN})
 endfunction()
 
-# A libFuzzer target from <name>.cpp.
+# A libFuzzer target from <name>.cpp, with the libraries that it needs.
 function(vantor_add_fuzzer name)
     add_executable(${name} ${name}.cpp)
     vantor_compile_options(${name})
-    target_link_libraries(${name} PRIVATE Vantor::Vantor ${ARGN})
+    target_link_libraries(${name} PRIVATE ${ARGN})
     target_link_options(${name} PRIVATE -fsanitize=fuzzer)
 endfunction()

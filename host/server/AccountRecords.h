@@ -28,7 +28,7 @@ constexpr size_t kMaximumPassword = 1024;
 [[nodiscard]] QString AnyPasswordHash(CDatabase &database);
 
 /// \brief Add an account, or give it a new password, which ends its sessions. Throws Refused for a
-/// name or password that nobody could log in with.
+/// name or password that is empty or too long to log in with.
 void SetAccount(CDatabase &database, const QString &name, const std::string &password);
 
 /// \brief The sample accounts that still have the passwords that everybody knows.

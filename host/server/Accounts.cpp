@@ -39,7 +39,7 @@ const char *ResultOf(int code)
 // One password check on its way. The answer is the code and the numbers behind it.
 struct CAccounts::Attempt
 {
-    // Take over how the user stands. Whether there is a lock.
+    // Takes over the failures. Returns whether there is a lock.
     bool Take(const Standing &standing)
     {
         failures = standing.failures;

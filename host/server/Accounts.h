@@ -22,7 +22,7 @@ enum LoginCode : int {
     kWrongPasswordUnlimited = 502, ///< the same where tries are not limited
     kWrongPasswordCodeNext = 310,  ///< the same; the next try needs a verification code
     kWrongVerifyCode = 311,        ///< the password was not looked at
-    kVerifyCodeNeeded = 214,       ///< none was given, or it has expired or was used before
+    kVerifyCodeNeeded = 214,       ///< there was no code, or it has expired or was used before
     kUserLocked = 41050,           ///< this user name, from this address or from all
     kAddressLocked = 262,          ///< every user name, from this address
 };

@@ -14,7 +14,7 @@ namespace {
 constexpr int kAddressFactor = 4;
 constexpr int kUserFactor = 10;
 
-// A counter of the table. An empty text stands for all.
+// A counter of the table. An empty text means all addresses, or all users.
 struct Counter
 {
     QString address;

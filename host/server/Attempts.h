@@ -13,7 +13,7 @@ class CDatabase;
 // at, and taken back when it was right: a try that cannot be stored is not made. All of it is
 // called on the database thread, within a transaction when it writes.
 
-/// \brief Who tries, and where. The address stands for a network when it is IPv6.
+/// \brief Who tries, and where. With IPv6 the address is that of a network of 64 bits.
 struct Trier
 {
     QString address;
@@ -26,7 +26,7 @@ enum class Lock {
     Address, ///< every user, from this address
 };
 
-/// \brief How a user stands before, or after, a try.
+/// \brief The failures and locks of a user before, or after, a try.
 struct Standing
 {
     Lock lock = Lock::None;

@@ -26,7 +26,7 @@ constexpr char kRequest[] = "BusinessCommon::CAdaptiveColumnWidthManager::"
 constexpr char kCategory[] = "ClientWarningAndMore";
 constexpr int kFinishTimeMs = 800;
 
-// One request of a manager, in the order in which its answers are told. Of the GUI thread.
+// One request of a manager. Used by the GUI thread.
 struct Request
 {
     bool is_answered = false;
@@ -119,7 +119,7 @@ CAdaptiveColumnWidthManager::CAdaptiveColumnWidthManager()
 
 CAdaptiveColumnWidthManager::~CAdaptiveColumnWidthManager()
 {
-    d_ptr_->vec_observers_.clear(); // an answer may be being told right now
+    d_ptr_->vec_observers_.clear(); // an observer may be the caller
 }
 
 void CAdaptiveColumnWidthManager::RegisterObserver(CAdaptiveColumnWidthObserver *observer)

@@ -231,7 +231,7 @@ void SetServer(CURL *easy, const NetServer &server)
 {
     curl_easy_setopt(easy, CURLOPT_URL, AddressOf(server).c_str());
     curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(easy, CURLOPT_PROXY, ""); // none, whatever the environment says
+    curl_easy_setopt(easy, CURLOPT_PROXY, ""); // no proxy, even if the environment names one
     curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, long(CURL_HTTP_VERSION_1_1));
     curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, long(server.connect_time.count()));

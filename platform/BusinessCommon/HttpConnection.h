@@ -8,7 +8,7 @@
 
 namespace BusinessCommon {
 
-/// \brief Where and how to connect. A connection is made anew when it changes.
+/// \brief Where and how to connect. A change needs a new connection.
 struct NetServer
 {
     std::string host;

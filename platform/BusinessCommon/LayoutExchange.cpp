@@ -66,7 +66,7 @@ Param ExchangeLayout(const AdaptiveLayout &layout, const std::string &session)
         param.error_code = {reply.GetInt("/ResponseStatus/ErrorModule"), code};
         return param;
     }
-    // A text that is not there tells a foreign or damaged reply from an empty layout.
+    // An empty layout is a text; a foreign or damaged reply has no text.
     const std::string missing(1, '\0');
     param.result.receive_data = reply.GetString(kLayoutPath, missing);
     if (code != 0 || (!IsWrite(layout) && param.result.receive_data == missing))

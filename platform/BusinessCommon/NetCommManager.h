@@ -29,7 +29,7 @@ namespace BusinessCommon {
 /// Nim::Base::CSingleton<CNetCommManager>::Instance().
 ///
 /// HTTP/1.1 (RFC 9112) or HTTPS. Each thread that sends has one connection of its own, kept alive
-/// between requests, so that nobody waits behind a slow request of another thread. A reply is read
+/// between requests, so that no thread waits behind a slow request of another one. A reply is read
 /// within the limits of NetErrors.h, because a server may be hostile. All operations may be called
 /// from any thread.
 class VANTOR_BASE_EXPORT CNetCommManager : public Nim::Base::CSingleton<CNetCommManager>

@@ -15,12 +15,12 @@ enum NetErrorModule : int {
 /// Why no reply came. The third word, the subsystem, is then kNetSubSystem.
 enum NetErrorCode : int {
     kNetTimeout = 20,     ///< nothing, or not all of it, within the time
-    kNetConnect = 21,     ///< nobody listens there, or the name is unknown
+    kNetConnect = 21,     ///< no server listens there, or the name is unknown
     kNetTls = 22,         ///< the server speaks no TLS we know
     kNetCertificate = 23, ///< the certificate is not signed by whom we trust, or for another host
     kNetBroken = 24,      ///< the connection broke, or Abort() cut it, or the reply is no HTTP
     kNetTooLarge = 25,    ///< the reply or its head is larger than the limits below
-    kNetBadRequest = 26,  ///< the URL, the method or the session is none that can be sent
+    kNetBadRequest = 26,  ///< the URL, the method or the session cannot be sent
     kNetFailed = 27,      ///< anything else
     kNetBadReply = 28,    ///< the reply is no document, or lacks what was asked for
 };

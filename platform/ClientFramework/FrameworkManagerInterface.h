@@ -83,7 +83,7 @@ public:
     /// By default it is sent to the server, see BusinessCommon::CNetCommManager, as JSON:
     /// POST "/Quorra/Brisent/Platform/V0/Permission/CheckPassword".
     /// \param plugin who asks; the default does not look at it.
-    /// \param result its error code tells why a password is not right, or why no answer came.
+    /// \param result its error code says why a password is not right, or why no answer came.
     void CheckPassword(const std::string &plugin, const CCheckPwdRequestParam &request,
                        CCheckPwdResultParam &result);
 

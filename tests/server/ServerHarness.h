@@ -45,7 +45,7 @@ public:
 
     /// \return an empty text, or why it cannot.
     QString Start(int port = 0);
-    /// Let the client's exchange talk to it, patiently and for nobody.
+    /// Let the client's exchange talk to it, with long timeouts and without a session.
     void Use() const;
     void Stop() { server_.reset(); }
     bool IsRunning() const { return server_ != nullptr; }

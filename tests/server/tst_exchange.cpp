@@ -159,7 +159,7 @@ private Q_SLOTS:
 
     void whatCannotBeSentIsRefused()
     {
-        CNetCommManager::SetServer("127.0.0.1", 1); // nobody listens
+        CNetCommManager::SetServer("127.0.0.1", 1); // no server listens
         QCOMPARE(Ask("GET", "/x").error.error_code, int(kNetConnect));
         CNetCommManager::SetServer("", 0);
         QCOMPARE(Ask("GET", "/x").error.error_code, int(kNetConnect));
@@ -239,7 +239,7 @@ private Q_SLOTS:
         CAdaptiveColumnWidthManager manager;
         CRecorder recorder;
         manager.RegisterObserver(&recorder);
-        manager.RegisterObserver(&recorder); // still told once
+        manager.RegisterObserver(&recorder); // still called once
         for (int i = 0; i < 3; ++i)
             manager.AsyRequestAdaptiveColumnWidth(Layout("k", i == 1 ? "text" : ""));
         const auto answer_with = [&held](size_t which, const std::string &text) {

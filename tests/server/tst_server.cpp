@@ -458,7 +458,7 @@ private Q_SLOTS:
         CNetCommManager::SetCertificateCheck(true);
         program.terminate();
         QVERIFY(program.waitForFinished());
-        QCOMPARE(answer.error.error_code, row.code != 0 ? row.code : 401); // nobody has logged in
+        QCOMPARE(answer.error.error_code, row.code != 0 ? row.code : 401); // without a session
         QCOMPARE(again.error.error_code, answer.error.error_code);
     }
 

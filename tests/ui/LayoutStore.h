@@ -9,7 +9,7 @@
 #include <deque>
 #include <functional>
 
-/// \brief A server of layouts in memory that stands behind the layout manager while it lives.
+/// \brief A server of layouts in memory that replaces the real one while it lives.
 ///
 /// It answers at once, or only when told, and can refuse: what a real server cannot be made to show
 /// at a given moment.

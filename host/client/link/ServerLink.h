@@ -47,7 +47,7 @@ public:
     /// \brief The same for one of Users().
     void SwitchUser(const QString &user);
 
-    /// \brief Who is logged in; empty: nobody yet.
+    /// \brief The user who is logged in; empty before the first login.
     [[nodiscard]] QString User() const { return user_; }
     /// \brief The accounts to choose from.
     [[nodiscard]] static QStringList Users();

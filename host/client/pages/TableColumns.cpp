@@ -64,7 +64,7 @@ CTableColumns::CTableColumns(const CIncidentModel &model, QTreeView &table, QWid
 
 CTableColumns::~CTableColumns()
 {
-    delete width_choice_.data(); // it lies elsewhere
+    delete width_choice_.data(); // its parent is the room
 }
 
 void CTableColumns::BuildWidthChoice(QWidget &room)
@@ -176,7 +176,7 @@ void CTableColumns::OnWidthRead(const QString &text)
 void CTableColumns::OnWidthFailed(int first, int second, int get_or_post)
 {
     if (get_or_post == 0)
-        return; // the button has told of it already
+        return; // the button has shown the error already
     Nim::Base::Error::ErrorCode code;
     code.module_code = first;
     code.error_code = second;

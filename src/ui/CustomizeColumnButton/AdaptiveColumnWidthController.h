@@ -12,7 +12,7 @@ namespace Vantor {
 
 struct CAdaptiveColumnWidthControllerDataPtr;
 
-/// \brief Asks the client's layout manager to read and write layout texts, and tells of the
+/// \brief Asks the client's layout manager to read and write layout texts, and emits the
 /// outcomes as signals.
 ///
 /// Answers come on the GUI thread, in the order of the requests; those that are outstanding when
@@ -29,7 +29,7 @@ public:
     ~CAdaptiveColumnWidthController() override;
 
     /// \brief Read the text stored under the key of \a layout when its layout_data is empty, store
-    /// layout_data otherwise; the outcome is told later, once.
+    /// layout_data otherwise; the outcome is emitted later, once.
     void AdaptiveGetOrPostLayoutCurrentColumnState(const BusinessCommon::AdaptiveLayout &layout);
 
     /// \brief The layout manager's answer.

@@ -7,7 +7,7 @@
 
 namespace Vantor {
 
-/// \brief The rows of a column chooser: one per column, with a check state that tells when it
+/// \brief The rows of a column chooser: one per column, with a check state that reports its
 /// changes.
 class VANTOR_EXPORT CListSightCheckModel : public QStandardItemModel
 {
@@ -22,7 +22,7 @@ public:
     explicit CListSightCheckModel(QObject *parent = nullptr);
     ~CListSightCheckModel() override;
 
-    /// \brief As in the base; a check state that really changes is told by
+    /// \brief As in the base; a check state that really changes is reported by
     /// SignalCheckStateChanged().
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
 
