@@ -33,7 +33,6 @@ KNOWN_CYCLES = [
 KNOWN_LONG = {
     "src/controller/Excel/ExcelControllorWithC.cpp",
     "src/controller/Excel/ExcelSheet.cpp",
-    "src/ui/AccountPassword/AccountPasswordWidget.cpp",
     "src/ui/MutiPageWidget/MutiPageWidget.cpp",
 }
 

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kInformation = 0; // kind of a message tip
 constexpr int kAtTheTop = 1;
-constexpr int kTipTime_s = 15;
+constexpr int kTipTimeS = 15;
 
 } // namespace
 
@@ -68,7 +68,7 @@ void CLockWindow::closeEvent(QCloseEvent *event)
     // The window may have work under way, and refuses to close then.
     if (locked_ && !locked_->close()) {
         Faceplate::CGUIMessageTipManager::ShowMessage(
-            this, tr("Please wait until the work is done"), kInformation, kAtTheTop, kTipTime_s);
+            this, tr("Please wait until the work is done"), kInformation, kAtTheTop, kTipTimeS);
         event->ignore();
         return;
     }

@@ -73,13 +73,13 @@ public:
     void SetWaitOutTime(int milliseconds);
     /// \brief Set the widget over which LoginIn() shows why it failed; null shows it nowhere.
     void SetMainWidget(QPointer<QWidget> widget);
-    /// \brief Let clicks on \a button emit SignalReturnPressed(), unless they were made while a check
-    /// ran. The host keeps the button. It replaces an earlier one; null is no button.
+    /// \brief Let clicks on \a button emit SignalReturnPressed(), unless they were made while a
+    /// check ran. The host keeps the button. It replaces an earlier one; null is no button.
     void SetLoginButton(QAbstractButton *button);
 
 Q_SIGNALS:
-    /// The user pressed Return in the form, or clicked the login button. The host calls LoginIn(). A
-    /// slot may delete the form.
+    /// The user pressed Return in the form, or clicked the login button. The host calls LoginIn().
+    /// A slot may delete the form.
     void SignalReturnPressed();
 
 protected:
@@ -113,6 +113,7 @@ private:
     LoginState Await(LoginAttempt &attempt, std::string &result);
     LoginState Fail(LoginState state, std::string &result, std::function<QString()> text);
     void ShowTip(const QString &text);
+    void ShowTipAgain();
     void TakeTipAway();
     void Settle();
 

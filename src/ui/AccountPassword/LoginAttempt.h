@@ -36,8 +36,8 @@ struct LoginRelay
 
 /// \brief The data that a worker shares with the call of LoginIn() that waits for it.
 ///
-/// Only the worker touches the fields until done_ is set. Each attempt has its own, so a late answer
-/// is never taken for another one.
+/// Only the worker touches the fields until done_ is set. Each attempt has its own, so a late
+/// answer is never taken for another one.
 struct LoginAttempt
 {
     Nim::Base::SecretText document_; ///< the request, see MakeLoginDocument()

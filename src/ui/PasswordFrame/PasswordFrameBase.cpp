@@ -5,6 +5,7 @@
 #include "common/ForwardEvents.h"
 #include "common/Repolish.h"
 #include "common/Translate.h"
+#include "ui/PasswordFrame/PlaceWatch.h"
 
 #include <Nim/Base/OS.h>
 #include <Ravel/Frame.h>
@@ -24,7 +25,7 @@ namespace Vantor {
 struct CPasswordFrameBaseDataPtr
 {
     QPointer<Ravel::CLineEdit> ptr_tip_frame_; // may belong to a window that is deleted first
-    QVector<QPointer<QWidget>> vec_watched_;   // the place of the tip depends on these
+    CPlaceWatch place_watch_;                  // of the frame, for the tip
     bool b_password_visible_ = false;
     Ravel::CFrame *ptr_base_frame_ = nullptr;
     Ravel::CLabel *ptr_label_ = nullptr;
@@ -42,14 +43,15 @@ constexpr int kMaximumLength = 32;
 constexpr int kSpacerWidthPx = 8;
 constexpr int kIconSidePx = 20;
 constexpr int kTipHeightPx = 37;
-// 10 wider than the entry at creation, 25 when shown, because the style sheets of hosts rely on both.
+// 10 wider than the entry at creation, 25 when shown, because the style sheets of hosts rely on
+// both.
 constexpr int kTipFirstExtraPx = 10;
 constexpr int kTipShownExtraPx = 25;
 constexpr int kTipInsetPx = 15;
 constexpr int kTipGapPx = 3;
 
-// The last brace is missing, so Qt warns and ignores the sheet. It must stay so, because a valid sheet
-// would override the rules that hosts have for the tip.
+// The last brace is missing, so Qt warns and ignores the sheet. It must stay so, because a valid
+// sheet would override the rules that hosts have for the tip.
 constexpr char kTipStyle[] =
     "Ravel--CLineEdit, Ravel--CLineEdit *{color:#9d3d01;border-width: 2px 12px 2px 2px;"
     "background:rgb(250,250,250);";
@@ -171,8 +173,8 @@ QPushButton *CPasswordFrameBase::GetSwitchPassBtn() const
 
 void CPasswordFrameBase::ClearLineEdit()
 {
-    // The copy shares the characters of the entry. The entry drops them, so unless a host has a copy
-    // too, this one overwrites them.
+    // The copy shares the characters of the entry. The entry drops them, so unless a host has a
+    // copy too, this one overwrites them.
     QString dropped = d_ptr_->ptr_edit_->text();
     d_ptr_->ptr_edit_->setText(QString()); // cannot be undone, unlike clear()
     if (dropped.isDetached())
@@ -211,17 +213,7 @@ void CPasswordFrameBase::MoveTipFrame()
 // window.
 void CPasswordFrameBase::WatchPlace()
 {
-    for (const QPointer<QWidget> &widget : qAsConst(d_ptr_->vec_watched_)) {
-        if (widget)
-            widget->removeEventFilter(this);
-    }
-    d_ptr_->vec_watched_.clear();
-    for (QWidget *widget = this; widget; widget = widget->parentWidget()) {
-        widget->installEventFilter(this);
-        d_ptr_->vec_watched_.append(widget);
-        if (widget->isWindow())
-            break;
-    }
+    d_ptr_->place_watch_.Watch(this, this);
     MoveTipFrame();
 }
 

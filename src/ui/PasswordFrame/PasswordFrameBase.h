@@ -23,8 +23,8 @@ namespace Vantor {
 
 struct CPasswordFrameBaseDataPtr;
 
-/// \brief The base of both password frames: an entry with an icon, a button that shows and hides the
-/// password, a tip below the frame while Caps Lock is on, and an error text.
+/// \brief The base of both password frames: an entry with an icon, a button that shows and hides
+/// the password, a tip below the frame while Caps Lock is on, and an error text.
 ///
 /// docs/styling.md lists the object names of the children. Do not look up the button by its name,
 /// because the name changes with its state. Nim::Base::OS::IsCapsLockOn() is asked on focus and on
@@ -52,13 +52,13 @@ public:
     void HideLabel();
     /// \brief Hide the Caps Lock tip, if it is shown.
     void HideTipFrame();
-    /// \brief Move the Caps Lock tip, if it is shown, below the frame. Called on each move and resize
-    /// of the frame, its parents and its window.
+    /// \brief Move the Caps Lock tip, if it is shown, below the frame. Called on each move and
+    /// resize of the frame, its parents and its window.
     void MoveTipFrame();
     void OnSwitchPassWordShow();
     void RetranslateUI();
-    /// \brief Enable or disable the entry and the icon. Disabling hides a password that is shown. The
-    /// button stays enabled.
+    /// \brief Enable or disable the entry and the icon. Disabling hides a password that is shown.
+    /// The button stays enabled.
     void SetEnabled(bool enable);
     /// \brief Show \a text below the entry, as plain text; an empty text hides the label.
     void SetErrorTip(const QString &text);

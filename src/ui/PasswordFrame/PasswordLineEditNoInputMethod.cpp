@@ -13,8 +13,8 @@ CPasswordLineEditNoInputMethod::~CPasswordLineEditNoInputMethod() = default;
 
 void CPasswordLineEditNoInputMethod::keyPressEvent(QKeyEvent *event)
 {
-    // Qt's entry copies nothing while the text is hidden, but it cuts. The key is accepted, so that no
-    // parent handles it.
+    // Qt's entry copies nothing while the text is hidden, but it cuts. The key is accepted, so that
+    // no parent handles it.
     if (echoMode() == QLineEdit::Password
         && (event->matches(QKeySequence::Copy) || event->matches(QKeySequence::Cut))) {
         event->accept();

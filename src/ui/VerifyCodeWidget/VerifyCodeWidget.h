@@ -13,8 +13,8 @@ namespace Vantor {
 
 struct CVerifyCodeWidgetDataPtr;
 
-/// \brief Shows the image of a verification code and an entry for its text. A click on the image and
-/// the standard key for a refresh in the entry (F5) emit SignalRefreshVerifyCode().
+/// \brief Shows the image of a verification code and an entry for its text. A click on the image
+/// and the standard key for a refresh in the entry (F5) emit SignalRefreshVerifyCode().
 ///
 /// docs/styling.md lists the object names of the children. The name of the frame around entry and
 /// image changes between "ptr_back_frame" and "ptr_back_frame_enter", which it has while the entry
