@@ -163,7 +163,10 @@ private Q_SLOTS:
         AddRows<Base64>({{"padded", "AAECAw==", true, QByteArray("\0\1\2\3", 4)},
                          {"empty", "", false, {}},
                          {"a character outside the alphabet", "AA*CAw==", false, {}},
-                         {"wrong padding", "A===", false, {}}});
+                         {"wrong padding", "A===", false, {}},
+                         {"no padding", "QUI", true, "AB"},
+                         {"one character too many", "QUJDR", false, {}},
+                         {"half of the padding", "QQ=", false, {}}});
     }
 
     void base64IsDecodedOrRefused()

@@ -16,7 +16,7 @@ namespace {
 constexpr int kWidthPx = 380;
 constexpr int kMarginPx = 28;
 constexpr int kSpacingPx = 18;
-constexpr int kWaitTime_ms = 5000;
+constexpr int kWaitTimeMs = 5000;
 
 } // namespace
 
@@ -33,7 +33,7 @@ CLoginForm::CLoginForm(QWidget *tips_over, QWidget *parent)
     button_->setDefault(true);
     setFixedWidth(kWidthPx);
     form_->SetMainWidget(tips_over);
-    form_->SetWaitOutTime(kWaitTime_ms);
+    form_->SetWaitOutTime(kWaitTimeMs);
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMarginPx, kMarginPx, kMarginPx, kMarginPx);
     layout->setSpacing(kSpacingPx);
