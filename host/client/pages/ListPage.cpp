@@ -4,6 +4,7 @@
 #include "list/IncidentModel.h"
 #include "look/Theme.h"
 #include "pages/MatchDelegate.h"
+#include "pages/OuterScrollBar.h"
 #include "pages/ShareBar.h"
 #include "pages/TableColumns.h"
 
@@ -63,6 +64,10 @@ CListPage::CListPage(QWidget *parent)
     auto *const page = new QVBoxLayout(this);
     page->setContentsMargins(kMarginPx, kMarginPx / 2, kMarginPx, 0);
     model_->SetList(std::make_shared<CIncidentList>(QVector<IncidentColumn>()));
+    model_->PrepareRanks();
+    typed_.setSingleShot(true);
+    typed_.setInterval(0); // after the keys that wait already
+    connect(&typed_, &QTimer::timeout, this, &CListPage::OnSearch);
     auto *const escape = new QShortcut(Qt::Key_Escape, this);
     escape->setContext(Qt::WidgetWithChildrenShortcut);
     connect(escape, &QShortcut::activated, this, [this] { Search()->clear(); });
@@ -94,8 +99,10 @@ void CListPage::Build(const QString &keyword)
     list_->OnShowHideBtnClicked(); // unfold
     list_->SetKeyWord(keyword);    // before its clear button is there, which would fade in
     Vantor::CFilterWidgetEx &filter = *list_->GetFilterWidget();
+    filter.GetMainTypeComboBox()->SetInBackground(true);
+    filter.GetSubTypeComboBox()->SetInBackground(true);
     filter.GetSubTypeComboBox()->SetMainTypes(filter.GetMainTypeComboBox());
-    list_->GetFilterWidget()->GetMoreBtn()->hide(); // there is no more to filter by
+    filter.GetMoreBtn()->hide(); // there is no more to filter by
     Paging()->SetPageSeen(true);
     Paging()->SetFilterEnabled(true);
     BuildSearch();
@@ -117,7 +124,7 @@ void CListPage::BuildSearch()
     Search()->setClearButtonEnabled(true);
     Search()->addAction(search_icon_, QLineEdit::LeadingPosition);
     Search()->installEventFilter(this);
-    connect(Search(), &QLineEdit::textChanged, this, &CListPage::OnSearch);
+    connect(Search(), &QLineEdit::textChanged, this, &CListPage::OnTyped);
 }
 
 void CListPage::BuildTable()
@@ -126,7 +133,8 @@ void CListPage::BuildTable()
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setAlternatingRowColors(true);
     table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    plain_delegate_ = table->itemDelegate();
+    table->setItemDelegate(delegate_);
+    new COuterScrollBar(*table);
     table->header()->setResizeContentsPrecision(kMeasuredRows);
     connect(table, &Vantor::CFilterTreeViewEx::SignalPageReset, this, &CListPage::OnPageReset);
     connect(table, &QAbstractItemView::clicked, this, &CListPage::SignalRowChosen);
@@ -172,8 +180,10 @@ void CListPage::SetFilter(const QString &text)
     OnSearch();
 }
 
-IncidentRows CListPage::Rows() const
+IncidentRows CListPage::Rows()
 {
+    if (typed_.isActive())
+        OnSearch();
     const std::vector<int> shown = Table()->GetBackupModel()->SourceRows();
     const QVector<int> rows(shown.cbegin(), shown.cend());
     return {model_->List(), rows, filter_};
@@ -228,6 +238,7 @@ void CListPage::OnThemeChanged()
     palette.setColor(QPalette::PlaceholderText,
                      Nim::Base::CSingleton<Vantor::CStyleManager>::Instance().TextNeuColorT2());
     Search()->setPalette(palette);
+    delegate_->ForgetStyle();
 }
 
 void CListPage::showEvent(QShowEvent *event)
@@ -298,8 +309,17 @@ bool CListPage::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
+void CListPage::OnTyped()
+{
+    if (model_->rowCount() >= kRowsWorthWaiting)
+        typed_.start();
+    else
+        OnSearch();
+}
+
 void CListPage::OnSearch()
 {
+    typed_.stop();
     if (!list_->IsKeyWord())
         return;
     const QString keyword = Search()->text().trimmed();
@@ -312,15 +332,12 @@ void CListPage::ShowKeyWord(const QString &keyword)
 {
     filter_ = keyword;
     delegate_->SetSearchText(keyword);
-    // The table's own delegate is the faster one.
-    if (keyword.isEmpty())
-        Table()->setItemDelegate(plain_delegate_);
-    else
-        Table()->setItemDelegate(delegate_);
+    Table()->viewport()->update(); // rows that stay are marked otherwise
 }
 
 void CListPage::OnFilterByTypes()
 {
+    typed_.stop();
     ShowKeyWord({});
     std::vector<QStringList> lists = TypeLists();
     if (!lists.empty()) {
@@ -348,6 +365,7 @@ std::vector<QStringList> CListPage::TypeLists() const
 
 void CListPage::OnClearFilter()
 {
+    typed_.stop();
     ShowKeyWord({});
     list_->OnFilterWithKeyWord({});
 }

@@ -3,12 +3,12 @@
 
 #include "list/IncidentList.h"
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QWidget>
 
 #include <vector>
 
 QT_BEGIN_NAMESPACE
-class QAbstractItemDelegate;
 class QAction;
 class QLabel;
 class QLineEdit;
@@ -32,8 +32,9 @@ class CTableColumns;
 
 /// \brief The list: a filter bar, the incidents page by page, the paging bar.
 ///
-/// All rows are in the model and paged here. What is typed as a keyword filters at once; types are
-/// filtered by the filter button.
+/// All rows are in the model and paged here. A typed keyword filters at once; in a long list, keys
+/// that are typed faster than it can answer are answered together. Types are filtered by the filter
+/// button.
 class CListPage : public QWidget
 {
     Q_OBJECT
@@ -45,7 +46,7 @@ public:
     void SetList(IncidentListPtr list);
     void SetFilter(const QString &text);
     /// \brief The rows that pass the filter, on all pages, in the order shown.
-    [[nodiscard]] IncidentRows Rows() const;
+    [[nodiscard]] IncidentRows Rows();
     /// \brief How much of the list is shown, in words and as a bar, for the window's status bar.
     [[nodiscard]] QWidget *Totals() const { return totals_; }
 
@@ -75,6 +76,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private Q_SLOTS:
+    void OnTyped();
     void OnSearch();
     void OnFilterByTypes();
     void OnClearFilter();
@@ -99,10 +101,10 @@ private:
     CShareBar *const share_;
     QLabel *const total_;
     QString filter_; // what the list is filtered by, for exports
+    QTimer typed_;   // runs while keys are typed that the list does not answer yet
     Qt::LayoutDirection built_for_ = Qt::LeftToRight;
     // Made anew when the reading direction turns.
     Vantor::CMutiPageWidgetEx *list_ = nullptr;
-    QAbstractItemDelegate *plain_delegate_ = nullptr;
     QAction *search_icon_ = nullptr;
     QLabel *nothing_found_ = nullptr;
     CTableColumns *columns_ = nullptr;

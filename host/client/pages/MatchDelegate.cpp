@@ -41,6 +41,10 @@ QStyle *StyleOf(const QStyleOptionViewItem &option)
 void CMatchDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                            const QModelIndex &index) const
 {
+    if (search_text_.isEmpty() || !index.data().toString().contains(search_text_)) {
+        CTableDelegate::paint(painter, option, index);
+        return;
+    }
     QStyleOptionViewItem item = option;
     initStyleOption(&item, index);
     QStyle *const style = StyleOf(item);

@@ -2,6 +2,7 @@
 #include "pages/ServerListPage.h"
 
 #include "link/ServerLink.h"
+#include "pages/OuterScrollBar.h"
 
 #include <Ravel/TreeViewItem.h>
 #include <Ravel/TreeViewModel.h>
@@ -71,6 +72,7 @@ void CServerListPage::Build()
     table->setAlternatingRowColors(true);
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    new COuterScrollBar(*table);
     table->header()->setSectionsClickable(false); // a page sorted by itself would mislead
     table->header()->setSortIndicatorShown(false);
     connect(list_, &Vantor::CMutiPageWidget::SignalPageChanged, this,
