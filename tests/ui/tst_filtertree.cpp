@@ -266,6 +266,65 @@ private Q_SLOTS:
         QCOMPARE(view_->model()->rowCount(), std::min(5, model_->rowCount()));
     }
 
+    void aViewMayBeDeletedInASlotOfItsSignals()
+    {
+        using View = CFilterTreeViewEx;
+        const std::vector<std::function<void(View *)>> connects = {
+            [](View *view) { connect(view, &View::SignalPageReset, [view] { delete view; }); },
+            [](View *view) {
+                connect(view, &View::SignalUpdateMaxMinPage, [view] { delete view; });
+            },
+            [](View *view) { connect(view, &View::SignalDataSort, [view] { delete view; }); },
+            [this](View *view) {
+                connect(model_.get(), &QAbstractItemModel::dataChanged, view,
+                        [view] { delete view; });
+            }};
+        for (const auto &connect_to : connects) {
+            QPointer<View> view = new View;
+            view->SetModel(model_.get());
+            connect_to(view);
+            const std::vector<std::function<void()>> steps = {
+                [&] { view->SetTreeViewItemPerPage(3); }, [&] { view->SetFilterPage(2); },
+                [&] { view->header()->setSortIndicator(0, Qt::DescendingOrder); },
+                [&] {
+                    QList<CTreeViewItem *> items = Items(9);
+                    view->AddTopLevelItems(items);
+                }};
+            for (const auto &step : steps) {
+                if (view)
+                    step();
+            }
+            QVERIFY(!view);
+        }
+    }
+
+    void rowsWithRowsBelowAreShownAndPaged()
+    {
+        const QAbstractItemModelTester tester(
+            view_->model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+        QList<CTreeViewItem *> items = Items(250);
+        view_->AddTopLevelItems(items);
+        auto *const parent = new CTreeViewItem({"parent", "abc"});
+        parent->AppendChild(std::make_unique<CTreeViewItem>(QStringList{"child", "abc"}));
+        items = {parent};
+        view_->AddTopLevelItems(items);
+        QCOMPARE(view_->TopLevelItemCount(), 251);
+
+        view_->SetFilterPage(3);
+        QCOMPARE(view_->model()->rowCount(), 51);
+        QCOMPARE(view_->model()->rowCount(view_->model()->index(50, 0)), 1);
+        view_->SetFilterKeyWord("abc");
+        view_->header()->setSortIndicator(0, Qt::DescendingOrder);
+        QCOMPARE(view_->TopLevelItemCount(), 126);
+        QCOMPARE(view_->model()->rowCount(), 100);
+        QCOMPARE(view_->model()->index(0, 0).data().toString(), QString("parent"));
+        view_->ClearAllItems();
+        items = Items(5);
+        view_->AddTopLevelItems(items);
+        QVERIFY(view_->GetBackupModel()->IsFlat());
+        QCOMPARE(view_->model()->rowCount(), 5);
+    }
+
     void aModelMayBeDeletedUnderItsView()
     {
         QList<CTreeViewItem *> items = Items(10);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Random walks over a list, each beside the same list in its plainest form.
 #include "PlainList.h"
+#include "letter/ListLetter.h"
 #include "support/Test.h"
 
 #include <Ravel/TreeViewItem.h>
@@ -380,6 +381,122 @@ private:
     bool is_adaptive_ = false;
 };
 
+// One of our proxies and Qt's in its plainest form, on top of the same models of another class.
+class CForeignWalk
+{
+public:
+    explicit CForeignWalk(quint32 seed)
+        : random_(seed), qts_(Letter::Refilter::WhenRowsChange),
+          tester_(&ours_, QAbstractItemModelTester::FailureReportingMode::QtTest)
+    {
+        for (QStandardItemModel &model : models_)
+            model.setColumnCount(2);
+        SetSource(&models_[0]);
+        ours_.SetKeyWordFilter({});
+        qts_.SetKeyWordFilter({});
+    }
+
+    QString Step()
+    {
+        const int kind = Below(10);
+        const int rows = source_->rowCount();
+        switch (kind) {
+        case 0:
+        case 1:
+            source_->insertRow(ours_.sortColumn() < 0 ? Below(rows + 1) : rows, NewRow());
+            return "insert";
+        case 2:
+            if (rows > 0)
+                source_->removeRows(Below(rows), 1);
+            Reapply(); // with the last child row Qt's engine goes
+            return "remove";
+        case 3:
+            if (rows > 0)
+                source_->setData(source_->index(Below(rows), Below(2)), Names().at(Below(12)));
+            Reapply();
+            return "text";
+        case 4: {
+            const QString keyword = QStringList{"", "g", "gate", "no such"}.at(Below(4));
+            ours_.SetKeyWordFilter(keyword);
+            qts_.SetKeyWordFilter(keyword);
+            Reapply(); // equal rows are in the model's order again
+            return "keyword";
+        }
+        case 5: {
+            const std::vector<QStringList> lists = {{"", "h"}, Names().mid(Below(5), 6)};
+            ours_.SetKeyWordsFilter(lists);
+            qts_.SetKeyWordsFilter(lists);
+            Reapply();
+            return "lists";
+        }
+        case 6: {
+            const auto order = Below(2) ? Qt::AscendingOrder : Qt::DescendingOrder;
+            const int column = Below(3) - 1;
+            ours_.sort(column, order);
+            qts_.sort(column, order);
+            return "sort";
+        }
+        case 7:
+            if (rows > 0 && Below(3) == 0)
+                source_->item(Below(rows))->appendRow(NewRow());
+            Reapply(); // the other engine has to
+            return "child";
+        case 8:
+            SetSource(Below(2) ? source_ : &models_[size_t(Below(2))]);
+            return "source";
+        default:
+            source_->setRowCount(Below(4) ? rows : 0);
+            if (rows > 2 && Below(2))
+                ours_.removeRows(0, std::min(2, ours_.rowCount()));
+            Reapply();
+            return "clear";
+        }
+    }
+
+    QStringList Ours() const { return Texts(ours_); }
+    QStringList Qts() const { return Texts(qts_); }
+
+private:
+    static QStringList Texts(const QAbstractItemModel &model, const QModelIndex &parent = {})
+    {
+        QStringList texts;
+        for (int row = 0; row < model.rowCount(parent); ++row) {
+            const QModelIndex first = model.index(row, 0, parent);
+            texts.append(first.data().toString() + '|'
+                         + model.index(row, 1, parent).data().toString());
+            texts.append(Texts(model, first));
+        }
+        return texts;
+    }
+
+    int Below(int limit) { return static_cast<int>(random_.bounded(limit)); }
+
+    QList<QStandardItem *> NewRow()
+    {
+        return {new QStandardItem(Names().at(Below(12))), new QStandardItem(Names().at(Below(12)))};
+    }
+
+    void Reapply()
+    {
+        ours_.invalidate();
+        qts_.invalidate();
+    }
+
+    void SetSource(QStandardItemModel *source)
+    {
+        source_ = source;
+        ours_.setSourceModel(source);
+        qts_.setSourceModel(source);
+    }
+
+    QRandomGenerator random_;
+    std::array<QStandardItemModel, 2> models_;
+    QStandardItemModel *source_ = nullptr;
+    Vantor::CFilterProxyModelEx ours_;
+    Letter::CFilterProxy qts_;
+    const QAbstractItemModelTester tester_;
+};
+
 } // namespace
 
 class TestFilterTreeWalks : public CGuardedTest
@@ -387,6 +504,22 @@ class TestFilterTreeWalks : public CGuardedTest
     Q_OBJECT
 
 private Q_SLOTS:
+    // Over any model, with and without child rows, beside Qt's own proxy.
+    void aProxyOverAnyModelIsAsQtsOwn()
+    {
+        for (quint32 seed = 0; seed < kWalks; ++seed) {
+            CForeignWalk walk(seed);
+            for (int i = 0; i < kSteps / 2; ++i) {
+                const QString step = walk.Step();
+                QVERIFY2(walk.Ours() == walk.Qts(),
+                         qPrintable(QString("seed %1, step %2: %3\n%4\n%5")
+                                        .arg(seed)
+                                        .arg(i)
+                                        .arg(step, walk.Ours().join(' '), walk.Qts().join(' '))));
+            }
+        }
+    }
+
     void everyWalkGoesWhereThePlainListGoes()
     {
         for (quint32 seed = 0; seed < kWalks; ++seed) {

@@ -85,6 +85,10 @@ private Q_SLOTS:
                                        << "home previous next last";
         QTest::newRow("at the end") << 100 << 250 << 3 << "/3"
                                     << "home previous";
+        QTest::newRow("numbers below zero") << 100 << -7 << -3 << "/1"
+                                            << "";
+        QTest::newRow("a hundred thousand pages") << 1 << 100000 << 2 << "/100000"
+                                                  << "home previous next last";
         QTest::newRow("no record, a row a page") << 1 << 0 << 1 << "/1"
                                                  << "";
     }
@@ -105,7 +109,8 @@ private Q_SLOTS:
         QCOMPARE(Label("ptr_total_page_"), total);
         QCOMPARE(Enabled(), enabled);
         QCOMPARE(Edit()->text(), QString::number(std::max(1, page)));
-        QCOMPARE(page_->TopLevelItemCount(), records);
+        QCOMPARE(page_->TopLevelItemCount(), std::max(0, records));
+        QCOMPARE(Edit()->width() > 40, records == 100000); // for six digits
     }
 
     void localPagesFollowTheButtonsAndTheKeys()
@@ -256,6 +261,9 @@ private Q_SLOTS:
         page_->SetPageSeen(false);
         page_->GetTreeView()->SetTreeViewItemPerPage(50);
         QCOMPARE(Label("ptr_total_page_"), QString("3\\")); // the count that is stored
+        page_->SetPageSeen(true);
+        Button("arbaric_next")->click();
+        QCOMPARE(Label("ptr_total_page_"), QString("5\\"));
     }
 
     void whatIsShownIsSetInGroups()
@@ -326,6 +334,9 @@ private Q_SLOTS:
         whole.findChild<QPushButton *>("pClearBtn")->click();
         QCOMPARE(clear.count(), 1);
         QCOMPARE(whole.GetKeyWord(), QString());
+        button->click();
+        whole.SetFilterWidgetShow(true);
+        QVERIFY(button->styleSheet().contains("SepShow.png")); // as the last click left it
         whole.SetFilterWidgetShow(false);
         QVERIFY(!whole.IsFilterWidgetShow() && whole.GetFilterWidget()->isHidden());
     }

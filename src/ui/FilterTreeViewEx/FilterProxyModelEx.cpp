@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "ui/FilterTreeViewEx/FilterProxyModelEx.h"
 
+#include "ui/FilterTreeViewEx/FilterProxyModelEx_p.h"
 #include "ui/FilterTreeViewEx/PageMath.h"
 #include "ui/FilterTreeViewEx/PageRun.h"
-#include "ui/FilterTreeViewEx/WordFilter.h"
 
 #include <Ravel/PageTag.h>
-#include <Ravel/TextRanks.h>
 #include <Ravel/TreeViewModel.h>
 
 #include <algorithm>
 #include <limits>
-#include <numeric>
 #include <utility>
 
 namespace Vantor {
@@ -20,22 +18,6 @@ namespace {
 constexpr int kAllColumns = -1; // the key column that stands for keywords
 
 } // namespace
-
-struct CFilterProxyModelExDataPtr
-{
-    CWordFilter words_;
-    QString str_page_filter_;
-    Ravel::CRowOrder all_;                   // every row of the source; sorted when ranks sort it
-    std::optional<std::vector<int>> sorted_; // by comparing cells, for the next MakeOrder()
-
-    struct Cut
-    {
-        int rows_per_page = 0;
-        int rows = 0;        // how many have their pages
-        quint64 version = 0; // of the model's pages
-    };
-    Cut cut_;
-};
 
 CFilterProxyModelEx::CFilterProxyModelEx(QObject *parent)
     : CFlatProxy(parent), d_ptr_(std::make_unique<CFilterProxyModelExDataPtr>())
@@ -173,7 +155,8 @@ int CFilterProxyModelEx::CutPages(int rows_per_page)
         return pages;
     }
     CFilterProxyModelExDataPtr::Cut &cut = d_ptr_->cut_;
-    const bool goes_on = cut.rows_per_page == step && cut.version == model->PagesVersion();
+    const bool goes_on =
+        IsFlat() && cut.rows_per_page == step && cut.version == model->PagesVersion();
     const bool is_changed = model->SetPages(IsFlat() ? Order() : Ravel::CRowOrder(SourceRows()),
                                             goes_on ? std::min(cut.rows, rowCount()) : 0, step);
     cut = {step, rowCount(), model->PagesVersion()};
@@ -199,43 +182,6 @@ std::vector<int> CFilterProxyModelEx::SourceRows() const
     return rows;
 }
 
-void CFilterProxyModelEx::OnSourceReset()
-{
-    const int rows = sourceModel() ? sourceModel()->rowCount() : 0;
-    d_ptr_->cut_ = {};
-    d_ptr_->sorted_.reset();
-    d_ptr_->words_.Forget();
-    d_ptr_->all_ = Ravel::CRowOrder::Range(0, rows);
-    if (IsFlat() && Model() && sortColumn() >= 0 && SortsByRanks())
-        SortAll(sortColumn(), sortOrder());
-}
-
-void CFilterProxyModelEx::OnSourceRows(int first, int count)
-{
-    Ravel::CRowOrder &all = d_ptr_->all_;
-    const Ravel::CTreeViewModel *const model = Model();
-    const bool is_sorted = sortColumn() >= 0 && model && SortsByRanks();
-    const bool is_append = count > 0 && !is_sorted && first == all.Count();
-    // The rows before have kept their pages.
-    if (is_append && model && d_ptr_->cut_.version + 1 == model->PagesVersion())
-        d_ptr_->cut_.version = model->PagesVersion();
-    else
-        d_ptr_->cut_ = {};
-    d_ptr_->sorted_.reset();
-    if (count < 0) {
-        all = all.Without(all.PlacesOf(first, first - count - 1));
-        all.Renumber(first - count, count);
-        return;
-    }
-    std::vector<int> rows(static_cast<size_t>(count));
-    std::iota(rows.begin(), rows.end(), first);
-    all.Renumber(first, count);
-    if (is_sorted)
-        all.Insert(all.Count(), Sorted(std::move(rows)));
-    else
-        all.Insert(first, rows);
-}
-
 std::vector<int> CFilterProxyModelEx::ShownOf(int first, int last)
 {
     std::vector<int> rows;
@@ -244,44 +190,6 @@ std::vector<int> CFilterProxyModelEx::ShownOf(int first, int last)
             rows.push_back(row);
     }
     return sortColumn() >= 0 ? Sorted(std::move(rows)) : rows;
-}
-
-bool CFilterProxyModelEx::SortsByRanks() const
-{
-    return sortRole() == Qt::DisplayRole && sortCaseSensitivity() == Qt::CaseInsensitive
-           && !isSortLocaleAware();
-}
-
-void CFilterProxyModelEx::SortAll(int column, Qt::SortOrder order)
-{
-    const Ravel::CTreeViewModel *const model = Model();
-    const auto ranks = model && SortsByRanks() ? model->Ranks(column) : nullptr;
-    if (ranks) {
-        d_ptr_->all_ = ranks->Sorted(d_ptr_->all_, order == Qt::DescendingOrder);
-        return;
-    }
-    d_ptr_->all_ = Ravel::CRowOrder::Range(0, d_ptr_->all_.Count());
-    if (column >= 0)
-        d_ptr_->sorted_ = Sorted(SourceRows()); // equal rows keep the order that is shown
-}
-
-// Equal rows stay in the order they have.
-std::vector<int> CFilterProxyModelEx::Sorted(std::vector<int> rows) const
-{
-    const CFilterProxyModelEx *const below = SortsByRanks() ? Below() : nullptr;
-    const auto ranks = below ? below->Model()->Ranks(sortColumn()) : nullptr;
-    const auto is_less = [this, &below, &ranks](int left, int right) {
-        return ranks ? ranks->Rank(below->Order().RowAt(left))
-                           < ranks->Rank(below->Order().RowAt(right))
-                     : lessThan(sourceModel()->index(left, sortColumn()),
-                                sourceModel()->index(right, sortColumn()));
-    };
-    if (sortOrder() == Qt::AscendingOrder)
-        std::stable_sort(rows.begin(), rows.end(), is_less);
-    else
-        std::stable_sort(rows.begin(), rows.end(),
-                         [&is_less](int left, int right) { return is_less(right, left); });
-    return rows;
 }
 
 bool CFilterProxyModelEx::filterAcceptsRow(int source_row, const QModelIndex &source_parent) const
