@@ -8,27 +8,35 @@ namespace {
 
 constexpr size_t kLeastSlots = 64;
 
-quint64 Load(const char *bytes, size_t size)
+template <class Word> quint64 Load(const char *bytes)
 {
-    quint64 word = 0;
-    std::memcpy(&word, bytes, size);
+    Word word;
+    std::memcpy(&word, bytes, sizeof word);
     return word;
 }
 
+// The last bytes are read together with some before them, because a copy of a size that the
+// compiler does not know takes longer than the rest.
 quint32 Hash(std::string_view text)
 {
     constexpr quint64 kFactor = 0x9E3779B97F4A7C15U;
     constexpr size_t kWord = sizeof(quint64);
-    quint64 hash = text.size() * kFactor;
+    const char *const begin = text.data();
+    const size_t size = text.size();
+    quint64 hash = size * kFactor;
     const auto mix = [&hash](quint64 word) {
         hash = (hash ^ word) * kFactor;
         hash ^= hash >> 32U;
     };
-    size_t at = 0;
-    for (; at + kWord <= text.size(); at += kWord)
-        mix(Load(text.data() + at, kWord));
-    if (at < text.size())
-        mix(Load(text.data() + at, text.size() - at));
+    for (size_t at = 0; at + kWord < size; at += kWord)
+        mix(Load<quint64>(begin + at));
+    if (size >= kWord)
+        mix(Load<quint64>(begin + size - kWord));
+    else if (size >= kWord / 2)
+        mix(Load<quint32>(begin) << 32U | Load<quint32>(begin + size - kWord / 2));
+    else if (size > 0)
+        mix(Load<uchar>(begin) << 16U | Load<uchar>(begin + size / 2) << 8U
+            | Load<uchar>(begin + size - 1));
     return static_cast<quint32>(hash >> 16U);
 }
 

@@ -16,7 +16,7 @@
 namespace Ravel {
 namespace {
 
-constexpr size_t kRowsAhead = 8;
+constexpr size_t kRowsAhead = 12;
 
 } // namespace
 
