@@ -4,7 +4,6 @@
 #include "DockTest.h"
 #include "ui/DockManager/DockPosition.h"
 
-#include <Faceplate/GUIFullScreenWidget.h>
 #include <Lookout/BaseWidget.h>
 #include <Vantor/CDockWidgetPosRule>
 
@@ -176,29 +175,6 @@ private Q_SLOTS:
         QCOMPARE(guard_.LogLines().filter("app hide. add by vtq.").size(), 1);
     }
 
-    void aWindowThatFillsTheScreenHasItAtItsEdge()
-    {
-        Faceplate::CGUIFullScreenWidget live;
-        live.setGeometry(300, 300, 400, 300);
-        live.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&live));
-        const QSize screen = live.screen()->size();
-        live.SetFullScreenMode(true);
-        if (!HasManager()) { // without one, a program has to do it
-            live.setGeometry(QRect(QPoint(), screen));
-            Faceplate::SetFullScreenModeSource([](const QWidget *) { return true; });
-        }
-        QTRY_COMPARE(live.size(), screen);
-        CBaseDockFrame frame(&live);
-
-        Manager().SetDockWidget(&frame, 300, true);
-
-        QTRY_COMPARE(Dock()->width(), 300);
-        QCOMPARE(Dock()->GetParentWidget(), &live);
-        QCOMPARE(Dock()->pos(), QPoint(screen.width() - 299, 0));
-        delete Dock();
-    }
-
     void thePanelIsInPlaceAfterEachRandomStep_data()
     {
         QTest::addColumn<Qt::LayoutDirection>("direction");
@@ -259,7 +235,6 @@ protected:
 
     void TearDown() override
     {
-        Faceplate::SetFullScreenModeSource(nullptr);
         stranger_.kill();
         stranger_.waitForFinished();
         window_.reset();
