@@ -188,6 +188,7 @@ private Q_SLOTS:
         QCOMPARE(Dock()->pos(), QPoint(right - 399, 141) + way);
 
         QTest::keyClick(Dock(), Qt::Key_Escape, Qt::ControlModifier);
+        Click(window_.get(), {700, 300}); // at the panel, whoever gets it
         QVERIFY(!Slide());
         QTest::keyClick(Dock(), Qt::Key_Escape);
         QVERIFY(Slide() && Dock()->isVisible());
@@ -195,6 +196,10 @@ private Q_SLOTS:
         QVERIFY(Dock()->isHidden() && shadow->isHidden());
         QCOMPARE(frame.parentWidget(), window_.get());
         QCOMPARE(frame.hidden, 1);
+        Manager().SetDockWidget(&frame, -1);
+        Manager().HideDockWidget(); // in the middle of the slide
+        Finish();
+        QVERIFY(Dock()->isHidden());
     }
 
     void theWindowIsLookedFor_data()
@@ -455,6 +460,8 @@ private Q_SLOTS:
                                        : owner == "page"    ? new QWidget(window_.get())
                                                             : nullptr;
         const QPointer<CFrame> frame = new CFrame(home);
+        if (!home)
+            frame->setWindowFlags(Qt::Tool);
         CFrame other;
         Manager().SetDockWidget(frame, 300);
         QCOMPARE(Dock()->GetParentWidget(),
@@ -487,7 +494,8 @@ private Q_SLOTS:
         else if (frame->window() == Dock())
             QVERIFY(frame->isVisible());
         else
-            QVERIFY(frame->isHidden() && frame->parentWidget() == home);
+            QVERIFY(frame->isHidden() && frame->parentWidget() == home
+                    && (home || frame->windowType() == Qt::Tool));
         delete Dock();
         delete frame;
         delete elsewhere;
@@ -509,6 +517,8 @@ private Q_SLOTS:
         Click(first.findChild<QPushButton *>("DockSaveButton"));
 
         QVERIFY(second.isVisible() && first.isHidden());
+        window_->findChildren<CDockWidget *>().constFirst()->SetDockWidget(&first, 100, false);
+        QCOMPARE(first.parentWidget(), window_.get()); // a retired dock takes none
         QCOMPARE(guard_.LogLines().filter("Refused").size(), 1);
         RunDeferredDeletes();
         RunDeferredDeletes();
@@ -541,6 +551,11 @@ private Q_SLOTS:
         QCOMPARE(Dock(), dock.data()); // the same one
         QCOMPARE(dock->width(), 400);
         QVERIFY(other.isVisible() && !frame.parentWidget());
+        dock->hide();
+        dock->SetDockWidget(&other, 100, false);
+        dock->ShowInAnimation();
+        Finish();
+        QVERIFY(dock->pos() != QPoint(50, 60)); // the rule is forgotten
     }
 
     void thePanelsButtonsEmitAndTabEndsAtThem()
