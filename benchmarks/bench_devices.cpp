@@ -94,7 +94,7 @@ void CallbackToSignal(benchmark::State &state)
     bool are_whole = true;
 
     Pairs::Compare(
-        state, "callback_to_signal", 1 / 1.5,
+        state, "callback_to_signal", 0.8,
         [&] {
             are_whole &= trips.Run([&trips](int) {
                 QMetaObject::invokeMethod(

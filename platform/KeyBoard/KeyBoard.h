@@ -32,7 +32,8 @@ VANTOR_PLATFORM_EXPORT void KeyBoard_SetDriver(KeyBoardDriver *driver);
 [[nodiscard]] VANTOR_PLATFORM_EXPORT KeyBoardDriver &KeyBoard_DefaultDriver();
 
 /// \brief Report what happens to the ports of the default driver to \a listener, which is called on
-/// the library's own threads; an empty function ends that. Any thread.
+/// the library's own threads, also while a port is opened or closed, and must not call the library;
+/// an empty function ends that. Any thread.
 VANTOR_PLATFORM_EXPORT void
 KeyBoard_SetPortListener(std::function<void(const KeyBoardPortNews &news)> listener);
 

@@ -18,8 +18,9 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kConnectTime = 5s;
-constexpr int kFlushTime_ms = 200;   // for the last frame
-constexpr qint64 kMostWaiting = 512; // bytes: a camera that takes no more is lost
+constexpr int kFlushTime_ms = 200; // for the last frame
+constexpr int kMostWaiting = 32;   // frames, and those in the buffer of a connection
+constexpr int kBitsOfFrame = 70;   // seven bytes with start and stop bit
 
 } // namespace
 
@@ -27,6 +28,8 @@ CPelcoSender::CPelcoSender(QObject *parent) : QObject(parent)
 {
     connect_time_.setSingleShot(true);
     connect_time_.setInterval(kConnectTime);
+    pace_.setSingleShot(true);
+    connect(&pace_, &QTimer::timeout, this, &CPelcoSender::SendNext);
     connect(&connect_time_, &QTimer::timeout, this, [this] { Fail(tr("There is no answer.")); });
 }
 
@@ -39,6 +42,7 @@ void CPelcoSender::Connect(const QString &target, int baud_rate, quint8 address)
 {
     Disconnect();
     address_ = address;
+    pace_.setInterval(kBitsOfFrame * 1000 / baud_rate + 1);
     if (IsTcpAddress(target))
         ConnectTcp(target);
     else
@@ -96,11 +100,12 @@ void CPelcoSender::Disconnect()
 {
     connect_time_.stop();
     if (is_connected_ && std::exchange(running_, 0)) {
-        Write(KeyBoard::EncodePelco(KeyBoard::PelcoStop(address_)));
-        if (device_)
-            device_->waitForBytesWritten(kFlushTime_ms);
+        device_->write(KeyBoard::EncodePelco(KeyBoard::PelcoStop(address_)));
+        device_->waitForBytesWritten(kFlushTime_ms);
     }
     running_ = 0;
+    waiting_.clear();
+    pace_.stop();
     is_connected_ = false;
     if (!device_)
         return;
@@ -117,16 +122,31 @@ void CPelcoSender::Send(int operation, bool is_stop, int speed, int index)
     if (!is_stop) {
         if (runs)
             running_ = operation;
-        Write(KeyBoard::EncodePelco(*frame));
+        Queue(KeyBoard::EncodePelco(*frame), runs);
     } else if (running_ == operation) {
         running_ = 0;
-        Write(KeyBoard::EncodePelco(KeyBoard::PelcoStop(address_)));
+        Queue(KeyBoard::EncodePelco(KeyBoard::PelcoStop(address_)), true);
     }
 }
 
-void CPelcoSender::Write(const QByteArray &frame)
+void CPelcoSender::Queue(const QByteArray &frame, bool is_motion)
 {
-    if (device_->write(frame) != frame.size() || device_->bytesToWrite() > kMostWaiting)
+    if (is_motion && !waiting_.isEmpty() && waiting_.constLast().is_motion)
+        waiting_.removeLast();
+    waiting_.append({frame, is_motion});
+    if (!pace_.isActive())
+        SendNext();
+}
+
+void CPelcoSender::SendNext()
+{
+    if (waiting_.isEmpty())
+        return;
+    const QByteArray bytes = waiting_.takeFirst().bytes;
+    pace_.start();
+    const bool is_stuck =
+        waiting_.size() > kMostWaiting || device_->bytesToWrite() > kMostWaiting * bytes.size();
+    if (is_stuck || device_->write(bytes) != bytes.size())
         Fail(tr("The camera takes no more commands."));
 }
 
