@@ -385,7 +385,7 @@ private Q_SLOTS:
                  std::string result;
                  form->LoginIn(result, "plugin");
              }},
-            {"the loss of the focus",
+            {"the loss of the focus to another window",
              [](CForm *form, auto end) {
                  form->show();
                  QApplication::setActiveWindow(form);

@@ -194,7 +194,7 @@ void CPasswordFrameBase::HideSpacer()
 
 void CPasswordFrameBase::HideTipFrame()
 {
-    if (d_ptr_->ptr_tip_frame_ && d_ptr_->ptr_tip_frame_->isVisible())
+    if (d_ptr_->ptr_tip_frame_)
         d_ptr_->ptr_tip_frame_->hide();
 }
 
@@ -209,8 +209,7 @@ void CPasswordFrameBase::MoveTipFrame()
         d_ptr_->ptr_tip_frame_->move(TipPlace());
 }
 
-// The tip is a window of its own, so it must follow each move and resize from the frame up to the
-// window.
+// The tip is a window of its own and does not move with this one.
 void CPasswordFrameBase::WatchPlace()
 {
     d_ptr_->place_watch_.Watch(this, this);
@@ -395,9 +394,7 @@ void CPasswordFrameBase::OnLineEditFousOut(const QString &text)
 
 void CPasswordFrameBase::OnTextEdit()
 {
-    d_ptr_->ptr_switch_button_->show();
-    if (IsPasswordEmpty())
-        d_ptr_->ptr_switch_button_->hide();
+    d_ptr_->ptr_switch_button_->setVisible(!IsPasswordEmpty());
 }
 
 } // namespace Vantor
