@@ -6,7 +6,6 @@
 #include <common/TimeZoneRecords.h>
 #include <common/ZoneTime.h>
 
-#include <QtCore/QRandomGenerator>
 #include <QtCore/QTimeZone>
 
 #include <ctime>
@@ -111,23 +110,6 @@ struct FarRow
     TimeZoneParam zone;
     qint64 seconds;
     QDateTime wall_clock;
-};
-
-struct FixedRow
-{
-    const char *name;
-    TimeZoneParam zone;
-    qint64 seconds;
-    int offset; // of DateTimeInZone
-    int mirrored;
-};
-
-struct TextRow
-{
-    const char *name;
-    int utc_bias;
-    QDateTime wall_clock;
-    std::string text;
 };
 
 struct MovedRow
@@ -272,55 +254,6 @@ private Q_SLOTS:
         QCOMPARE(SecondsOf(row.zone, row.wall_clock), row.seconds);
     }
 
-    // Wherever the wall clock names one instant only, setting what is shown changes nothing.
-    void shownTimesCanBeSet()
-    {
-        QRandomGenerator random(20240501);
-        for (int i = 0; i < 20000; ++i) {
-            TimeZoneParam zone;
-            zone.utc_bias = random.bounded(-840, 721);
-            zone.daylight_bias = -random.bounded(0, 121);
-            zone.b_dst = random.bounded(2) == 1;
-            zone.tm_dst_begin = -qint64(random.bounded(4000000000.0));
-            zone.tm_dst_end = zone.tm_dst_begin + qint64(random.bounded(8000000000.0)) - 4000000000;
-            const qint64 s = qint64(random.bounded(1e11)) - qint64(5e10);
-            const qint64 daylight_s = -zone.daylight_bias * qint64(60);
-            if (zone.b_dst
-                && (std::llabs(s - zone.tm_dst_end) <= daylight_s
-                    || std::llabs(s - zone.tm_dst_begin) <= daylight_s))
-                continue; // twice, or left out
-
-            const qint64 set = SecondsOf(zone, Vantor::WallClockOf(zone, s));
-
-            QVERIFY2(set == s, qPrintable(QStringLiteral("%1 became %2").arg(s).arg(set)));
-        }
-    }
-
-    void fixedZonesKeepTheInstant_data()
-    {
-        TimeZoneParam unused = kBerlin;
-        unused.b_dst = false;
-        AddRows<FixedRow>({
-            {"summer", kBerlin, kBerlin.tm_dst_begin, 7200, 0},
-            {"winter", kBerlin, kBerlin.tm_dst_begin - 1, 3600, -3600},
-            {"only the mirrored one forgets b_dst", unused, kBerlin.tm_dst_begin, 3600, 0},
-            {"a fresh record", {}, 0, 0, 0},
-        });
-    }
-
-    void fixedZonesKeepTheInstant()
-    {
-        const auto &row = FetchRow<FixedRow>();
-        const QDateTime right = Vantor::DateTimeInZone(row.zone, row.seconds);
-        const QDateTime west = Vantor::DateTimeByBias(row.zone, row.seconds);
-
-        QCOMPARE(right.toSecsSinceEpoch(), row.seconds);
-        QCOMPARE(right.timeSpec(), Qt::TimeZone);
-        QCOMPARE(right.offsetFromUtc(), row.offset);
-        QCOMPARE(west.toSecsSinceEpoch(), row.seconds);
-        QCOMPARE(west.offsetFromUtc(), row.mirrored);
-    }
-
     void absurdZonesDoNotOverflow()
     {
         using Limits = std::numeric_limits<qint64>;
@@ -337,25 +270,17 @@ private Q_SLOTS:
                  std::string("2024-01-01T00:00:00+35791394:08"));
     }
 
-    void isoTextCarriesTheStandardOffset_data()
-    {
-        const QDateTime utc = Utc(2024, 5, 1, 10, 0, 9);
-        AddRows<TextRow>({
-            {"UTC takes the minus", 0, utc, "2024-05-01T10:00:09-0:00"},
-            {"east", -330, utc, "2024-05-01T10:00:09+5:30"},
-            {"west", 210, utc, "2024-05-01T10:00:09-3:30"},
-            {"less than an hour west", 5, utc, "2024-05-01T10:00:09-0:05"},
-            {"another offset of the date-time is ignored", -480, utc.toOffsetFromUtc(7200),
-             "2024-05-01T12:00:09+8:00"},
-            {"no date", -480, QDateTime({}, QTime(1, 2), Qt::UTC), ""},
-        });
-    }
-
     void isoTextCarriesTheStandardOffset()
     {
-        const auto &row = FetchRow<TextRow>();
-        QCOMPARE(Vantor::IsoTextOfWallClock({0, 0, row.utc_bias, -60, false}, row.wall_clock),
-                 row.text);
+        const auto text = [](int utc_bias, const QDateTime &wall_clock) {
+            return Vantor::IsoTextOfWallClock({0, 0, utc_bias, -60, false}, wall_clock);
+        };
+        const QDateTime utc = Utc(2024, 5, 1, 10, 0, 9);
+        QCOMPARE(text(0, utc), std::string("2024-05-01T10:00:09-0:00"));
+        QCOMPARE(text(-330, utc), std::string("2024-05-01T10:00:09+5:30"));
+        QCOMPARE(text(210, utc), std::string("2024-05-01T10:00:09-3:30"));
+        QCOMPARE(text(5, utc.toOffsetFromUtc(7200)), std::string("2024-05-01T12:00:09-0:05"));
+        QCOMPARE(text(0, QDateTime({}, QTime(1, 2), Qt::UTC)), std::string());
     }
 
     void yearsBeforeTheTablesAreNotGuessed()

@@ -132,16 +132,6 @@ struct Host
     bool is_setting = false;
 };
 
-struct FileRow
-{
-    const char *name;
-    int file_type;
-    int record_type;
-    bool by_type;
-    int bar_type;
-    QColor colour;
-};
-
 struct KeyRow
 {
     const char *name;
@@ -399,38 +389,26 @@ private Q_SLOTS:
         QVERIFY(access->text(QAccessible::Value).contains("13:30:01"));
     }
 
-    void filesBecomeBarsAsTheTableSays_data()
-    {
-        const QColor blue(33, 150, 243);
-        const QColor orange(255, 104, 66);
-        AddRows<FileRow>({{"types not told apart", 4, 7, false, 1, blue},
-                          {"0, 0", 0, 0, true, 0, blue},
-                          {"0, 1", 0, 1, true, 1, QColor("#836abb")},
-                          {"0, 2", 0, 2, true, 2, QColor("#b25959")},
-                          {"0, 13", 0, 13, true, 13, orange},
-                          {"0, 22", 0, 22, true, 22, QColor("#666666")},
-                          {"0, 500", 0, 500, true, 500, QColor(21, 184, 155)},
-                          {"0, 501", 0, 501, true, 501, QColor("#519f8f")},
-                          {"0, unknown", 0, 7, true, -1, QColor()},
-                          {"1", 1, 500, true, 13, orange},
-                          {"2", 2, 0, true, -1, QColor()},
-                          {"3", 3, 0, true, 13, orange},
-                          {"4", 4, 22, true, 0, blue},
-                          {"5", 5, 0, true, 13, orange}});
-    }
-
     void filesBecomeBarsAsTheTableSays()
     {
-        const auto &row = FetchRow<FileRow>();
+        QStringList looks;
+        const auto look = [&](int file_type, int record_type, bool by_type) {
+            const auto bar = CBaseFileProgressBar::NewATimeBarParam(
+                NewFile(10, 20, record_type, file_type), [](qint64 s) { return s + 100; }, by_type);
+            QCOMPARE(bar.GetVal_dtStart() + bar.GetVal_dtEnd(), qint64(230));
+            const QColor colour = bar.GetVal_barColor();
+            looks.append(QString::number(bar.GetVal_iTimeType())
+                         + (colour.isValid() ? colour.name() : QString("none")));
+        };
+        look(4, 7, false);
+        for (const int record_type : {0, 1, 2, 13, 22, 500, 501, 7})
+            look(0, record_type, true);
+        for (const int file_type : {1, 2, 3, 4, 5, 6})
+            look(file_type, 22, true);
 
-        const auto bar = CBaseFileProgressBar::NewATimeBarParam(
-            NewFile(10, 20, row.record_type, row.file_type), [](qint64 s) { return s + 100; },
-            row.by_type);
-
-        QCOMPARE(bar.GetVal_iTimeType(), row.bar_type);
-        QCOMPARE(bar.GetVal_barColor(), row.colour);
-        QCOMPARE(bar.GetVal_dtStart(), qint64(110));
-        QCOMPARE(bar.GetVal_dtEnd(), qint64(120));
+        QCOMPARE(looks.join(' '),
+                 QString("1#2196f3 0#2196f3 1#836abb 2#b25959 13#ff6842 22#666666 500#15b89b "
+                         "501#519f8f -1none 13#ff6842 -1none 13#ff6842 0#2196f3 13#ff6842 -1none"));
     }
 
     void delegatesComeGoAndTakeTheMouse()

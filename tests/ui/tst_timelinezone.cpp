@@ -65,28 +65,10 @@ class TestTimeLineZone : public CGuardedTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void aZoneIsSharedButItsOffsetTakenWhenSet()
-    {
-        CAnimationProgressBar bar;
-        CTimeZoneParam zone;
-        bar.SetTimeZoneInfor(zone);
-
-        zone.SetVal_utc_bias(-60);
-
-        QCOMPARE(bar.GetCurrentDateTime(), QDateTime({1970, 1, 1}, {1, 0}, Qt::UTC));
-        QCOMPARE(bar.TimeSpecOffset(), 0);
-        bar.SetTimeZoneInfor(zone);
-        QCOMPARE(bar.TimeSpecOffset(), 3600);
-    }
-
     void aWallClockTimeIsSet_data()
     {
         AddRows<WallClockRow>({
-            {"winter", Fields(1, 2, 12), 1704193200, Fields(1, 2, 12)},
             {"summer", Fields(7, 1, 12), 1719828000, Fields(7, 1, 12)},
-            {"left out in spring, its first second", Fields(3, 31, 2), 1711846800,
-             Fields(3, 31, 3)},
-            {"left out in spring, later", Fields(3, 31, 2, 30), 1711845000, Fields(3, 31, 1, 30)},
             {"twice in autumn, its first second", Fields(10, 27, 2), 1729987200, Fields(10, 27, 2)},
             {"twice in autumn, later", Fields(10, 27, 2, 30), 1729992600, Fields(10, 27, 2, 30)},
             {"the zone of the date-time itself is ignored",

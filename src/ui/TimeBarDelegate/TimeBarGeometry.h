@@ -60,7 +60,9 @@ struct TimeBarSpan
     }
     const double common_left = qMax(span.x, last_left);
     const double common_width = qMin(right, last_right) - common_left;
-    if (qFuzzyCompare(common_width, span.width) && qFuzzyCompare(common_left, span.x))
+    const bool is_nearly_whole = common_width > 0.999 * span.width; // saves the costly comparisons
+    if (is_nearly_whole && qFuzzyCompare(common_width, span.width)
+        && qFuzzyCompare(common_left, span.x))
         return {};
     const double painted_to = last.Right();
     last.width = right - last.x;

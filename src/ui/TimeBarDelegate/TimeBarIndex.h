@@ -79,8 +79,7 @@ template <class IsWanted> size_t CTimeBarIndex::SkipBlocks(size_t from, IsWanted
     return from;
 }
 
-template <class Visit>
-void CTimeBarIndex::ForEachVisible(TimeBarView view, Visit &&visit) const
+template <class Visit> void CTimeBarIndex::ForEachVisible(TimeBarView view, Visit &&visit) const
 {
     const std::vector<TimeBarEntry> &entries = Entries();
     const auto is_wanted = [&](qint64 end_s) { return view.XOf(end_s) >= 0; };

@@ -51,7 +51,8 @@ void CTimeBarPainter::PaintMainRow(const CTimeBarIndex &index, double lower_heig
         if (span.IsEmpty())
             return true;
         if (as_runs) {
-            AddRun(span, entry.colour, false);
+            if (!IsAtRunEnd(span))
+                AddRun(span, entry.colour, false);
             return true;
         }
         FillSpan(upper, span, entry.colour);
@@ -91,8 +92,6 @@ void CTimeBarPainter::AddRun(const TimeBarSpan &span, QRgba64 colour, bool may_o
     // mapRect() and toRect() in one dimension.
     const double edge = device_.m11() * span.x + device_.dx();
     const double other_edge = edge + device_.m11() * span.width;
-    if (edge >= run_end_ - 0.49 && other_edge < run_end_ + 0.49)
-        return; // no columns: both edges are rounded to where the last run ends
     const int left = qRound(std::clamp(edge, -kFarthestPx, kFarthestPx));
     const int right = qRound(std::clamp(other_edge, -kFarthestPx, kFarthestPx));
     if (left >= right)

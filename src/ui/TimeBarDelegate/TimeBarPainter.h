@@ -55,6 +55,12 @@ private:
     };
 
     [[nodiscard]] QRect DeviceRect(const Band &band) const;
+    // Both edges are rounded to the column at which the last run ends, so there is nothing to add.
+    [[nodiscard]] bool IsAtRunEnd(const TimeBarSpan &span) const
+    {
+        const double edge = device_.m11() * span.x + device_.dx();
+        return edge > run_end_ - 0.49 && edge + device_.m11() * span.width < run_end_ + 0.49;
+    }
     void AddRun(const TimeBarSpan &span, QRgba64 colour, bool may_overlap);
     void FillRuns(const Band &band);
     void FillSpan(const Band &band, const TimeBarSpan &span, QRgba64 colour);
