@@ -3,6 +3,7 @@
 
 #include "ui/AnimationProgressBar/TimeLineMeasures.h"
 
+#include <QtGui/QImage>
 #include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
 
@@ -14,6 +15,7 @@ namespace {
 // Farther than any paint device reaches, and far less than where Qt's fills overflow.
 constexpr double kFarthestPx = 1 << 17;
 constexpr double kFaintOpacity = 0.2;
+constexpr size_t kManyRuns = 32;
 
 bool FillsWholePixels(const QPainter &painter)
 {
@@ -116,18 +118,57 @@ void CTimeBarPainter::FillRuns(const Band &band)
     const QRect rows = DeviceRect(band);
     const QTransform world = painter_.worldTransform();
     painter_.setWorldTransform(device_.inverted(), true); // count device pixels
-    painter_.setOpacity(band.opacity);
+    if (!BlendRow(band, rows)) {
+        painter_.setOpacity(band.opacity);
+        DrawRuns(painter_, rows.top(), rows.height());
+    }
+    painter_.setWorldTransform(world);
+}
+
+void CTimeBarPainter::DrawRuns(QPainter &painter, int top, int height) const
+{
     std::vector<QRect> rects;
     for (size_t i = 0; i < runs_.size(); ++i) {
         const Run &run = runs_[i];
-        rects.emplace_back(run.left, rows.top(), run.right - run.left, rows.height());
+        rects.emplace_back(run.left, top, run.right - run.left, height);
         if (i + 1 < runs_.size() && runs_[i + 1].colour == run.colour)
             continue;
-        painter_.setBrush(QColor::fromRgba64(run.colour));
-        painter_.drawRects(rects.data(), int(rects.size()));
+        painter.setBrush(QColor::fromRgba64(run.colour));
+        painter.drawRects(rects.data(), int(rects.size()));
         rects.clear();
     }
-    painter_.setWorldTransform(world);
+}
+
+// Equal to the bit to drawing the runs, where the target has the format in which Qt blends.
+bool CTimeBarPainter::BlendRow(const Band &band, const QRect &rows)
+{
+    const QPaintDevice *const device = painter_.paintEngine()->paintDevice();
+    if (band.opacity == 1.0 || runs_.size() < kManyRuns || !device
+        || device->devType() != QInternal::Image)
+        return false;
+    const auto &target = static_cast<const QImage &>(*device);
+    const bool overlap =
+        std::adjacent_find(runs_.begin(), runs_.end(),
+                           [](const Run &a, const Run &b) { return b.left < a.right; })
+        != runs_.end();
+    const int left = std::max(runs_.front().left, 0);
+    const int width = std::min(runs_.back().right, target.width()) - left;
+    const bool is_blended_alike = target.format() == QImage::Format_RGB32
+                                  || target.format() == QImage::Format_ARGB32_Premultiplied;
+    if (overlap || width <= 0 || !is_blended_alike)
+        return false;
+    QImage row(width, 1, QImage::Format_ARGB32_Premultiplied);
+    row.fill(Qt::transparent);
+    QPainter painter(&row);
+    painter.setPen(Qt::NoPen);
+    painter.setOpacity(band.opacity);
+    painter.translate(-left, 0);
+    DrawRuns(painter, 0, 1);
+    painter.end();
+    painter_.setOpacity(1.0);
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform, false);
+    painter_.drawImage(QRect(left, rows.top(), width, rows.height()), row);
+    return true;
 }
 
 void CTimeBarPainter::FillSpan(const Band &band, const TimeBarSpan &span, QRgba64 colour)

@@ -22,7 +22,9 @@ namespace Vantor {
 ///  1. each visible bar gives a stretch: what CheckOverlap() leaves of it;
 ///  2. a stretch becomes columns of device pixels, by the rounding above; many get none;
 ///  3. columns that continue the run before them in its colour join it;
-///  4. the runs are filled as integer rectangles, band by band.
+///  4. the runs are filled as integer rectangles, band by band;
+///  5. but the rows of the translucent band are alike: with many runs, one row is painted and then
+///     blended over all of them, because a blend costs most by its number of rows.
 /// So a million bars become a few thousand fills of the same pixels. With antialiasing, rotation,
 /// mirroring, on printers and in other composition modes each stretch is filled by itself.
 ///
@@ -63,6 +65,8 @@ private:
     }
     void AddRun(const TimeBarSpan &span, QRgba64 colour, bool may_overlap);
     void FillRuns(const Band &band);
+    void DrawRuns(QPainter &painter, int top, int height) const;
+    [[nodiscard]] bool BlendRow(const Band &band, const QRect &rows);
     void FillSpan(const Band &band, const TimeBarSpan &span, QRgba64 colour);
 
     QPainter &painter_;
