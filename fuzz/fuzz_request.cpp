@@ -39,14 +39,14 @@ Server::CServer &TheServer()
     return *server;
 }
 
-std::string Talk(const std::string &bytes)
+// A connection that stays open is left after the patience.
+std::string Talk(const std::string &bytes, const timeval &patience)
 {
     const int client = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     address.sin_port = htons(static_cast<uint16_t>(TheServer().Port()));
-    const timeval patience{5, 0};
     setsockopt(client, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
     Require(connect(client, reinterpret_cast<sockaddr *>(&address), sizeof address) == 0,
             "the server listens");
@@ -71,7 +71,8 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    const std::string reply = Talk(std::string(reinterpret_cast<const char *>(data), size));
+    const std::string reply =
+        Talk(std::string(reinterpret_cast<const char *>(data), size), {0, 20'000});
     Require(reply.empty() || reply.rfind("HTTP/1.", 0) == 0, "an answer is HTTP");
     Require(reply.find("LayoutData") == std::string::npos
                 && reply.find("SecuritySetting\"") == std::string::npos
@@ -79,7 +80,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
             "nothing is handed out without a session");
     static int turns = 0;
     if (++turns % 64 == 0)
-        Require(Talk("GET /Quorra/Brisent/Platform/V0/AdaptiveLayout HTTP/1.0\r\nHost: x\r\n\r\n")
+        Require(Talk("GET /Quorra/Brisent/Platform/V0/AdaptiveLayout HTTP/1.0\r\nHost: x\r\n\r\n",
+                     {5, 0})
                         .find(" 401 ")
                     != std::string::npos,
                 "others are served");

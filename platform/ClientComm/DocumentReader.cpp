@@ -179,7 +179,11 @@ bool ReadJson(std::string_view text, CDocumentTree &tree)
     constexpr unsigned kFlags = rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag
                                 | rapidjson::kParseValidateEncodingFlag
                                 | rapidjson::kParseNumbersAsStringsFlag;
-    std::string copy(text);
+    // It looks for the rest of a character behind the end of the text.
+    constexpr size_t kPadding = 4;
+    std::string copy;
+    copy.reserve(text.size() + kPadding);
+    copy.append(text).append(kPadding, '\0');
     tree.Reserve(text.size());
     CJsonHandler handler(tree);
     rapidjson::InsituStringStream stream(copy.data());

@@ -98,6 +98,7 @@ private Q_SLOTS:
              {"a zero byte after the object", std::string("{}\0", 3)},
              {"two members of one name", R"({"a":1,"b":2,"a":3})"},
              {"bytes that are no UTF-8", "{\"a\":\"\xC3\x28\"}"},
+             {"half a character at the end", "{\"a\":\"" + std::string(50, 'x') + "\xF4"},
              {"half a surrogate pair", R"({"a":"\ud800"})"},
              {"half an element", "<a><b></b>"},
              {"crossed elements", "<a><b></a></b>"},
