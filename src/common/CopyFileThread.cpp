@@ -276,8 +276,9 @@ void CCopyFileThread::run()
         }
     });
     // The files that a stop left out, or an exception of a slot.
+    const QString left_out = ErrorText(-ECANCELED);
     while (results.size() < sources.size())
-        results.append({sources.at(results.size()), {}, ErrorText(-ECANCELED)});
+        results.append({sources.at(results.size()), {}, left_out});
     QStringList failed;
     for (const CopiedFile &file : qAsConst(results)) {
         if (!file.error.isEmpty())
