@@ -226,8 +226,11 @@ private Q_SLOTS:
         });
         QVERIFY(!Monitors::SetDeviceChangeCallBack(true, nullptr, nullptr));
         Monitors::SetBackend(nullptr);
-        // The default follows screens; a program without windows has no screen.
+        // The default follows screens; a program without windows has no screen, and the log says
+        // so.
+        guard_.AnnounceLogLines();
         QVERIFY(!Monitors::SetDeviceChangeCallBack(true, nullptr, nullptr));
+        QVERIFY(guard_.LogLines().constLast().contains("there is no QGuiApplication yet"));
     }
 
     // A process reads the system's locale once, so each locale has its own run.
