@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <Ravel/PageTag.h>
 #include <Ravel/TextRanks.h>
@@ -12,8 +12,6 @@
 #include <QtCore/QRandomGenerator>
 #include <QtGui/QStandardItemModel>
 #include <QtTest/QAbstractItemModelTester>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 #include <QtWidgets/QHeaderView>
 
 #include <functional>
@@ -34,14 +32,13 @@ QList<CTreeViewItem *> Items(int count)
 
 } // namespace
 
-class TestFilterTree : public QObject
+class TestFilterTree : public CGuardedTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
+protected:
+    void SetUp() override
     {
-        guard_.Begin();
         model_ = std::make_unique<Ravel::CTreeViewModel>();
         model_->SetHorizontalHeaderLabels({"Number", "Text"});
         view_ = std::make_unique<CFilterTreeViewEx>();
@@ -49,14 +46,13 @@ private Q_SLOTS:
         view_->SetTreeViewItemPerPage(100);
     }
 
-    void cleanup()
+    void TearDown() override
     {
         view_.reset();
         model_.reset();
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
     }
 
+private Q_SLOTS:
     void rowsFallOnPages_data()
     {
         QTest::addColumn<int>("rows");
@@ -114,22 +110,6 @@ private Q_SLOTS:
         QFETCH(int, header);
         QFETCH(int, row);
         QTEST(Vantor::RowsThatFit(height, header, row), "rows");
-    }
-
-    void addingRowsClearsTheKeyword()
-    {
-        QList<CTreeViewItem *> items = Items(4);
-        view_->AddTopLevelItems(items);
-        view_->SetFilterKeyWord("ABC");
-        QCOMPARE(view_->TopLevelItemCount(), 0);
-        view_->SetFilterKeyWord("abc");
-        QCOMPARE(view_->TopLevelItemCount(), 2);
-
-        items = Items(2);
-        view_->AddTopLevelItems(items);
-
-        QCOMPARE(view_->TopLevelItemCount(), 6);
-        QCOMPARE(items.size(), 2);
     }
 
     void aHitLiesInOneCell_data()
@@ -360,7 +340,6 @@ private Q_SLOTS:
     }
 
 private:
-    CTestGuard guard_;
     std::unique_ptr<Ravel::CTreeViewModel> model_;
     std::unique_ptr<CFilterTreeViewEx> view_;
 };

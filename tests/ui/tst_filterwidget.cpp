@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <Ravel/TreeViewItem.h>
 #include <Ravel/TreeViewModel.h>
@@ -8,8 +8,6 @@
 #include <Vantor/CFilterWidgetEx>
 
 #include <QtTest/QAbstractItemModelTester>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
@@ -20,14 +18,13 @@ using Ravel::CTreeViewItem;
 using Vantor::CComboBoxEx;
 using Vantor::CFilterWidgetEx;
 
-class TestFilterWidget : public QObject
+class TestFilterWidget : public CGuardedTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
+protected:
+    void SetUp() override
     {
-        guard_.Begin();
         model_ = std::make_unique<Ravel::CTreeViewModel>();
         model_->SetHorizontalHeaderLabels({"Time", "Kind", "Species"});
         Add({{"1", "Bird", "Gull"},
@@ -41,14 +38,13 @@ private Q_SLOTS:
         bar_->AddTopLevelItems();
     }
 
-    void cleanup()
+    void TearDown() override
     {
         bar_.reset();
         model_.reset();
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
     }
 
+private Q_SLOTS:
     void typesAreListedOnceInOrderAndTicked()
     {
         QCOMPARE(Rows(bar_->GetMainTypeComboBox()), QString("All|Blank|Bat|Bird|Bird (big)"));
@@ -216,7 +212,6 @@ private:
         return rows.join('|');
     }
 
-    CTestGuard guard_;
     std::unique_ptr<Ravel::CTreeViewModel> model_;
     std::unique_ptr<CFilterWidgetEx> bar_;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <Ravel/TreeViewItem.h>
 #include <Ravel/TreeViewModel.h>
@@ -9,8 +9,6 @@
 #include <Vantor/CMutiPageWidgetEx>
 
 #include <QtGui/QCursor>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
@@ -34,40 +32,21 @@ QList<Ravel::CTreeViewItem *> Items(int count)
 
 } // namespace
 
-class TestMutiPageWidget : public QObject
+class TestMutiPageWidget : public CGuardedTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init()
-    {
-        guard_.Begin();
-        NewPage(Qt::LeftToRight);
-    }
+protected:
+    void SetUp() override { NewPage(Qt::LeftToRight); }
 
-    void cleanup()
+    void TearDown() override
     {
         page_.reset();
         model_.reset();
         QApplication::setLayoutDirection(Qt::LeftToRight);
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
     }
 
-    void aFreshPageIsOpenEndedAndEmpty()
-    {
-        QCOMPARE(Enabled(), QString("home next last"));
-        QCOMPARE(Label("ptr_total_page_"), QString("/1"));
-        QCOMPARE(Label("ptr_total_records_"), QString("Total  0"));
-        QVERIFY(Child("ptr_wig_batch_alarms")->isHidden());
-        const QComboBox *const choice = page_->GetItemPerPageComboBox();
-        QStringList counts;
-        for (int i = 0; i < choice->count(); ++i)
-            counts.append(choice->itemText(i) + '=' + choice->itemData(i).toString());
-        QCOMPARE(counts.join(' '),
-                 QString("TheAdaptive1GOQY412=0 100=100 200=200 300=300 500=500"));
-    }
-
+private Q_SLOTS:
     void serverPagesAreCountedAndEnableTheBar_data()
     {
         QTest::addColumn<int>("per_page");
@@ -266,27 +245,6 @@ private Q_SLOTS:
         QCOMPARE(Label("ptr_total_page_"), QString("5\\"));
     }
 
-    void whatIsShownIsSetInGroups()
-    {
-        const QStringList total{
-            "ptr_total_records_", "ptr_home_btn_", "ptr_last_btn_", "ptr_cur_page_edit_",
-            "ptr_total_page_",    "ptr_jump_btn_", "widget_4"};
-        page_->HideTotalPageWidget();
-        for (const QString &name : total)
-            QVERIFY2(Child(name)->isHidden(), qPrintable(name));
-        page_->SetPageSeen(true);
-        for (const QString &name : total)
-            QVERIFY2(!Child(name)->isHidden(), qPrintable(name));
-        page_->SetJumpFuncVisible(false);
-        QVERIFY(Child("widget_4")->isHidden() && Child("ptr_jump_btn_")->isHidden());
-        QCOMPARE(Child("ptr_bottom_widget_")->layout()->contentsMargins(), QMargins(5, 0, 10, 0));
-        QCOMPARE(Child("ptr_bottom_widget_")->layout()->spacing(), 10);
-        page_->SetTotalAndComboBoxVisible(false);
-        QVERIFY(Child("ptr_page_combox_")->isHidden());
-        page_->HideBottomPageWidget();
-        QVERIFY(Child("ptr_bottom_widget_")->isHidden() && Child("ptr_bottom_line_")->isHidden());
-    }
-
     void currentRowMovesWithinThePage()
     {
         page_->MoveFromTheCurrentRow(1); // before there is a model
@@ -393,7 +351,6 @@ private:
         return names.join(' ');
     }
 
-    CTestGuard guard_;
     std::unique_ptr<Ravel::CTreeViewModel> model_;
     std::unique_ptr<CMutiPageWidget> page_;
 };
