@@ -1,38 +1,30 @@
 // SPDX-License-Identifier: MIT
 #include "link/ServerLink.h"
 #include "pages/ServerListPage.h"
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <Vantor/CFilterTreeViewEx>
 #include <Vantor/CMutiPageWidget>
 
 #include <QtCore/QStandardPaths>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollBar>
 
 using namespace Client;
 
 // The page over the real server, in this process.
-class tst_client_serverlist : public QObject
+class tst_client_serverlist : public CGuardedTest
 {
     Q_OBJECT
 
+protected:
+    void SetUp() override { qputenv("XDG_DATA_HOME", folder_.Path().toLocal8Bit()); }
+
 private Q_SLOTS:
-    void initTestCase() { qputenv("XDG_DATA_HOME", folder_.path().toLocal8Bit()); }
-    void init() { guard_.Begin(); }
-
-    void cleanup()
-    {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void withoutServerThePageTellsSo()
     {
         const CServerListPage page;
@@ -72,6 +64,12 @@ private Q_SLOTS:
         QTRY_COMPARE(rows->rowCount(), 100);
         QVERIFY(page.findChild<QLabel *>(QStringLiteral("ptr_total_page_"))->isHidden());
         QVERIFY(list->GetNextPageBtn()->isEnabled()); // a full page: more may follow
+
+        page.show();
+        list->GetItemPerPageComboBox()->setCurrentIndex(0);
+        QTRY_COMPARE(rows->rowCount(), list->GetItemsPerPage());
+        QTRY_VERIFY(list->GetTreeView()->horizontalScrollBar()->maximum() > 0);
+        QCOMPARE(list->GetTreeView()->verticalScrollBar()->maximum(), 0); // all rows fit
     }
 
 private:
@@ -80,9 +78,6 @@ private:
         return page.findChild<QLabel *>(QLatin1String(name))->text();
     }
     static QString State(const QWidget &page) { return Label(page, "ServerState"); }
-
-    CTestGuard guard_;
-    QTemporaryDir folder_;
 };
 
 QTEST_MAIN(tst_client_serverlist)
