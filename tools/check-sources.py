@@ -21,11 +21,6 @@ MOST_LINES_OF_FILE = 400
 MOST_LINES_OF_FUNCTION = 40  # signature and braces included, blank lines not
 # Still to be mended. What is mended must leave the list.
 KNOWN_CYCLES = [
-    {"host/client/export/BarChart",
-     "host/client/export/XlsxSummary"},
-    {"host/client/export/CsvExport",
-     "host/client/export/ExportFormat",
-     "host/client/export/XlsxExport"},
     {"src/ui/AnimationProgressBar/AbstractDelegate",
      "src/ui/AnimationProgressBar/AnimationProgressBar",
      "src/ui/AnimationProgressBar/AnimationProgressBarAccess"},

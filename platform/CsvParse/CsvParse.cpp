@@ -21,12 +21,30 @@ csv_parser *StateOf(csvparse_parser *parser)
 
 int csvparse_init(csvparse_parser *parser, unsigned char options)
 {
-    return csv_init(new (parser->storage) csv_parser, options);
+    constexpr std::size_t kBlockBytes = std::size_t{64} * 1024; // a field's memory grows by this
+    csv_parser *const state = new (parser->storage) csv_parser;
+    const int result = csv_init(state, options);
+    csv_set_blk_size(state, kBlockBytes);
+    return result;
 }
 
 void csvparse_set_delimiter(csvparse_parser *parser, char delimiter)
 {
     csv_set_delim(StateOf(parser), static_cast<unsigned char>(delimiter));
+}
+
+void csvparse_keep_blanks(csvparse_parser *parser, int keep)
+{
+    int (*const is_no_blank)(unsigned char) = [](unsigned char) { return 0; };
+    csv_set_space_func(StateOf(parser), keep != 0 ? is_no_blank : nullptr);
+}
+
+int csvparse_is_in_quotes(const csvparse_parser *parser)
+{
+    // Of libcsv's states, 2 is within a field; within a quoted one until its quote ends.
+    constexpr int kFieldBegun = 2;
+    const auto *const state = std::launder(reinterpret_cast<const csv_parser *>(parser->storage));
+    return state->pstate == kFieldBegun && state->quoted != 0 ? 1 : 0;
 }
 
 std::size_t csvparse_parse(csvparse_parser *parser, const void *bytes, std::size_t length,

@@ -30,6 +30,13 @@ VANTOR_BASE_EXPORT int csvparse_init(csvparse_parser *parser, unsigned char opti
 /// \brief Use \a delimiter, an ASCII character, between fields from now on.
 VANTOR_BASE_EXPORT void csvparse_set_delimiter(csvparse_parser *parser, char delimiter);
 
+/// \brief Keep blanks and tabs around fields from now on, as RFC 4180 wants it (1), or drop them
+/// (0, the default). Kept ones may not be between a separator and a quote.
+VANTOR_BASE_EXPORT void csvparse_keep_blanks(csvparse_parser *parser, int keep);
+
+/// \return 1 while a quoted field is open after the bytes parsed so far, else 0.
+VANTOR_BASE_EXPORT int csvparse_is_in_quotes(const csvparse_parser *parser);
+
 /// \brief Parse \a length bytes; fields and records may go on in the next call.
 /// \return bytes consumed; less than \a length on an error, such as no memory for a long field.
 VANTOR_BASE_EXPORT std::size_t csvparse_parse(csvparse_parser *parser, const void *bytes,

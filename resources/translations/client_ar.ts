@@ -25,36 +25,6 @@
     </message>
 </context>
 <context>
-    <name>Client::CListExport</name>
-    <message numerus="yes">
-        <source>%Ln incident(s) exported to %1</source>
-        <translation>
-            <numerusform>لم يُصدَّر أي حادث إلى ‎%1</numerusform>
-            <numerusform>صُدِّر حادث واحد إلى ‎%1</numerusform>
-            <numerusform>صُدِّر حادثان إلى ‎%1</numerusform>
-            <numerusform>صُدِّرت %Ln حوادث إلى ‎%1</numerusform>
-            <numerusform>صُدِّر %Ln حادثًا إلى ‎%1</numerusform>
-            <numerusform>صُدِّر %Ln حادث إلى ‎%1</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>The disk is full. %1 was not written.</source>
-        <translation>القرص ممتلئ. لم تتم كتابة ‎%1.</translation>
-    </message>
-    <message>
-        <source>Writing failed on the way. %1 was not written.</source>
-        <translation>تعذّر إتمام الكتابة. لم تتم كتابة ‎%1.</translation>
-    </message>
-    <message>
-        <source>Writing failed: %1. %2 was not written.</source>
-        <translation>تعذّرت الكتابة: %1. لم تتم كتابة ‎%2.</translation>
-    </message>
-    <message>
-        <source>There is not enough memory for this export.</source>
-        <translation>الذاكرة لا تكفي لهذا التصدير.</translation>
-    </message>
-</context>
-<context>
     <name>Client::CListPage</name>
     <message>
         <source>Search all columns</source>
@@ -185,6 +155,30 @@
             <numerusform> و%Ln ملفًا آخر</numerusform>
             <numerusform> و%Ln ملف آخر</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Save As…</source>
+        <translation>حفظ باسم…</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>حفظ باسم</translation>
+    </message>
+    <message>
+        <source>Files with commas between the cells (*)</source>
+        <translation>ملفات بفواصل بين الخلايا (*)</translation>
+    </message>
+    <message>
+        <source>Files with semicolons between the cells (*)</source>
+        <translation>ملفات بفواصل منقوطة بين الخلايا (*)</translation>
+    </message>
+    <message>
+        <source>Files with tabs between the cells (*)</source>
+        <translation>ملفات بعلامات جدولة بين الخلايا (*)</translation>
+    </message>
+    <message>
+        <source>Files with vertical bars between the cells (*)</source>
+        <translation>ملفات بخطوط عمودية بين الخلايا (*)</translation>
     </message>
 </context>
 <context>
@@ -448,43 +442,9 @@
         <source>%1 ends in the middle of a character. Rows may be missing.</source>
         <translation>ينتهي ‎%1 في منتصف حرف. قد تكون صفوف مفقودة.</translation>
     </message>
-</context>
-<context>
-    <name>ExportFormat</name>
     <message>
-        <source>Cannot export to “%1”: the name must end with %2.</source>
-        <translation>تعذّر التصدير إلى «‎%1»: يجب أن ينتهي الاسم بـ %2.</translation>
-    </message>
-</context>
-<context>
-    <name>ExportTarget</name>
-    <message>
-        <source>Cannot replace %1.</source>
-        <translation>تعذّر استبدال ‎%1.</translation>
-    </message>
-    <message>
-        <source>The folder %1 does not exist.</source>
-        <translation>المجلد ‎%1 غير موجود.</translation>
-    </message>
-    <message>
-        <source>%1 is a link that leads nowhere.</source>
-        <translation>‎%1 رابط لا يؤدي إلى شيء.</translation>
-    </message>
-    <message>
-        <source>%1 is a folder.</source>
-        <translation>‎%1 مجلد.</translation>
-    </message>
-    <message>
-        <source>%1 is a device, not a file.</source>
-        <translation>‎%1 جهاز وليس ملفًا.</translation>
-    </message>
-    <message>
-        <source>%1 is write-protected.</source>
-        <translation>‎%1 محمي من الكتابة.</translation>
-    </message>
-    <message>
-        <source>Cannot write to the folder %1: %2</source>
-        <translation>تعذّرت الكتابة في المجلد ‎%1: %2</translation>
+        <source>%1 is not in UTF-8. It was read as %2, which is a guess.</source>
+        <translation>‎%1 ليس بترميز UTF-8. قُرئ على أنه ‎%2، وهذا تخمين.</translation>
     </message>
 </context>
 <context>
@@ -533,14 +493,6 @@
 </context>
 <context>
     <name>XlsxExport</name>
-    <message>
-        <source>Cannot make a folder for temporary files: %1</source>
-        <translation>تعذّر إنشاء مجلد للملفات المؤقتة: %1</translation>
-    </message>
-    <message>
-        <source>There is not enough room for temporary files in %1. Nothing was exported.</source>
-        <translation>لا تكفي المساحة للملفات المؤقتة في ‎%1. لم يُصدَّر شيء.</translation>
-    </message>
     <message>
         <source>Incidents</source>
         <extracomment>Name of a sheet: at most 12 letters that are not Latin, no signs</extracomment>
@@ -1361,6 +1313,117 @@
     <message>
         <source>Unlock</source>
         <translation>إلغاء القفل</translation>
+    </message>
+</context>
+<context>
+    <name>ExportText</name>
+    <message numerus="yes">
+        <source>%Ln incident(s) exported to %1</source>
+        <translation>
+            <numerusform>لم يُصدَّر أي حادث إلى ‎%1</numerusform>
+            <numerusform>صُدِّر حادث واحد إلى ‎%1</numerusform>
+            <numerusform>صُدِّر حادثان إلى ‎%1</numerusform>
+            <numerusform>صُدِّرت %Ln حوادث إلى ‎%1</numerusform>
+            <numerusform>صُدِّر %Ln حادثًا إلى ‎%1</numerusform>
+            <numerusform>صُدِّر %Ln حادث إلى ‎%1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The disk is full. %1 was not written.</source>
+        <translation>القرص ممتلئ. لم تتم كتابة ‎%1.</translation>
+    </message>
+    <message>
+        <source>Writing failed on the way. %1 was not written.</source>
+        <translation>تعذّر إتمام الكتابة. لم تتم كتابة ‎%1.</translation>
+    </message>
+    <message>
+        <source>Writing failed: %1. %2 was not written.</source>
+        <translation>تعذّرت الكتابة: %1. لم تتم كتابة ‎%2.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for this export.</source>
+        <translation>الذاكرة لا تكفي لهذا التصدير.</translation>
+    </message>
+    <message>
+        <source>The folder %1 does not exist.</source>
+        <translation>المجلد ‎%1 غير موجود.</translation>
+    </message>
+    <message>
+        <source>%1 is a link that leads nowhere.</source>
+        <translation>‎%1 رابط لا يؤدي إلى شيء.</translation>
+    </message>
+    <message>
+        <source>%1 is a folder.</source>
+        <translation>‎%1 مجلد.</translation>
+    </message>
+    <message>
+        <source>%1 is a device, not a file.</source>
+        <translation>‎%1 جهاز وليس ملفًا.</translation>
+    </message>
+    <message>
+        <source>%1 is write-protected.</source>
+        <translation>‎%1 محمي من الكتابة.</translation>
+    </message>
+    <message>
+        <source>Cannot write to the folder %1: %2</source>
+        <translation>تعذّرت الكتابة في المجلد ‎%1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot export to “%1”: the name must end with %2.</source>
+        <translation>تعذّر التصدير إلى «‎%1»: يجب أن ينتهي الاسم بـ %2.</translation>
+    </message>
+    <message>
+        <source>There is not enough room for temporary files in %1. Nothing was exported.</source>
+        <translation>لا تكفي المساحة للملفات المؤقتة في ‎%1. لم يُصدَّر شيء.</translation>
+    </message>
+    <message>
+        <source>There is no column to export.</source>
+        <translation>لا يوجد عمود للتصدير.</translation>
+    </message>
+    <message>
+        <source>The list could not be read to its end. %1 was not written.</source>
+        <translation>تعذّرت قراءة القائمة حتى نهايتها. لم تتم كتابة ‎%1.</translation>
+    </message>
+    <message>
+        <source>%1 is not in every cell as the list has it: %2.</source>
+        <translation>لا يطابق ‎%1 القائمة في كل خلية: %2.</translation>
+    </message>
+    <message>
+        <source>looks and pictures</source>
+        <translation>المظهر والصور</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln cell(s) cut to 32,767 characters</source>
+        <translation>
+            <numerusform>لا خلايا مقصوصة</numerusform>
+            <numerusform>خلية واحدة قُصّت إلى ٣٢٬٧٦٧ حرفًا</numerusform>
+            <numerusform>خليتان قُصّتا إلى ٣٢٬٧٦٧ حرفًا</numerusform>
+            <numerusform>%Ln خلايا قُصّت إلى ٣٢٬٧٦٧ حرفًا</numerusform>
+            <numerusform>%Ln خلية قُصّت إلى ٣٢٬٧٦٧ حرفًا</numerusform>
+            <numerusform>%Ln خلية قُصّت إلى ٣٢٬٧٦٧ حرفًا</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln cell(s) with replaced characters</source>
+        <translation>
+            <numerusform>لا خلايا بأحرف مستبدلة</numerusform>
+            <numerusform>خلية واحدة بأحرف مستبدلة</numerusform>
+            <numerusform>خليتان بأحرف مستبدلة</numerusform>
+            <numerusform>%Ln خلايا بأحرف مستبدلة</numerusform>
+            <numerusform>%Ln خلية بأحرف مستبدلة</numerusform>
+            <numerusform>%Ln خلية بأحرف مستبدلة</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln link(s) as plain text</source>
+        <translation>
+            <numerusform>لا روابط كنص عادي</numerusform>
+            <numerusform>رابط واحد كنص عادي</numerusform>
+            <numerusform>رابطان كنص عادي</numerusform>
+            <numerusform>%Ln روابط كنص عادي</numerusform>
+            <numerusform>%Ln رابطًا كنص عادي</numerusform>
+            <numerusform>%Ln رابط كنص عادي</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -25,32 +25,6 @@
     </message>
 </context>
 <context>
-    <name>Client::CListExport</name>
-    <message numerus="yes">
-        <source>%Ln incident(s) exported to %1</source>
-        <translation>
-            <numerusform>%Ln incident exported to %1</numerusform>
-            <numerusform>%Ln incidents exported to %1</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>The disk is full. %1 was not written.</source>
-        <translation>The disk is full. %1 was not written.</translation>
-    </message>
-    <message>
-        <source>Writing failed on the way. %1 was not written.</source>
-        <translation>Writing failed on the way. %1 was not written.</translation>
-    </message>
-    <message>
-        <source>Writing failed: %1. %2 was not written.</source>
-        <translation>Writing failed: %1. %2 was not written.</translation>
-    </message>
-    <message>
-        <source>There is not enough memory for this export.</source>
-        <translation>There is not enough memory for this export.</translation>
-    </message>
-</context>
-<context>
     <name>Client::CListPage</name>
     <message>
         <source>Search all columns</source>
@@ -177,6 +151,30 @@
             <numerusform>, and %Ln more</numerusform>
             <numerusform>, and %Ln more</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Save As…</source>
+        <translation>Save As…</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Save As</translation>
+    </message>
+    <message>
+        <source>Files with commas between the cells (*)</source>
+        <translation>Files with commas between the cells (*)</translation>
+    </message>
+    <message>
+        <source>Files with semicolons between the cells (*)</source>
+        <translation>Files with semicolons between the cells (*)</translation>
+    </message>
+    <message>
+        <source>Files with tabs between the cells (*)</source>
+        <translation>Files with tabs between the cells (*)</translation>
+    </message>
+    <message>
+        <source>Files with vertical bars between the cells (*)</source>
+        <translation>Files with vertical bars between the cells (*)</translation>
     </message>
 </context>
 <context>
@@ -440,43 +438,9 @@
         <source>%1 ends in the middle of a character. Rows may be missing.</source>
         <translation>%1 ends in the middle of a character. Rows may be missing.</translation>
     </message>
-</context>
-<context>
-    <name>ExportFormat</name>
     <message>
-        <source>Cannot export to “%1”: the name must end with %2.</source>
-        <translation>Cannot export to “%1”: the name must end with %2.</translation>
-    </message>
-</context>
-<context>
-    <name>ExportTarget</name>
-    <message>
-        <source>Cannot replace %1.</source>
-        <translation>Cannot replace %1.</translation>
-    </message>
-    <message>
-        <source>The folder %1 does not exist.</source>
-        <translation>The folder %1 does not exist.</translation>
-    </message>
-    <message>
-        <source>%1 is a link that leads nowhere.</source>
-        <translation>%1 is a link that leads nowhere.</translation>
-    </message>
-    <message>
-        <source>%1 is a folder.</source>
-        <translation>%1 is a folder.</translation>
-    </message>
-    <message>
-        <source>%1 is a device, not a file.</source>
-        <translation>%1 is a device, not a file.</translation>
-    </message>
-    <message>
-        <source>%1 is write-protected.</source>
-        <translation>%1 is write-protected.</translation>
-    </message>
-    <message>
-        <source>Cannot write to the folder %1: %2</source>
-        <translation>Cannot write to the folder %1: %2</translation>
+        <source>%1 is not in UTF-8. It was read as %2, which is a guess.</source>
+        <translation>%1 is not in UTF-8. It was read as %2, which is a guess.</translation>
     </message>
 </context>
 <context>
@@ -517,14 +481,6 @@
 </context>
 <context>
     <name>XlsxExport</name>
-    <message>
-        <source>Cannot make a folder for temporary files: %1</source>
-        <translation>Cannot make a folder for temporary files: %1</translation>
-    </message>
-    <message>
-        <source>There is not enough room for temporary files in %1. Nothing was exported.</source>
-        <translation>There is not enough room for temporary files in %1. Nothing was exported.</translation>
-    </message>
     <message>
         <source>Incidents</source>
         <extracomment>Name of a sheet: at most 12 letters that are not Latin, no signs</extracomment>
@@ -1341,6 +1297,101 @@
     <message>
         <source>Unlock</source>
         <translation>Unlock</translation>
+    </message>
+</context>
+<context>
+    <name>ExportText</name>
+    <message numerus="yes">
+        <source>%Ln incident(s) exported to %1</source>
+        <translation>
+            <numerusform>%Ln incident exported to %1</numerusform>
+            <numerusform>%Ln incidents exported to %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The disk is full. %1 was not written.</source>
+        <translation>The disk is full. %1 was not written.</translation>
+    </message>
+    <message>
+        <source>Writing failed on the way. %1 was not written.</source>
+        <translation>Writing failed on the way. %1 was not written.</translation>
+    </message>
+    <message>
+        <source>Writing failed: %1. %2 was not written.</source>
+        <translation>Writing failed: %1. %2 was not written.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for this export.</source>
+        <translation>There is not enough memory for this export.</translation>
+    </message>
+    <message>
+        <source>The folder %1 does not exist.</source>
+        <translation>The folder %1 does not exist.</translation>
+    </message>
+    <message>
+        <source>%1 is a link that leads nowhere.</source>
+        <translation>%1 is a link that leads nowhere.</translation>
+    </message>
+    <message>
+        <source>%1 is a folder.</source>
+        <translation>%1 is a folder.</translation>
+    </message>
+    <message>
+        <source>%1 is a device, not a file.</source>
+        <translation>%1 is a device, not a file.</translation>
+    </message>
+    <message>
+        <source>%1 is write-protected.</source>
+        <translation>%1 is write-protected.</translation>
+    </message>
+    <message>
+        <source>Cannot write to the folder %1: %2</source>
+        <translation>Cannot write to the folder %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot export to “%1”: the name must end with %2.</source>
+        <translation>Cannot export to “%1”: the name must end with %2.</translation>
+    </message>
+    <message>
+        <source>There is not enough room for temporary files in %1. Nothing was exported.</source>
+        <translation>There is not enough room for temporary files in %1. Nothing was exported.</translation>
+    </message>
+    <message>
+        <source>There is no column to export.</source>
+        <translation>There is no column to export.</translation>
+    </message>
+    <message>
+        <source>The list could not be read to its end. %1 was not written.</source>
+        <translation>The list could not be read to its end. %1 was not written.</translation>
+    </message>
+    <message>
+        <source>%1 is not in every cell as the list has it: %2.</source>
+        <translation>%1 is not in every cell as the list has it: %2.</translation>
+    </message>
+    <message>
+        <source>looks and pictures</source>
+        <translation>looks and pictures</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln cell(s) cut to 32,767 characters</source>
+        <translation>
+            <numerusform>%Ln cell cut to 32,767 characters</numerusform>
+            <numerusform>%Ln cells cut to 32,767 characters</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln cell(s) with replaced characters</source>
+        <translation>
+            <numerusform>%Ln cell with replaced characters</numerusform>
+            <numerusform>%Ln cells with replaced characters</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln link(s) as plain text</source>
+        <translation>
+            <numerusform>%Ln link as plain text</numerusform>
+            <numerusform>%Ln links as plain text</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -203,6 +203,10 @@
         <translation>يرجى الانتظار</translation>
     </message>
     <message>
+        <source>The list could not be read</source>
+        <translation>تعذّرت قراءة القائمة</translation>
+    </message>
+    <message>
         <source>Columns</source>
         <translation>الأعمدة</translation>
     </message>

@@ -203,6 +203,10 @@
         <translation>Please wait</translation>
     </message>
     <message>
+        <source>The list could not be read</source>
+        <translation>The list could not be read</translation>
+    </message>
+    <message>
         <source>Columns</source>
         <translation>Columns</translation>
     </message>

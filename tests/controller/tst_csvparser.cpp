@@ -517,10 +517,15 @@ private Q_SLOTS:
         QTest::addColumn<QString>("field");
         QTest::addColumn<bool>("is_formula");
         for (const char *const formula :
-             {"=1", "+1", "-1", "@a", "\t=1", "\r=1", "  =1", " \n-2", "\xC2\xA0=1"})
+             {"=1", "+1+1", "-a", "-1,2.3", "@a", "\t=1", "\r=1", "  =1", " \n-2+3", "\xC2\xA0=1",
+              "\xEF\xBB\xBF=1", "\xE2\x80\x8B=1",
+              "\xEF\xBC\x9D"
+              "1",
+              "\x01=1"})
             QTest::addRow("%s", QByteArray(formula).toPercentEncoding().constData())
                 << QString::fromUtf8(formula) << true;
-        for (const char *const text : {"", " ", "1", "a=1", "'=1", "1-2", "(=1)"})
+        for (const char *const text :
+             {"", " ", "1", "a=1", "'=1", "1-2", "(=1)", "-5", "+1.5", " -2,5"})
             QTest::addRow("[%s]", text) << QString::fromUtf8(text) << false;
     }
 

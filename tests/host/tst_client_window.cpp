@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/CommandLine.h"
-#include "export/ListExport.h"
+#include "export/ExportText.h"
 #include "look/Language.h"
 #include "look/Theme.h"
 #include "support/Test.h"
@@ -10,6 +10,7 @@
 #include "window/WindowActions.h"
 
 #include <Vantor/CFilterTreeViewEx>
+#include <Vantor/CListExport>
 #include <Vantor/CMutiPageWidgetEx>
 #include <Vantor/CStyleManager>
 
@@ -221,11 +222,12 @@ private Q_SLOTS:
     {
         const auto &row = FetchRow<Count>();
         bench_->language.Apply(row.language);
-        ExportResult result;
+        Vantor::ListExportResult result;
+        result.end = Vantor::ListExportResult::End::Done;
         result.rows = row.rows;
         result.path = "f";
 
-        QCOMPARE(ExportedText(result), QString(row.text));
+        QCOMPARE(ExportText(result), QString(row.text));
     }
 
     void openedFileIsShown()

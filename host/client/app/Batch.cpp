@@ -3,9 +3,11 @@
 
 #include "app/Console.h"
 #include "app/StopSignals.h"
+#include "export/ExportText.h"
+#include "export/IncidentExport.h"
 #include "export/TimeLeft.h"
-#include "list/CsvFile.h"
-#include "list/ListModel.h"
+
+#include <Vantor/CListExport>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
@@ -29,12 +31,16 @@ QString ProgressText(const QString &percent, const QString &time_left)
 }
 
 // `stop_status` becomes the exit status of a signal that ended the export.
-ExportResult WaitForExport(const IncidentRows &rows, const QString &path, int &stop_status)
+Vantor::ListExportResult WaitForExport(const IncidentRows &rows, const QString &path,
+                                       int &stop_status)
 {
-    ExportResult result;
+    using Vantor::CListExport;
+    Vantor::ListExportResult result;
+    const COwnErrors only_ours; // libraries print what goes wrong, too
     CProgressLine line;
     QEventLoop loop;
-    CListExport job(rows, nullptr);
+    CListExport job;
+    SetIncidents(job, rows);
     QElapsedTimer since_start;
     since_start.start();
     CTimeLeft estimate;
@@ -42,11 +48,8 @@ ExportResult WaitForExport(const IncidentRows &rows, const QString &path, int &s
         estimate.Note(since_start.elapsed(), total > 0 ? double(done) / total : 1);
         line.Show(ProgressText(Percent(done, total), TimeLeftText(estimate.Seconds())));
     });
-    QObject::connect(&job, &CListExport::SignalWriting, &loop, [&line](qint64 bytes) {
-        line.Show(Texts::tr("Writing: %1").arg(QLocale().formattedDataSize(bytes)));
-    });
     QObject::connect(&job, &CListExport::SignalFinished, &loop,
-                     [&loop, &result](const ExportResult &outcome) {
+                     [&loop, &result](const Vantor::ListExportResult &outcome) {
                          result = outcome;
                          loop.quit();
                      });
@@ -60,7 +63,7 @@ ExportResult WaitForExport(const IncidentRows &rows, const QString &path, int &s
 
 } // namespace
 
-IncidentListPtr LoadList(const Options &options)
+ReadResult LoadList(const Options &options)
 {
     const QString path = options.ListPath();
     ReadResult result;
@@ -81,29 +84,28 @@ IncidentListPtr LoadList(const Options &options)
     const QString message = result.list ? result.warning : result.error;
     if (!message.isEmpty())
         PrintError(message);
-    return result.list;
+    return result;
 }
 
 int ExportRows(const IncidentRows &rows, const QString &path)
 {
     int stop_status = kExitDone;
-    const ExportResult result = WaitForExport(rows, path, stop_status);
-    if (stop_status != kExitDone)
+    const Vantor::ListExportResult result = WaitForExport(rows, path, stop_status);
+    if (stop_status != kExitDone && result.end == Vantor::ListExportResult::End::Cancelled)
         return stop_status;
-    if (!result.is_done) {
-        PrintError(result.error);
+    if (result.end != Vantor::ListExportResult::End::Done) {
+        PrintError(ExportText(result));
         return kExitFileFailed;
     }
-    PrintLine(ExportedText(result));
-    return kExitDone;
+    PrintLine(ExportText(result));
+    if (const QString losses = LossText(result); !losses.isEmpty())
+        PrintError(losses);
+    return stop_status;
 }
 
 int RunExport(const Options &options, const IncidentListPtr &list)
 {
-    CListModel model;
-    model.SetList(list);
-    model.SetFilter(options.filter.trimmed());
-    return ExportRows(model.Rows(), options.export_path);
+    return ExportRows(FindRows(list, options.filter.trimmed()), options.export_path);
 }
 
 } // namespace Client

@@ -2,20 +2,19 @@
 #pragma once
 
 #include "app/CommandLine.h"
-#include "export/ListExport.h"
-#include "list/IncidentList.h"
+#include "list/CsvFile.h"
 
 namespace Client {
 
 /// \brief Read the list that \a options name. Progress and errors go to the standard error output.
 ///
-/// \return null if the list cannot be read.
-[[nodiscard]] IncidentListPtr LoadList(const Options &options);
+/// \return no list if it cannot be read.
+[[nodiscard]] ReadResult LoadList(const Options &options);
 
 /// \brief Export \a rows to \a path. The result goes to the standard output, errors to the standard
 /// error output.
 ///
-/// \return an exit status; 130 or 143 if SIGINT or SIGTERM ended the export, without a file.
+/// \return an exit status; 129, 130 or 143 if SIGHUP, SIGINT or SIGTERM ended the export, without a file.
 [[nodiscard]] int ExportRows(const IncidentRows &rows, const QString &path);
 
 /// \brief Run --export with the rows of \a list that match the filter of \a options.

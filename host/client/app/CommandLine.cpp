@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/CommandLine.h"
 
-#include "export/ExportFormat.h"
+#include "export/ExportText.h"
 #include "link/ServerLink.h"
 #include "list/IncidentList.h"
 #include "window/Pages.h"
+
+#include <Vantor/CListExport>
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>
@@ -79,7 +81,9 @@ QString FindUsageError(const Parser &line)
     if (parser.isSet(line.page) && !CPages::Names().contains(parser.value(line.page)))
         return Texts::tr("There is no page “%1”, only: %2.")
             .arg(parser.value(line.page), CPages::Names().join(QStringLiteral(", ")));
-    if (parser.isSet(line.exported) && !FindExportFormat(parser.value(line.exported)))
+    if (parser.isSet(line.exported)
+        && Vantor::CListExport::FormatOf(parser.value(line.exported))
+               == Vantor::CListExport::Format::BySuffix)
         return UnknownFormatText(parser.value(line.exported));
     return {};
 }

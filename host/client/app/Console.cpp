@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/Console.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <QtCore/QCoreApplication>
@@ -15,7 +16,41 @@ constexpr qint64 kTerminalIntervalMs = 100;
 constexpr qint64 kLogIntervalMs = 5000;
 constexpr char kEraseLine[] = "\r\033[K";
 
+// Where our own errors go; not null while the descriptor of stderr leads nowhere.
+std::FILE *own_errors = nullptr;
+
+std::FILE *Errors()
+{
+    return own_errors ? own_errors : stderr;
+}
+
 } // namespace
+
+COwnErrors::COwnErrors()
+{
+    std::fflush(stderr);
+    const int copy = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0);
+    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    std::FILE *const errors = copy >= 0 && nowhere >= 0 ? fdopen(copy, "w") : nullptr;
+    if (errors && dup2(nowhere, STDERR_FILENO) == STDERR_FILENO) {
+        std::setvbuf(errors, nullptr, _IONBF, 0);
+        own_errors = errors;
+    } else if (copy >= 0) {
+        close(copy);
+    }
+    if (nowhere >= 0)
+        close(nowhere);
+}
+
+COwnErrors::~COwnErrors()
+{
+    if (!own_errors)
+        return;
+    std::fflush(stderr);
+    dup2(fileno(own_errors), STDERR_FILENO);
+    std::fclose(own_errors);
+    own_errors = nullptr;
+}
 
 void PrintLine(const QString &text)
 {
@@ -24,11 +59,11 @@ void PrintLine(const QString &text)
 
 void PrintError(const QString &text)
 {
-    std::fprintf(stderr, "%s: %s\n", qUtf8Printable(QCoreApplication::applicationName()),
+    std::fprintf(Errors(), "%s: %s\n", qUtf8Printable(QCoreApplication::applicationName()),
                  qUtf8Printable(text));
 }
 
-CProgressLine::CProgressLine() : is_terminal_(isatty(STDERR_FILENO) != 0)
+CProgressLine::CProgressLine() : is_terminal_(isatty(fileno(Errors())) != 0)
 {
     since_shown_.start();
 }
@@ -36,7 +71,7 @@ CProgressLine::CProgressLine() : is_terminal_(isatty(STDERR_FILENO) != 0)
 CProgressLine::~CProgressLine()
 {
     if (is_terminal_ && is_shown_)
-        std::fputs(kEraseLine, stderr);
+        std::fputs(kEraseLine, Errors());
 }
 
 void CProgressLine::Show(const QString &text)
@@ -46,10 +81,10 @@ void CProgressLine::Show(const QString &text)
     since_shown_.restart();
     is_shown_ = true;
     if (is_terminal_)
-        std::fprintf(stderr, "%s%s", kEraseLine, qUtf8Printable(text));
+        std::fprintf(Errors(), "%s%s", kEraseLine, qUtf8Printable(text));
     else
-        std::fprintf(stderr, "%s\n", qUtf8Printable(text));
-    std::fflush(stderr);
+        std::fprintf(Errors(), "%s\n", qUtf8Printable(text));
+    std::fflush(Errors());
 }
 
 QString Percent(qint64 done, qint64 total)

@@ -18,6 +18,17 @@ void PrintLine(const QString &text);
 /// \brief Write one line to the standard error output, after the name of the program.
 void PrintError(const QString &text);
 
+/// \brief While it lives, only PrintError() and CProgressLine reach the standard error output: what
+/// libraries print there is dropped. One at a time; nothing changes when the system refuses.
+class COwnErrors
+{
+public:
+    COwnErrors();
+    ~COwnErrors();
+    COwnErrors(const COwnErrors &) = delete;
+    COwnErrors &operator=(const COwnErrors &) = delete;
+};
+
 /// \brief A line on the standard error output that shows the progress of long work.
 ///
 /// On a terminal the line is overwritten, and erased at the end. Elsewhere a line is written every

@@ -13,7 +13,7 @@
 namespace Client {
 namespace {
 
-constexpr std::array<int, 2> kSignals{SIGINT, SIGTERM};
+constexpr std::array<int, 3> kSignals{SIGHUP, SIGINT, SIGTERM};
 
 // A signal handler may only write to a file descriptor. The event loop reads the other end of this
 // pipe.

@@ -5,7 +5,7 @@
 
 namespace Client {
 
-/// \brief Turns SIGINT and SIGTERM into a Qt signal.
+/// \brief Turns SIGHUP, SIGINT and SIGTERM into a Qt signal.
 ///
 /// While it exists, these signals do not end the program. A signal that was ignored before stays
 /// ignored. One object at a time, on the GUI thread.

@@ -33,8 +33,8 @@ bool ChooseWindow(int argc, char **argv)
 
 void PrepareBatch()
 {
-    // The user gets our sentence about an error and the library's line about its cause, but no
-    // messages of the offscreen platform. QT_LOGGING_RULES turns the other log lines on.
+    // The user gets one sentence about an error, but no messages of libraries and of the offscreen
+    // platform. QT_LOGGING_RULES turns the other log lines on.
     QLoggingCategory::setFilterRules(
         QStringLiteral("ClientWarningAndMore.info=false\nClientWarningAndMore.warning=false\n"
                        "UserOperate.info=false\ndefault.warning=false"));
@@ -48,7 +48,7 @@ void IgnoreFileSizeSignal()
 #endif
 }
 
-int RunWindow(const Options &options, const IncidentListPtr &list, CThemeSwitch &theme,
+int RunWindow(const Options &options, const ReadResult &loaded, CThemeSwitch &theme,
               CLanguageSwitch &language, QSettings &settings)
 {
     CServerLink link;
@@ -58,11 +58,13 @@ int RunWindow(const Options &options, const IncidentListPtr &list, CThemeSwitch 
     link.Start(options.server, settings.value(user, CServerLink::Users().constFirst()).toString());
     if (!window.restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray()))
         window.resize(kFirstSizePx);
-    window.SetList(list, options.ListName());
+    window.SetList(loaded.list, options.ListName());
     window.SetFilter(options.filter);
     if (!options.page.isEmpty())
         window.Pages().Show(options.page);
     window.show();
+    if (!loaded.warning.isEmpty())
+        window.ShowError(loaded.warning);
     const CStopSignals stop_signals;
     QObject::connect(&stop_signals, &CStopSignals::SignalStop, &window, &CMainWindow::Stop);
     QObject::connect(&window, &CMainWindow::SignalStopped, &QCoreApplication::exit);
@@ -94,18 +96,18 @@ int Run(bool has_window)
         PrintLine(line.output.trimmed());
         return kExitDone;
     }
-    const IncidentListPtr list = LoadList(line.options);
-    if (!list)
+    const ReadResult loaded = LoadList(line.options);
+    if (!loaded.list)
         return kExitFileFailed;
 
     CThemeSwitch theme;
     theme.Apply(setting(QStringLiteral("theme"), {}) == QLatin1String("dark") ? Theme::Dark
                                                                               : Theme::Light);
     if (has_window)
-        return RunWindow(line.options, list, theme, language, settings);
+        return RunWindow(line.options, loaded, theme, language, settings);
     if (!line.options.export_path.isEmpty())
-        return RunExport(line.options, list);
-    return RunHeadless(line.options, list, theme, language);
+        return RunExport(line.options, loaded.list);
+    return RunHeadless(line.options, loaded.list, theme, language);
 }
 
 } // namespace

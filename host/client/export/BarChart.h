@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "export/XlsxSummary.h"
+#include "export/ValueCount.h"
 
 #include <QtCore/QByteArray>
+#include <QtCore/QVector>
 
 namespace Client {
 

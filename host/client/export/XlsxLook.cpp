@@ -82,11 +82,12 @@ XlsxLook::XlsxLook()
     fact = MakeLook(kCellPoints, false, begin);
 }
 
-XlsxKind KindOf(const CIncidentList &list, int column)
+Vantor::ExportColumnKind KindOf(const CIncidentList &list, int column)
 {
     if (list.IsNumeric(column) && AreAll(list.Texts(column), ComesBackFromNumber))
-        return XlsxKind::Number;
-    return AreAll(list.Texts(column), IsWebAddress) ? XlsxKind::Link : XlsxKind::Text;
+        return Vantor::ExportColumnKind::Number;
+    return AreAll(list.Texts(column), IsWebAddress) ? Vantor::ExportColumnKind::Link
+                                                    : Vantor::ExportColumnKind::ByCell;
 }
 
 int ColumnWidth(const IncidentRows &rows, int column)

@@ -3,6 +3,7 @@
 
 #include "list/IncidentList.h"
 
+#include <Vantor/CRowSource>
 #include <Vantor/Clxw_format_>
 
 namespace Client {
@@ -22,12 +23,9 @@ struct XlsxLook
     CellLook fact;   ///< at the beginning, number or text
 };
 
-/// \brief What the cells of a column are in a workbook.
-enum class XlsxKind { Text, Number, Link };
-
 /// \brief Numbers only when each text comes back from its number, so that no leading zero and no
 /// digit behind the fifteenth is lost; links when each text is an address of the web.
-[[nodiscard]] XlsxKind KindOf(const CIncidentList &list, int column);
+[[nodiscard]] Vantor::ExportColumnKind KindOf(const CIncidentList &list, int column);
 
 /// \brief The width in characters that shows the title of \a column and most of its \a rows.
 [[nodiscard]] int ColumnWidth(const IncidentRows &rows, int column);

@@ -5,6 +5,7 @@
 #include "export/XlsxLook.h"
 
 #include <Vantor/CExcelControllorWithC>
+#include <Vantor/CRowSource>
 #include <Vantor/Clxw_image_options_>
 
 #include <xlsxwriter.h>
@@ -34,13 +35,16 @@ struct Texts
 };
 
 // The columns to count in: those with the most different values that still repeat.
-QVector<int> TellingColumns(const CIncidentList &list)
+QVector<int> TellingColumns(const IncidentRows &rows)
 {
+    const CIncidentList &list = *rows.list;
     QVector<int> columns;
     for (int column = 0; column < list.ColumnCount(); ++column) {
+        if (!rows.columns.isEmpty() && !rows.columns.contains(column))
+            continue;
         const int values = list.Texts(column).size();
         const bool repeats = qint64{values} * kRepeats <= list.BaseRowCount();
-        if (values > 1 && repeats && KindOf(list, column) == XlsxKind::Text)
+        if (values > 1 && repeats && KindOf(list, column) == Vantor::ExportColumnKind::ByCell)
             columns.append(column);
     }
     std::stable_sort(columns.begin(), columns.end(),
@@ -123,13 +127,11 @@ QVector<ValueCount> MostFrequent(const IncidentRows &rows, int column, int most)
     return result;
 }
 
-void PrepareSheet(Vantor::CExcelControllorWithC &writer, const QString &name)
+void FitToPaper(Vantor::CExcelControllorWithC &writer)
 {
-    lxw_worksheet *const sheet = writer.GetWorkSheet(name.toStdString());
+    lxw_worksheet *const sheet = writer.GetWorkSheet(writer.CurrentSheetName());
     if (!sheet)
         return;
-    if (QLocale().textDirection() == Qt::RightToLeft)
-        worksheet_right_to_left(sheet);
     worksheet_set_landscape(sheet);
     worksheet_fit_to_pages(sheet, 1, 0);
 }
@@ -140,12 +142,15 @@ void WriteSummary(Vantor::CExcelControllorWithC &writer, const XlsxLook &look,
     //: Name of a sheet: at most 15 letters that are not Latin, no signs
     const QString name = Texts::tr("Summary");
     writer.AddSheetByName(name.toStdString());
-    PrepareSheet(writer, name);
+    FitToPaper(writer);
+    lxw_worksheet *const sheet = writer.GetWorkSheet(name.toStdString());
+    if (sheet && QLocale().textDirection() == Qt::RightToLeft)
+        worksheet_right_to_left(sheet);
     writer.SetColumnWidth(0, 0, kLabelChars);
     writer.SetColumnWidth(1, 1, kCountChars);
     writer.SetColumnWidth(2, 2, kGapChars);
     int row = WriteFacts(writer, look, rows, sheets);
-    const QVector<int> telling_columns = TellingColumns(*rows.list);
+    const QVector<int> telling_columns = TellingColumns(rows);
     for (const int column : telling_columns) {
         const QVector<ValueCount> values = MostFrequent(rows, column, kValues);
         if (values.isEmpty())

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "export/ValueCount.h"
 #include "list/IncidentList.h"
 
 #include <QtCore/QStringList>
@@ -13,23 +14,15 @@ namespace Client {
 
 struct XlsxLook;
 
-/// \brief How often a value comes.
-struct ValueCount
-{
-    QString value;
-    int count = 0;
-};
-
 /// \brief The \a most frequent values of \a column in \a rows, the most frequent first; empty cells
 /// do not count.
 [[nodiscard]] QVector<ValueCount> MostFrequent(const IncidentRows &rows, int column, int most);
 
-/// \brief Turn the sheet \a name to the reading direction of the language, and make its columns
-/// fit on the paper.
-void PrepareSheet(Vantor::CExcelControllorWithC &writer, const QString &name);
+/// \brief Make the columns of the current sheet fit on the paper.
+void FitToPaper(Vantor::CExcelControllorWithC &writer);
 
-/// \brief Add a last sheet that tells about \a rows: how many, how found, when, the links to their
-/// \a sheets, and what is most frequent, with charts.
+/// \brief Add a last sheet that sums up \a rows: how many, how found, when, links to their \a
+/// sheets, and the most frequent values with charts.
 void WriteSummary(Vantor::CExcelControllorWithC &writer, const XlsxLook &look,
                   const IncidentRows &rows, const QStringList &sheets);
 

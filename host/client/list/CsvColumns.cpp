@@ -17,7 +17,7 @@ struct Texts
 constexpr size_t kMaximumColumns = 1000;
 constexpr size_t kMaximumFieldBytes = size_t{1024} * 1024 * 1024;
 constexpr int kMibUtf8 = 106;
-constexpr int kMibLatin1 = 4;
+constexpr int kMibWindows1252 = 2252;
 
 bool IsUtf8(const QVector<QByteArray> &texts)
 {
@@ -32,7 +32,14 @@ bool IsUtf8(const QVector<QByteArray> &texts)
 QTextCodec *FallbackCodec()
 {
     QTextCodec *const local = QTextCodec::codecForLocale();
-    return local->mibEnum() == kMibUtf8 ? QTextCodec::codecForMib(kMibLatin1) : local;
+    return local->mibEnum() == kMibUtf8 ? QTextCodec::codecForMib(kMibWindows1252) : local;
+}
+
+// With a mark at the start of the text, which belongs to the cell.
+QString ToUnicode(const QTextCodec &codec, const QByteArray &text)
+{
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    return codec.toUnicode(text.constData(), text.size(), &state);
 }
 
 } // namespace
@@ -108,19 +115,21 @@ QString CCsvColumns::Error() const
     return Texts::tr("%1 is too large for the memory.");
 }
 
-IncidentListPtr CCsvColumns::TakeList()
+IncidentListPtr CCsvColumns::TakeList(QString &guessed_encoding)
 {
     const bool is_utf8 = std::all_of(columns_.begin(), columns_.end(), [](const Column &column) {
         return IsUtf8(column.texts) && IsUtf8({column.title});
     });
     QTextCodec *const codec = is_utf8 ? QTextCodec::codecForMib(kMibUtf8) : FallbackCodec();
+    if (!is_utf8)
+        guessed_encoding = QString::fromLatin1(codec->name());
     QVector<IncidentColumn> columns;
     for (Column &column : columns_) {
         column.index_of_text.clear();
         IncidentColumn result;
         for (const QByteArray &text : qAsConst(column.texts))
-            result.texts.append(codec->toUnicode(text));
-        result.title = codec->toUnicode(column.title);
+            result.texts.append(ToUnicode(*codec, text));
+        result.title = ToUnicode(*codec, column.title);
         result.text_of_row = std::move(column.text_of_row);
         columns.append(result);
     }

@@ -25,8 +25,9 @@ public:
     /// \brief Why the file is refused; "%1" stands for its name.
     [[nodiscard]] QString Error() const;
 
-    /// \brief The list; its first row has become the titles.
-    [[nodiscard]] IncidentListPtr TakeList();
+    /// \brief The list; its first row has become the titles. \a guessed_encoding becomes the name
+    /// of the encoding when the texts are not UTF-8.
+    [[nodiscard]] IncidentListPtr TakeList(QString &guessed_encoding);
 
 private:
     enum class Failure { None, TooManyColumns, TooManyRows, OutOfMemory };

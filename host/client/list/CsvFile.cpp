@@ -2,7 +2,7 @@
 #include "list/CsvFile.h"
 
 #include "list/CsvColumns.h"
-#include "list/QuoteWatch.h"
+#include "list/CsvDialect.h"
 
 #include <CsvParse/CsvParse.h>
 
@@ -13,7 +13,6 @@
 #include <QtCore/QTextCodec>
 
 #include <algorithm>
-#include <array>
 #include <memory>
 
 namespace Client {
@@ -60,34 +59,73 @@ private:
     std::unique_ptr<QTextEncoder> encoder_;
 };
 
-// The CSV library is C: its state is released whatever happens, and no exception passes through it.
+// Splits the file into cells. The CSV library is C: its state is released whatever happens, and no
+// exception passes through it.
 class CCsvSplitter
 {
 public:
-    CCsvSplitter(CCsvColumns &columns, char separator) : columns_(columns)
+    CCsvSplitter(CCsvColumns &columns, const CsvDialect &dialect)
+        : columns_(columns), separator_(dialect.separator)
     {
         csvparse_init(&parser_, 0);
-        csvparse_set_delimiter(&parser_, separator);
+        csvparse_set_delimiter(&parser_, dialect.separator);
+        csvparse_keep_blanks(&parser_, 1);
     }
     ~CCsvSplitter() { csvparse_free(&parser_); }
     CCsvSplitter(const CCsvSplitter &) = delete;
     CCsvSplitter &operator=(const CCsvSplitter &) = delete;
 
-    bool Split(const char *bytes, size_t length)
+    bool Split(const QByteArray &bytes)
     {
-        return csvparse_parse(&parser_, bytes, length, OnField, OnRow, &columns_) == length;
+        for (const char byte : bytes) {
+            lines_ += byte == '\r' || (byte == '\n' && last_ != '\r') ? 1 : 0;
+            last_ = byte;
+        }
+        if (!drops_blanks_ && HasBlanksAtQuotes(bytes, separator_)) {
+            drops_blanks_ = true;
+            csvparse_keep_blanks(&parser_, 0);
+        }
+        const auto length = static_cast<size_t>(bytes.size());
+        return csvparse_parse(&parser_, bytes.constData(), length, OnField, OnRow, this) == length;
     }
-    bool Finish() { return csvparse_fini(&parser_, OnField, OnRow, &columns_) == 0; }
+    bool Finish()
+    {
+        is_open_ = csvparse_is_in_quotes(&parser_) != 0;
+        return csvparse_fini(&parser_, OnField, OnRow, this) == 0;
+    }
+
+    // After Finish(): the line, from 1, of a quote that was never closed and has swallowed a line
+    // break; 0 when there is none.
+    [[nodiscard]] qint64 OpenQuoteLine() const
+    {
+        return is_open_ && swallowed_lines_ > 0 ? lines_ - swallowed_lines_ + 1 : 0;
+    }
 
 private:
-    static void OnField(void *field, size_t length, void *columns)
+    static void OnField(void *field, size_t length, void *splitter)
     {
-        static_cast<CCsvColumns *>(columns)->AppendField(static_cast<const char *>(field), length);
+        auto *const self = static_cast<CCsvSplitter *>(splitter);
+        const auto *const bytes = static_cast<const char *>(field);
+        if (self->is_open_) { // the last one
+            self->swallowed_lines_ = std::count(bytes, bytes + length, '\n');
+            if (self->swallowed_lines_ == 0)
+                self->swallowed_lines_ = std::count(bytes, bytes + length, '\r');
+        }
+        self->columns_.AppendField(bytes, length);
     }
-    static void OnRow(int, void *columns) { static_cast<CCsvColumns *>(columns)->EndRow(); }
+    static void OnRow(int, void *splitter)
+    {
+        static_cast<CCsvSplitter *>(splitter)->columns_.EndRow();
+    }
 
     CCsvColumns &columns_;
+    const char separator_;
     csvparse_parser parser_;
+    bool drops_blanks_ = false;
+    qint64 lines_ = 0; // line breaks so far
+    char last_ = '\0';
+    bool is_open_ = false;
+    qint64 swallowed_lines_ = 0;
 };
 
 struct Texts
@@ -98,25 +136,6 @@ struct Texts
 ReadResult Failed(const QString &error)
 {
     return {nullptr, error, {}};
-}
-
-char FindSeparator(const QByteArray &bytes)
-{
-    constexpr std::array<char, 3> kCandidates{',', ';', '\t'};
-    std::array<int, 3> counts{};
-    bool is_quoted = false;
-    for (const char byte : bytes) {
-        if (byte == '"')
-            is_quoted = !is_quoted;
-        if (is_quoted)
-            continue;
-        if (byte == '\n' || byte == '\r')
-            break;
-        for (size_t i = 0; i < kCandidates.size(); ++i)
-            counts[i] += byte == kCandidates[i] ? 1 : 0;
-    }
-    const auto most = std::max_element(counts.begin(), counts.end());
-    return kCandidates[static_cast<size_t>(most - counts.begin())];
 }
 
 void DropMark(QByteArray &block)
@@ -136,33 +155,39 @@ QString FindReadError(const QFile &file)
     return {};
 }
 
-QString FindDamage(const CBlocks &blocks, const CQuoteWatch &quotes, const QString &name)
+// What the user should know about a list that was read.
+QString FindWarnings(const CBlocks &blocks, const CCsvSplitter &splitter,
+                     const QString &guessed_encoding, const QString &name)
 {
-    if (quotes.OpenLine() > 0)
-        return Texts::tr("%1: a quote in line %2 is not closed. The rows after it may be missing.")
-            .arg(name, QLocale().toString(quotes.OpenLine()));
+    QStringList warnings;
+    if (splitter.OpenQuoteLine() > 0)
+        warnings.append(
+            Texts::tr("%1: a quote in line %2 is not closed. The rows after it may be missing.")
+                .arg(name, QLocale().toString(splitter.OpenQuoteLine())));
     if (blocks.EndsWithinCharacter())
-        return Texts::tr("%1 ends in the middle of a character. Rows may be missing.").arg(name);
-    return {};
+        warnings.append(
+            Texts::tr("%1 ends in the middle of a character. Rows may be missing.").arg(name));
+    if (!guessed_encoding.isEmpty())
+        warnings.append(Texts::tr("%1 is not in UTF-8. It was read as %2, which is a guess.")
+                            .arg(name, guessed_encoding));
+    return warnings.join(QLatin1Char('\n'));
 }
 
-ReadResult ReadRecords(QFile &file, const ReadProgress &progress)
+ReadResult ReadRecords(QFile &file, char separator, const ReadProgress &progress)
 {
     const QString name = QDir::toNativeSeparators(file.fileName());
     CBlocks blocks(file);
     QByteArray block = blocks.Next();
     DropMark(block);
+    const CsvDialect dialect = FindDialect(block, separator);
+    block.remove(0, dialect.header_bytes);
     CCsvColumns columns;
-    const char separator = FindSeparator(block);
-    CCsvSplitter splitter(columns, separator);
-    CQuoteWatch quotes(separator);
+    CCsvSplitter splitter(columns, dialect);
     for (; !block.isEmpty(); block = blocks.Next()) {
         if (block.contains('\0'))
             return Failed(Texts::tr("%1 is not a CSV file: it holds zero bytes.").arg(name));
-        const bool is_split = splitter.Split(block.constData(), size_t(block.size()));
-        if (!is_split || columns.HasFailed())
+        if (!splitter.Split(block) || columns.HasFailed())
             return Failed(columns.Error().arg(name));
-        quotes.Read(block);
         if (progress && !progress(file.pos(), file.size()))
             return {};
     }
@@ -173,18 +198,20 @@ ReadResult ReadRecords(QFile &file, const ReadProgress &progress)
         return Failed(columns.Error().arg(name));
     if (columns.IsEmpty())
         return Failed(Texts::tr("%1 is empty.").arg(name));
-    return {columns.TakeList(), {}, FindDamage(blocks, quotes, name)};
+    QString guessed_encoding;
+    const IncidentListPtr list = columns.TakeList(guessed_encoding);
+    return {list, {}, FindWarnings(blocks, splitter, guessed_encoding, name)};
 }
 
 } // namespace
 
-ReadResult ReadCsvFile(const QString &path, const ReadProgress &progress)
+ReadResult ReadCsvFile(const QString &path, const ReadProgress &progress, char separator)
 {
     try {
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly))
             return Failed(FindReadError(file));
-        return ReadRecords(file, progress);
+        return ReadRecords(file, separator, progress);
     } catch (const std::bad_alloc &) {
         return Failed(
             Texts::tr("%1 is too large for the memory.").arg(QDir::toNativeSeparators(path)));

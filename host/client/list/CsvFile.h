@@ -22,11 +22,14 @@ using ReadProgress = std::function<bool(qint64 done, qint64 total)>;
 
 /// \brief Read the CSV file \a path, its first record being the column titles.
 ///
-/// The separator is the one of comma, semicolon and tab that the first line holds most of. Texts
-/// are UTF-8, with or without a byte-order mark and a zero byte behind it, or UTF-16 or UTF-32 with
-/// a mark; a file that is none of these is taken in the local encoding, or as Latin-1. Short rows
-/// are filled with empty cells, and longer ones add columns without a title. The file is read in
-/// blocks. Any thread.
-[[nodiscard]] ReadResult ReadCsvFile(const QString &path, const ReadProgress &progress = {});
+/// \param separator between cells; 0: as a first line "sep=;" says, else the one of comma,
+/// semicolon, tab and "|" that divides the first lines most alike.
+///
+/// Texts are UTF-8, with or without a byte-order mark and a zero byte behind it, or UTF-16 or
+/// UTF-32 with a mark; a file that is none of these is taken in the local encoding, or as
+/// Windows-1252, with a warning. Short rows are filled with empty cells, and longer ones add
+/// columns without a title. The file is read in blocks. Any thread.
+[[nodiscard]] ReadResult ReadCsvFile(const QString &path, const ReadProgress &progress = {},
+                                     char separator = '\0');
 
 } // namespace Client

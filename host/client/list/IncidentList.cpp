@@ -133,4 +133,15 @@ std::vector<int> CIncidentList::Ranks(int column) const
     return rank_of_row;
 }
 
+IncidentRows FindRows(const IncidentListPtr &list, const QString &text)
+{
+    IncidentRows found{list, {}, text};
+    const std::vector<char> is_match = text.isEmpty() ? std::vector<char>() : list->FindText(text);
+    for (int row = 0; row < list->RowCount(); ++row) {
+        if (text.isEmpty() || is_match[static_cast<size_t>(list->BaseRow(row))])
+            found.rows.append(row);
+    }
+    return found;
+}
+
 } // namespace Client

@@ -82,7 +82,12 @@ struct IncidentRows
 {
     IncidentListPtr list;
     QVector<int> rows;
-    QString filter = {}; ///< the text they were searched by; empty: they are all rows
+    QString filter = {};       ///< the text they were searched by; empty: they are all rows
+    QVector<int> columns = {}; ///< those that are shown, in the user's order; empty: all
 };
+
+/// \brief The rows of \a list that hold \a text in some cell, in the list's order; all when it is
+/// empty.
+[[nodiscard]] IncidentRows FindRows(const IncidentListPtr &list, const QString &text);
 
 } // namespace Client

@@ -186,7 +186,14 @@ IncidentRows CListPage::Rows()
         OnSearch();
     const std::vector<int> shown = Table()->GetBackupModel()->SourceRows();
     const QVector<int> rows(shown.cbegin(), shown.cend());
-    return {model_->List(), rows, filter_};
+    const QHeaderView &header = *Table()->header();
+    QVector<int> columns;
+    for (int place = 0; place < header.count(); ++place) {
+        const int column = header.logicalIndex(place);
+        if (!header.isSectionHidden(column))
+            columns.append(model_->ListColumn(column));
+    }
+    return {model_->List(), rows, filter_, columns};
 }
 
 void CListPage::FocusSearch()

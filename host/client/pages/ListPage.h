@@ -45,7 +45,8 @@ public:
     /// \brief Show \a list in its own order, searched as before.
     void SetList(IncidentListPtr list);
     void SetFilter(const QString &text);
-    /// \brief The rows that pass the filter, on all pages, in the order shown.
+    /// \brief The rows that pass the filter, on all pages, in the order shown, and the
+    /// columns that the user sees.
     [[nodiscard]] IncidentRows Rows();
     /// \brief How much of the list is shown, in words and as a bar, for the window's status bar.
     [[nodiscard]] QWidget *Totals() const { return totals_; }

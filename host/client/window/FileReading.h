@@ -24,8 +24,9 @@ class CFileReading : public QObject
     Q_OBJECT
 
 public:
-    /// \brief Begin to read \a path. \a dialog is in front of the window; this object deletes it.
-    CFileReading(const QString &path, QDialog *dialog, QObject *parent);
+    /// \brief Begin to read \a path with \a separator, as ReadCsvFile() takes it. \a dialog is in
+    /// front of the window; this object deletes it.
+    CFileReading(const QString &path, char separator, QDialog *dialog, QObject *parent);
     ~CFileReading() override;
 
     /// \brief Stop soon. SignalFinished() is then emitted with neither a list nor an error.

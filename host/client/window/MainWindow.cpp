@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "window/MainWindow.h"
 
-#include "export/ExportFormat.h"
-#include "export/ListExport.h"
+#include "export/ExportText.h"
+#include "export/IncidentExport.h"
 #include "link/ServerLink.h"
 #include "look/Language.h"
 #include "look/Theme.h"
@@ -16,6 +16,7 @@
 
 #include <Ravel/ChaseDialog.h>
 #include <Ravel/WaitWatcher.h>
+#include <Vantor/CListExport>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
@@ -26,6 +27,8 @@
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStatusBar>
+
+#include <algorithm>
 
 namespace Client {
 namespace {
@@ -106,12 +109,12 @@ void CMainWindow::SetServerLink(CServerLink &link)
     });
 }
 
-void CMainWindow::OpenFile(const QString &path)
+void CMainWindow::OpenFile(const QString &path, char separator)
 {
     if (IsBusy())
         return;
     const QString name = QFileInfo(path).fileName();
-    auto *const reading = new CFileReading(path, NewReadingDialog(name), this);
+    auto *const reading = new CFileReading(path, separator, NewReadingDialog(name), this);
     connect(reading, &CFileReading::SignalFinished, this,
             [this, reading, name](const ReadResult &result) {
                 reading->deleteLater();
@@ -145,37 +148,82 @@ void CMainWindow::ExportTo(const QString &path)
         return;
     export_folder_ = QFileInfo(path).absolutePath();
     export_name_to_retry_ = QFileInfo(path).fileName();
-    if (!FindExportFormat(path)) {
+    using Vantor::CListExport;
+    if (CListExport::FormatOf(path) == CListExport::Format::BySuffix) {
         ShowError(UnknownFormatText(path));
         return;
     }
-    auto *const job = new CListExport(page_->Rows(), this, this);
+    auto *const job = new CListExport(this);
+    SetIncidents(*job, page_->Rows());
+    RunExport(job, [path](CListExport &started) { started.Start(path); });
+}
+
+void CMainWindow::SaveAgain(Vantor::CListExport *job, const QString &path)
+{
+    export_folder_ = QFileInfo(path).absolutePath();
+    export_name_to_retry_ = QFileInfo(path).fileName();
+    RunExport(job, [path](Vantor::CListExport &built) { built.SaveAgain(path); });
+}
+
+void CMainWindow::RunExport(Vantor::CListExport *job,
+                            const std::function<void(Vantor::CListExport &job)> &start)
+{
+    using Vantor::CListExport;
+    job->disconnect();
     auto *const progress = new CProgressDialog(tr("Exporting…"), this);
     connect(job, &CListExport::SignalProgress, progress, &CProgressDialog::OnProgress);
     connect(job, &CListExport::SignalFinished, progress, &QObject::deleteLater);
-    connect(job, &CListExport::SignalFinished, this, [this, job](const ExportResult &result) {
-        job->deleteLater();
-        OnExportFinished(result);
-    });
+    connect(job, &CListExport::SignalFinished, this,
+            [this, job](const Vantor::ListExportResult &result) { OnExportFinished(job, result); });
     connect(progress, &QDialog::rejected, job, [this, job] {
         statusBar()->showMessage(tr("Cancelling the export…"));
         job->Cancel();
     });
     BeginWork([job] { job->Cancel(); });
-    job->Start(path);
+    start(*job);
 }
 
-void CMainWindow::OnExportFinished(const ExportResult &result)
+void CMainWindow::OnExportFinished(Vantor::CListExport *job, const Vantor::ListExportResult &result)
 {
-    if (result.is_done)
-        export_name_to_retry_.clear();
-    if (!result.error.isEmpty())
-        ShowError(result.error);
-    else if (result.is_done)
-        statusBar()->showMessage(ExportedText(result), kStatusTimeMs);
+    using End = Vantor::ListExportResult::End;
+    if (result.end == End::Failed && result.can_save_again)
+        AskToSaveAgain(job, result);
     else
+        job->deleteLater();
+    if (result.end == End::Done) {
+        export_name_to_retry_.clear();
+        statusBar()->showMessage(ExportText(result), kStatusTimeMs);
+        if (const QString losses = LossText(result); !losses.isEmpty())
+            ShowError(losses);
+    } else if (result.end == End::Cancelled) {
         statusBar()->showMessage(tr("Export cancelled"), kStatusTimeMs);
+    } else if (!result.can_save_again) {
+        ShowError(ExportText(result));
+    }
     EndWork();
+}
+
+// The list need not be written once more for another name: its file is there. It goes with the job
+// when the user does not want it.
+void CMainWindow::AskToSaveAgain(Vantor::CListExport *job, const Vantor::ListExportResult &result)
+{
+    auto *const box = new QMessageBox(QMessageBox::Warning, tr("Incidents"), ExportText(result),
+                                      QMessageBox::Cancel, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    QPushButton *const save = box->addButton(tr("Save As…"), QMessageBox::AcceptRole);
+    box->setDefaultButton(save);
+    connect(box, &QDialog::finished, job, [this, box, save, job, path = result.path] {
+        if (box->clickedButton() != save) {
+            job->deleteLater();
+            return;
+        }
+        QFileDialog *const dialog = NewSaveDialog(tr("Save As"), QFileInfo(path).suffix());
+        connect(dialog, &QFileDialog::fileSelected, job,
+                [this, job](const QString &chosen) { SaveAgain(job, chosen); });
+        connect(dialog, &QDialog::rejected, job, &QObject::deleteLater);
+        dialog->open();
+    });
+    box->open();
 }
 
 void CMainWindow::BeginWork(std::function<void()> cancel)
@@ -278,8 +326,23 @@ void CMainWindow::OnOpen()
     auto *const dialog = new QFileDialog(this, tr("Open a list"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
-    dialog->setNameFilters({tr("CSV files (*.csv *.txt *.tsv)"), tr("All files (*)")});
-    connect(dialog, &QFileDialog::fileSelected, this, &CMainWindow::OpenFile);
+    // The choice of a filter is the one choice that each system's own dialog offers.
+    const QVector<QPair<QString, char>> filters{
+        {tr("CSV files (*.csv *.txt *.tsv)"), '\0'},
+        {tr("All files (*)"), '\0'},
+        {tr("Files with commas between the cells (*)"), ','},
+        {tr("Files with semicolons between the cells (*)"), ';'},
+        {tr("Files with tabs between the cells (*)"), '\t'},
+        {tr("Files with vertical bars between the cells (*)"), '|'}};
+    QStringList names;
+    for (const auto &[name, separator] : filters)
+        names.append(name);
+    dialog->setNameFilters(names);
+    connect(dialog, &QFileDialog::fileSelected, this,
+            [this, dialog, filters, names](const QString &path) {
+                const int chosen = std::max(0, names.indexOf(dialog->selectedNameFilter()));
+                OpenFile(path, filters.at(chosen).second);
+            });
     dialog->open();
 }
 
@@ -296,17 +359,23 @@ void CMainWindow::OnExportXlsx()
 void CMainWindow::AskWhereToExport(const QString &title, const QString &filter,
                                    const QString &ending)
 {
+    QFileDialog *const dialog = NewSaveDialog(title, ending);
+    dialog->setNameFilter(filter);
+    connect(dialog, &QFileDialog::fileSelected, this, &CMainWindow::ExportTo);
+    dialog->open();
+}
+
+QFileDialog *CMainWindow::NewSaveDialog(const QString &title, const QString &ending)
+{
     auto *const dialog = new QFileDialog(this, title);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setNameFilter(filter);
     dialog->setDefaultSuffix(ending);
     if (QFileInfo(export_folder_).isDir())
         dialog->setDirectory(export_folder_);
     const QString name = export_name_to_retry_.isEmpty() ? list_name_ : export_name_to_retry_;
     dialog->selectFile(QFileInfo(name).completeBaseName() + QLatin1Char('.') + ending);
-    connect(dialog, &QFileDialog::fileSelected, this, &CMainWindow::ExportTo);
-    dialog->open();
+    return dialog;
 }
 
 void CMainWindow::OnEditMenuOpens()

@@ -11,9 +11,15 @@
 
 QT_BEGIN_NAMESPACE
 class QDialog;
+class QFileDialog;
 class QLabel;
 class QMessageBox;
 QT_END_NAMESPACE
+
+namespace Vantor {
+class CListExport;
+struct ListExportResult;
+} // namespace Vantor
 
 namespace Client {
 
@@ -25,7 +31,6 @@ class CPanels;
 class CServerLink;
 class CThemeSwitch;
 class CWindowActions;
-struct ExportResult;
 
 /// \brief The window: menus around the list and the other pages.
 ///
@@ -50,7 +55,9 @@ public:
     void SetServerLink(CServerLink &link);
 
     /// \brief Show the CSV file \a path, or a message if it cannot be read.
-    void OpenFile(const QString &path);
+    void OpenFile(const QString &path, char separator = '\0');
+    /// \brief Show \a text in a box in front of the window.
+    void ShowError(const QString &text);
     /// \brief Export the rows that are shown to \a path, or show a message if that fails.
     void ExportTo(const QString &path);
 
@@ -86,12 +93,16 @@ private:
     void StopAndClose();
     void Retranslate();
     void OnFileRead(const ReadResult &result, const QString &name);
-    void OnExportFinished(const ExportResult &result);
+    void SaveAgain(Vantor::CListExport *job, const QString &path);
+    void RunExport(Vantor::CListExport *job,
+                   const std::function<void(Vantor::CListExport &job)> &start);
+    void OnExportFinished(Vantor::CListExport *job, const Vantor::ListExportResult &result);
+    void AskToSaveAgain(Vantor::CListExport *job, const Vantor::ListExportResult &result);
     void BeginWork(std::function<void()> cancel);
     void EndWork();
     [[nodiscard]] bool IsBusy() const;
     void AskWhereToExport(const QString &title, const QString &filter, const QString &ending);
-    void ShowError(const QString &text);
+    [[nodiscard]] QFileDialog *NewSaveDialog(const QString &title, const QString &ending);
 
     CListPage *const page_;
     CPages *const pages_;

@@ -14,6 +14,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <new>
 
 namespace Vantor {
 namespace {
@@ -69,10 +70,19 @@ void WriteMarkAtOnce(CCSVParserDataPtr &data, const char *function)
 }
 
 // Runs `body`, which collects lines: when it throws, lines are missing from the file to come.
-template <class Body> void Collect(CCSVParserDataPtr &data, const char *function, Body &&body)
+template <class Body> void Collect(CCSVParserDataPtr &data, const char *function, Body body)
 {
-    if (!RunGuarded(function, std::forward<Body>(body)))
-        KeepWriteError(data, function, ENOMEM, true);
+    RunGuarded(function, [&] {
+        try {
+            body();
+        } catch (const std::bad_alloc &) {
+            KeepWriteError(data, function, ENOMEM, true);
+            throw;
+        } catch (...) {
+            KeepWriteError(data, function, kModelThrew, true);
+            throw;
+        }
+    });
 }
 
 // At most kSearchPieceBytes bytes, up to and with the next line break; empty at the end of the
@@ -202,8 +212,12 @@ bool CCSVParser::HasWriteError() const
 
 QString CCSVParser::WriteErrorText() const
 {
-    const int error = d_ptr_->write_errno_;
-    return error != 0 ? QString::fromLocal8Bit(std::strerror(error)) : QString();
+    return WriteErrorTextOf(d_ptr_->write_errno_);
+}
+
+int CCSVParser::WriteErrno() const
+{
+    return d_ptr_->write_errno_;
 }
 
 void CCSVParser::SetRfc4180(bool on)

@@ -86,9 +86,9 @@ public:
 
     /// \brief Write the collected lines on a pool thread behind a modal waiting dialog.
     ///
-    /// Returns when the lines are written and the dialog has closed; the event loop runs meanwhile,
-    /// so the parser or its parent may be gone by then. A call before that is refused. The lines
-    /// are *not* forgotten.
+    /// Returns when the lines are written and the dialog has closed; a write of less than 250 ms
+    /// shows none. The event loop runs meanwhile, so the parser or its parent may be gone by then.
+    /// A call before that is refused. The lines are *not* forgotten.
     void WriteCSVFileWithChase();
 
     /// \brief Read on from the current position until a line holds \a key (case-sensitive) and
@@ -113,16 +113,19 @@ public:
 
     /// \brief The system's text for the first cause, for the user; empty when there is none.
     [[nodiscard]] QString WriteErrorText() const;
+    /// \return the first cause as errno, such as ENOSPC for a full disk; 0 when nothing failed, -1
+    /// when it was an exception of the model's.
+    [[nodiscard]] int WriteErrno() const;
 
     /// \brief Write cells as RFC 4180 wants them, so that every reader gets back what was put in.
     ///
     /// Each field is quoted once with its inner quotes doubled, line breaks and leading blanks are
     /// kept, and there is no ="text" form. The one thing added is an apostrophe in front of a field
-    /// whose first character after leading blanks is one of = + - @ tab CR, so that no spreadsheet
-    /// runs it as a formula; it becomes part of the cell, of a negative number too.
-    /// AppendLineWithoutCheckSpecChar() adds none. Fields are separated by the list separator and
-    /// rows end with CR LF also when appending and on a pipe; the mark is three bytes, and a file
-    /// that OpenFileWithAppendMode() finds empty gets mark and header.
+    /// whose first visible character is one of = + - @ (full-width too), or a tab or CR, so that no
+    /// spreadsheet runs it as a formula; it becomes part of the cell. Plain numbers ("-5") get
+    /// none. AppendLineWithoutCheckSpecChar() adds none. Fields are separated by the list separator
+    /// and rows end with CR LF also when appending and on a pipe; the mark is three bytes, and a
+    /// file that OpenFileWithAppendMode() finds empty gets mark and header.
     ///
     /// Off by default. Lines that are collected already keep the form they have, so set it before
     /// OpenFile().

@@ -50,8 +50,14 @@ struct CCSVParserDataPtr
         0}; // first failure; set by the writing thread and the object's own
 };
 
-// Keeps `error` (of errno, never 0) as the cause unless there was one before; that first one is
-// logged for `function` when `is_logged` is false.
+// In place of an errno: the host's model threw while its rows were collected.
+constexpr int kModelThrew = -1;
+
+// For the user; empty for 0.
+QString WriteErrorTextOf(int error);
+
+// Keeps `error` (of errno or kModelThrew, never 0) as the cause unless there was one before; that
+// first one is logged for `function` when `is_logged` is false.
 void KeepWriteError(CCSVParserDataPtr &data, const char *function, int error,
                     bool is_logged = false);
 

@@ -47,6 +47,27 @@ CellMarks MarksOf(const QString &cell)
     return marks;
 }
 
+// Blanks, and what spreadsheets drop: zero bytes and other controls, marks, zero-width characters.
+bool IsUnseen(QChar c)
+{
+    return c.isSpace() || c.category() == QChar::Other_Control
+           || c.category() == QChar::Other_Format;
+}
+
+// A sign and digits, with at most one point or comma between them: nothing that computes.
+bool IsPlainNumber(QStringView text)
+{
+    int digits = 0;
+    int points = 0;
+    for (const QChar c : text.mid(1)) {
+        digits += c >= QLatin1Char('0') && c <= QLatin1Char('9') ? 1 : 0;
+        points += c == QLatin1Char('.') || c == QLatin1Char(',') ? 1 : 0;
+    }
+    const bool has_sign = text.startsWith(QLatin1Char('-')) || text.startsWith(QLatin1Char('+'));
+    return has_sign && digits > 0 && points <= 1 && digits + points + 1 == text.size()
+           && text.at(text.size() - 1).isDigit();
+}
+
 } // namespace
 
 void AppendField(CsvLine &line, const QString &field, bool guarded, const CsvLine &separator)
@@ -78,11 +99,14 @@ void AppendModelCell(CsvLine &line, const QString &cell, const CsvLine &separato
 
 bool IsFormula(const QString &field)
 {
-    const QStringView starters = u"=+-@\t\r";
+    // The full-width forms of = + - @ too: some spreadsheets take them for the plain ones.
+    const QStringView starters = u"=+-@\t\r\uFF1D\uFF0B\uFF0D\uFF20";
     const auto first = std::find_if(field.cbegin(), field.cend(), [starters](QChar c) {
-        return starters.contains(c) || !c.isSpace();
+        return starters.contains(c) || !IsUnseen(c);
     });
-    return first != field.cend() && starters.contains(*first);
+    if (first == field.cend() || !starters.contains(*first))
+        return false;
+    return !IsPlainNumber(QStringView(field).mid(first - field.cbegin()).trimmed());
 }
 
 void AppendRfc4180Field(CsvLine &line, const QString &field, bool guarded)

@@ -29,7 +29,8 @@ void AppendRfc4180Field(CsvLine &line, const QString &field, bool guarded);
 // Ends the line; a copy that takes no more memory than it needs.
 QString FinishLine(CsvLine &line);
 
-// Whether a spreadsheet may run `field` as a formula: = + - @ tab or CR after any leading blanks.
+// Whether a spreadsheet may run `field` as a formula: = + - @ (full-width too), tab or CR first, or
+// after blanks and characters that do not show. A plain number such as "-5" is none.
 bool IsFormula(const QString &field);
 
 } // namespace Vantor

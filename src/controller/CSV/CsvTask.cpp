@@ -4,6 +4,7 @@
 #include <Nim/Base/OS.h>
 #include <Ravel/TextCodec.h>
 
+#include <QtCore/QScopeGuard>
 #include <QtCore/QStringView>
 
 #include <algorithm>
@@ -142,25 +143,6 @@ void OnRow(int, void *user_data)
     CallWriter(user_data, [](CRowWriter &writer) { writer.EndRow(); });
 }
 
-// Finishes the CSV library's parser when its lines are through, also by an exception: a half field
-// must not turn up in the next file.
-class CParserEnd
-{
-public:
-    CParserEnd(csvparse_parser &parser, CRowWriter &writer) : parser_(parser), writer_(writer) {}
-    CParserEnd(const CParserEnd &) = delete;
-    CParserEnd &operator=(const CParserEnd &) = delete;
-    ~CParserEnd()
-    {
-        csvparse_fini(&parser_, OnField, OnRow, &writer_);
-        csvparse_free(&parser_);
-    }
-
-private:
-    csvparse_parser &parser_;
-    CRowWriter &writer_;
-};
-
 // Hands over a long line slice by slice: its UTF-8 as a whole would take three bytes a character.
 bool ParseLine(csvparse_parser &parser, QStringView line, CRowWriter &writer)
 {
@@ -214,7 +196,11 @@ CsvOutcome WriteCsvJob(csvparse_parser &parser, const CsvJob &job)
     if (job.has_mark && job.stream)
         writer.AppendMark();
     {
-        const CParserEnd end(parser, writer);
+        // Also after an exception: a half field must not turn up in the next file.
+        const auto end = qScopeGuard([&parser, &writer] {
+            csvparse_fini(&parser, OnField, OnRow, &writer);
+            csvparse_free(&parser);
+        });
         for (const QString &line : job.lines) {
             outcome.is_parsed = ParseLine(parser, line, writer);
             if (!outcome.is_parsed || writer.HasFailed())

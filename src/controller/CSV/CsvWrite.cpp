@@ -11,13 +11,25 @@
 #include <Ravel/WaitWatcher.h>
 
 #include <QtConcurrent/QtConcurrentRun>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QEventLoop>
 #include <QtCore/QFutureWatcher>
+#include <QtCore/QScopedValueRollback>
+#include <QtCore/QTimer>
+#include <QtWidgets/QApplication>
 
+#include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 
 namespace Vantor {
 namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kPatience = 250ms; // a shorter write shows no dialog
+constexpr auto kShortestShow = 300ms;
 
 CsvJob TakeJob(CCSVParserDataPtr &data)
 {
@@ -51,19 +63,6 @@ bool DoParserTask(CCSVParserDataPtr &data, const CsvJob &job)
     return true;
 }
 
-// Marks the data as being written while it lives, whatever ends that.
-class CWaitingMark
-{
-public:
-    explicit CWaitingMark(CCSVParserDataPtr &data) : data_(data) { data_.b_waiting_ = true; }
-    CWaitingMark(const CWaitingMark &) = delete;
-    CWaitingMark &operator=(const CWaitingMark &) = delete;
-    ~CWaitingMark() { data_.b_waiting_ = false; }
-
-private:
-    CCSVParserDataPtr &data_;
-};
-
 // A dialog that its parent may delete before we do.
 class CWaitingDialog
 {
@@ -77,14 +76,47 @@ public:
     CWaitingDialog &operator=(const CWaitingDialog &) = delete;
     ~CWaitingDialog() { delete dialog_.data(); }
 
-    Ravel::CChaseDialog *operator->() const { return dialog_; }
     [[nodiscard]] Ravel::CChaseDialog *Get() const { return dialog_; }
+
+    void Run()
+    {
+        since_shown_.start();
+        dialog_->exec();
+    }
+    // Closes the dialog, but lets the user see it: one that flashes by confuses window managers.
+    void Stop()
+    {
+        const auto shown = std::chrono::milliseconds(
+            since_shown_.isValid() ? since_shown_.elapsed() : kShortestShow.count());
+        QTimer::singleShot(std::max(kShortestShow - shown, 0ms), dialog_.data(),
+                           &Ravel::CChaseDialog::OnStopChaseByAccept);
+    }
 
 private:
     const QPointer<Ravel::CChaseDialog> dialog_;
+    QElapsedTimer since_shown_;
 };
 
+// Whether the task ends before a dialog is worth showing. Windows are painted meanwhile; what the
+// user types waits.
+bool EndsSoon(const QFutureWatcher<bool> &watcher)
+{
+    QEventLoop loop;
+    QObject::connect(&watcher, &QFutureWatcher<bool>::finished, &loop, &QEventLoop::quit);
+    QTimer::singleShot(kPatience, &loop, &QEventLoop::quit);
+    if (!watcher.isFinished())
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+    return watcher.isFinished();
+}
+
 } // namespace
+
+QString WriteErrorTextOf(int error)
+{
+    if (error == kModelThrew)
+        return Translate(QStringLiteral("The list could not be read"));
+    return error != 0 ? QString::fromLocal8Bit(std::strerror(error)) : QString();
+}
 
 void KeepWriteError(CCSVParserDataPtr &data, const char *function, int error, bool is_logged)
 {
@@ -101,17 +133,23 @@ void WriteLines(CCSVParserDataPtr &data)
 
 void WriteLinesBehindDialog(const std::shared_ptr<CCSVParserDataPtr> &data)
 {
-    const CWaitingMark mark(*data);
+    const QScopedValueRollback<bool> is_waiting(data->b_waiting_, true);
     Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance();
-    const CWaitingDialog dialog(data->ptr_parent_);
+    const QPointer<QWidget> active = QApplication::activeWindow();
+    CWaitingDialog dialog(data->ptr_parent_);
     QFutureWatcher<bool> watcher;
     // Before the future is set: a task that is done at once must not end unheard.
     QObject::connect(&watcher, &QFutureWatcher<bool>::finished, dialog.Get(),
-                     &Ravel::CChaseDialog::OnStopChaseByAccept);
+                     [&dialog] { dialog.Stop(); });
     data->future_ =
         QtConcurrent::run([data, job = TakeJob(*data)] { return DoParserTask(*data, job); });
     watcher.setFuture(data->future_);
-    dialog->exec();
+    if (!EndsSoon(watcher) && dialog.Get()) {
+        dialog.Run();
+        // Some window managers leave the focus with the dialog that is gone.
+        if (active && !QApplication::activeModalWidget())
+            active->activateWindow();
+    }
     // The dialog may have gone with its parent or the application's end while the task still
     // writes.
     data->future_.waitForFinished();

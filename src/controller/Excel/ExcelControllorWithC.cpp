@@ -41,7 +41,7 @@ struct CExcelControllorWithCDataPtr
 {
     lxw_workbook *ptr_excel_ = nullptr;
     std::map<std::string, Sheet> map_sheets_; // by the name as the caller gave it
-    Sheet *ptr_current_ = nullptr;            // one of them, or null
+    std::pair<const std::string, Sheet> *ptr_current_ = nullptr; // one of them, or null
     std::string str_cache_path_;
     std::string file_path_;
     CExcelFormats formats_;
@@ -54,7 +54,7 @@ namespace {
 // Whether there is a current sheet and it was not refused.
 bool HasSheet(const CExcelControllorWithCDataPtr &data)
 {
-    return data.ptr_current_ && !data.ptr_current_->checked.IsRefused();
+    return data.ptr_current_ && !data.ptr_current_->second.checked.IsRefused();
 }
 
 // Calls a write of the current sheet, if there is one, for the public operation `function`.
@@ -64,7 +64,7 @@ void OnSheet(CExcelControllorWithCDataPtr &data, const char *function,
 {
     if (!HasSheet(data))
         return;
-    CExcelSheet &sheet = data.ptr_current_->checked;
+    CExcelSheet &sheet = data.ptr_current_->second.checked;
     sheet.SpeakFor(function);
     RunGuarded(function, [&] { (sheet.*write)(std::forward<Arguments>(arguments)...); });
 }
@@ -72,7 +72,7 @@ void OnSheet(CExcelControllorWithCDataPtr &data, const char *function,
 void UseRow(CExcelControllorWithCDataPtr &data, int row)
 {
     if (HasSheet(data))
-        data.ptr_current_->record.SetVal_has_used_row(row);
+        data.ptr_current_->second.record.SetVal_has_used_row(row);
 }
 
 lxw_worksheet *AddWorksheet(lxw_workbook *workbook, const std::string &name)
@@ -194,7 +194,7 @@ bool CExcelControllorWithC::AddSheetByName(const std::string &name)
                         .try_emplace(name, AddWorksheet(d_ptr_->ptr_excel_, name), name,
                                      d_ptr_->formats_)
                         .first;
-        d_ptr_->ptr_current_ = &known->second;
+        d_ptr_->ptr_current_ = &*known;
     });
     return true;
 }
@@ -209,6 +209,11 @@ lxw_worksheet *CExcelControllorWithC::GetWorkSheet(const std::string &name)
     const auto known = d_ptr_->map_sheets_.find(name);
     const bool is_known = !name.empty() && known != d_ptr_->map_sheets_.end();
     return is_known ? known->second.record.GetVal_sheet() : nullptr;
+}
+
+std::string CExcelControllorWithC::CurrentSheetName() const
+{
+    return d_ptr_->ptr_current_ ? d_ptr_->ptr_current_->first : std::string();
 }
 
 void CExcelControllorWithC::DeleteSheet(const std::string &name)
@@ -363,13 +368,13 @@ void CExcelControllorWithC::SetLinkString(int row, int col, std::string &url, st
 
 int CExcelControllorWithC::GetUsedRowsCount()
 {
-    return d_ptr_->ptr_current_ ? d_ptr_->ptr_current_->record.GetVal_has_used_row() : 0;
+    return d_ptr_->ptr_current_ ? d_ptr_->ptr_current_->second.record.GetVal_has_used_row() : 0;
 }
 
 void CExcelControllorWithC::UpdateSheetUsedRow(int row)
 {
     if (d_ptr_->ptr_current_)
-        d_ptr_->ptr_current_->record.SetVal_has_used_row(row);
+        d_ptr_->ptr_current_->second.record.SetVal_has_used_row(row);
 }
 
 void CExcelControllorWithC::Close()

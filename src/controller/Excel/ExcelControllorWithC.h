@@ -64,6 +64,8 @@ public:
     [[nodiscard]] lxw_workbook *GetWorkBook();
     /// \return the sheet, which the workbook owns; null for an empty or unknown name.
     [[nodiscard]] lxw_worksheet *GetWorkSheet(const std::string &name);
+    /// \return the name of the current sheet as it was given; empty when there is none.
+    [[nodiscard]] std::string CurrentSheetName() const;
     /// \brief Hide the sheet; it stays in the file and in the count. The last visible sheet stays
     /// visible.
     void DeleteSheet(const std::string &name);
