@@ -136,7 +136,7 @@ private Q_SLOTS:
         Start(session.link, account.name);
         QVERIFY(session.window.Pages().Show("login"));
         session.window.setStyleSheet("* { background-color: #ff00ff }");
-        session.window.setGeometry(100, 80, 700, 500);
+        session.window.resize(700, 500); // the window manager chooses the place
         session.window.show();
         session.window.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&session.window));

@@ -4,6 +4,7 @@
 #include <Vantor/CDockWidget>
 
 #include <QtCore/QEvent>
+#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QDialog>
 
@@ -55,7 +56,8 @@ void CHiddenWindows::Hide(QWidget *window)
         window->hide();
         return;
     }
-    hidden_.push_back({window, window->pos()});
+    const QWindow *const handle = window->windowHandle();
+    hidden_.push_back({window, handle ? handle->geometry() : window->geometry()});
     if (auto *const dialog = qobject_cast<QDialog *>(window)) {
         connect(dialog, &QDialog::finished, this, [this, dialog] {
             const auto is_it = [dialog](const Hidden &one) { return one.window == dialog; };
@@ -72,8 +74,10 @@ void CHiddenWindows::ShowAgain()
     for (const Hidden &hidden : windows) {
         if (!hidden.window)
             continue;
-        // The window manager would choose a new place.
-        hidden.window->move(hidden.place);
+        // Unless Qt takes the place as asked for, the window manager chooses another one.
+        hidden.window->setAttribute(Qt::WA_Moved);
+        if (QWindow *const handle = hidden.window->windowHandle())
+            handle->setGeometry(hidden.place);
         SetVisible(hidden.window, true);
     }
 }

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <QtCore/QObject>
-#include <QtCore/QPoint>
 #include <QtCore/QPointer>
+#include <QtCore/QRect>
 
 #include <vector>
 
@@ -38,7 +38,7 @@ private:
     struct Hidden
     {
         QPointer<QWidget> window;
-        QPoint place; // of its frame
+        QRect place; // without its frame
     };
 
     void Hide(QWidget *window);
