@@ -154,7 +154,8 @@ void CAnimationProgressBar::hideEvent(QHideEvent *event)
 {
     QWidget::hideEvent(event);
     // Queued, because Qt does not bear that a slot deletes the widget while it is being hidden.
-    QMetaObject::invokeMethod(this, [this] { EndUnseen(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { EndUnseen(); }, Qt::QueuedConnection);
 }
 
 // The user does not see the rest of the way, and the mouse has gone.
