@@ -244,7 +244,10 @@ void CAnimationProgressBar::RemoveDelegate(CAbstractDelegate *delegate)
 void CAnimationProgressBar::UpdateContents()
 {
     update();
-    RefreshTip();
+    // Queued, because a delegate calls this in its destructor, too, when it can no longer be asked.
+    if (d_ptr_->tip_)
+        QMetaObject::invokeMethod(
+            this, [this] { RefreshTip(); }, Qt::QueuedConnection);
 }
 
 QList<CAbstractDelegate *> CAnimationProgressBar::Delegates() const

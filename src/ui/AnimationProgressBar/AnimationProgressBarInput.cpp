@@ -159,7 +159,7 @@ void CAnimationProgressBar::EndPress()
 void CAnimationProgressBar::wheelEvent(QWheelEvent *event)
 {
     event->accept();
-    const QPoint turned = event->angleDelta();
+    const QPointF turned = event->angleDelta();
     if (d_ptr_->IsHeld() || turned.isNull())
         return;
     const bool is_sideways = std::abs(turned.x()) > std::abs(turned.y());
@@ -168,8 +168,8 @@ void CAnimationProgressBar::wheelEvent(QWheelEvent *event)
         return;
     }
     EndSlide();
-    const int notches = is_sideways ? turned.x() : turned.y();
-    const double moved_s = notches / kNotch * kPanOfNotchPx / PixelsPerSecond();
+    const double angle = is_sideways ? turned.x() : turned.y();
+    const double moved_s = angle / kNotch * kPanOfNotchPx / PixelsPerSecond();
     const QPointer<CAnimationProgressBar> self(this);
     Place(HeldToCalendar(double(d_ptr_->view_.position_ms) - moved_s * kMillisecondsPerSecond));
     if (self)
