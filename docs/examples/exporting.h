@@ -4,11 +4,20 @@
 
 #include <Vantor/CExcelControllorWithC>
 
+#include <QtCore/QDebug>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QStandardItemModel>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QProgressBar>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTableView>
 
-struct CGuide
+inline QTableView *table = nullptr;
+inline QProgressBar *progress_bar = nullptr;
+inline QPushButton *cancel_button = nullptr;
+
+struct CGuide : QObject
 {
     template <int> void Example();
     QWidget *window = nullptr;
