@@ -5,12 +5,12 @@
 
 #include <KeyBoard/PelcoD.h>
 
+#include <QtCore/QThread>
 #include <QtCore/QUrl>
 #include <QtNetwork/QTcpSocket>
 #include <QtSerialPort/QSerialPort>
 
 #include <chrono>
-#include <utility>
 
 namespace Client {
 namespace {
@@ -99,9 +99,11 @@ void CPelcoSender::OnConnected(const QString &text)
 void CPelcoSender::Disconnect()
 {
     connect_time_.stop();
-    if (is_connected_ && std::exchange(running_, 0)) {
+    if (is_connected_ && (running_ || !waiting_.isEmpty())) { // a stop may be among those
         device_->write(KeyBoard::EncodePelco(KeyBoard::PelcoStop(address_)));
         device_->waitForBytesWritten(kFlushTime_ms);
+        // Closing a serial port restores its former baud rate, even while the last bytes leave.
+        QThread::msleep(2 * static_cast<unsigned long>(pace_.interval()));
     }
     running_ = 0;
     waiting_.clear();
@@ -152,7 +154,7 @@ void CPelcoSender::SendNext()
 
 void CPelcoSender::Fail(const QString &text)
 {
-    running_ = 0; // a stop would not arrive
+    is_connected_ = false; // a stop would not arrive
     Disconnect();
     Q_EMIT SignalState(false, text);
 }
