@@ -206,6 +206,7 @@ void CDevicesPage::OnPortNews(const KeyBoardPortNews &news)
                                  tr("%1 is lost; it is tried again every second.").arg(news.path));
         break;
     case KeyBoardPortNews::kClosed:
+        keyboard_port_->SetState(false, {}); // kOpened of a lost port may have come after the click
         break;
     }
 }
