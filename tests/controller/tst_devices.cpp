@@ -15,6 +15,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QTimer>
 
 #include <atomic>
@@ -233,8 +234,6 @@ private Q_SLOTS:
             {"serial index 1 counts as 4", "s3050:1", "200 0 0 4 0"},
             {"serial speed 1 counts as 4", "s3025:1", "100 0 4 0 0"},
             {"serial speed beyond int", "s3025:4294967295", "100 0 -1 0 0"},
-            {"serial zoom has none", "s3011:5", "104 0 0 0 0"},
-            {"keyboard, first window", "k5101:5", "124 0 0 5 1"},
             {"keyboard, second window", "k5101:5:2", "125 0 0 5 1"},
             {"keyboard keys released", "k5104:1 k5105:1 k5106:1",
              "512 1 0 0 1, 513 1 0 0 1, 514 1 0 0 1"},
@@ -268,7 +267,6 @@ private Q_SLOTS:
              "100 0 3 -1 0, 100 0 9 -1 0"},
             {"joystick: releasing the mode button does nothing but end the move",
              "j1305:3 j1303:3 j1313", "100 0 3 -1 1"},
-            {"joystick: both ways of the mode", "j1304:3 j1304:3 j1305:3", "100 0 3 -1 1"},
             {"ending during a move sends no stop", "s3021:3 end", "100 0 3 0 0"},
         });
     }
@@ -286,6 +284,7 @@ private Q_SLOTS:
             {"serial zoom", "s3011 s3030", "104 1 0 0 0"},
             {"serial, windows", "s3052 s3021:3 s3030", "100 1 0 0 1"},
             {"speed 0", "s3021:0 s3030", "100 1 0 0 0"},
+            {"a preset was called while focusing", "s3013 s3050:2 s3030", "112 1 0 0 0"},
             {"another key was released meanwhile", "k5201:3 k5104:1 k5209", "100 1 0 0 1"},
             {"a button was pressed and released meanwhile", "j1305:3 j1304:0 j1303:0 j1313",
              "100 1 0 -1 1"},
@@ -399,30 +398,26 @@ private Q_SLOTS:
         QVERIFY(Start());
         Run("s3021:1 k5101:7:2 j1305:3 j9");
 
-        QStringList lines = guard_.LogLines().filter("UserOperate");
-        for (QString &line : lines)
-            line = line.mid(int(qstrlen("3 UserOperate [Vantor::C")))
-                       .remove(QRegExp("\\(\\d+\\)\\]$"))
-                       .replace("ControlManager::InputEvent]", ": ");
+        // The class of a line is also in the name of its file.
+        const QRegularExpression form(
+            "^3 UserOperate \\[Vantor::C(\\w+)ControlManager::InputEvent\\]"
+            "(.*)\\[\\1ControlManager\\.cpp\\(\\d+\\)\\]$");
         const QStringList expected = {
-            "ZellSerialKeyboard: InputEvent first param:[3021], second "
-            "param:[4][ZellSerialKeyboardControlManager.cpp",
+            "ZellSerialKeyboard: InputEvent first param:[3021], second param:[4]",
             "ZellSerialKeyboard: SignalZellUSBKeyboardControl, operation_type:[100], "
-            "stop_action:[0], speed:[4], select index:[0], ptz "
-            "mode:[0][ZellSerialKeyboardControlManager.cpp",
-            "ZellUSBKeyboard: InputEvent first param:[5101], second param:[7], third "
-            "param:[2][ZellUSBKeyboardControlManager.cpp",
+            "stop_action:[0], speed:[4], select index:[0], ptz mode:[0]",
+            "ZellUSBKeyboard: InputEvent first param:[5101], second param:[7], third param:[2]",
             "ZellUSBKeyboard: SignalZellUSBKeyboardControl, operation_type:[125], "
-            "stop_action:[0], speed:[0], select index:[7], ptz "
-            "mode:[0][ZellUSBKeyboardControlManager.cpp",
-            "USBJoystick: InputEvent first param:[1305], second "
-            "param:[3][USBJoystickControlManager.cpp",
+            "stop_action:[0], speed:[0], select index:[7], ptz mode:[0]",
+            "USBJoystick: InputEvent first param:[1305], second param:[3]",
             "USBJoystick: SignalUSBJostickControl, operation_type:[100], stop_action:[0], "
-            "speed:[3], wnd control mode:[1][USBJoystickControlManager.cpp",
-            "USBJoystick: InputEvent first param:[9], second "
-            "param:[0][USBJoystickControlManager.cpp",
+            "speed:[3], wnd control mode:[1]",
+            "USBJoystick: InputEvent first param:[9], second param:[0]",
         };
-        QCOMPARE(lines, expected);
+        QCOMPARE(guard_.LogLines()
+                     .filter("UserOperate")
+                     .replaceInStrings(form, QStringLiteral("\\1: \\2")),
+                 expected);
     }
 
     void portsOpenOnceEach()
@@ -474,14 +469,13 @@ private Q_SLOTS:
         QSignalSpy spy(Coordinator(),
                        &CJoystickKeyboardControlManager::SignalJoystickKeyboardControl);
         CUpdateEvent stranger;
-        QCoreApplication::sendEvent(Coordinator(), &stranger);
         CJoystickKeyboardEvent none;
+        const CJoystickKeyboardEvent event(kJoystick, 1305, 3, 0, "one", "two");
+        CJoystickKeyboardEvent copy(event);
+        for (QEvent *const each : std::initializer_list<QEvent *>{&stranger, &none, &copy})
+            QCoreApplication::sendEvent(Coordinator(), each);
         QCOMPARE(none.GetFirstParam(), 0xFFFFFFFF);
-        QCoreApplication::sendEvent(Coordinator(), &none);
-        CJoystickKeyboardEvent event(kJoystick, 1305, 3, 0, "one", "two");
-        const CJoystickKeyboardEvent copy(event);
         QCOMPARE(copy.GetText2(), QString("two"));
-        QCoreApplication::sendEvent(Coordinator(), &event);
         QCOMPARE(spy.count(), 1);
     }
 
@@ -521,15 +515,10 @@ private Q_SLOTS:
                 });
         QVERIFY(Start());
         {
-            const CVirtualStick stick(SDL_JOYSTICK_TYPE_UNKNOWN, 3, 4, 0);
-            QVERIFY2(stick.IsOpen(), SDL_GetError());
+            const CVirtualStick stick(SDL_JOYSTICK_TYPE_UNKNOWN, 3, 0, 0);
             QTRY_COMPARE(joystick->ConnetZellUSBJoystickType(), KeyboradData::kUsbJoystick);
-            stick.SetButton(2, true);
-            QTRY_COMPARE(lines, QStringList{"509 0 0"});
-            stick.SetButton(2, false);
-            QTRY_COMPARE(lines.constLast(), QString("509 1 0"));
             stick.SetAxis(1, 32767);
-            QTRY_COMPARE(lines.constLast(), QString("101 0 63"));
+            QTRY_COMPARE(lines, QStringList{"101 0 63"});
         }
         QTRY_COMPARE(joystick->ConnetZellUSBJoystickType(), KeyboradData::kDisconnected);
         QCOMPARE(lines.constLast(), QString("101 1 0"));

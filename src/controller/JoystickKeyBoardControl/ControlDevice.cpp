@@ -34,6 +34,11 @@ bool IsHeldKey(Type operation)
     return operation >= kKey112 && operation <= kKey115;
 }
 
+std::size_t KeyIndex(Type operation)
+{
+    return std::size_t(operation - kKey112);
+}
+
 bool IsStop(ControlCode::Stop stop, quint32 second)
 {
     switch (stop) {
@@ -93,8 +98,7 @@ ControlCommand CControlDevice::CommandOf(const ControlCode &row, const ControlIn
         command.operation = Type(row.operation + (input.third == kSecondWindow ? 1 : 0));
         break;
     case ControlCode::Source::kLast:
-        command.operation =
-            always_sends_stops && running_move_ != kNone ? running_move_ : last_operation_;
+        command.operation = always_sends_stops ? Running() : last_operation_;
         break;
     case ControlCode::Source::kKey:
     case ControlCode::Source::kKeyPlusSecond:
@@ -109,6 +113,19 @@ ControlCommand CControlDevice::CommandOf(const ControlCode &row, const ControlIn
     if (row.second == ControlCode::Second::kSelectIndex)
         command.select_index = int(input.second);
     return command;
+}
+
+Type CControlDevice::Running() const
+{
+    if (running_move_ != kNone)
+        return running_move_;
+    const auto runs = [this](std::size_t key) { return running_keys_[key]; };
+    if (running_keys_.none() || (IsHeldKey(last_operation_) && runs(KeyIndex(last_operation_))))
+        return last_operation_;
+    std::size_t key = 0;
+    while (!runs(key))
+        ++key;
+    return Type(kKey112 + int(key));
 }
 
 bool CControlDevice::IsRepeat(const ControlCommand &command, bool always_sends_stops) const
@@ -128,7 +145,7 @@ void CControlDevice::Note(const ControlCommand &command)
     last_operation_ = command.operation;
     last_speed_ = command.speed;
     if (IsHeldKey(command.operation))
-        running_keys_.set(std::size_t(command.operation - kKey112), !command.is_stop);
+        running_keys_.set(KeyIndex(command.operation), !command.is_stop);
     if (IsMove(command.operation, true) && !command.is_stop)
         running_move_ = command.operation;
 }

@@ -97,8 +97,8 @@ public:
     /// \brief Translate \a input, and note it when it is to be emitted.
     ///
     /// \param command            filled in for kEmit.
-    /// \param always_sends_stops no stop is a repeat, and the stop code means the move that runs
-    ///                           instead of the last operation.
+    /// \param always_sends_stops no stop is a repeat, and the stop code means what runs instead of
+    ///                           the last operation.
     /// \throws what \a translate throws; nothing has changed then.
     [[nodiscard]] Outcome Take(const ControlInput &input, const Translate &translate,
                                bool always_sends_stops, ControlCommand &command);
@@ -122,6 +122,8 @@ private:
     [[nodiscard]] ControlCommand CommandOf(const ControlCode &row, const ControlInput &input,
                                            const Translate &translate,
                                            bool always_sends_stops) const;
+    /// What runs, a move first; where nothing does, the last operation.
+    [[nodiscard]] Type Running() const;
     [[nodiscard]] bool IsRepeat(const ControlCommand &command, bool always_sends_stops) const;
     void Note(const ControlCommand &command);
 
