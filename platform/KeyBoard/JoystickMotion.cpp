@@ -61,10 +61,13 @@ quint32 SpeedOf(double deflection, const JoystickMotion &before, bool is_same_di
 
 CStickAxis::CStickAxis(Kind kind, int initial) : kind_(kind), still_value_(initial)
 {
-    if (std::abs(initial) > kDeadZone)
+    if (std::abs(initial) > kDeadZone) {
         state_ = kind == Kind::kTwist ? State::kLever : State::kAwaitsRest;
-    else if (kind != Kind::kTrigger)
+        if (kind == Kind::kDirection)
+            kind_ = Kind::kTwist; // a stick that is held, or a lever
+    } else if (kind != Kind::kTrigger) {
         rest_ = initial;
+    }
 }
 
 int CStickAxis::Deflection(int value, qint64 now_ms)

@@ -28,7 +28,7 @@ class CStickAxis
 {
 public:
     enum class Kind {
-        kDirection, ///< Springs back to its centre: pan and tilt.
+        kDirection, ///< Springs back to its centre: pan and tilt. Off it at first: as kTwist later.
         kTwist,     ///< Springs back too, unless it is a lever: begins off its centre, or stays off
                     ///< it without the least motion for ten seconds.
         kTrigger,   ///< Rests at 0 and is pulled towards 32767.
