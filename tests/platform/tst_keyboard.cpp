@@ -85,19 +85,12 @@ QStringList Codes(const QVector<std::array<int, 3>> &polls)
     return sent;
 }
 
-struct FrameRow
-{
-    const char *name;
-    PelcoFrame frame;
-    const char *code;
-};
-
 struct CommandRow
 {
     const char *name;
-    int operation, speed, index;
-    const char *bytes; // empty: the protocol has no such command
-    const char *code;  // that a keyboard's frame of these bytes has
+    int operation, speed, index; // operation 0: the client sends no such frame
+    const char *bytes;           // empty: the protocol has no such command
+    const char *code;            // that a keyboard's frame of these bytes has
 };
 
 struct MotionRow
@@ -142,37 +135,8 @@ class tst_keyboard : public CGuardedTest
     bool Start() { return KeyBoard_Init(&TakeCode, nullptr); }
 
 private Q_SLOTS:
-    void framesBecomeCodes_data()
-    {
-        AddRows<FrameRow>({
-            {"stop", {1, 0, 0, 0, 0}, "3030 0"},
-            {"up", {1, 0, 0x08, 0, 63}, "3021 63"},
-            {"down", {1, 0, 0x10, 0, 1}, "3022 1"},
-            {"left", {1, 0, 0x04, 17, 0}, "3023 17"},
-            {"right", {1, 0, 0x02, 255, 0}, "3024 255"},
-            {"up and right, panning faster", {1, 0, 0x0A, 20, 10}, "3024 20"},
-            {"up and right, tilting faster", {1, 0, 0x0A, 10, 20}, "3021 20"},
-            {"down and left, as fast", {1, 0, 0x14, 9, 9}, "3023 9"},
-            {"set preset 7", {1, 0, 0x03, 0, 7}, "2001 7"},
-            {"clear preset 7", {1, 0, 0x05, 0, 7}, "2002 7"},
-            {"auxiliary 1", {1, 0, 0x09, 0, 1}, "3052 0"},
-            {"auxiliary 2", {1, 0, 0x09, 0, 2}, "3002 0"},
-            {"auxiliary 3", {1, 0, 0x09, 0, 3}, "3003 0"},
-            {"auxiliary 4", {1, 0, 0x09, 0, 4}, "3029 0"},
-            {"auxiliary 5 is unknown", {1, 0, 0x09, 0, 5}, "0 0"},
-            {"an extended command that is unknown", {1, 0, 0x1F, 0, 1}, "0 0"},
-            {"camera on, which no key means", {1, 0x88, 0, 0, 0}, "0 0"},
-        });
-    }
-    void framesBecomeCodes()
-    {
-        const auto &row = FetchRow<FrameRow>();
-        const auto code = KeyBoard::TranslatePelco(row.frame);
-        QCOMPARE(QString("%1 %2").arg(code.code).arg(code.value), QString(row.code));
-    }
-
     // The bytes are those of the protocol's published examples, for camera 1.
-    void operationsBecomeFrames_data()
+    void operationsBecomeFramesAndFramesCodes_data()
     {
         AddRows<CommandRow>({
             {"up", 100, 63, 0, "ff010008003f48", "3021 63"},
@@ -193,18 +157,33 @@ private Q_SLOTS:
             {"no preset 0", 200, 0, 0, "", ""},
             {"no preset 256", 200, 0, 256, "", ""},
             {"a selection of windows", 124, 0, 1, "", ""},
+            {"right, too fast for the protocol", 0, 0, 0, "ff010002ff0002", "3024 255"},
+            {"up and right, panning faster", 0, 0, 0, "ff01000a140a29", "3024 20"},
+            {"up and right, tilting faster", 0, 0, 0, "ff01000a0a1429", "3021 20"},
+            {"set preset 7", 0, 0, 0, "ff01000300070b", "2001 7"},
+            {"clear preset 7", 0, 0, 0, "ff01000500070d", "2002 7"},
+            {"auxiliary 1", 0, 0, 0, "ff01000900010b", "3052 0"},
+            {"auxiliary 2", 0, 0, 0, "ff01000900020c", "3002 0"},
+            {"auxiliary 3", 0, 0, 0, "ff01000900030d", "3003 0"},
+            {"auxiliary 4", 0, 0, 0, "ff01000900040e", "3029 0"},
+            {"auxiliary 5 is unknown", 0, 0, 0, "ff01000900050f", "0 0"},
+            {"an extended command that is unknown", 0, 0, 0, "ff01001f000121", "0 0"},
+            {"camera on, which no key means", 0, 0, 0, "ff018800000089", "0 0"},
+            {"stop", 0, 0, 0, "ff010000000001", "3030 0"},
         });
     }
-    void operationsBecomeFrames()
+    void operationsBecomeFramesAndFramesCodes()
     {
         const auto &row = FetchRow<CommandRow>();
         const auto frame = KeyBoard::PelcoCommand(1, row.operation, row.speed, row.index);
-        QCOMPARE(frame ? EncodePelco(*frame).toHex() : QByteArray(), QByteArray(row.bytes));
-        if (frame) {
-            const auto code = KeyBoard::TranslatePelco(*frame);
-            QCOMPARE(QString("%1 %2").arg(code.code).arg(code.value), QString(row.code));
-        }
-        QCOMPARE(EncodePelco(KeyBoard::PelcoStop(0xFE)).toHex(), QByteArray("fffe00000000fe"));
+        if (row.operation)
+            QCOMPARE(frame ? EncodePelco(*frame).toHex() : QByteArray(), QByteArray(row.bytes));
+        KeyBoard::DeviceCode code;
+        KeyBoard::CPelcoReader().Read(QByteArray::fromHex(row.bytes), [&](const PelcoFrame &read) {
+            code = KeyBoard::TranslatePelco(read);
+        });
+        QCOMPARE(*row.bytes ? QString("%1 %2").arg(code.code).arg(code.value) : QString(),
+                 QString(row.code));
     }
 
     void readerFindsEveryWholeFrameInNoise()
@@ -246,7 +225,6 @@ private Q_SLOTS:
             {"down", 0, 32767, 0, "1306 63"},
             {"left", -32767, 100, 0, "1307 63"},
             {"right, halfway", 20480, 0, 0, "1308 22"},
-            {"the deflection of a hat", 23836, 0, 0, "1308 32"},
             {"down right", 32767, 32767, 0, "1309 63"},
             {"up left", -20000, -20000, 0, "1310 47"},
             {"down left", -20000, 20000, 0, "1311 47"},
@@ -293,34 +271,28 @@ private Q_SLOTS:
                  QStringList({"1310 63", "0 0"}));
     }
 
-    void axisCountsOnceItWasSeenAtRest()
+    void axisCountsOnceItWasSeenAtRestAndIsNoLever()
     {
-        CStickAxis held(CStickAxis::Kind::kDirection, 30000);
-        QCOMPARE(held.Deflection(30000, 0), 0);
-        QCOMPARE(held.Deflection(0, 0), 0);
-        QCOMPARE(held.Deflection(-32768, 0), -32767);
-        CStickAxis trigger(CStickAxis::Kind::kTrigger,
-                           16384); // SDL's value before the first report
-        QCOMPARE(trigger.Deflection(16384, 0), 0);
-        QCOMPARE(trigger.Deflection(0, 0), 0);
-        QCOMPARE(trigger.Deflection(32767, 0), 32767);
-        CStickAxis crooked(CStickAxis::Kind::kDirection, 2000);
-        QCOMPARE(crooked.Deflection(2000, 0), 0);
-        QCOMPARE(crooked.Deflection(32767, 0), 32767);
-        QCOMPARE(crooked.Deflection(-32768, 0), -32767);
-    }
-
-    void leverIsNoTwist()
-    {
-        CStickAxis parked(CStickAxis::Kind::kTwist, 20000);
-        for (const int place : {20000, 0, -32768})
-            QCOMPARE(parked.Deflection(place, 0), 0);
-        CStickAxis centred(CStickAxis::Kind::kTwist, 0);
-        QCOMPARE(centred.Deflection(20000, 1000), 20000);
-        QCOMPARE(centred.Deflection(20200, 10999), 20200);
-        QCOMPARE(centred.Deflection(20000, 11000), 0); // it stays where it was left
-        QCOMPARE(centred.Deflection(0, 12000), 0);
-        QCOMPARE(centred.Deflection(-20000, 12010), -20000);
+        using Kind = CStickAxis::Kind;
+        const auto deflections = [](Kind kind, const QVector<std::pair<int, qint64>> &values) {
+            CStickAxis axis(kind, values.constFirst().first);
+            QList<int> all;
+            for (const auto &[value, time_ms] : values)
+                all << axis.Deflection(value, time_ms);
+            return all;
+        };
+        using List = QList<int>;
+        QCOMPARE(deflections(Kind::kDirection, {{30000, 0}, {0, 0}, {-32768, 0}, {-32768, 10000}}),
+                 List({0, 0, -32767, 0})); // held while it was plugged in, or a lever
+        QCOMPARE(
+            deflections(Kind::kDirection, {{2000, 0}, {32767, 0}, {-32768, 0}, {-32768, 10000}}),
+            List({0, 32767, -32767, -32767})); // crooked, then held for long
+        QCOMPARE(deflections(Kind::kTrigger, {{16384, 0}, {0, 0}, {32767, 0}}),
+                 List({0, 0, 32767})); // SDL's value before the first report
+        QCOMPARE(deflections(Kind::kTwist, {{20000, 0}, {0, 0}, {-32768, 0}}), List({0, 0, 0}));
+        // A lever that was centred stays where it was left, but for noise.
+        QCOMPARE(deflections(Kind::kTwist, {{0, 0}, {20000, 1000}, {20200, 10999}, {20000, 11000}}),
+                 List({0, 20000, 20200, 0}));
     }
 
     void serialKeyboardIsHeardInWholeAndHalfFrames()
@@ -338,14 +310,6 @@ private Q_SLOTS:
 
         terminal.Write(Frame(0, 0x08, 0, 9) + Frame(0, 0x08, 0, 5) + Frame(0, 0x02, 7, 0));
         EXPECT_CODES(QStringList({"3021 9", "3021 5", "3030 0", "3024 7"}));
-
-        QStringList sent;
-        for (int i = 0; i < 5000; ++i) {
-            terminal.Write(Frame(0, 0x02, quint8(i % 63 + 1), 0));
-            sent << QString("3024 %1").arg(i % 63 + 1);
-        }
-        QTRY_COMPARE_WITH_TIMEOUT(codes.Lines().size(), sent.size(), 60000);
-        QCOMPARE(codes.Take(), sent);
 
         QVERIFY(KeyBoard_CloseSerialKeyBoard(kSerialId));
         QVERIFY(!KeyBoard_CloseSerialKeyBoard(kSerialId));
