@@ -148,7 +148,7 @@
     <message numerus="yes">
         <source>, and %Ln more</source>
         <translation>
-            <numerusform></numerusform>
+            <numerusform> و%Ln ملف آخر</numerusform>
             <numerusform> وملف آخر</numerusform>
             <numerusform> وملفان آخران</numerusform>
             <numerusform> و%Ln ملفات أخرى</numerusform>

@@ -37,6 +37,12 @@ Vantor::CDockWidget *Dock()
     return Ravel::CUiSingleton<Vantor::CDockManager>::Instance().GetDockWidget();
 }
 
+// Without the isolates around names.
+QString Plain(QString text)
+{
+    return text.remove(QChar(0x2068)).remove(QChar(0x2069));
+}
+
 void Click(QWidget *in, const char *button)
 {
     QTest::mouseClick(in->findChild<QPushButton *>(button), Qt::LeftButton);
@@ -107,12 +113,19 @@ private Q_SLOTS:
         const auto *const list = page.findChild<QTreeWidget *>("EvidenceFiles");
         QStringList results;
         for (int row = 0; row < list->topLevelItemCount(); ++row) {
-            results.append(list->topLevelItem(row)->text(2));
+            results.append(Plain(list->topLevelItem(row)->text(2)));
             QVERIFY(!list->topLevelItem(row)->icon(2).isNull());
         }
         QCOMPARE(results, QStringList({"Copied as a(1).jpeg", "Copied as notes(1)",
                                        "Not copied: No such file or directory"}));
         QCOMPARE(folder_.Bytes("to/a.jpeg") + folder_.Bytes("to/notes(1)"), QByteArray("oldnew"));
+        CLanguageSwitch language;
+        for (const char *const code : {"ar", "en"}) { // in the middle of the work, and back
+            language.Apply(code);
+            QCoreApplication::processEvents();
+            QCOMPARE(state->text().startsWith("2 of 3"), code[0] == 'e');
+            QCOMPARE(list->topLevelItem(0)->text(2).startsWith("Copied"), code[0] == 'e');
+        }
         page.OnCopy(); // again, and is closed while it runs
     }
 
@@ -139,7 +152,7 @@ private Q_SLOTS:
             window.close();
             QVERIFY(window.isVisible());
             auto *const question = window.findChild<QMessageBox *>();
-            QVERIFY(question && question->informativeText().contains("b, c"));
+            QVERIFY(question && Plain(question->informativeText()).contains("b, c"));
             const auto buttons = question->buttons();
             for (QAbstractButton *const button : buttons)
                 button->text() == answer ? button->click() : void();

@@ -50,4 +50,9 @@ QString CLanguageSwitch::SystemCode()
     return QLatin1String(FindLanguage(system).code);
 }
 
+QString Isolated(const QString &text)
+{
+    return QChar(0x2068) + text + QChar(0x2069);
+}
+
 } // namespace Client

@@ -41,4 +41,8 @@ private:
     std::array<QTranslator, 3> translators_;
 };
 
+/// \brief Keep the order within \a text, a name or a date, in a sentence of the other direction
+/// (Unicode's isolates).
+[[nodiscard]] QString Isolated(const QString &text);
+
 } // namespace Client

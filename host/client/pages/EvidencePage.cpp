@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/EvidencePage.h"
 
+#include "look/Language.h"
 #include "look/Theme.h"
 #include "pages/SampleEvidence.h"
 
@@ -34,7 +35,10 @@ constexpr int kNameWidthPx = 320;
 
 enum Column { kName, kSize, kResult };
 
-constexpr int kPathRole = Qt::UserRole; // of the name: the path of the file
+constexpr int kPathRole = Qt::UserRole;      // of the name: the path of the file
+constexpr int kBytesRole = Qt::UserRole;     // of the size
+constexpr int kTargetRole = Qt::UserRole;    // of the result: the path of the copy, or empty
+constexpr int kErrorRole = Qt::UserRole + 1; // of the result: why there is no copy, or empty
 
 QIcon ResultIcon(bool has_arrived)
 {
@@ -164,8 +168,9 @@ void CEvidencePage::AddFiles(const QStringList &paths)
         item->setText(kName, file.fileName());
         item->setToolTip(kName, QDir::toNativeSeparators(absolute));
         item->setData(kName, kPathRole, absolute);
-        item->setText(kSize, QLocale().formattedDataSize(file.size()));
+        item->setData(kSize, kBytesRole, file.size());
         item->setTextAlignment(kSize, Qt::AlignRight | Qt::AlignVCenter);
+        ShowRow(item);
     }
     state_->setText(left_out > 0
                         ? tr("%Ln of them are not files and were left out.", nullptr, left_out)
@@ -232,8 +237,9 @@ void CEvidencePage::OnCopy()
     QStringList targets;
     for (int row = 0; row < files_->topLevelItemCount(); ++row) {
         QTreeWidgetItem *const item = files_->topLevelItem(row);
-        item->setText(kResult, {});
-        item->setIcon(kResult, {});
+        item->setData(kResult, kTargetRole, {});
+        item->setData(kResult, kErrorRole, {});
+        ShowRow(item);
         sources.append(item->data(kName, kPathRole).toString());
         targets.append(QDir(folder).filePath(item->text(kName)));
     }
@@ -244,9 +250,8 @@ void CEvidencePage::OnCopy()
             &CEvidencePage::OnProgress);
     connect(thread_.data(), &Vantor::CCopyFileThread::SendSaveFinish, this,
             &CEvidencePage::OnFinished);
-    since_start_.start();
-    estimate_ = {};
-    files_done_ = 0;
+    progress_ = {};
+    progress_.since_start.start();
     thread_->start();
     UpdateButtons();
 }
@@ -256,41 +261,54 @@ void CEvidencePage::OnStop()
     if (!thread_)
         return;
     thread_->OnStopCopyFileThread();
-    stop_->setEnabled(false);
-    state_->setText(tr("Stopping after the current file…"));
+    progress_.is_stopping = true;
+    UpdateButtons();
+    ShowProgress();
 }
 
 void CEvidencePage::OnProgress(qint64 bytes_done, qint64 bytes_total, int files_done,
                                int files_total)
 {
-    const double share = bytes_total > 0   ? double(bytes_done) / double(bytes_total)
-                         : files_total > 0 ? double(files_done) / files_total
-                                           : 1;
-    files_done_ = files_done;
-    bar_->setValue(int(share * kBarSteps));
-    estimate_.Note(since_start_.elapsed(), share);
-    const QLocale locale;
-    Q_EMIT SignalWork(tr("Copying: %1 of %2 files")
-                          .arg(locale.toString(files_done), locale.toString(files_total)));
-    if (!stop_->isEnabled())
-        return; // the line says that it is stopping
-    const QString left = share < 1 ? TimeLeftText(estimate_.Seconds()) : QString();
-    state_->setText(tr("%1 of %2 files, %3 of %4")
-                        .arg(locale.toString(files_done), locale.toString(files_total),
-                             locale.formattedDataSize(bytes_done),
-                             locale.formattedDataSize(bytes_total))
-                    + (left.isEmpty() ? QString() : QStringLiteral(" – ") + left));
+    progress_.bytes_done = bytes_done;
+    progress_.bytes_total = bytes_total;
+    progress_.files_done = files_done;
+    progress_.files_total = files_total;
+    ShowProgress();
 }
 
-void CEvidencePage::OnFinished(bool all_copied, const QStringList &failed)
+void CEvidencePage::ShowProgress()
 {
-    ShowResults();
-    const int total = thread_->Results().size();
-    const QString text =
-        all_copied ? tr("All %1 files have arrived.").arg(QLocale().toString(total))
-                   : tr("%1 of %2 files have arrived; the others are listed with the reason.")
-                         .arg(QLocale().toString(total - failed.size()), QLocale().toString(total));
+    const auto &[since_start, estimate, bytes_done, bytes_total, files_done, files_total,
+                 is_stopping] = progress_;
+    const double share = bytes_total > 0   ? double(bytes_done) / double(bytes_total)
+                         : files_total > 0 ? double(files_done) / files_total
+                                           : 0;
+    bar_->setValue(int(share * kBarSteps));
+    progress_.estimate.Note(since_start.elapsed(), share);
+    const QLocale locale;
+    const QString left = share < 1 ? TimeLeftText(estimate.Seconds()) : QString();
+    state_->setText(is_stopping
+                        ? tr("Stopping after the current file…")
+                        : tr("%1 of %2 files, %3 of %4")
+                                  .arg(locale.toString(files_done), locale.toString(files_total),
+                                       locale.formattedDataSize(bytes_done),
+                                       locale.formattedDataSize(bytes_total))
+                              + (left.isEmpty() ? QString() : QStringLiteral(" – ") + left));
+    Q_EMIT SignalWork(tr("Copying: %1 of %2 files")
+                          .arg(locale.toString(files_done), locale.toString(files_total)));
+}
+
+void CEvidencePage::OnFinished(bool all_copied)
+{
+    const QVector<Vantor::CopiedFile> results = thread_->Results();
+    for (int row = 0; row < results.size() && row < files_->topLevelItemCount(); ++row) {
+        QTreeWidgetItem *const item = files_->topLevelItem(row);
+        item->setData(kResult, kTargetRole, results.at(row).target);
+        item->setData(kResult, kErrorRole, results.at(row).error);
+        ShowRow(item);
+    }
     delete thread_.data(); // waits for its last steps
+    const QString text = Report();
     state_->setText(text);
     UpdateButtons();
     const QPointer<CEvidencePage> self = this;
@@ -300,19 +318,40 @@ void CEvidencePage::OnFinished(bool all_copied, const QStringList &failed)
         Q_EMIT SignalWork({}); // the window may close
 }
 
-void CEvidencePage::ShowResults()
+// The texts of a row in the present language.
+void CEvidencePage::ShowRow(QTreeWidgetItem *item) const
 {
-    const QVector<Vantor::CopiedFile> results = thread_->Results();
-    for (int row = 0; row < results.size() && row < files_->topLevelItemCount(); ++row) {
-        const Vantor::CopiedFile &file = results.at(row);
-        QTreeWidgetItem *const item = files_->topLevelItem(row);
-        const bool has_arrived = file.error.isEmpty();
-        item->setText(kResult, has_arrived
-                                   ? tr("Copied as %1").arg(QFileInfo(file.target).fileName())
-                                   : tr("Not copied: %1").arg(file.error));
-        item->setIcon(kResult, ResultIcon(has_arrived));
-        item->setToolTip(kResult, has_arrived ? QDir::toNativeSeparators(file.target) : file.error);
+    item->setText(kSize, QLocale().formattedDataSize(item->data(kSize, kBytesRole).toLongLong()));
+    const QString target = item->data(kResult, kTargetRole).toString();
+    const QString error = item->data(kResult, kErrorRole).toString();
+    const bool has_arrived = !target.isEmpty();
+    const bool has_result = has_arrived || !error.isEmpty();
+    item->setText(kResult, has_arrived
+                               ? tr("Copied as %1").arg(Isolated(QFileInfo(target).fileName()))
+                           : has_result ? tr("Not copied: %1").arg(Isolated(error))
+                                        : QString());
+    item->setIcon(kResult, has_result ? ResultIcon(has_arrived) : QIcon());
+    item->setToolTip(kResult, has_arrived ? QDir::toNativeSeparators(target) : error);
+}
+
+// On the last copy; empty before the first one.
+QString CEvidencePage::Report() const
+{
+    int total = 0;
+    int arrived = 0;
+    for (int row = 0; row < files_->topLevelItemCount(); ++row) {
+        const QTreeWidgetItem *const item = files_->topLevelItem(row);
+        const bool has_arrived = !item->data(kResult, kTargetRole).toString().isEmpty();
+        arrived += has_arrived ? 1 : 0;
+        total += has_arrived || !item->data(kResult, kErrorRole).toString().isEmpty() ? 1 : 0;
     }
+    const QLocale locale;
+    if (total == 0)
+        return {};
+    return arrived == total
+               ? tr("All %1 files have arrived.").arg(locale.toString(total))
+               : tr("%1 of %2 files have arrived; the others are listed with the reason.")
+                     .arg(locale.toString(arrived), locale.toString(total));
 }
 
 void CEvidencePage::UpdateButtons()
@@ -325,7 +364,7 @@ void CEvidencePage::UpdateButtons()
     browse_->setEnabled(!is_running);
     open_folder_->setEnabled(!folder_->text().trimmed().isEmpty());
     copy_->setEnabled(!is_running && has_files && !folder_->text().trimmed().isEmpty());
-    stop_->setEnabled(is_running);
+    stop_->setEnabled(is_running && !progress_.is_stopping);
     bar_->setEnabled(is_running);
     if (!is_running)
         bar_->setValue(0);
@@ -347,6 +386,12 @@ void CEvidencePage::Retranslate()
     files_->setHeaderLabels({tr("File"), tr("Size"), tr("Result")});
     files_->headerItem()->setTextAlignment(kSize, Qt::AlignRight | Qt::AlignVCenter);
     empty_text_->setText(tr("Add files, or drop them here"));
+    for (int row = 0; row < files_->topLevelItemCount(); ++row)
+        ShowRow(files_->topLevelItem(row));
+    if (thread_)
+        ShowProgress();
+    else
+        state_->setText(Report());
 }
 
 void CEvidencePage::changeEvent(QEvent *event)
@@ -380,7 +425,7 @@ void CEvidencePage::PrepareForPicture()
 QStringList CEvidencePage::WorkLeft() const
 {
     QStringList names;
-    for (int row = files_done_ + 1; thread_ && row < files_->topLevelItemCount(); ++row)
+    for (int row = progress_.files_done + 1; thread_ && row < files_->topLevelItemCount(); ++row)
         names.append(files_->topLevelItem(row)->text(kName));
     return names;
 }

@@ -15,6 +15,7 @@ class QLineEdit;
 class QProgressBar;
 class QPushButton;
 class QTreeWidget;
+class QTreeWidgetItem;
 QT_END_NAMESPACE
 
 namespace Client {
@@ -61,7 +62,7 @@ private Q_SLOTS:
     void OnBrowse();
     void OnOpenFolder();
     void OnProgress(qint64 bytes_done, qint64 bytes_total, int files_done, int files_total);
-    void OnFinished(bool all_copied, const QStringList &failed);
+    void OnFinished(bool all_copied);
 
 private:
     void BuildHead();
@@ -69,7 +70,9 @@ private:
     void BuildEmptyList();
     void UpdateButtons();
     void Retranslate();
-    void ShowResults();
+    void ShowProgress();
+    void ShowRow(QTreeWidgetItem *item) const;
+    [[nodiscard]] QString Report() const;
 
     QPushButton *const add_;
     QPushButton *const remove_;
@@ -86,9 +89,16 @@ private:
     QPushButton *const stop_;
     QPushButton *const copy_;
     QPointer<Vantor::CCopyFileThread> thread_;
-    QElapsedTimer since_start_;
-    CTimeLeft estimate_;
-    int files_done_ = 0; // of the running copy
+    struct
+    {
+        QElapsedTimer since_start;
+        CTimeLeft estimate;
+        qint64 bytes_done = 0;
+        qint64 bytes_total = 0;
+        int files_done = 0;
+        int files_total = 0;
+        bool is_stopping = false;
+    } progress_; // of the running copy
 };
 
 } // namespace Client

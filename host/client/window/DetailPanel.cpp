@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "window/DetailPanel.h"
 
+#include "look/Language.h"
+
 #include <Vantor/CDockManager>
 
 #include <QtCore/QAbstractItemModel>
@@ -16,12 +18,6 @@ namespace {
 
 constexpr int kMarginPx = 16;
 constexpr int kFieldGapPx = 10;
-
-// Keep the order of a date within text of the other direction (Unicode's isolates).
-QString Isolated(const QString &text)
-{
-    return QChar(0x2068) + text + QChar(0x2069);
-}
 
 QLabel *NewLabel(const char *name, const QString &text, QWidget *parent)
 {

@@ -195,7 +195,8 @@ void CMainWindow::AskToStop(CPage &page)
     if (stop_question_ || closes_after_work_)
         return;
     constexpr int kNames = 5;
-    const QStringList left = page.WorkLeft();
+    QStringList left = page.WorkLeft();
+    std::transform(left.begin(), left.end(), left.begin(), Isolated);
     QString text = tr("The current file will be finished.");
     if (!left.isEmpty()) {
         text +=
@@ -203,7 +204,7 @@ void CMainWindow::AskToStop(CPage &page)
         if (left.size() > kNames)
             text += tr(", and %Ln more", nullptr, left.size() - kNames);
     }
-    stop_question_ = new QMessageBox(QMessageBox::Question, tr("Incidents"), tr("Stop copying?"),
+    stop_question_ = new QMessageBox(QMessageBox::NoIcon, tr("Incidents"), tr("Stop copying?"),
                                      QMessageBox::NoButton, this);
     stop_question_->setInformativeText(text);
     stop_question_->setAttribute(Qt::WA_DeleteOnClose);
