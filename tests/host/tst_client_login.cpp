@@ -165,6 +165,8 @@ private Q_SLOTS:
         QCOMPARE(lock->windowTitle(), QString("Locked"));
         session.window.ExportTo("name.unknown"); // a message while it is locked
         QVERIFY(!IsSecretOnDisplay());
+        QCOMPARE(QGuiApplication::modalWindow(),
+                 lock->windowHandle()); // the message blocks nothing
         Type("wrong");
         QVERIFY(lock && Focus() == "ptr_base_frame_lineedit" && !IsSecretOnDisplay());
         Type(account.password);

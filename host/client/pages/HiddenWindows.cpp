@@ -56,6 +56,26 @@ void CHiddenWindows::Hide(QWidget *window)
         window->hide();
         return;
     }
+    Remember(window);
+    SetVisible(window, false);
+}
+
+// A window that has just been shown, though not on the screen. It is hidden while it still has the
+// attribute: otherwise Qt would not end its modality, and a modal dialog would block visible_.
+void CHiddenWindows::HideNew(const QPointer<QWidget> &window)
+{
+    if (IsOfTheMoment(window)) {
+        window->hide();
+    } else if (window->isVisible()) {
+        Remember(window);
+        window->QWidget::setVisible(false);
+    }
+    if (window) // a tip may be deleted when it is hidden
+        window->setAttribute(Qt::WA_DontShowOnScreen, false);
+}
+
+void CHiddenWindows::Remember(QWidget *window)
+{
     const QWindow *const handle = window->windowHandle();
     hidden_.push_back({window, handle ? handle->geometry() : window->geometry()});
     if (auto *const dialog = qobject_cast<QDialog *>(window)) {
@@ -64,12 +84,12 @@ void CHiddenWindows::Hide(QWidget *window)
             hidden_.erase(std::remove_if(hidden_.begin(), hidden_.end(), is_it), hidden_.end());
         });
     }
-    SetVisible(window, false);
 }
 
 void CHiddenWindows::ShowAgain()
 {
     qApp->removeEventFilter(this);
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall); // HideNew() of the newest windows
     const std::vector<Hidden> windows = std::exchange(hidden_, {});
     for (const Hidden &hidden : windows) {
         if (!hidden.window)
@@ -101,10 +121,8 @@ bool CHiddenWindows::eventFilter(QObject *watched, QEvent *event)
     QMetaObject::invokeMethod(
         this,
         [this, window = QPointer<QWidget>(window)] {
-            if (!window)
-                return;
-            window->setAttribute(Qt::WA_DontShowOnScreen, false);
-            Hide(window);
+            if (window)
+                HideNew(window);
         },
         Qt::QueuedConnection);
     return QObject::eventFilter(watched, event);

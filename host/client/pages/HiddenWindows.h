@@ -42,6 +42,8 @@ private:
     };
 
     void Hide(QWidget *window);
+    void HideNew(const QPointer<QWidget> &window);
+    void Remember(QWidget *window);
     [[nodiscard]] bool StaysVisible(const QWidget *window) const;
 
     QWidget *const visible_;
