@@ -12,8 +12,8 @@ CAbstractDelegate::CAbstractDelegate(int type, QObject *parent)
 
 CAbstractDelegate::~CAbstractDelegate()
 {
-    if (d_ptr_->ptr_bar_)
-        d_ptr_->ptr_bar_->RemoveDelegate(this);
+    if (const auto leave = d_ptr_->leave_) // a copy, because leaving empties the field
+        leave();
 }
 
 int CAbstractDelegate::GetDelegateType() const

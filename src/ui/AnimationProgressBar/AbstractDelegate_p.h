@@ -2,16 +2,23 @@
 #pragma once
 
 #include "ui/AnimationProgressBar/AbstractDelegate.h"
-#include "ui/AnimationProgressBar/AnimationProgressBar.h"
 
-#include <QtCore/QPointer>
+#include <functional>
+#include <utility>
 
 namespace Vantor {
 
 struct CAbstractDelegateDataPtr
 {
     int type_ = 0;
-    QPointer<CAnimationProgressBar> ptr_bar_; // written by the bar that has it in its stack
+    CAnimationProgressBar *ptr_bar_ = nullptr; // the bar that has the layer in its stack
+    std::function<void()> leave_;              // takes the layer off that bar
+
+    void SetBar(CAnimationProgressBar *bar, std::function<void()> leave)
+    {
+        ptr_bar_ = bar;
+        leave_ = std::move(leave);
+    }
 };
 
 } // namespace Vantor

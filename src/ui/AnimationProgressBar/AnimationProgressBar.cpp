@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/AnimationProgressBar/AnimationProgressBar.h"
 
-#include "ui/AnimationProgressBar/AnimationProgressBarAccess.h"
 #include "ui/AnimationProgressBar/AnimationProgressBar_p.h"
 #include "ui/AnimationProgressBar/TimeLineMeasures.h"
 
@@ -41,7 +40,7 @@ CAnimationProgressBar::CAnimationProgressBar(QWidget *parent)
 CAnimationProgressBar::~CAnimationProgressBar()
 {
     for (CAbstractDelegate *const delegate : Delegates()) // they may outlive the bar
-        delegate->d_ptr_->ptr_bar_ = nullptr;
+        delegate->d_ptr_->SetBar(nullptr, {});
 }
 
 qint64 CAnimationProgressBar::GetCurrentUTCTime() const
@@ -224,7 +223,7 @@ void CAnimationProgressBar::InsertDelegate(int index, CAbstractDelegate *delegat
         owner->RemoveDelegate(delegate);
     auto &list = d_ptr_->list_delegates_;
     list.insert(std::clamp(index, 0, list.size()), delegate);
-    delegate->d_ptr_->ptr_bar_ = this;
+    delegate->d_ptr_->SetBar(this, [this, delegate] { RemoveDelegate(delegate); });
     UpdateContents();
 }
 
@@ -237,7 +236,7 @@ void CAnimationProgressBar::RemoveDelegate(CAbstractDelegate *delegate)
 {
     if (!delegate || d_ptr_->list_delegates_.removeAll(delegate) == 0)
         return;
-    delegate->d_ptr_->ptr_bar_ = nullptr;
+    delegate->d_ptr_->SetBar(nullptr, {});
     UpdateContents();
 }
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ui/AnimationProgressBar/AnimationProgressBarAccess.h"
-
 #include "common/Translate.h"
-#include "ui/AnimationProgressBar/AnimationProgressBar.h"
+#include "ui/AnimationProgressBar/AnimationProgressBar_p.h"
 
 #include <QtWidgets/QAccessibleWidget>
 #include <QtWidgets/QLabel>

@@ -74,4 +74,11 @@ struct CAnimationProgressBarDataPtr
     [[nodiscard]] bool IsHeld() const { return b_pressed_ || press_x_ || drag_; }
 };
 
+/// \brief Let assistive technology see time lines as sliders whose value is the time at the cursor
+/// line. Called by each time line that is made; works once.
+void InstallTimeLineAccess();
+
+/// \brief Notify assistive technology that the value has changed.
+void NotifyTimeLineAccess(CAnimationProgressBar &bar);
+
 } // namespace Vantor
