@@ -147,7 +147,8 @@ void CAccountPasswordWidget::OnRefreshVerifyCode()
     d_ptr_->ptr_verify_widget_->ClearEdit();
     d_ptr_->image_error_ = error;
     ShowFault(has_image ? LoginFault::None : LoginFault::NoImage);
-    Settle(); // the request has blocked the GUI thread
+    if (d_ptr_->phase_ != LoginPhase::Checking) // the presenter of a tip may run an event loop
+        Settle();                               // the request has blocked the GUI thread
 }
 
 void CAccountPasswordWidget::OnUserNameChanged()
@@ -305,8 +306,9 @@ void CAccountPasswordWidget::Submit(QObject *edit, QEvent *key)
     if (!alive)
         return;
     Q_EMIT SignalReturnPressed();
-    // The entry ignores the key, so a dialog would click its default button and log in again.
-    if (alive && d_ptr_->phase_ != LoginPhase::Ready)
+    // The entry ignores the key, so a dialog would click its default button and log in again, even
+    // if the host's slot is queued.
+    if (alive && (d_ptr_->ptr_login_button_ || d_ptr_->phase_ != LoginPhase::Ready))
         key->accept();
 }
 

@@ -62,8 +62,9 @@ public:
     /// \brief Empty the whole form and hide the verification code. An answer that is still on its
     /// way no longer shows it.
     void Clear();
-    /// \brief Empty the form for the next attempt of the same user. The user name stays, and if the
-    /// last answer asks for a verification code, the code appears.
+    /// \brief Empty the form for the next attempt of the same user and hide the verification code.
+    /// The user name stays. If an answer that is still on its way asks for a code, the code
+    /// appears.
     void RestoreUI();
 
     [[nodiscard]] QPointer<CPasswordFrame> GetPasswordEditWidget();
