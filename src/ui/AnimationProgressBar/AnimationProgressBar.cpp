@@ -101,17 +101,17 @@ void CAnimationProgressBar::Show(const LineView &view)
     const bool is_rescaled = view.scale_length_px != d_ptr_->view_.scale_length_px
                              || view.time_length_s != d_ptr_->view_.time_length_s;
     const bool is_moved = view.position_ms != d_ptr_->shown_ms_;
+    // Label and tip may have the end of a slide that begins now.
+    const bool is_other_time = is_moved || view.position_ms != d_ptr_->view_.position_ms;
     d_ptr_->view_ = view;
     d_ptr_->shown_ms_ = view.position_ms;
     update();
     if (is_rescaled && d_ptr_->drag_)
         d_ptr_->drag_->GoOnFrom(view.position_ms);
-    if (is_moved) {
-        RefreshCalendarLabel(GetCurrentUTCTime());
+    if (is_other_time || is_rescaled)
+        RefreshTexts();
+    if (is_moved)
         NotifyTimeLineAccess(*this);
-    }
-    if (is_moved || is_rescaled)
-        RefreshTip();
     const QPointer<CAnimationProgressBar> self(this);
     if (is_rescaled)
         Q_EMIT SignalScaleChanged();
@@ -166,6 +166,7 @@ void CAnimationProgressBar::SetUnitScale(double scale_length_px, double time_len
         return;
     StopScale();
     LineView view = d_ptr_->view_;
+    view.position_ms = d_ptr_->shown_ms_; // a slide that has not begun yet begins from here
     view.time_length_s = std::min(time_length_s, kLongestUnitSeconds);
     const double wanted = scale_length_px / view.time_length_s;
     const double held = HeldScale(wanted);

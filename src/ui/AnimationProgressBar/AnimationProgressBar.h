@@ -193,6 +193,8 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
+    friend class CTimeLineAccess; // moves the line as the user
+
     // Zone
     [[nodiscard]] bool IsWithinDST(unsigned int seconds) const;
     void RecalculateDSTSeconds();
@@ -209,7 +211,7 @@ private:
     void StepMotion();
     void EndMotion();
     void FinishMotion();
-    void EndUnseen();
+    void LetGo();
     void EndSlide();
     void Settle();
     void TellStop();
@@ -223,6 +225,7 @@ private:
     bool Escape();
     void PlaceTip(const LineTip &tip);
     void RefreshTip();
+    void RefreshTexts();
     // Picture
     void PaintRuler(QPainter &painter) const;
     void PaintCursorLine(QPainter &painter, int lower_px) const;

@@ -12,6 +12,8 @@ namespace {
 constexpr qint64 kFirstSecond = -62135596800;
 constexpr qint64 kLastSecond = 253402300799;
 
+} // namespace
+
 class CTimeLineAccess : public QAccessibleWidget, public QAccessibleValueInterface
 {
 public:
@@ -42,7 +44,8 @@ public:
     [[nodiscard]] QVariant currentValue() const override { return Bar().GetCurrentUTCTime(); }
     void setCurrentValue(const QVariant &value) override
     {
-        Bar().SetPosition(qBound(kFirstSecond, value.toLongLong(), kLastSecond) * 1000);
+        if (!Bar().IsPressed() && !Bar().IsMoving())
+            Bar().SlideByUser(qBound(kFirstSecond, value.toLongLong(), kLastSecond) * 1000);
     }
     [[nodiscard]] QVariant maximumValue() const override { return kLastSecond; }
     [[nodiscard]] QVariant minimumValue() const override { return kFirstSecond; }
@@ -54,6 +57,8 @@ private:
         return *static_cast<CAnimationProgressBar *>(widget());
     }
 };
+
+namespace {
 
 QAccessibleInterface *NewAccess(const QString & /*class_name*/, QObject *object)
 {

@@ -62,7 +62,10 @@ void CAnimationProgressBar::EndMotion()
 {
     d_ptr_->motion_ = {};
     d_ptr_->motion_tick_.stop();
+    if (d_ptr_->view_.position_ms == d_ptr_->shown_ms_)
+        return;
     d_ptr_->view_.position_ms = d_ptr_->shown_ms_;
+    RefreshTexts();
 }
 
 void CAnimationProgressBar::EndSlide()
@@ -155,14 +158,15 @@ void CAnimationProgressBar::hideEvent(QHideEvent *event)
     QWidget::hideEvent(event);
     // Queued, because Qt does not bear that a slot deletes the widget while it is being hidden.
     QMetaObject::invokeMethod(
-        this, [this] { EndUnseen(); }, Qt::QueuedConnection);
+        this, [this] { LetGo(); }, Qt::QueuedConnection);
 }
 
-// The user does not see the rest of the way, and the mouse has gone.
-void CAnimationProgressBar::EndUnseen()
+// A hidden or disabled bar gets no release of the mouse, and nobody sees the rest of the way.
+void CAnimationProgressBar::LetGo()
 {
-    if (isVisible())
+    if (isVisible() && isEnabled())
         return;
+    d_ptr_->ptr_mouse_delegate_ = nullptr;
     const QPointer<CAnimationProgressBar> self(this);
     FinishMotion();
     if (self)

@@ -139,6 +139,13 @@ void CAnimationProgressBar::PaintRuler(QPainter &painter) const
     }
 }
 
+// Of the label and of a visible tip.
+void CAnimationProgressBar::RefreshTexts()
+{
+    RefreshCalendarLabel(GetCurrentUTCTime());
+    RefreshTip();
+}
+
 void CAnimationProgressBar::RefreshCalendarLabel(qint64 seconds)
 {
     const QLocale locale = LocaleOf(*this);
@@ -189,16 +196,20 @@ void CAnimationProgressBar::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     PlaceCalendarLabel();
+    RefreshTip();
 }
 
 void CAnimationProgressBar::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
     switch (event->type()) {
+    case QEvent::EnabledChange: // queued as for hiding
+        QMetaObject::invokeMethod(
+            this, [this] { LetGo(); }, Qt::QueuedConnection);
+        break;
     case QEvent::LanguageChange:
     case QEvent::LocaleChange:
-        RefreshCalendarLabel(GetCurrentUTCTime());
-        RefreshTip();
+        RefreshTexts();
         [[fallthrough]];
     case QEvent::StyleChange:
     case QEvent::PaletteChange:

@@ -33,8 +33,7 @@ void CAnimationProgressBar::SetTimeZoneInfor(const CTimeZoneParam &zone)
     RecalculateDSTSeconds();
     RecalculateTimeSpecOffset();
     update();
-    RefreshCalendarLabel(GetCurrentUTCTime());
-    RefreshTip();
+    RefreshTexts();
 }
 
 int CAnimationProgressBar::TimeSpecOffset() const

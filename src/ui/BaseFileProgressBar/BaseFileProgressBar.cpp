@@ -82,8 +82,9 @@ CBaseFileProgressBar::NewATimeBarParam(std::shared_ptr<TimeSliderFile> file,
     bar.dtEnd = file->GetFileEndTime();
     if (convert) {
         RunGuarded(kFunction, [&] { // a host's function may throw
-            bar.dtStart = convert(bar.dtStart);
-            bar.dtEnd = convert(bar.dtEnd);
+            const qint64 start_s = convert(bar.dtStart);
+            bar.dtEnd = convert(bar.dtEnd); // both or neither
+            bar.dtStart = start_s;
         });
     }
     return CTimeBarParam(bar);
@@ -91,14 +92,16 @@ CBaseFileProgressBar::NewATimeBarParam(std::shared_ptr<TimeSliderFile> file,
 
 void CBaseFileProgressBar::SetFiles(const Files &files, bool byFileType, const Convert &convert)
 {
+    const QVector<CTimeBarParam> bars = BarsOf(files, byFileType, convert);
     TimeBarDelegate()->Clear(false);
-    TimeBarDelegate()->AppendTimeBar(BarsOf(files, byFileType, convert));
+    TimeBarDelegate()->AppendTimeBar(bars);
 }
 
 void CBaseFileProgressBar::SetSyncFiles(const Files &files, bool byFileType, const Convert &convert)
 {
+    const QVector<CTimeBarParam> bars = BarsOf(files, byFileType, convert);
     TimeBarDelegate()->ClearSyncTimeBar();
-    TimeBarDelegate()->AppendSyncTimeBar(BarsOf(files, byFileType, convert));
+    TimeBarDelegate()->AppendSyncTimeBar(bars);
 }
 
 QString CBaseFileProgressBar::TipAtPos(const QPointF &pos) const
