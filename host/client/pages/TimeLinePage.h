@@ -63,6 +63,7 @@ private:
     void ShowTime();
     [[nodiscard]] QString TimeText(const Vantor::CTimeBarParam &bar) const;
     void ScaleOverview();
+    void HideHelpWithoutRoom();
     void Retranslate();
     [[nodiscard]] bool IsDayShown() const;
 
