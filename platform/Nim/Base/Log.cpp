@@ -6,6 +6,7 @@
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QString>
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
@@ -49,32 +50,43 @@ CSink &CurrentSink()
     return *sink;
 }
 
-NIM_PRINTF_FORMAT(1, 0) std::string FormatText(const char *format, va_list arguments)
+constexpr size_t kUsualLength = 512; // in bytes; longer lines are formatted twice
+
+NIM_PRINTF_FORMAT(2, 0)
+void AppendText(std::string &line, const char *format, va_list arguments)
 {
-    char usual[512]; // longer lines are formatted twice
+    char usual[kUsualLength];
     va_list measured;
     va_copy(measured, arguments);
     const int length = std::vsnprintf(usual, sizeof usual, format, measured);
     va_end(measured);
     if (length <= 0)
-        return {};
-    if (static_cast<size_t>(length) < sizeof usual)
-        return {usual, static_cast<size_t>(length)};
-    std::string text(static_cast<size_t>(length) + 1, '\0');
-    std::vsnprintf(text.data(), text.size(), format, arguments);
-    text.pop_back();
-    return text;
+        return;
+    const auto size = static_cast<size_t>(length);
+    if (size < sizeof usual) {
+        line.append(usual, size);
+        return;
+    }
+    const size_t before = line.size();
+    line.resize(before + size + 1);
+    std::vsnprintf(line.data() + before, size + 1, format, arguments);
+    line.pop_back();
+}
+
+bool IsControlCharacter(char c)
+{
+    constexpr unsigned char kFirstPrintable = 0x20;
+    constexpr unsigned char kDelete = 0x7f;
+    const auto code = static_cast<unsigned char>(c);
+    return code < kFirstPrintable || code == kDelete;
 }
 
 std::string EscapeControlCharacters(const std::string &text)
 {
-    constexpr unsigned char kFirstPrintable = 0x20;
-    constexpr unsigned char kDelete = 0x7f;
     std::string line;
     line.reserve(text.size());
     for (const char c : text) {
-        const auto code = static_cast<unsigned char>(c);
-        if (code >= kFirstPrintable && code != kDelete) {
+        if (!IsControlCharacter(c)) {
             line += c;
         } else if (c == '\n') {
             line += "\\n";
@@ -84,7 +96,8 @@ std::string EscapeControlCharacters(const std::string &text)
             line += "\\t";
         } else {
             char escape[8];
-            std::snprintf(escape, sizeof escape, "\\x%02x", static_cast<unsigned>(code));
+            std::snprintf(escape, sizeof escape, "\\x%02x",
+                          static_cast<unsigned>(static_cast<unsigned char>(c)));
             line += escape;
         }
     }
@@ -101,7 +114,11 @@ const char *BaseName(const char *path)
 
 void Deliver(int level, const char *category, const std::string &text)
 {
-    (*CurrentSink().Get())(level, category, EscapeControlCharacters(text));
+    const auto sink = CurrentSink().Get();
+    if (std::none_of(text.begin(), text.end(), IsControlCharacter))
+        (*sink)(level, category, text);
+    else
+        (*sink)(level, category, EscapeControlCharacters(text));
 }
 
 } // namespace
@@ -116,7 +133,9 @@ void Write(int level, const char *category, const char *format, ...)
     va_list arguments;
     va_start(arguments, format);
     try {
-        Deliver(level, category, FormatText(format, arguments));
+        std::string text;
+        AppendText(text, format, arguments);
+        Deliver(level, category, text);
     } catch (...) { // out of memory, or the sink threw: logging must not stop its caller
     }
     va_end(arguments);
@@ -128,8 +147,10 @@ void WriteFramed(const char *function, const char *file, int line, int level, co
     va_list arguments;
     va_start(arguments, format);
     try {
-        std::string text = "[";
-        text.append(function).append("]").append(FormatText(format, arguments));
+        std::string text;
+        text.reserve(kUsualLength);
+        text.append("[").append(function).append("]");
+        AppendText(text, format, arguments);
         text.append("[")
             .append(BaseName(file))
             .append("(")
