@@ -364,6 +364,11 @@ private Q_SLOTS:
         QTRY_VERIFY(Dock()->isVisible());
         Click(window_.get());
         QVERIFY(Slide()); // clicks outside count again
+        window_->hide();
+        window_->show();
+        Manager().SetDockWidget(&frame, RulePointer(&rule_), 300);
+        QCoreApplication::processEvents();
+        QVERIFY(Dock()->isVisible() && frame.window() == Dock());
     }
 
     void unusedKeysAreTheWindows()

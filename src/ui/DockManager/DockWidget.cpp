@@ -305,9 +305,10 @@ void CDockWidget::FollowWindow()
 {
     const bool is_away = d_ptr_->ptr_window_watch_->IsAway();
     if (is_away && isVisible()) {
-        if (d_ptr_->phase_ == DockPhase::SlidingOut)
-            QTimer::singleShot(0, this, &QWidget::hide);
-        d_ptr_->phase_ = DockPhase::AwayWithWindow;
+        const bool is_leaving = d_ptr_->phase_ == DockPhase::SlidingOut;
+        d_ptr_->phase_ = is_leaving ? DockPhase::GoneWithWindow : DockPhase::AwayWithWindow;
+        if (is_leaving)
+            QTimer::singleShot(0, this, &CDockWidget::EndGone);
         d_ptr_->slide_.Stop();
         qApp->removeEventFilter(this);
         SetSlideSize(QSize(DockWidth(d_ptr_->width_px_), height()));
@@ -319,6 +320,14 @@ void CDockWidget::FollowWindow()
         QFrame::setVisible(true);
         raise();
     }
+}
+
+// Not at once, because a host must not be called while Qt hides its window. A host may have shown
+// the dock again meanwhile.
+void CDockWidget::EndGone()
+{
+    if (d_ptr_->phase_ == DockPhase::GoneWithWindow)
+        hide();
 }
 
 void CDockWidget::OnWindowDestroyed(const QObject *window)
@@ -334,8 +343,9 @@ void CDockWidget::hideEvent(QHideEvent *event)
 {
     QFrame::hideEvent(event);
     // Not when only its window is hidden or minimised: it comes back as it was.
-    const bool is_explicit = isHidden() && !event->spontaneous();
-    if (is_explicit && d_ptr_->phase_ != DockPhase::AwayWithWindow)
+    const bool is_with_window =
+        d_ptr_->phase_ == DockPhase::AwayWithWindow || d_ptr_->phase_ == DockPhase::GoneWithWindow;
+    if (isHidden() && !event->spontaneous() && !is_with_window)
         LetGo();
 }
 

@@ -100,6 +100,7 @@ private:
     void StandAt(QWidget *widget);
     void OnShownOrHidden();
     void FollowWindow();
+    void EndGone();
     void OnWindowDestroyed(const QObject *window);
 
     [[nodiscard]] DockSituation SituationAt(int width) const;

@@ -23,6 +23,7 @@ enum class DockPhase {
     Shown,
     SlidingOut,
     AwayWithWindow, // shown, but its window is hidden or minimised
+    GoneWithWindow, // was sliding out then, and does not come back: lets its frame go next
 };
 
 struct CDockWidgetPtr

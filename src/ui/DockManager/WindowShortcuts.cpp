@@ -61,6 +61,8 @@ QShortcut *FindShortcut(const QWidget *window, const QKeySequence &keys)
 bool ActivateShortcut(QWidget *window, const QKeyEvent &event)
 {
     const QKeySequence keys(int(event.modifiers() & ~Qt::KeypadModifier) | event.key());
+    if (keys.isEmpty()) // from an input method; a shortcut without keys would match
+        return false;
     if (QAction *const action = FindAction(window, keys)) {
         if (event.isAutoRepeat() && !action->autoRepeat())
             return true;
