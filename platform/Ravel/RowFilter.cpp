@@ -29,29 +29,38 @@ bool IsLatin(const QString &text)
                        [](QChar character) { return character.unicode() <= 0xFF; });
 }
 
-// Looks for the first and the last byte of `needle` at 16 places at once. Rows are short and there
-// are a million of them, so a search that has to prepare itself would not pay.
+// Looks for the first and the last byte of `needle` at 16 places at once; the last 16 places
+// overlap those before. Rows are short and there are a million of them, so a search that has to
+// prepare itself would not pay.
 size_t Find(std::string_view row, std::string_view needle, size_t from)
 {
 #if defined(__SSE2__)
     constexpr size_t kStep = sizeof(__m128i);
     const size_t last = needle.size() - 1; // a filter by no text has no needle
+    if (last == 0 || row.size() < last + kStep)
+        return row.find(needle, from);
     const __m128i first_byte = _mm_set1_epi8(needle.front());
     const __m128i last_byte = _mm_set1_epi8(needle.back());
-    for (; from + last + kStep <= row.size(); from += kStep) {
-        const char *const at = row.data() + from;
+    const size_t end = row.size() - last; // of the places
+    while (from < end) {
+        const size_t begin = std::min(from, end - kStep);
+        const char *const at = row.data() + begin;
         const __m128i hits = _mm_and_si128(
             _mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i *>(at)), first_byte),
             _mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i *>(at + last)),
                            last_byte));
-        for (auto bits = static_cast<uint>(_mm_movemask_epi8(hits)); bits; bits &= bits - 1) {
-            const uint place = qCountTrailingZeroBits(bits);
-            if (std::memcmp(at + place, needle.data(), needle.size()) == 0)
-                return from + place;
+        auto bits = static_cast<uint>(_mm_movemask_epi8(hits)) >> (from - begin);
+        for (; bits; bits &= bits - 1) {
+            const size_t place = from + qCountTrailingZeroBits(bits);
+            if (last == 1 || std::memcmp(row.data() + place + 1, needle.data() + 1, last - 1) == 0)
+                return place;
         }
+        from = begin + kStep;
     }
-#endif
+    return std::string_view::npos;
+#else
     return row.find(needle, from);
+#endif
 }
 
 // The two spellings that a text can have in a block.
@@ -151,16 +160,24 @@ struct CRowFilterPtr
 {
     virtual ~CRowFilterPtr() = default;
     virtual bool Accepts(const CTextBlock &texts, int columns) const = 0;
+    virtual int ListCount() const { return 0; }
+    virtual bool ListAccepts(const CTextBlock &, int) const { return true; }
 };
 
 namespace {
 
 struct CWithText : CRowFilterPtr
 {
-    explicit CWithText(const QString &text) : needle(text) {}
+    explicit CWithText(const QString &text) : needle(text)
+    {
+        const ushort unit = text.front().unicode();
+        has_own_letter = text.size() == 1 && unit < 0x80 && QChar(unit).isLetterOrNumber();
+    }
 
     bool Accepts(const CTextBlock &texts, int columns) const override
     {
+        if (has_own_letter && !texts.IsWide() && texts.Count() <= columns)
+            return (texts.Letters() & LetterOf(QChar(needle.wide.front()))) != 0;
         columns = std::min(columns, texts.Count());
         if (texts.IsWide())
             return HasInOneColumn(texts, texts.Wide(0, columns), needle);
@@ -168,6 +185,7 @@ struct CWithText : CRowFilterPtr
     }
 
     CNeedle needle;
+    bool has_own_letter; // one character, and no other has its bit
 };
 
 struct CWithLists : CRowFilterPtr
@@ -180,21 +198,25 @@ struct CWithLists : CRowFilterPtr
 
     bool Accepts(const CTextBlock &texts, int columns) const override
     {
-        columns = std::min(columns, texts.Count());
-        return texts.IsWide() ? Passes(
-                   [&](int i) { return i < columns ? texts.Wide(i) : std::u16string_view(); })
-                              : Passes([&](int i) {
-                                    return i < columns ? texts.Latin(i) : std::string_view();
-                                });
+        bool is_accepted = true;
+        for (int column = 0; is_accepted && column < ListCount(); ++column)
+            is_accepted =
+                column < columns ? ListAccepts(texts, column) : Has(std::string_view(), column);
+        return is_accepted;
     }
 
-    template <class TextOf> bool Passes(TextOf &&text_of) const
+    int ListCount() const override { return static_cast<int>(names.size()) + 1; }
+
+    bool ListAccepts(const CTextBlock &texts, int column) const override
     {
-        if (!range.Has(text_of(0)))
-            return false;
-        int column = 0;
-        return std::all_of(names.cbegin(), names.cend(),
-                           [&](const CNames &list) { return list.Has(text_of(++column)); });
+        if (column >= texts.Count())
+            return Has(std::string_view(), column);
+        return texts.IsWide() ? Has(texts.Wide(column), column) : Has(texts.Latin(column), column);
+    }
+
+    template <class View> bool Has(View text, int column) const
+    {
+        return column == 0 ? range.Has(text) : names[static_cast<size_t>(column) - 1].Has(text);
     }
 
     CRange range;
@@ -210,6 +232,8 @@ CRowFilter CRowFilter::WithText(const QString &text)
     CRowFilter filter;
     if (!text.isEmpty())
         filter.d_ptr_ = std::make_shared<const CWithText>(text);
+    for (const QChar character : text)
+        filter.letters_ |= LetterOf(character);
     return filter;
 }
 
@@ -224,6 +248,16 @@ CRowFilter CRowFilter::WithLists(const std::vector<QStringList> &lists)
 bool CRowFilter::Accepts(const CTextBlock &texts, int columns) const
 {
     return !d_ptr_ || d_ptr_->Accepts(texts, columns);
+}
+
+int CRowFilter::ListCount() const
+{
+    return d_ptr_ ? d_ptr_->ListCount() : 0;
+}
+
+bool CRowFilter::ListAccepts(const CTextBlock &texts, int column) const
+{
+    return d_ptr_->ListAccepts(texts, column);
 }
 
 } // namespace Ravel

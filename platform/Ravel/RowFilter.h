@@ -32,14 +32,25 @@ public:
     /// lets every text pass. Each other list names the texts that pass.
     [[nodiscard]] static CRowFilter WithLists(const std::vector<QStringList> &lists);
 
+    /// \brief Whether a row with these CTextBlock::Letters() may pass; otherwise Accepts() is
+    /// false.
+    [[nodiscard]] bool MayAccept(quint64 letters) const { return (letters & letters_) == letters_; }
+
     /// \brief Whether a row passes whose first \a columns texts count; a missing one is empty.
     [[nodiscard]] bool Accepts(const CTextBlock &texts, int columns) const;
+
+    /// \brief How many lists WithLists() was given; 0 for a filter by text.
+    [[nodiscard]] int ListCount() const;
+    /// \brief Whether the text of \a column, below ListCount(), passes its list; a missing one is
+    /// empty.
+    [[nodiscard]] bool ListAccepts(const CTextBlock &texts, int column) const;
 
     /// \brief Whether every row passes.
     [[nodiscard]] bool AcceptsAll() const { return !d_ptr_; }
 
 private:
     std::shared_ptr<const CRowFilterPtr> d_ptr_;
+    quint64 letters_ = 0; // that a row has to have
 };
 
 } // namespace Ravel

@@ -2,22 +2,54 @@
 #include "Ravel/TextBlock.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 namespace Ravel {
+namespace {
+
+using Letters = std::array<quint64, 256>;
+
+constexpr Letters MakeLetters()
+{
+    constexpr unsigned kOtherAscii = 62;
+    constexpr unsigned kBeyondAscii = 63;
+    Letters letters{};
+    for (unsigned byte = 0; byte < letters.size(); ++byte)
+        letters[byte] = quint64{1} << (byte < 0x80 ? kOtherAscii : kBeyondAscii);
+    unsigned bit = 0;
+    for (unsigned byte = 'a'; byte <= 'z'; ++byte)
+        letters[byte] = quint64{1} << bit++;
+    for (unsigned byte = 'A'; byte <= 'Z'; ++byte)
+        letters[byte] = quint64{1} << bit++;
+    for (unsigned byte = '0'; byte <= '9'; ++byte)
+        letters[byte] = quint64{1} << bit++;
+    return letters;
+}
+
+constexpr Letters kLetters = MakeLetters();
+
+} // namespace
+
+quint64 LetterOf(QChar character)
+{
+    return kLetters[character.cell()];
+}
 
 CTextBlock::CTextBlock(const QStringList &texts)
 {
     if (texts.isEmpty())
         return;
     size_t length = 0;
-    bool is_wide = false;
+    ushort all_bits = 0;
     for (const QString &text : texts) {
         length += static_cast<size_t>(text.size());
-        is_wide = is_wide || std::any_of(text.cbegin(), text.cend(), [](QChar character) {
-                      return character.unicode() > 0xFF;
-                  });
+        for (const QChar character : text) {
+            all_bits |= character.unicode();
+            letters_ |= kLetters[character.cell()];
+        }
     }
+    const bool is_wide = all_bits > 0xFF;
     const bool has_wide_ends = length > std::numeric_limits<quint16>::max();
     const quint32 head = static_cast<quint32>(texts.size()) << 2U | (has_wide_ends ? kWideEnds : 0)
                          | (is_wide ? kWideText : 0);

@@ -20,6 +20,10 @@ inline void Prefetch(const void *place)
 #endif
 }
 
+/// \brief One bit of 64 for a character. Letters and digits of ASCII have one each; a character
+/// beyond U+00FF shares the bit of its low byte.
+[[nodiscard]] VANTOR_PLATFORM_EXPORT quint64 LetterOf(QChar character);
+
 /// \brief The texts of one row in a single piece of memory, because a list has a million of them.
 ///
 /// The texts stand one behind the other, as Latin-1 where every character allows it and as UTF-16
@@ -44,6 +48,10 @@ public:
     [[nodiscard]] int Count() const { return ptr_bytes_ ? static_cast<int>(Head() >> 2U) : 0; }
     /// \brief Whether the texts are UTF-16: then Wide() reads them, otherwise Latin().
     [[nodiscard]] bool IsWide() const { return ptr_bytes_ && (Head() & kWideText); }
+
+    /// \brief LetterOf() of all characters: most rows that lack a keyword lack one of its letters,
+    /// and this is found without reading the texts.
+    [[nodiscard]] quint64 Letters() const { return letters_; }
 
     /// \brief The text of \a column; empty outside 0 to Count() - 1.
     [[nodiscard]] QString Text(int column) const;
@@ -91,6 +99,7 @@ private:
 
     // The number of columns above the two flags, the ends, the texts.
     std::unique_ptr<uchar[]> ptr_bytes_;
+    quint64 letters_ = 0;
 };
 
 } // namespace Ravel

@@ -11,6 +11,7 @@
 #include <numeric>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace Ravel {
 namespace {
@@ -172,11 +173,11 @@ private:
 
 } // namespace
 
-CTextRanks::CTextRanks(const std::vector<int> &rank_of_row, int rank_count)
-    : begins_(static_cast<size_t>(rank_count) + 1)
+CTextRanks::CTextRanks(const std::vector<int> &rank_of_row, std::vector<bool> is_mixed)
+    : is_mixed_(std::move(is_mixed)), begins_(is_mixed_.size() + 1)
 {
-    constexpr int kMostFew = 1 << 16;
-    if (rank_count <= kMostFew)
+    constexpr size_t kMostFew = 1 << 16;
+    if (is_mixed_.size() <= kMostFew)
         few_.assign(rank_of_row.cbegin(), rank_of_row.cend());
     else
         many_ = rank_of_row;
@@ -241,6 +242,12 @@ std::shared_ptr<const CTextRanks> CRankBuilder::Take()
     }
     int count = 0;
     const std::vector<int> rank_of_text = CRanking(texts).Ranks(count);
+    std::vector<bool> is_mixed(static_cast<size_t>(count));
+    std::vector<bool> is_met(is_mixed);
+    for (const int rank : rank_of_text) {
+        is_mixed[static_cast<size_t>(rank)] = is_met[static_cast<size_t>(rank)];
+        is_met[static_cast<size_t>(rank)] = true;
+    }
     bool is_short = false;
     for (int &text : text_of_row_) {
         is_short = is_short || text < 0;
@@ -250,7 +257,9 @@ std::shared_ptr<const CTextRanks> CRankBuilder::Take()
             text =
                 rank_of_text[static_cast<size_t>(text % 2 ? latin_.Count() + text / 2 : text / 2)];
     }
-    return std::make_shared<const CTextRanks>(text_of_row_, is_short ? count + 1 : count);
+    if (is_short)
+        is_mixed.push_back(false);
+    return std::make_shared<const CTextRanks>(text_of_row_, std::move(is_mixed));
 }
 
 } // namespace Ravel

@@ -17,8 +17,9 @@ class CTextBlock;
 class VANTOR_PLATFORM_EXPORT CTextRanks
 {
 public:
-    /// \param rank_of_row  from 0 to \a rank_count - 1.
-    CTextRanks(const std::vector<int> &rank_of_row, int rank_count);
+    /// \param rank_of_row  from 0 to the number of ranks - 1.
+    /// \param is_mixed     by rank: whether its texts differ in case.
+    CTextRanks(const std::vector<int> &rank_of_row, std::vector<bool> is_mixed);
 
     [[nodiscard]] int Rank(int row) const
     {
@@ -28,6 +29,8 @@ public:
     {
         return static_cast<int>(few_.empty() ? many_.size() : few_.size());
     }
+    /// \brief Whether rows of \a rank have different texts, such as "Door" and "door".
+    [[nodiscard]] bool IsMixed(int rank) const { return is_mixed_[static_cast<size_t>(rank)]; }
     [[nodiscard]] int RankCount() const { return static_cast<int>(begins_.size()) - 1; }
 
     /// \brief \a order, which has all rows, sorted; rows of one rank stay in the order they had.
@@ -39,6 +42,7 @@ private:
 
     std::vector<quint16> few_; // up to 65,536 ranks fit into half the memory
     std::vector<int> many_;
+    std::vector<bool> is_mixed_;
     std::vector<int> begins_; // how many rows are of a lower rank
 };
 

@@ -16,7 +16,7 @@
 namespace Ravel {
 namespace {
 
-constexpr size_t kRowsAhead = 12;
+constexpr size_t kRowsAhead = 24;
 
 } // namespace
 
@@ -67,6 +67,7 @@ bool CTreeViewModel::InsertTopLevelItems(int row, const QList<CTreeViewItem *> &
     }
     auto &pages = d_ptr_->vec_pages_;
     pages.insert(pages.begin() + row, static_cast<size_t>(items.size()), kNoPage);
+    d_ptr_->ForgetLetters(row);
     d_ptr_->Renumber(d_ptr_->root_, row + items.size());
     if (has_extras)
         d_ptr_->AdoptPages(row, items.size());
@@ -103,26 +104,21 @@ bool CTreeViewModel::Accepts(int row, const CRowFilter &filter) const
 
 CRowSet CTreeViewModel::AcceptedRows(const CRowFilter &filter, const CRowSet *within) const
 {
+    if (auto ranked = d_ptr_->AcceptedByRanks(filter); ranked && !within)
+        return *std::move(ranked);
     const auto &rows = d_ptr_->Rows();
-    const int count = static_cast<int>(rows.size());
+    CRowSet accepted(static_cast<int>(rows.size()));
     const int columns = d_ptr_->list_labels_.size();
-    CRowSet accepted(count);
-    const auto take = [&](int row) {
-        if (filter.Accepts(rows[static_cast<size_t>(row)]->texts_, columns))
-            accepted.Add(row);
-    };
-    if (within) {
-        within->ForEach(take);
-        return accepted;
-    }
-    for (int row = 0; row < count; ++row) {
+    const std::vector<int> candidates = d_ptr_->Candidates(filter, within);
+    for (size_t i = 0; i < candidates.size(); ++i) {
         // Rows are anywhere in memory: fetch a row's item and then its texts some rows ahead.
-        const size_t ahead = static_cast<size_t>(row) + kRowsAhead;
-        if (ahead + kRowsAhead < rows.size()) {
-            Prefetch(rows[ahead + kRowsAhead].get());
-            rows[ahead]->texts_.Prefetch();
+        const size_t ahead = i + kRowsAhead;
+        if (ahead + kRowsAhead < candidates.size()) {
+            Prefetch(rows[static_cast<size_t>(candidates[ahead + kRowsAhead])].get());
+            rows[static_cast<size_t>(candidates[ahead])]->texts_.Prefetch();
         }
-        take(row);
+        if (filter.Accepts(rows[static_cast<size_t>(candidates[i])]->texts_, columns))
+            accepted.Add(candidates[i]);
     }
     return accepted;
 }
@@ -246,8 +242,10 @@ bool CTreeViewModel::setData(const QModelIndex &index, const QVariant &value, in
         const auto lock = is_text ? d_ptr_->ForChange() : std::unique_lock<std::mutex>();
         ItemFromIndex(index)->SetData(index.column(), role, value);
     }
-    if (is_text)
+    if (is_text) {
+        d_ptr_->ReadLetters(*ItemFromIndex(index));
         d_ptr_->ptr_ranks_->Forget();
+    }
     d_ptr_->pages_version_ += role == kPageTagRole ? 1 : 0;
     Q_EMIT dataChanged(index, index,
                        is_text ? QVector<int>{Qt::DisplayRole, Qt::EditRole} : QVector<int>{role});
@@ -283,6 +281,7 @@ bool CTreeViewModel::removeRows(int row, int count, const QModelIndex &parent)
     if (!parent.isValid()) {
         auto &pages = d_ptr_->vec_pages_;
         pages.erase(pages.begin() + row, pages.begin() + row + count);
+        d_ptr_->ForgetLetters(row);
         d_ptr_->b_tree_ = d_ptr_->b_tree_ && !rows.empty();
     }
     d_ptr_->Renumber(above, row);

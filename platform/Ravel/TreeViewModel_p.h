@@ -10,11 +10,14 @@
 
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 namespace Ravel {
 
 class CRankKeeper;
+class CRowFilter;
+class CRowSet;
 
 struct CTreeViewModelPtr
 {
@@ -42,12 +45,18 @@ struct CTreeViewModelPtr
     void Renumber(CTreeViewItem &above, int first);
     void AdoptPages(int first, int count);
     void DropForeign(int row);
+    std::vector<int> Candidates(const CRowFilter &filter, const CRowSet *within);
+    void ReadLetters(const CTreeViewItem &item);
+    void ForgetLetters(int first);
+    std::optional<CRowSet> AcceptedByRanks(const CRowFilter &filter);
     bool WritePage(int begin, int end, int page);
     bool WritePage(const int *rows, int count, int page);
 
     CTreeViewItem root_; // above the top-level items; never shown
     QStringList list_labels_;
     std::vector<int> vec_pages_; // of the top-level rows
+    // CTextBlock::Letters() of the first top-level rows, side by side; read on demand.
+    std::vector<quint64> vec_letters_;
     bool b_tree_ = false;
     bool b_changing_rows_ = false;
     quint64 pages_version_ = 1;

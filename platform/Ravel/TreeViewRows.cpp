@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The rows of a model and their pages, without the signals.
 #include "Ravel/PageTag.h"
+#include "Ravel/RankKeeper.h"
+#include "Ravel/RowFilter.h"
+#include "Ravel/RowSet.h"
 #include "Ravel/TreeViewModel_p.h"
 
 #include <algorithm>
@@ -33,6 +36,82 @@ void CTreeViewModelPtr::Renumber(CTreeViewItem &above, int first)
     auto &rows = above.ptr_extras_->vec_children_;
     for (size_t i = static_cast<size_t>(first); i < rows.size(); ++i)
         rows[i]->row_ = static_cast<int>(i);
+}
+
+// The rows out of `within`, null for all, that have every letter that the filter asks for.
+std::vector<int> CTreeViewModelPtr::Candidates(const CRowFilter &filter, const CRowSet *within)
+{
+    const auto count = static_cast<size_t>(root_.ChildCount());
+    const bool is_by_letters = !filter.MayAccept(0);
+    if (is_by_letters && vec_letters_.size() < count) {
+        vec_letters_.reserve(count);
+        while (vec_letters_.size() < count)
+            vec_letters_.push_back(Rows()[vec_letters_.size()]->texts_.Letters());
+    }
+    std::vector<int> rows((within ? static_cast<size_t>(within->Count()) : count) + 1);
+    size_t end = 0; // one place more is written, to do without a branch
+    const auto take = [&](int row) {
+        rows[end] = row;
+        end += !is_by_letters || filter.MayAccept(vec_letters_[static_cast<size_t>(row)]) ? 1 : 0;
+    };
+    if (within) {
+        within->ForEach(take);
+    } else {
+        for (size_t row = 0; row < count; ++row)
+            take(static_cast<int>(row));
+    }
+    rows.resize(end);
+    return rows;
+}
+
+void CTreeViewModelPtr::ReadLetters(const CTreeViewItem &item)
+{
+    if (item.ptr_parent_ == &root_ && static_cast<size_t>(item.row_) < vec_letters_.size())
+        vec_letters_[static_cast<size_t>(item.row_)] = item.texts_.Letters();
+}
+
+void CTreeViewModelPtr::ForgetLetters(int first)
+{
+    vec_letters_.resize(std::min(vec_letters_.size(), static_cast<size_t>(first)));
+}
+
+// By lists over columns that are ranked: a list is asked once for each rank, not for each row.
+std::optional<CRowSet> CTreeViewModelPtr::AcceptedByRanks(const CRowFilter &filter)
+{
+    enum : char { kUnknown, kAccepted, kRejected };
+    struct CColumn
+    {
+        CRankKeeper::Ranks ranks;
+        std::vector<char> verdicts; // by rank
+    };
+    std::vector<CColumn> columns;
+    for (int column = 0; column < filter.ListCount(); ++column) {
+        const auto ranks = column < list_labels_.size() ? ptr_ranks_->Known(column) : nullptr;
+        if (!ranks)
+            return std::nullopt;
+        columns.push_back({ranks, std::vector<char>(static_cast<size_t>(ranks->RankCount()))});
+    }
+    if (columns.empty())
+        return std::nullopt;
+    const auto accepts = [&](CColumn &column, int row) {
+        const int rank = column.ranks->Rank(row);
+        char &verdict = column.verdicts[static_cast<size_t>(rank)];
+        if (verdict != kUnknown)
+            return verdict == kAccepted;
+        const bool is_accepted =
+            filter.ListAccepts(Texts(row), static_cast<int>(&column - columns.data()));
+        if (!column.ranks->IsMixed(rank))
+            verdict = is_accepted ? kAccepted : kRejected;
+        return is_accepted;
+    };
+    const int count = root_.ChildCount();
+    CRowSet accepted(count);
+    for (int row = 0; row < count; ++row) {
+        if (std::all_of(columns.begin(), columns.end(),
+                        [&](CColumn &column) { return accepts(column, row); }))
+            accepted.Add(row);
+    }
+    return accepted;
 }
 
 // What came under the page's role with an item moves to where the model keeps pages.

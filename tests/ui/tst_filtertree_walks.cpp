@@ -23,12 +23,13 @@ constexpr int kWalks = 300;
 constexpr int kSteps = 80;
 constexpr int kMostRows = 60;
 
-// Latin-1, beyond it, outside the first plane; folding to one another, and empty.
+// Latin-1, beyond it (one with the low byte of "G"), outside the first plane; folding to one
+// another, and empty.
 QStringList Names()
 {
-    return {"gate",       "Gate",      "GATE 1", "gate 10", "",
-            "\u00B5s",    "\u03BCS",   "Größe",  "grösse",  "\u0628\u0627\u0628",
-            "\U00010400", "\U00010428"};
+    return {"gate",       "Gate",       "GATE 1",  "gate 10", "",
+            "\u00B5s",    "\u03BCS",    "Größe",   "grösse",  "\u0628\u0627\u0628",
+            "\U00010400", "\U00010428", "\u0147or"};
 }
 
 // A view with two models of its host's, beside the plain list with the same rows.
@@ -212,8 +213,8 @@ private:
 
     void KeyWord()
     {
-        static const QStringList keywords = {"",  "g",      "ga",     "gat",    "gate",
-                                             "1", "\u00F6", "\u0628", "no such"};
+        static const QStringList keywords = {"",  "g", "G",      "ga",     "gat",    "gate",
+                                             "1", "s", "\u00F6", "\u0628", "no such"};
         const QString keyword = keywords.at(Below(size_t(keywords.size())));
         view_.SetFilterKeyWord(keyword);
         plain_.SetKeyWord(keyword);
@@ -226,6 +227,8 @@ private:
             lists.push_back(Names().mid(Below(5), 6));
         if (Below(3) == 0)
             lists.push_back({"a", "b"});
+        for (int column = Model() && Below(2) ? 0 : 3; column < 3; ++column)
+            (void)Model()->Ranks(column); // lists are then asked by rank
         view_.SetFilterKeyWords(lists);
         plain_.SetLists(lists);
     }
