@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "list/IncidentList.h"
 
-#include <QtCore/QCollator>
 #include <QtCore/QLocale>
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
-#include <numeric>
 
 namespace Client {
 namespace {
@@ -16,7 +13,7 @@ bool ReadNumber(const QString &text, double &number)
 {
     bool is_number = false;
     number = QLocale::c().toDouble(text, &is_number);
-    return is_number && std::isfinite(number); // "nan" has no place in an order
+    return is_number && std::isfinite(number); // "nan" has no place among numbers
 }
 
 bool AreNumbers(const QVector<QString> &texts)
@@ -31,49 +28,6 @@ bool AreNumbers(const QVector<QString> &texts)
         has_number = true;
     }
     return has_number;
-}
-
-// The rank of each key in ascending order; equal keys share one.
-template <class Key> std::vector<int> RankKeys(const std::vector<Key> &keys)
-{
-    std::vector<int> order(keys.size());
-    std::iota(order.begin(), order.end(), 0);
-    std::sort(order.begin(), order.end(), [&keys](int a, int b) {
-        return keys[static_cast<size_t>(a)] < keys[static_cast<size_t>(b)];
-    });
-    std::vector<int> ranks(keys.size());
-    int rank = 0;
-    for (size_t i = 0; i < order.size(); ++i) {
-        const auto current = static_cast<size_t>(order[i]);
-        if (i > 0 && keys[static_cast<size_t>(order[i - 1])] < keys[current])
-            ++rank;
-        ranks[current] = rank;
-    }
-    return ranks;
-}
-
-std::vector<int> RankNumbers(const QVector<QString> &texts)
-{
-    std::vector<double> keys;
-    keys.reserve(static_cast<size_t>(texts.size()));
-    for (const QString &text : texts) {
-        double number = 0;
-        keys.push_back(ReadNumber(text, number) ? number
-                                                : -std::numeric_limits<double>::infinity());
-    }
-    return RankKeys(keys);
-}
-
-std::vector<int> RankTexts(const QVector<QString> &texts)
-{
-    QCollator collator{QLocale()};
-    collator.setNumericMode(true); // "B-52" before "B-727"
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
-    std::vector<QCollatorSortKey> keys;
-    keys.reserve(static_cast<size_t>(texts.size()));
-    for (const QString &text : texts)
-        keys.push_back(collator.sortKey(text));
-    return RankKeys(keys);
 }
 
 } // namespace
@@ -119,18 +73,6 @@ std::vector<char> CIncidentList::FindText(const QString &text) const
         }
     }
     return found;
-}
-
-std::vector<int> CIncidentList::Ranks(int column) const
-{
-    const IncidentColumn &data = columns_.at(column);
-    const std::vector<int> ranks =
-        IsNumeric(column) ? RankNumbers(data.texts) : RankTexts(data.texts);
-    std::vector<int> rank_of_row;
-    rank_of_row.reserve(static_cast<size_t>(base_rows_));
-    for (const int text : data.text_of_row)
-        rank_of_row.push_back(ranks[static_cast<size_t>(text)]);
-    return rank_of_row;
 }
 
 IncidentRows FindRows(const IncidentListPtr &list, const QString &text)

@@ -56,12 +56,6 @@ public:
     /// regard to case as in the window's list.
     [[nodiscard]] std::vector<char> FindText(const QString &text) const;
 
-    /// \brief For each row before any repetition its rank in the order of \a column; equal cells
-    /// share one.
-    ///
-    /// Numbers are in order of size and texts as the language sorts them; empty cells come first.
-    [[nodiscard]] std::vector<int> Ranks(int column) const;
-
     /// \brief The number of rows before any repetition.
     [[nodiscard]] int BaseRowCount() const { return base_rows_; }
     /// \brief The row before any repetition that \a row shows.
