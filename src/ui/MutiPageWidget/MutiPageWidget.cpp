@@ -3,10 +3,8 @@
 
 #include "common/DisconnectChildren.h"
 #include "common/Translate.h"
-#include "ui/FilterTreeViewEx/FilterProxyModelEx.h"
 #include "ui/FilterTreeViewEx/FilterTreeViewEx.h"
-#include "ui/MutiPageWidget/MutiPageForm.h"
-#include "ui/MutiPageWidget/PageState.h"
+#include "ui/MutiPageWidget/MutiPageWidget_p.h"
 
 #include <Ravel/ComboBox.h>
 #include <Ravel/Frame.h>
@@ -23,25 +21,8 @@
 #include <QtWidgets/QStyle>
 
 #include <algorithm>
-#include <limits>
 
 namespace Vantor {
-
-struct CMutiPageWidgetDataPtr
-{
-    explicit CMutiPageWidgetDataPtr(QWidget *page)
-        : b_right_to_left_(QGuiApplication::isRightToLeft()), form_(page, b_right_to_left_)
-    {}
-
-    bool b_records_sentence_ = false;
-    CPageState page_;
-    bool b_local_paging_ = true;
-
-    const bool b_right_to_left_;
-    int shown_records_ = 0; // what the records label says, for another language
-    const CMutiPageForm form_;
-};
-
 namespace {
 
 constexpr char kContext[] = "SimpleMutiPageWidgetUi";
@@ -173,11 +154,6 @@ void CMutiPageWidget::SetTotalWidgetsVisible(bool visible)
         widget->setVisible(visible);
 }
 
-void CMutiPageWidget::SetCustomColumnFixedWidth(const int &column)
-{
-    d_ptr_->form_.ptr_tree_view_->SetSectionFixed(column);
-}
-
 void CMutiPageWidget::SetConfirmBtnVisible(bool visible)
 {
     d_ptr_->form_.ptr_wig_batch_alarms_->setVisible(visible);
@@ -212,21 +188,10 @@ void CMutiPageWidget::SetJumpFuncVisible(bool visible)
     d_ptr_->form_.SetJumpRoom(visible);
 }
 
-void CMutiPageWidget::SetModel(Ravel::CTreeViewModel *model)
-{
-    if (model)
-        d_ptr_->form_.ptr_tree_view_->SetModel(model);
-}
-
 void CMutiPageWidget::ClearAllItems()
 {
     InitTreeView();
     InitPageInfo();
-}
-
-void CMutiPageWidget::InitTreeView()
-{
-    d_ptr_->form_.ptr_tree_view_->ClearAllItems();
 }
 
 void CMutiPageWidget::InitPageInfo()
@@ -247,67 +212,9 @@ void CMutiPageWidget::AddTopLevelItems(QList<Ravel::CTreeViewItem *> &items)
         Q_EMIT SignalErrorInfo(Text("ThereIsNoMatchedResultFound"));
 }
 
-int CMutiPageWidget::TopLevelItemCount()
-{
-    return d_ptr_->b_local_paging_ ? GetTreeView()->TopLevelItemCount()
-                                   : d_ptr_->page_.TotalRecords();
-}
-
-QAbstractItemModel *CMutiPageWidget::GetBackupModel()
-{
-    return GetTreeView()->GetBackupModel();
-}
-
-int CMutiPageWidget::GetItemsPerPage()
-{
-    return GetTreeView()->GetItemsPerPage();
-}
-
-void CMutiPageWidget::SetFilterEnabled(bool enabled)
-{
-    d_ptr_->b_local_paging_ = enabled;
-    GetTreeView()->SetFilterEnabled(enabled);
-    if (enabled)
-        connect(this, &CMutiPageWidget::SignalPageChanged, this,
-                &CMutiPageWidget::OnCurrentPageChanged);
-}
-
 int CMutiPageWidget::GetCurrentPage()
 {
     return d_ptr_->page_.Current();
-}
-
-QList<QModelIndex> CMutiPageWidget::GetSelectedRows() const
-{
-    const QItemSelectionModel *const selection = GetTreeView()->selectionModel();
-    return selection ? selection->selectedRows(0) : QList<QModelIndex>();
-}
-
-void CMutiPageWidget::SetCurrentIndex(const QModelIndex &index)
-{
-    if (index.isValid())
-        GetTreeView()->setCurrentIndex(index);
-}
-
-void CMutiPageWidget::MoveFromTheCurrentRow(int delta)
-{
-    const QList<QModelIndex> rows = GetSelectedRows();
-    if (delta == 0 || rows.size() != 1)
-        return;
-    const QModelIndex &selected = rows.constFirst();
-    const qint64 row = qint64{selected.row()} + delta;
-    if (row >= 0 && row <= std::numeric_limits<int>::max())
-        SetCurrentIndex(selected.sibling(int(row), 0));
-}
-
-void CMutiPageWidget::SetFilterKeyWord(const QString &keyword)
-{
-    GetTreeView()->SetFilterKeyWord(keyword);
-}
-
-void CMutiPageWidget::SetFilterKeyWords(std::vector<QStringList> &lists)
-{
-    GetTreeView()->SetFilterKeyWords(lists);
 }
 
 void CMutiPageWidget::OnUpdatePageInfo(int records, int page)
