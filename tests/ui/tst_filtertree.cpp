@@ -193,6 +193,31 @@ private Q_SLOTS:
         }
     }
 
+    void ranksAreMadeInTheBackgroundWhileTextsChange()
+    {
+        QList<CTreeViewItem *> items = Items(5000);
+        view_->AddTopLevelItems(items);
+        model_->PrepareRanks();
+        for (int row = 0; row < 500; ++row) {
+            QVERIFY(model_->setData(model_->index(row, 1), QString::number(row % 7)));
+            QVERIFY(model_->removeRows(row, 1));
+        }
+        {
+            Ravel::CTreeViewModel gone;
+            gone.SetHorizontalHeaderLabels({"Number", "Text"});
+            QVERIFY(gone.InsertTopLevelItems(0, Items(5000)));
+            gone.PrepareRanks();
+        }
+
+        QTRY_VERIFY(model_->HasRanks(0));
+        QVERIFY(model_->HasRanks(1));
+        for (int row = 1; row < model_->rowCount(); ++row) {
+            const auto text = [&](int of) { return model_->index(of, 1).data().toString(); };
+            QCOMPARE(model_->Ranks(1)->Rank(row) == model_->Ranks(1)->Rank(row - 1),
+                     text(row) == text(row - 1));
+        }
+    }
+
     void slotsOfEverySignalMayChangeRows_data()
     {
         QTest::addColumn<int>("signal");
@@ -249,6 +274,7 @@ private Q_SLOTS:
     void aViewMayBeDeletedInASlotOfItsSignals()
     {
         using View = CFilterTreeViewEx;
+        view_->SetModel(nullptr); // a model belongs to one view
         const std::vector<std::function<void(View *)>> connects = {
             [](View *view) { connect(view, &View::SignalPageReset, [view] { delete view; }); },
             [](View *view) {

@@ -2,6 +2,7 @@
 #include "ui/FilterTreeViewEx/FilterTreeViewEx.h"
 
 #include "common/DisconnectChildren.h"
+#include "common/LogMacro.h"
 #include "ui/FilterTreeViewEx/FilterProxyModelEx.h"
 #include "ui/FilterTreeViewEx/PageMath.h"
 
@@ -68,6 +69,17 @@ private:
     bool b_paging_ = true;
 };
 
+// How many lists show the model, because each cuts it into its own pages.
+int CountLists(Ravel::CTreeViewModel *model, int change)
+{
+    static constexpr char kLists[] = "vantor_lists";
+    if (!model)
+        return 0;
+    const int lists = model->property(kLists).toInt() + change;
+    model->setProperty(kLists, lists);
+    return lists;
+}
+
 // A paging pass and what was asked for from inside it.
 enum class Pass { Idle, Running, RunningAnotherFollows };
 
@@ -112,6 +124,7 @@ CFilterTreeViewEx::CFilterTreeViewEx(QWidget *parent)
 
 CFilterTreeViewEx::~CFilterTreeViewEx()
 {
+    CountLists(d_ptr_->ptr_model_, -1);
     DisconnectChildren(this);
 }
 
@@ -131,6 +144,10 @@ void CFilterTreeViewEx::MeasureRowHeight()
 void CFilterTreeViewEx::SetModel(Ravel::CTreeViewModel *model)
 {
     const bool had_rows = TopLevelItemCount() > 0;
+    CountLists(d_ptr_->ptr_model_, -1);
+    if (CountLists(model, 1) > 1)
+        VANTOR_LOG("Vantor::CFilterTreeViewEx::SetModel", 4, VANTOR_LOG_WARNING,
+                   "The model is shown by another list, too: each spoils the other's pages.");
     d_ptr_->vec_later_.clear();
     d_ptr_->ptr_model_ = model;
     d_ptr_->total_pages_ = 1;

@@ -34,7 +34,7 @@ struct CFilterTreeViewExDataPtr;
 /// the next pass.
 ///
 /// The pages are in the model, so a model belongs to one view: two views on one model cut it by
-/// turns, and each shows the other's pages until its next pass.
+/// turns, and each shows the other's pages until its next pass. SetModel() logs a warning then.
 ///
 /// Slots of every signal may call any operation, or delete the view. A pass that is asked for from
 /// inside a pass runs once, after it. Without a model nothing happens. GUI thread only.
