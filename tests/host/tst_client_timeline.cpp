@@ -120,8 +120,9 @@ private Q_SLOTS:
             QCOMPARE(marked.isEmpty(), !bar.has_value());
             if (bar) {
                 const auto &row = model.Recordings().at(marked.at(0).row()).bar.Read();
-                QVERIFY(row.dtStart <= line_->GetCurrentUTCTime()
-                        && row.dtEnd > line_->GetCurrentUTCTime());
+                QVERIFY(row.dtStart == line_->GetCurrentUTCTime() // chosen, or what is on top
+                        || (row.dtStart == bar->GetVal_dtStart()
+                            && row.strFileName == bar->GetVal_strFileName()));
             }
             QVERIFY(std::abs(overview->Position() - line_->Position()) * overview->PixelsPerSecond()
                     <= 1000);

@@ -16,11 +16,6 @@
 namespace Client {
 namespace {
 
-bool Covers(const Vantor::TimeBarParam &bar, qint64 seconds)
-{
-    return bar.dtStart <= seconds && (seconds < bar.dtEnd || seconds == bar.dtStart);
-}
-
 bool IsSame(const Vantor::TimeBarParam &a, const Vantor::TimeBarParam &b)
 {
     return a.dtStart == b.dtStart && a.dtEnd == b.dtEnd && a.iTimeType == b.iTimeType
@@ -199,7 +194,7 @@ void CRecordingsTable::Follow(qint64 seconds, const Vantor::CTimeBarParam *bar)
     const QVector<Recording> &recordings = model_->Recordings();
     const QModelIndex marked = currentIndex();
     if (marked.isValid() && selectionModel()->isSelected(marked)
-        && Covers(recordings.at(marked.row()).bar.Read(), seconds))
+        && recordings.at(marked.row()).bar.Read().dtStart == seconds)
         return;
     const QScopedValueRollback<bool> following(is_following_, true);
     const auto behind = std::partition_point(
