@@ -234,6 +234,8 @@ void SetServer(CURL *easy, const NetServer &server)
     curl_easy_setopt(easy, CURLOPT_PROXY, ""); // no proxy, even if the environment names one
     curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, long(CURL_HTTP_VERSION_1_1));
     curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+    // Else the end of the exchange waits for the name server, whatever the times are.
+    curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
     curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, long(server.connect_time.count()));
     curl_easy_setopt(easy, CURLOPT_SSL_VERIFYPEER, server.is_certificate_checked ? 1L : 0L);
     curl_easy_setopt(easy, CURLOPT_SSL_VERIFYHOST, server.is_certificate_checked ? 2L : 0L);

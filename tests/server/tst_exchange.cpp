@@ -6,10 +6,15 @@
 #include <BusinessCommon/AdaptiveColumnWidthManager.h>
 #include <ClientFramework/FrameworkManagerInterface.h>
 
+#include <dlfcn.h>
+#include <netdb.h>
 #include <server/SampleAccounts.h>
 
 #include <QtCore/QThread>
 
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
 #include <stdexcept>
 #include <thread>
 #include <vector>
@@ -20,6 +25,15 @@ using Param = CAdaptiveColumnWidthObserver::Param;
 namespace {
 
 constexpr int kReadTimeMs = 300;
+
+// A name server that is silent until the test says otherwise.
+struct NameServer
+{
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool is_silent = true; // under the mutex, as is the next one
+    bool has_ended = false;
+} name_server;
 
 class CRecorder : public CAdaptiveColumnWidthObserver
 {
@@ -66,6 +80,22 @@ struct FaultRow
 };
 
 } // namespace
+
+// Instead of the C library's.
+extern "C" __attribute__((visibility("default"))) int
+getaddrinfo(const char *node, const char *service, const addrinfo *hints, addrinfo **result)
+{
+    static const auto original =
+        reinterpret_cast<decltype(&getaddrinfo)>(dlsym(RTLD_NEXT, "getaddrinfo"));
+    if (!node || std::string(node) != "silent.invalid")
+        return original(node, service, hints, result);
+    std::unique_lock<std::mutex> lock(name_server.mutex);
+    name_server.changed.wait_for(lock, std::chrono::seconds(20),
+                                 [] { return !name_server.is_silent; });
+    name_server.has_ended = true;
+    name_server.changed.notify_all();
+    return EAI_AGAIN;
+}
 
 class TestExchange : public CGuardedTest
 {
@@ -176,6 +206,19 @@ private Q_SLOTS:
             });
         QCOMPARE(Ask("GET", "/x").error.error_code, int(kNetFailed));
         QVERIFY(guard_.LogLines().constLast().contains("unplugged"));
+    }
+
+    void aSilentNameServerIsNotWaitedFor()
+    {
+        CNetCommManager::SetServer("silent.invalid", 80);
+
+        QCOMPARE(Ask("GET", "/x").error.error_code, int(kNetTimeout));
+
+        std::unique_lock<std::mutex> lock(name_server.mutex);
+        QVERIFY(!name_server.has_ended);
+        name_server.is_silent = false;
+        name_server.changed.notify_all();
+        name_server.changed.wait(lock, [] { return name_server.has_ended; });
     }
 
     void requestsWithBodiesShareTheThreadsConnection()
