@@ -173,7 +173,7 @@ void CAccounts::Finish(CDatabase &database, Attempt &attempt, bool is_right, boo
         return;
     database.Write([&] {
         if (settings.is_limited)
-            TakeBackTry(database, attempt.trier);
+            TakeBackTry(database, attempt.trier, now);
         if (is_login)
             attempt.session = sessions_.Begin(database, attempt.trier.user, now);
     });

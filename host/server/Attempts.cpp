@@ -13,6 +13,8 @@ namespace {
 // from all addresses.
 constexpr int kAddressFactor = 4;
 constexpr int kUserFactor = 10;
+// So long after a right password its address is the user's own.
+constexpr qint64 kFamiliar_s = qint64(30) * 24 * 60 * 60;
 
 // A counter of the table. An empty text means all addresses, or all users.
 struct Counter
@@ -29,6 +31,15 @@ std::array<Counter, 3> CountersOf(const Trier &trier)
     return {{{trier.address, all, kAddressFactor, Lock::Address},
              {all, trier.user, kUserFactor, Lock::User},
              {trier.address, trier.user, 1, Lock::User}}};
+}
+
+bool IsFamiliar(CDatabase &database, const Trier &trier, qint64 now)
+{
+    return database
+        .Value(
+            QStringLiteral("SELECT 1 FROM familiar WHERE address = ? AND name = ? AND until > ?"),
+            {trier.address, trier.user, now})
+        .isValid();
 }
 
 } // namespace
@@ -51,6 +62,9 @@ Standing StandingOf(CDatabase &database, const LockSettings &settings, const Tri
             standing.failures = std::max(0, failures);
         if (failures < settings.failures * counter.factor)
             continue;
+        // Strangers must not be able to lock a user out of his own place.
+        if (counter.factor == kUserFactor && IsFamiliar(database, trier, now))
+            continue;
         standing.lock = counter.lock; // the closest lock comes last
         standing.lock_left_s = std::max(standing.lock_left_s, query.value(1).toLongLong());
     }
@@ -71,15 +85,21 @@ void CountTry(CDatabase &database, const LockSettings &settings, const Trier &tr
     }
 }
 
-void TakeBackTry(CDatabase &database, const Trier &trier)
+void TakeBackTry(CDatabase &database, const Trier &trier, qint64 now)
 {
     for (const Counter &counter : CountersOf(trier)) {
         database.Run(counter.factor == 1
                          ? QStringLiteral("DELETE FROM attempt WHERE address = ? AND name = ?")
-                         : QStringLiteral("UPDATE attempt SET failures = failures - 1 WHERE "
-                                          "address = ? AND name = ?"),
-                     {counter.address, counter.user});
+                         : QStringLiteral("UPDATE attempt SET failures = max(0, failures - "
+                                          "ifnull((SELECT failures FROM attempt WHERE address = ? "
+                                          "AND name = ?), 1)) WHERE address = ? AND name = ?"),
+                     counter.factor == 1
+                         ? QVariantList{trier.address, trier.user}
+                         : QVariantList{trier.address, trier.user, counter.address, counter.user});
     }
+    database.Run(QStringLiteral("DELETE FROM familiar WHERE until <= ?"), {now});
+    database.Run(QStringLiteral("INSERT OR REPLACE INTO familiar VALUES (?, ?, ?)"),
+                 {trier.address, trier.user, now + kFamiliar_s});
 }
 
 } // namespace Server

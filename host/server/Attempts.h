@@ -39,8 +39,9 @@ struct Standing
 [[nodiscard]] Standing StandingOf(CDatabase &database, const LockSettings &settings,
                                   const Trier &trier, qint64 now, int own = 0);
 void CountTry(CDatabase &database, const LockSettings &settings, const Trier &trier, qint64 now);
-/// \brief The password was right: the user's failures from this address are forgotten, and the try
-/// does not count for the others.
-void TakeBackTry(CDatabase &database, const Trier &trier);
+/// \brief The password was right: the user's failures from this address are forgotten, also those
+/// that counted for the address or for the user everywhere. For 30 days the lock of the user
+/// everywhere does not hold for him here.
+void TakeBackTry(CDatabase &database, const Trier &trier, qint64 now);
 
 } // namespace Server

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Audit.h"
 
+#include <QtCore/QChar>
+#include <QtCore/QString>
+#include <QtCore/QVector>
+
 #include <algorithm>
-#include <cctype>
 #include <cstdio>
 #include <utility>
 
@@ -13,24 +16,33 @@ constexpr int kLinesPerMinute = 600;
 constexpr qint64 kSecondsPerMinute = 60;
 constexpr size_t kMaximumValue = 256;
 
+bool IsPlain(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')
+           || std::string_view(".:-_/").find(c) != std::string_view::npos;
+}
+
+// Not what a terminal obeys, or what turns the direction of the text or breaks the line.
+bool IsVisible(uint c)
+{
+    return QChar::isPrint(c) && QChar::category(c) != QChar::Separator_Line
+           && QChar::category(c) != QChar::Separator_Paragraph && c != '"' && c != '\\';
+}
+
 // Nothing in a value may look like another value or another line.
 std::string Quoted(const std::string &text)
 {
-    const auto is_plain = [](unsigned char c) {
-        return std::isalnum(c) != 0 || std::string_view(".:-_/").find(char(c)) != std::string::npos;
-    };
-    const std::string cut = text.substr(0, kMaximumValue);
-    if (!cut.empty() && cut.size() == text.size() && std::all_of(cut.begin(), cut.end(), is_plain))
-        return cut;
+    if (!text.empty() && text.size() <= kMaximumValue
+        && std::all_of(text.begin(), text.end(), IsPlain))
+        return text;
     std::string quoted = "\"";
-    for (const char c : cut) {
-        const auto byte = static_cast<unsigned char>(c);
-        char escaped[5] = {c};
-        if (byte < ' ' || byte == 0x7f || c == '"' || c == '\\')
-            std::snprintf(escaped, sizeof escaped, "\\x%02x", byte);
-        quoted += escaped;
+    const QVector<uint> characters = QString::fromStdString(text.substr(0, kMaximumValue)).toUcs4();
+    for (const uint c : characters) {
+        char escaped[sizeof "\\u{10ffff}"];
+        std::snprintf(escaped, sizeof escaped, "\\u{%x}", c);
+        quoted += IsVisible(c) ? QString::fromUcs4(&c, 1).toStdString() : escaped;
     }
-    return quoted + (cut.size() < text.size() ? "…\"" : "\"");
+    return quoted + (text.size() > kMaximumValue ? "…\"" : "\"");
 }
 
 std::string LineOf(std::string_view event, std::initializer_list<CAudit::Value> values)

@@ -22,6 +22,8 @@ const char *const kSetUp[] = {
     "REFERENCES account ON DELETE CASCADE, expires INTEGER NOT NULL) WITHOUT ROWID",
     "CREATE TABLE IF NOT EXISTS attempt (address TEXT, name TEXT, failures INTEGER NOT NULL, "
     "until INTEGER NOT NULL, PRIMARY KEY (address, name)) WITHOUT ROWID",
+    "CREATE TABLE IF NOT EXISTS familiar (address TEXT, name TEXT, until INTEGER NOT NULL, "
+    "PRIMARY KEY (address, name)) WITHOUT ROWID",
     "CREATE TABLE IF NOT EXISTS setting (name TEXT PRIMARY KEY, value INTEGER NOT NULL) "
     "WITHOUT ROWID",
     "CREATE TABLE IF NOT EXISTS layout (account INTEGER NOT NULL REFERENCES account ON DELETE "

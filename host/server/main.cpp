@@ -3,6 +3,7 @@
 #include "Server.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QDateTime>
@@ -79,10 +80,23 @@ void PrintError(const QString &text)
     std::fprintf(stderr, "vantor-server: %s\n", qPrintable(text));
 }
 
+// Programs of a session that the journal listens to inherit the variable, also where their standard
+// error goes to a terminal or a file; so it names the stream it means.
+bool IsJournal()
+{
+    struct stat status
+    {
+    };
+    return fstat(STDERR_FILENO, &status) == 0
+           && qgetenv("JOURNAL_STREAM")
+                  == QByteArray::number(quint64(status.st_dev)) + ':'
+                         + QByteArray::number(quint64(status.st_ino));
+}
+
 // One line of the audit log. The journal takes the priority from the line and adds the time.
 void WriteAudit(Server::AuditLevel level, const std::string &line)
 {
-    static const bool is_journal = qEnvironmentVariableIsSet("JOURNAL_STREAM");
+    static const bool is_journal = IsJournal();
     if (is_journal)
         std::fprintf(stderr, "<%d>%s\n", int(level), line.c_str());
     else

@@ -5,6 +5,8 @@
 
 #include <Nim/Base/Encrypt.h>
 
+#include <server/Attempts.h>
+#include <server/Database.h>
 #include <server/SampleAccounts.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -263,6 +265,29 @@ private Q_SLOTS:
         QCOMPARE(CheckPassword(kOperator.password).Int("/Data/CheckResult"), 9);
     }
 
+    void strangersLockNobodyOutOfHisOwnPlace()
+    {
+        Server::CDatabase database(folder_.Path("attempts.sqlite"));
+        const Server::LockSettings settings{true, 5, 600};
+        const auto lock = [&](const Server::Trier &trier) {
+            return Server::StandingOf(database, settings, trier, 1).lock;
+        };
+        const Server::Trier own{"office", "operator"};
+        for (int i = 0; i < 25; ++i) { // colleagues who mistype once each
+            const Server::Trier colleague{"office", QString::number(i)};
+            for (int tries = 0; tries < 2; ++tries)
+                Server::CountTry(database, settings, colleague, 0);
+            Server::TakeBackTry(database, colleague, 0);
+        }
+        QCOMPARE(lock(own), Server::Lock::None);
+        Server::CountTry(database, settings, own, 0);
+        Server::TakeBackTry(database, own, 0);
+        for (int i = 0; i < 50; ++i)
+            Server::CountTry(database, settings, {QString::number(i / 5), "operator"}, 0);
+        QCOMPARE(lock({"elsewhere", "operator"}), Server::Lock::User);
+        QCOMPARE(lock(own), Server::Lock::None);
+    }
+
     void sessionsEndByLogoutByTimeAndByANewPassword()
     {
         const auto setting = [] { return Status(Ask("GET", "/Permission/SecuritySetting")); };
@@ -277,7 +302,9 @@ private Q_SLOTS:
         QCOMPARE(Server::SetAccount(server_.DataPath(), kOperator.name, kOperator.password),
                  QString());
         QCOMPARE(setting(), 401);
-        QVERIFY(!LogIn("nobody", "x"));
+        QVERIFY(!LogIn("nobody\n\xC2\x9B\xE2\x80\xA8\xC3\xA4", "x"));
+        QVERIFY(server_.AuditLines().constLast().contains(
+            QString::fromUtf8("user=\"nobody\\u{a}\\u{9b}\\u{2028}\xC3\xA4\" ")));
     }
 
     void aFullDiskLetsNobodyGuess()
