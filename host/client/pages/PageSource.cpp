@@ -17,11 +17,13 @@ using ClientComm::CRapidJsonProto;
 
 constexpr char kPath[] = "/Quorra/Brisent/Platform/V0/IncidentList";
 constexpr int kMostRowsPerPage = 1000; // the server gives no more
+constexpr int kMostColumns = 1000;
 
+// The first texts of an array. A hostile server may send a million, and each is searched for.
 QStringList Texts(const CRapidJsonProto &reply, const std::string &path)
 {
     QStringList texts;
-    for (int i = 0, count = reply.GetCount(path); i < count; ++i)
+    for (int i = 0, count = std::min(reply.GetCount(path), kMostColumns); i < count; ++i)
         texts.append(QString::fromStdString(reply.GetString(path + '/' + std::to_string(i))));
     return texts;
 }
@@ -47,14 +49,17 @@ ServerPage Fetch(const PageQuery &query)
     ClientComm::CClientRecvInfo recv;
     const bool is_answered =
         Nim::Base::CSingleton<CNetCommManager>::Instance().ClientSynSend(recv, send, 0);
-    const auto error = recv.GetVal_Error_code();
+    int code = recv.GetVal_Error_code().error_code;
+    const std::string list = "/ResponseStatus/Data/IncidentList";
     CRapidJsonProto reply;
-    if (!is_answered || error.error_code != 0 || !reply.Load(recv.Read().Receive_Data)) {
-        page.error =
-            CPageSource::tr("The server did not send the page (error %1).").arg(error.error_code);
+    if (is_answered && code == 0
+        && (!reply.Load(recv.Read().Receive_Data)
+            || reply.GetCount(list + "/Rows") > kMostRowsPerPage))
+        code = BusinessCommon::kNetBadReply;
+    if (!is_answered || code != 0) {
+        page.error = CPageSource::tr("The server did not send the page (error %1).").arg(code);
         return page;
     }
-    const std::string list = "/ResponseStatus/Data/IncidentList";
     page.total = reply.GetInt(list + "/Total", 0);
     page.titles = Texts(reply, list + "/Titles");
     for (int row = 0, rows = reply.GetCount(list + "/Rows"); row < rows; ++row)
