@@ -69,13 +69,6 @@ struct Move
     bool is_possible;
 };
 
-struct Common
-{
-    const char *name;
-    QString columns;
-    int state;
-};
-
 struct Place
 {
     const char *name;
@@ -289,22 +282,6 @@ private Q_SLOTS:
             columns[order.at(place)].SetVal_b_manual_sort(row.movable.at(place) == 'y');
 
         QCOMPARE(Vantor::CanMoveColumn(columns, order, row.from, row.to), row.is_possible);
-    }
-
-    void theCommonStateIsThatOfTheColumnsOneMayCheck_data()
-    {
-        AddRows<Common>({{"all shown", "0:2:y:y 1:2:y:y", 2},
-                         {"some hidden", "0:2:y:y 1:0:y:y", 1},
-                         {"partially checked alone", "0:1:y:y", 1},
-                         {"a fixed one does not count", "0:2:n:y 1:0:y:y", 0},
-                         {"fixed ones alone do", "0:2:n:y 1:2:n:y", 2},
-                         {"none", "", 0}});
-    }
-
-    void theCommonStateIsThatOfTheColumnsOneMayCheck()
-    {
-        const auto &row = FetchRow<Common>();
-        QCOMPARE(int(Vantor::CommonCheckState(Parse(row.columns))), row.state);
     }
 
     void aDropDownStaysInsideOnEveryEdge_data()

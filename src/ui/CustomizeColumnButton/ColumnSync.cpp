@@ -105,8 +105,8 @@ void CColumnSync::ApplyFailure(const ColumnAnswer &answer, Actions &actions)
     } else if (!IsWaiting(false)) {
         phase_ = Phase::Unread;
     }
-    actions.push_back({Kind::Show});
     actions.push_back({Kind::Message, {}, answer.error});
+    actions.push_back({Kind::Show});
     actions.push_back({Kind::Settle});
 }
 

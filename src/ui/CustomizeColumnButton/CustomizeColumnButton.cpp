@@ -219,7 +219,8 @@ void CCustomizeColumnButton::Execute(const ColumnAction &action)
         UpdateDropDown();
         break;
     case ColumnAction::Kind::Message:
-        ShowError(action.error);
+        if (d_ptr_->ptr_customize_widget_)
+            ShowError(action.error);
         break;
     case ColumnAction::Kind::Settle:
         if (d_ptr_->ptr_customize_widget_)
