@@ -6,6 +6,7 @@
 #include <Vantor/CBaseDockFrame>
 #include <Vantor/CDockManager>
 #include <Vantor/CDockWidget>
+#include <Vantor/CDockWidgetPosRule>
 
 inline Vantor::CDockManager &Manager()
 {
@@ -16,3 +17,20 @@ inline Vantor::CDockWidget *Dock()
 {
     return Manager().GetDockWidget();
 }
+
+using RulePointer = QPointer<Vantor::CDockWidgetPosRule>;
+
+class CRule : public Vantor::CDockWidgetPosRule
+{
+public:
+    const QPoint place{50, 60};
+    int updates = 0;
+
+    void Place(Vantor::CDockWidget *dock, Vantor::CAbstractDockFrame *, QWidget *inner,
+               int width) override
+    {
+        dock->setGeometry(QRect(place, QSize(0, 300)));
+        inner->resize(width, 300);
+    }
+    void UpdateOnResize(Vantor::CDockWidget *) override { ++updates; }
+};

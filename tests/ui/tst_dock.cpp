@@ -5,7 +5,6 @@
 #include <Faceplate/GUIFullScreenWidget.h>
 #include <Lookout/BaseWidget.h>
 #include <Ravel/ShadowWidget.h>
-#include <Vantor/CDockWidgetPosRule>
 
 #include <QtCore/QPropertyAnimation>
 #include <QtWidgets/QAction>
@@ -76,21 +75,6 @@ public:
         CBaseDockFrame::OnDockHide();
     }
 };
-
-class CRule : public Vantor::CDockWidgetPosRule
-{
-public:
-    int updates = 0;
-
-    void Place(CDockWidget *dock, Vantor::CAbstractDockFrame *, QWidget *inner, int width) override
-    {
-        dock->setGeometry(50, 60, 0, 300);
-        inner->resize(width, 300);
-    }
-    void UpdateOnResize(CDockWidget *) override { ++updates; }
-};
-
-using RulePointer = QPointer<Vantor::CDockWidgetPosRule>;
 
 struct Corner
 {

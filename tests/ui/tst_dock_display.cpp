@@ -5,7 +5,6 @@
 #include "ui/DockManager/DockPosition.h"
 
 #include <Lookout/BaseWidget.h>
-#include <Vantor/CDockWidgetPosRule>
 
 #include <QtCore/QDebug>
 #include <QtCore/QProcess>
@@ -25,7 +24,6 @@ using Vantor::CDockWidget;
 namespace {
 
 constexpr char kStranger[] = "--stranger"; // shows a window of another application
-const QPoint kRulePlace(300, 150);
 
 bool XDoTool(const QStringList &arguments)
 {
@@ -40,15 +38,6 @@ QPoint CentreOf(const QWidget &widget)
 {
     return widget.mapToGlobal(widget.rect().center());
 }
-
-struct CRule : Vantor::CDockWidgetPosRule
-{
-    void Place(CDockWidget *dock, Vantor::CAbstractDockFrame *, QWidget *inner, int width) override
-    {
-        dock->setGeometry(QRect(kRulePlace, QSize(0, 300)));
-        inner->resize(width, 300);
-    }
-};
 
 // Collects the right edges of a dock during its slide.
 class CEdgeWatch : public QObject
@@ -281,7 +270,7 @@ private:
         asked_.direction = QApplication::layoutDirection();
         Manager().SetContentType(CDockManager::ContentType(asked_.content_type));
         if (way == 3)
-            Manager().SetDockWidget(frame, QPointer<Vantor::CDockWidgetPosRule>(&rule_), 200);
+            Manager().SetDockWidget(frame, RulePointer(&rule_), 200);
         else
             Manager().SetDockWidget(frame, 300, asked_.is_parent_found);
     }
@@ -295,7 +284,7 @@ private:
         asked_.bottom_right = window_->mapToGlobal(window_->rect().bottomRight());
         asked_.width = Dock()->width();
         const QPoint wanted =
-            Dock()->GetParentWidget() ? *Vantor::DockPosition(asked_) : kRulePlace;
+            Dock()->GetParentWidget() ? *Vantor::DockPosition(asked_) : rule_.place;
         // A window manager lets no dialog leave the screen.
         const bool is_free =
             !HasManager() || window_->screen()->geometry().contains({wanted, Dock()->size()});
