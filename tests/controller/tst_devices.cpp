@@ -237,8 +237,6 @@ private Q_SLOTS:
             {"keyboard, second window", "k5101:5:2", "125 0 0 5 1"},
             {"keyboard keys released", "k5104:1 k5105:1 k5106:1",
              "512 1 0 0 1, 513 1 0 0 1, 514 1 0 0 1"},
-            {"keyboard speed", "k5205:5", "109 0 5 0 1"},
-            {"joystick speed", "j1309:5", "109 0 5 -1 1"},
             {"joystick button", "j1304:5 j1303:5", "512 0 0 -1 1, 512 1 0 -1 1"},
             {"serial, camera: same operation and speed", "s3025:1 s3025:1 s3021:4 s3025:5",
              "100 0 4 0 0, 100 0 5 0 0"},
