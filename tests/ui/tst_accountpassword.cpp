@@ -248,10 +248,10 @@ private Q_SLOTS:
         QCOMPARE(form.error, QString("RequestTimeOuterror 20"));
         QCOMPARE(tips_.mid(4),
                  QStringList({"window||11|15", "window|RequestTimeOuterror 20|11|15"}));
-        QCOMPARE(CountLines("]LoginIn TimeOut !!!["), 3);
+        QCOMPARE(CountLines("LoginIn]LoginIn TimeOut !!!["), 3);
 
         latch.set_value();
-        QTRY_COMPARE(CountLines("OnUpdataLoginResult = [0]"), 3);
+        QTRY_COMPARE(CountLines("OnUpdataLoginResult]OnUpdataLoginResult = [0]"), 3);
 
         QVERIFY(!form.AsksForCode());
         QCOMPARE(tips_.size(), 6);
@@ -477,7 +477,11 @@ private:
             });
     }
 
-    int CountLines(const QString &part) const { return guard_.LogLines().filter(part).size(); }
+    int CountLines(const QString &end) const
+    {
+        const QString begin = "3 ClientUserOperate [Vantor::CAccountPasswordWidget::";
+        return guard_.LogLines().filter(begin + end).size();
+    }
 
     // The answer arrives, and with it what was pressed meanwhile.
     static void Settle()
