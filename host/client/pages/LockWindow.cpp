@@ -6,9 +6,9 @@
 
 #include <Faceplate/GUIMessageTipManager.h>
 
-#include <QtCore/QCoreApplication>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QIcon>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QGridLayout>
 
 #include <utility>
@@ -59,8 +59,10 @@ void CLockWindow::OnUnlocked()
         clipboard->GiveBack();
     deleteLater();
     hide();
-    if (locked_)
-        locked_->activateWindow();
+    // A dialog that blocks the window gets the keys.
+    QWidget *const dialog = QApplication::activeModalWidget();
+    if (QWidget *const next = dialog ? dialog : locked_.data())
+        next->activateWindow();
 }
 
 void CLockWindow::closeEvent(QCloseEvent *event)
@@ -73,7 +75,7 @@ void CLockWindow::closeEvent(QCloseEvent *event)
         return;
     }
     event->accept();
-    QCoreApplication::quit();
+    QApplication::quit();
 }
 
 void CLockWindow::changeEvent(QEvent *event)
