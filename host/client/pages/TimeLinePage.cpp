@@ -358,18 +358,12 @@ void CTimeLinePage::resizeEvent(QResizeEvent *event)
 {
     CPage::resizeEvent(event);
     ScaleOverview();
-    HideHelpWithoutRoom();
-}
-
-// The layout takes no account of wrapped lines when it limits the height: help and table would
-// overlap.
-void CTimeLinePage::HideHelpWithoutRoom()
-{
+    // The layout takes no account of wrapped lines when it limits the height: help and table would
+    // overlap.
     const int help_px = help_->heightForWidth(width() - 2 * kMarginPx) + kSpacingPx;
-    int least_px = layout()->minimumHeightForWidth(width());
-    if (help_->isHidden())
-        least_px += help_px;
-    help_->setVisible(height() >= least_px);
+    const int rest_px =
+        layout()->minimumHeightForWidth(width()) - (help_->isHidden() ? 0 : help_px);
+    help_->setVisible(height() >= rest_px + help_px);
 }
 
 void CTimeLinePage::changeEvent(QEvent *event)

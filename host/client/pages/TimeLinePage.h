@@ -63,7 +63,6 @@ private:
     void ShowTime();
     [[nodiscard]] QString TimeText(const Vantor::CTimeBarParam &bar) const;
     void ScaleOverview();
-    void HideHelpWithoutRoom();
     void Retranslate();
     [[nodiscard]] bool IsDayShown() const;
 
