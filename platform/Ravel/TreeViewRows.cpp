@@ -7,6 +7,7 @@
 #include "Ravel/TreeViewModel_p.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Ravel {
 
@@ -128,8 +129,8 @@ void CTreeViewModelPtr::AdoptPages(int first, int count)
     }
 }
 
-// Neighbouring rows, in a loop without a branch, because a pass writes a million. kForeignPage is
-// the only negative page, so the sign of the union shows whether there is one.
+// Neighbouring rows, in one loop without a branch, because a pass writes a million. kForeignPage is
+// the only negative page, so the sign of the union shows whether there was one.
 bool CTreeViewModelPtr::WritePage(int begin, int end, int page)
 {
     int *const pages = vec_pages_.data();
@@ -138,33 +139,30 @@ bool CTreeViewModelPtr::WritePage(int begin, int end, int page)
     for (int row = begin; row < end; ++row) {
         difference |= pages[row] ^ page;
         signs |= pages[row];
+        pages[row] = page;
     }
-    if (difference == 0)
-        return false;
     for (int row = begin; signs < 0 && row < end; ++row)
         DropForeign(row);
-    std::fill(pages + begin, pages + end, page);
-    return true;
+    return difference != 0;
 }
 
 bool CTreeViewModelPtr::WritePage(const int *rows, int count, int page)
 {
     bool is_changed = false;
     for (int i = 0; i < count; ++i) {
-        int &slot = vec_pages_[static_cast<size_t>(rows[i])];
-        is_changed = is_changed || slot != page;
-        if (slot == kForeignPage)
+        const int before = std::exchange(vec_pages_[static_cast<size_t>(rows[i])], page);
+        is_changed = is_changed || before != page;
+        if (before == kForeignPage)
             DropForeign(rows[i]);
-        slot = page;
     }
     return is_changed;
 }
 
+// Its page has been overwritten; what came in its place goes, too.
 void CTreeViewModelPtr::DropForeign(int row)
 {
-    int &slot = vec_pages_[static_cast<size_t>(row)];
-    if (slot == kForeignPage)
-        root_.Child(row)->SetPage(slot, {});
+    if (const auto &extras = root_.Child(row)->ptr_extras_)
+        extras->map_others_.remove(qMakePair(0, kPageTagRole));
 }
 
 } // namespace Ravel
