@@ -23,7 +23,6 @@ MOST_LINES_OF_FUNCTION = 40  # signature and braces included, blank lines not
 KNOWN_LONG = {
     "src/controller/Excel/ExcelControllorWithC.cpp",
     "src/controller/Excel/ExcelSheet.cpp",
-    "src/ui/MutiPageWidget/MutiPageWidget.cpp",
 }
 
 
