@@ -44,7 +44,7 @@ QString ToUnicode(const QTextCodec &codec, const QByteArray &text)
 
 } // namespace
 
-void CCsvColumns::Column::Append(const QByteArray &text)
+int CCsvColumns::Column::IndexOf(const QByteArray &text)
 {
     int index = index_of_text.value(text, -1);
     if (index < 0) {
@@ -53,16 +53,23 @@ void CCsvColumns::Column::Append(const QByteArray &text)
         texts.append(own);
         index_of_text.insert(own, index);
     }
-    text_of_row.append(index);
+    return index;
+}
+
+void CCsvColumns::Column::Append(int row, const QByteArray &text)
+{
+    if (text_of_row.isEmpty())
+        first_row = row;
+    const int missing = row - first_row - text_of_row.size();
+    if (missing > 0)
+        text_of_row.insert(text_of_row.size(), missing, IndexOf({}));
+    text_of_row.append(IndexOf(text));
 }
 
 CCsvColumns::Column &CCsvColumns::NextColumn()
 {
-    if (next_column_ == columns_.size()) {
+    if (next_column_ == columns_.size())
         columns_.emplace_back();
-        for (int row = 0; row < rows_; ++row)
-            columns_.back().Append({});
-    }
     return columns_[next_column_++];
 }
 
@@ -76,7 +83,7 @@ void CCsvColumns::AppendField(const char *bytes, size_t length) noexcept
         else if (length > kMaximumFieldBytes)
             failure_ = Failure::OutOfMemory;
         else if (has_titles_)
-            NextColumn().Append(QByteArray::fromRawData(bytes, static_cast<int>(length)));
+            NextColumn().Append(rows_, QByteArray::fromRawData(bytes, static_cast<int>(length)));
         else
             NextColumn().title = QByteArray(bytes, static_cast<int>(length));
     } catch (...) {
@@ -88,17 +95,11 @@ void CCsvColumns::EndRow() noexcept
 {
     if (HasFailed())
         return;
-    try {
-        while (has_titles_ && next_column_ < columns_.size())
-            NextColumn().Append({});
-        next_column_ = 0;
-        rows_ += has_titles_ ? 1 : 0;
-        has_titles_ = true;
-        if (rows_ > kMaximumRows)
-            failure_ = Failure::TooManyRows;
-    } catch (...) {
-        failure_ = Failure::OutOfMemory;
-    }
+    next_column_ = 0;
+    rows_ += has_titles_ ? 1 : 0;
+    has_titles_ = true;
+    if (rows_ > kMaximumRows)
+        failure_ = Failure::TooManyRows;
 }
 
 QString CCsvColumns::Error() const
@@ -125,12 +126,15 @@ IncidentListPtr CCsvColumns::TakeList(QString &guessed_encoding)
         guessed_encoding = QString::fromLatin1(codec->name());
     QVector<IncidentColumn> columns;
     for (Column &column : columns_) {
-        column.index_of_text.clear();
         IncidentColumn result;
+        if (column.text_of_row.size() < rows_)
+            result.outside = column.IndexOf({});
+        column.index_of_text.clear();
         for (const QByteArray &text : qAsConst(column.texts))
             result.texts.append(ToUnicode(*codec, text));
         result.title = ToUnicode(*codec, column.title);
         result.text_of_row = std::move(column.text_of_row);
+        result.first_row = column.first_row;
         columns.append(result);
     }
     columns_.clear();

@@ -34,12 +34,15 @@ private:
 
     struct Column
     {
-        void Append(const QByteArray &text);
+        // The index of `text` in `texts`, where it is added if need be.
+        int IndexOf(const QByteArray &text);
+        void Append(int row, const QByteArray &text);
 
         QByteArray title;
         QHash<QByteArray, int> index_of_text;
         QVector<QByteArray> texts;
-        QVector<int> text_of_row;
+        QVector<int> text_of_row; // from first_row to the last row that has a cell here
+        int first_row = 0;
     };
 
     [[nodiscard]] Column &NextColumn();

@@ -38,7 +38,7 @@ CIncidentList::CIncidentList(QVector<IncidentColumn> columns) : columns_(std::mo
         base_rows_ = columns_.constFirst().text_of_row.size();
     rows_ = base_rows_;
     for (const IncidentColumn &column : qAsConst(columns_)) {
-        Q_ASSERT(column.text_of_row.size() == base_rows_);
+        Q_ASSERT(column.outside >= 0 || column.text_of_row.size() == base_rows_);
         are_numbers_.append(AreNumbers(column.texts));
     }
 }
@@ -68,7 +68,7 @@ std::vector<char> CIncidentList::FindText(const QString &text) const
         if (std::find(is_match.begin(), is_match.end(), 1) == is_match.end())
             continue;
         for (size_t row = 0; row < found.size(); ++row) {
-            const auto text_index = static_cast<size_t>(column.text_of_row.at(int(row)));
+            const auto text_index = static_cast<size_t>(column.TextIndex(int(row)));
             found[row] = std::max(found[row], is_match[text_index]);
         }
     }

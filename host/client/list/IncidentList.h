@@ -13,11 +13,23 @@ namespace Client {
 constexpr int kMaximumRows = 10000000;
 
 /// \brief One column: each text it holds once, and for each row which one it is.
+///
+/// A column of which only some rows have a cell keeps just these rows and what is between them, so
+/// one long row does not make a whole list wide.
 struct IncidentColumn
 {
+    /// \return the index into \a texts of the cell in \a row.
+    [[nodiscard]] int TextIndex(int row) const
+    {
+        const int at = row - first_row;
+        return at >= 0 && at < text_of_row.size() ? text_of_row.at(at) : outside;
+    }
+
     QString title;
     QVector<QString> texts;
-    QVector<int> text_of_row; ///< index into \a texts
+    QVector<int> text_of_row; ///< index into \a texts, from \a first_row on
+    int first_row = 0;
+    int outside = -1; ///< index into \a texts of the rows that \a text_of_row does not hold
 };
 
 /// \brief A list of texts in rows and columns that never changes, so that views, sorts and exports
@@ -29,7 +41,7 @@ struct IncidentColumn
 class CIncidentList
 {
 public:
-    /// \param columns all with the same number of rows.
+    /// \param columns the first of them has a cell in each row.
     explicit CIncidentList(QVector<IncidentColumn> columns);
 
     [[nodiscard]] int RowCount() const { return rows_; }
@@ -44,7 +56,7 @@ public:
     /// \brief Which of Texts() is the cell.
     [[nodiscard]] int TextIndex(int row, int column) const
     {
-        return columns_.at(column).text_of_row.at(BaseRow(row));
+        return columns_.at(column).TextIndex(BaseRow(row));
     }
     /// \brief Whether every text of \a column that is not empty is a number.
     [[nodiscard]] bool IsNumeric(int column) const { return are_numbers_.at(column); }
