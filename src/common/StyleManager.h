@@ -82,8 +82,8 @@ public:
     /// \brief The colour with its alpha set to \a opacity, 0.0 to 1.0; the stored colour stays as
     /// it is.
     ///
-    /// An invalid colour stays invalid. An opacity outside the range is refused by Qt with a
-    /// warning.
+    /// An invalid colour stays invalid. Qt logs a warning for an opacity outside the range and
+    /// brings it into it.
     [[nodiscard]] QColor GetNeuColor(float opacity);
     [[nodiscard]] QColor GetNeuColorT2(float opacity);
     [[nodiscard]] QColor GetTextNeuColor(float opacity);
