@@ -214,10 +214,10 @@ private Q_SLOTS:
         picture.write(QByteArray::fromStdString(PngBytes(64, 48)));
         picture.close();
 
-        for (quint32 seed = 1; seed <= 600; ++seed)
+        for (quint32 seed = 1; seed <= 300; ++seed)
             QCOMPARE(CTwins(seed, folder_->path()).Write(), 0);
 
-        QCOMPARE(ComparePairs(folder_->path()), QString("600 pairs are the same"));
+        QCOMPARE(ComparePairs(folder_->path()), QString("300 pairs are the same"));
     }
 
     void theLogTellsEachStepToTheLetter()

@@ -27,6 +27,11 @@ struct CellRange
     [[nodiscard]] bool IsOneCell() const { return first_row == last_row && first_col == last_col; }
 };
 
+constexpr CellRange CellAt(int row, int column)
+{
+    return {row, column, row, column};
+}
+
 // The range with its corners in order, as libxlsxwriter takes them.
 constexpr CellRange Ordered(const CellRange &range)
 {

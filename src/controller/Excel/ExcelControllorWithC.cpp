@@ -4,9 +4,7 @@
 #include "common/ForwardEvents.h"
 #include "common/Guard.h"
 #include "common/LogMacro.h"
-#include "controller/Excel/ExcelFile.h"
-#include "controller/Excel/ExcelFormats.h"
-#include "controller/Excel/ExcelSheet.h"
+#include "controller/Excel/ExcelBook.h"
 #include "controller/Excel/ExcelText.h"
 #include "controller/Excel/XlsxInternals.h"
 
@@ -16,39 +14,11 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
-#include <map>
 #include <utility>
 
 #define EXCEL_FUNCTION(name) "Vantor::CExcelControllorWithC::" name
 
 namespace Vantor {
-
-// A sheet of the open workbook; one that was refused has no libxlsxwriter sheet.
-struct Sheet
-{
-    Sheet(lxw_worksheet *sheet, const std::string &name, CExcelFormats &formats)
-        : checked(sheet, name, formats)
-    {
-        record.SetVal_sheet(sheet);
-    }
-
-    CsheetFormat record;
-    CExcelSheet checked;
-};
-
-struct CExcelControllorWithCDataPtr
-{
-    lxw_workbook *ptr_excel_ = nullptr;
-    std::map<std::string, Sheet> map_sheets_; // by the name as the caller gave it
-    std::pair<const std::string, Sheet> *ptr_current_ = nullptr; // one of them, or null
-    std::string str_cache_path_;
-    std::string file_path_;
-    CExcelFormats formats_;
-    SaveResult last_close_;
-    ExcelCloseNotes notes_;
-};
-
 namespace {
 
 // Whether there is a current sheet and it was not refused.
@@ -75,37 +45,6 @@ void UseRow(CExcelControllorWithCDataPtr &data, int row)
         data.ptr_current_->second.record.SetVal_has_used_row(row);
 }
 
-lxw_worksheet *AddWorksheet(lxw_workbook *workbook, const std::string &name)
-{
-    static constexpr char kFunction[] = EXCEL_FUNCTION("AddSheetByName");
-    const std::string shown = ExcelText::SheetName(name);
-    // libxlsxwriter 1.1.4 reads in front of an empty name.
-    const bool is_valid =
-        !shown.empty() && workbook_validate_sheet_name(workbook, shown.c_str()) == LXW_NO_ERROR;
-    errno = 0;
-    lxw_worksheet *const sheet =
-        is_valid ? workbook_add_worksheet(workbook, shown.c_str()) : nullptr;
-    if (!is_valid)
-        VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING,
-                   "Sheet %s: the name was refused, what is written to it is left out",
-                   name.c_str());
-    else if (!sheet)
-        VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING,
-                   "Sheet %s: no temporary file (%s), what is written to it is left out",
-                   name.c_str(), std::strerror(errno != 0 ? errno : ENOMEM));
-    return sheet;
-}
-
-// Writes what the sheets held back, and counts what they lost.
-void FinishSheets(CExcelControllorWithCDataPtr &data)
-{
-    for (auto &[name, sheet] : data.map_sheets_) {
-        sheet.checked.Finish();
-        AddLosses(data.notes_, sheet.checked.Losses());
-        data.notes_.sheets_left_out += sheet.checked.IsRefused() ? 1 : 0;
-    }
-}
-
 void RemoveCache(CExcelControllorWithCDataPtr &data)
 {
     const std::string path = data.str_cache_path_;
@@ -117,16 +56,8 @@ void RemoveCache(CExcelControllorWithCDataPtr &data)
                "delete file path = %s, result = %d", path.c_str(), is_removed ? 1 : 0);
 }
 
-const char *CloseErrorText(const SaveResult &result)
-{
-    if (result.code == LXW_ERROR_CREATING_TMPFILE)
-        return "its temporary files could not be written, is there room for them?";
-    return result.error != 0 ? std::strerror(result.error)
-                             : lxw_strerror(static_cast<lxw_error>(result.code));
-}
-
 // Forgets the workbook, which is saved or freed by now, and removes its cache directory.
-void Reset(CExcelControllorWithCDataPtr &data)
+void ForgetBook(CExcelControllorWithCDataPtr &data)
 {
     data.ptr_current_ = nullptr;
     data.map_sheets_.clear();
@@ -397,7 +328,7 @@ void CExcelControllorWithC::Close()
             VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING, "The workbook %s was not saved: %s",
                        d_ptr_->file_path_.c_str(), CloseErrorText(result));
     }
-    Reset(*d_ptr_);
+    ForgetBook(*d_ptr_);
 }
 
 void CExcelControllorWithC::Discard()
@@ -409,7 +340,7 @@ void CExcelControllorWithC::Discard()
     VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE, "The workbook %s is dropped",
                d_ptr_->file_path_.c_str());
     RunGuarded(kFunction, [workbook] { XlsxInternals::FreeWorkbook(workbook); });
-    Reset(*d_ptr_);
+    ForgetBook(*d_ptr_);
 }
 
 int CExcelControllorWithC::LastCloseResult() const

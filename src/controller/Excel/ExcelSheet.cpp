@@ -4,7 +4,6 @@
 #include "common/LogMacro.h"
 #include "controller/Excel/ExcelFormats.h"
 #include "controller/Excel/ExcelLink.h"
-#include "controller/Excel/ExcelPicture.h"
 #include "controller/Excel/ExcelText.h"
 #include "controller/Excel/XlsxInternals.h"
 
@@ -25,8 +24,6 @@ constexpr int kMaxWidth = 255;    // characters
 constexpr int kMaxWidthPx = 1790;
 constexpr int kMaxHeight = 409; // points
 constexpr int kMaxHeightPx = 545;
-constexpr int kMaxPicturePx = 32767; // a side, and the way to it from its cell
-constexpr double kScreenDpi = 96;
 
 lxw_row_t Row(int row)
 {
@@ -38,46 +35,12 @@ lxw_col_t Column(int column)
     return static_cast<lxw_col_t>(column);
 }
 
-CellRange CellAt(int row, int column)
-{
-    return {row, column, row, column};
-}
-
 std::string Joined(const std::vector<std::string> &items)
 {
     std::string list;
     for (std::size_t i = 0; i < items.size(); ++i)
         list.append(i > 0 ? "," : "").append(items[i]);
     return list;
-}
-
-double ScaleOf(double scale)
-{
-    return std::isfinite(scale) && scale > 0 ? scale : 1;
-}
-
-// Pixels from the cell `at` to the end of the sheet, as far as a picture may reach. The last one is
-// left free: a picture that ends with the sheet would name the cell behind it.
-int Room(int at, int count, int cell_px)
-{
-    return static_cast<int>(
-        std::min<std::int64_t>(kMaxPicturePx, std::int64_t{count - at} * cell_px - 1));
-}
-
-int OffsetOf(int offset_px, int room_px)
-{
-    return std::clamp(offset_px, -kMaxPicturePx, room_px - 1);
-}
-
-// Makes the scaled size end within the room; true when it had to.
-bool Clamp(double &scale, double &dpi, double size, int offset_px, double room_px)
-{
-    if (!std::isfinite(dpi) || dpi <= 0) // as the picture's header has it
-        dpi = kScreenDpi;
-    const double most = (room_px - std::max(offset_px, 0)) * dpi / (size * kScreenDpi);
-    const bool is_more = scale > most;
-    scale = std::min(scale, most);
-    return is_more;
 }
 
 std::string WithDoubledQuotes(std::string text)
@@ -175,7 +138,7 @@ void CExcelSheet::Validate(const CellRange &range, const std::string &list)
         lists_.Add(cells, joined);
 }
 
-void CExcelSheet::PutList(const ListCheck &check)
+void CExcelSheet::PutList(const ListAreas &check)
 {
     // libxlsxwriter's buffer holds as many bytes as the format allows characters, so a longer list
     // takes the place of a short one afterwards.
@@ -191,12 +154,14 @@ void CExcelSheet::PutList(const ListCheck &check)
     lxw_data_validation validation{};
     validation.validate = LXW_VALIDATION_TYPE_LIST;
     validation.value_list = pointers.data();
-    const CellRange &cells = check.cells;
+    const CellRange &cells = check.first;
     const bool is_added = Check(
         worksheet_data_validation_range(sheet_, Row(cells.first_row), Column(cells.first_col),
                                         Row(cells.last_row), Column(cells.last_col), &validation));
     if (is_added && !fits_buffer)
         XlsxInternals::ReplaceLastList(sheet_, '"' + *check.list + '"');
+    if (is_added && check.ranges > 1)
+        XlsxInternals::ReplaceLastAreas(sheet_, check.areas);
 }
 
 void CExcelSheet::WriteLink(int row, int col, const std::string &url, const std::string *text)
@@ -218,72 +183,6 @@ void CExcelSheet::WriteLink(int row, int col, const std::string &url, const std:
                                   text ? "" : nullptr));
     if (link.has_text)
         PutText(row, col, link.text, formats_->LinkFormat());
-}
-
-void CExcelSheet::InsertPicture(int row, int col, const std::string &picture,
-                                const lxw_image_options_ &options)
-{
-    if (!Holds(CellAt(row, col)))
-        return;
-    const auto *const bytes = reinterpret_cast<const unsigned char *>(picture.data());
-    if (!IsPicture(bytes, picture.size())) {
-        Lose(Loss::PictureUnknown);
-        return;
-    }
-    lxw_image_options placed{};
-    placed.x_offset = OffsetOf(options.x_offset,
-                               Room(col, kSheetColumns, XlsxInternals::DefaultColumnPx(sheet_)));
-    placed.y_offset =
-        OffsetOf(options.y_offset, Room(row, kSheetRows, XlsxInternals::DefaultRowPx(sheet_)));
-    placed.x_scale = ScaleOf(options.x_scale);
-    placed.y_scale = ScaleOf(options.y_scale);
-    placed.object_position = options.object_position;
-    // libxlsxwriter copies the texts. An empty address would become a link to nowhere.
-    const auto fit = [this](const char *text) { return text ? FitAttribute(text) : std::string(); };
-    constexpr std::size_t kMost = ExcelText::kMaxAttributeBytes;
-    std::string description = ExcelText::CutToBytes(fit(options.description), kMost);
-    std::string url = ExcelText::LinkTarget(fit(options.url));
-    std::string tip = ExcelText::CutToBytes(fit(options.tip), kMost);
-    const bool is_link = !url.empty() && ExcelText::EscapedBytes(url) <= kMost;
-    if (!url.empty() && !is_link)
-        Lose(Loss::PictureLink);
-    placed.description = options.description ? description.data() : nullptr;
-    placed.url = is_link ? url.data() : nullptr;
-    placed.tip = options.tip ? tip.data() : nullptr;
-    if (Check(worksheet_insert_image_buffer_opt(sheet_, Row(row), Column(col), bytes,
-                                                picture.size(), &placed)))
-        KeepInside(*XlsxInternals::LastPicture(sheet_));
-}
-
-// libxlsxwriter 1.1.4 counts cell by cell where a picture ends, however far that is, and names
-// cells that no sheet has.
-void CExcelSheet::KeepInside(lxw_object_properties &picture)
-{
-    const double width =
-        Room(static_cast<int>(picture.col), kSheetColumns, XlsxInternals::DefaultColumnPx(sheet_));
-    const double height =
-        Room(static_cast<int>(picture.row), kSheetRows, XlsxInternals::DefaultRowPx(sheet_));
-    const bool is_narrowed =
-        Clamp(picture.x_scale, picture.x_dpi, picture.width, picture.x_offset, width);
-    const bool is_lowered =
-        Clamp(picture.y_scale, picture.y_dpi, picture.height, picture.y_offset, height);
-    if (is_narrowed || is_lowered)
-        Lose(Loss::PictureShrunk);
-}
-
-void CExcelSheet::InsertPictureFile(int row, int col, const std::string &path)
-{
-    if (!Holds(CellAt(row, col)))
-        return;
-    std::string bytes;
-    if (!ReadPictureFile(path, bytes)) {
-        Lose(Loss::PictureUnreadable);
-        return;
-    }
-    std::string description = path.substr(path.find_last_of('/') + 1); // npos + 1 is 0: all of it
-    lxw_image_options_ options;
-    options.description = description.data();
-    InsertPicture(row, col, bytes, options);
 }
 
 void CExcelSheet::SetAutofilter(const CellRange &range)
@@ -350,8 +249,8 @@ void CExcelSheet::Finish()
     if (!sheet_)
         return;
     ReachRow(kSheetRows);
-    const std::vector<ListCheck> checks = lists_.Take();
-    for (const ListCheck &check : checks)
+    const std::vector<ListAreas> checks = lists_.Take();
+    for (const ListAreas &check : checks)
         PutList(check);
     if (lists_.LeftOut() > 0)
         Lose(Loss::ListBeyond, lists_.LeftOut());

@@ -69,7 +69,7 @@ private:
     void PutText(int row, int col, const std::string &text, lxw_format *format);
     void PutMerged(const CellRange &range, const std::string &text, lxw_format *format);
     void PutHeight(int row, const Height &height);
-    void PutList(const ListCheck &check);
+    void PutList(const ListAreas &check);
     // Whether the cells are inside the sheet; those outside are counted as lost.
     [[nodiscard]] bool Holds(const CellRange &range);
     // Gives the rows up to `row` the heights that were held back for them.

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "controller/Excel/ListChecks.h"
 
+#include <xlsxwriter.h>
+
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <tuple>
 #include <utility>
@@ -53,6 +56,19 @@ void JoinSorted(std::vector<Placed> &checks, KeyOf key_of, Join join)
     checks.resize(std::min(checks.size(), kept + 1));
 }
 
+std::string NameOf(const CellRange &cells)
+{
+    std::array<char, LXW_MAX_CELL_RANGE_LENGTH> name{};
+    const auto row = [](int of) { return static_cast<lxw_row_t>(of); };
+    const auto column = [](int of) { return static_cast<lxw_col_t>(of); };
+    if (cells.IsOneCell())
+        lxw_rowcol_to_cell(name.data(), row(cells.first_row), column(cells.first_col));
+    else
+        lxw_rowcol_to_range(name.data(), row(cells.first_row), column(cells.first_col),
+                            row(cells.last_row), column(cells.last_col));
+    return name.data();
+}
+
 } // namespace
 
 std::vector<ListCheck> JoinChecks(std::vector<ListCheck> checks)
@@ -83,6 +99,27 @@ std::vector<ListCheck> JoinChecks(std::vector<ListCheck> checks)
     return checks;
 }
 
+std::vector<ListAreas> PackChecks(const std::vector<ListCheck> &checks)
+{
+    std::vector<ListAreas> packed;
+    std::map<const std::string *, std::size_t> open; // the validation of a list that may have room
+    for (const ListCheck &check : checks) {
+        const std::string name = NameOf(check.cells);
+        const auto [known, is_new] = open.try_emplace(check.list, packed.size());
+        if (!is_new) {
+            ListAreas &last = packed[known->second];
+            if (last.areas.size() + 1 + name.size() <= CListChecks::kMostAreas) {
+                last.areas += ' ' + name;
+                ++last.ranges;
+                continue;
+            }
+            known->second = packed.size();
+        }
+        packed.push_back({check.cells, check.list, name});
+    }
+    return packed;
+}
+
 void CListChecks::Add(const CellRange &cells, const std::string &list)
 {
     const std::string &shared = lists_.try_emplace(list, 0).first->first;
@@ -94,14 +131,22 @@ void CListChecks::Add(const CellRange &cells, const std::string &list)
     join_at_ = 2 * std::max(checks_.size(), kMost);
 }
 
-std::vector<ListCheck> CListChecks::Take()
+std::vector<ListAreas> CListChecks::Take()
 {
+    std::vector<ListAreas> packed;
     if (added_ > kMost)
         checks_ = JoinChecks(std::move(checks_));
-    const std::size_t most = std::min(checks_.size(), kMost);
-    left_out_ = static_cast<int>(checks_.size() - most);
-    checks_.resize(most);
-    return std::exchange(checks_, {});
+    if (checks_.size() > kMost) {
+        packed = PackChecks(checks_);
+    } else {
+        for (const ListCheck &check : checks_)
+            packed.push_back({check.cells, check.list, NameOf(check.cells)});
+    }
+    for (std::size_t i = kMost; i < packed.size(); ++i)
+        left_out_ += packed[i].ranges;
+    packed.resize(std::min(packed.size(), kMost));
+    checks_.clear();
+    return packed;
 }
 
 } // namespace Vantor

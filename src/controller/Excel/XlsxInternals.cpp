@@ -5,6 +5,7 @@
 
 #include <xlsxwriter.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <cstdlib>
@@ -30,6 +31,12 @@ template <class Visit> void ForEachSheet(lxw_workbook *workbook, Visit &&visit)
 template <class Element, class Queue> Element *LastOf(const Queue *queue, std::size_t link_offset)
 {
     return reinterpret_cast<Element *>(reinterpret_cast<char *>(queue->stqh_last) - link_offset);
+}
+
+lxw_data_val_obj *LastValidation(const lxw_worksheet *sheet)
+{
+    return LastOf<lxw_data_val_obj>(sheet->data_validations,
+                                    offsetof(lxw_data_val_obj, list_pointers));
 }
 
 // The sheets' temporary files, each behind a stream that knows whether it was closed.
@@ -104,10 +111,16 @@ lxw_object_properties *LastPicture(lxw_worksheet *sheet)
 
 void ReplaceLastList(lxw_worksheet *sheet, const std::string &formula)
 {
-    auto *const added = LastOf<lxw_data_val_obj>(sheet->data_validations,
-                                                 offsetof(lxw_data_val_obj, list_pointers));
+    lxw_data_val_obj *const added = LastValidation(sheet);
     std::free(added->value_formula);
     added->value_formula = strdup(formula.c_str());
+}
+
+void ReplaceLastAreas(lxw_worksheet *sheet, const std::string &areas)
+{
+    auto &room = LastValidation(sheet)->sqref;
+    areas.copy(room, sizeof room - 1);
+    room[std::min(areas.size(), sizeof room - 1)] = '\0';
 }
 
 std::vector<SheetRows> FlushRows(lxw_workbook *workbook)

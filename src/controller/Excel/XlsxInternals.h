@@ -31,6 +31,9 @@ lxw_object_properties *LastPicture(lxw_worksheet *sheet);
 // characters but copies bytes into a buffer of that many; a formula would be the same XML, but a
 // copy of it would leak.
 void ReplaceLastList(lxw_worksheet *sheet, const std::string &formula);
+// Replaces the range of the validation that was added last by several with blanks between them, of
+// at most 27 characters: the format allows more than one, no call does.
+void ReplaceLastAreas(lxw_worksheet *sheet, const std::string &areas);
 
 // What the sheet puts into its part of the file, once its last row is written out.
 struct SheetRows
