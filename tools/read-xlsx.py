@@ -78,12 +78,61 @@ def check_rows(path):
     expect("rows", count, ALL_ROWS)
 
 
+def check_many_sheets(folder, count):
+    book = load_workbook(os.path.join(folder, f"sheets{count}.xlsx"))
+    expect("sheets", [(sheet.title, sheet["A1"].value) for sheet in book],
+           [(f"S{number}", f"on sheet {number}") for number in range(1, count + 1)])
+
+
+def check_column(sheet, what, count):
+    expect(what, [cells[0].value for cells in sheet.iter_rows(max_col=1)],
+           [f"{what} {row}" for row in range(count)])
+
+
+def check_merges(path):
+    sheet = load_workbook(path)["Merges"]
+    expect("merges", {str(cells) for cells in sheet.merged_cells.ranges},
+           {f"A{row}:B{row}" for row in range(1, 65536)})
+    check_column(sheet, "merge", 100000)
+
+
+def check_lists(path):
+    sheet = load_workbook(path)["Lists"]
+    offered = {}
+    for rule in sheet.data_validations.dataValidation:
+        for cells in rule.sqref.ranges:
+            for row in range(cells.min_row, cells.max_row + 1):
+                offered[cells.min_col, row] = rule.formula1
+    wanted = {(1, row): '"open,closed"' for row in range(1, 5001)}
+    wanted.update({(3, row): '"odd,none"' if row % 2 == 0 else '"even,none"'
+                   for row in range(1, 1001)})
+    expect("cells with lists", len(offered), len(wanted))
+    expect("lists", offered == wanted, True)
+    check_column(sheet, "list", 5000)
+
+
+def check_looks(path):
+    sheet = load_workbook(path)["Looks"]
+    fills = [cells[0].fill.fgColor.rgb for cells in sheet.iter_rows(max_col=1)]
+    expect("fills", fills[:64000] == [f"FF{row:06X}" for row in range(64000)], True)
+    check_column(sheet, "look", 66000)
+
+
+def check_links(path):
+    sheet = load_workbook(path)["Links"]
+    expect("places", [sheet.cell(row, 1).hyperlink.location for row in (1, 2, 3)],
+           ["'Links'!A1"] * 3)
+    expect("shown", [sheet.cell(row, 1).value for row in (1, 2, 3)],
+           ["a_x0001_b", "中" * 1000, "<&>\"'"])
+    expect("long address", sheet["A5"].value, "https://example.org/" + "a" * 3000)
+
+
 def convert(folder, out, name, target):
     profile = "-env:UserInstallation=file://" + os.path.abspath(os.path.join(out, "profile"))
     done = subprocess.run(
         ["soffice", profile, "--headless", "--norestore", "--convert-to", target, "--outdir", out,
          os.path.join(folder, name)],
-        capture_output=True, text=True, timeout=170, check=False)
+        capture_output=True, text=True, timeout=600, check=False)
     told = [line for line in done.stderr.splitlines() if line and "javaldx" not in line]
     if done.returncode != 0 or told:
         raise Fault(f"LibreOffice: status {done.returncode}, {done.stdout} {told}")
@@ -101,6 +150,16 @@ def check_with_libreoffice(folder):
     out = os.path.join(folder, "converted")
     convert(folder, out, "rows.xlsx", CSV_FILTER)
     check_csv(os.path.join(out, "rows-Rows.csv"), [[f"row {row}"] for row in range(ALL_ROWS)])
+    for what, count in (("merge", 100000), ("list", 5000), ("look", 66000)):
+        convert(folder, out, f"{what}s.xlsx", CSV_FILTER)
+        check_csv(os.path.join(out, f"{what}s-{what.capitalize()}s.csv"),
+                  [[f"{what} {row}"] for row in range(count)])
+    for count in (64, 900):
+        convert(folder, out, f"sheets{count}.xlsx", CSV_FILTER)
+        for number in range(1, count + 1):
+            check_csv(os.path.join(out, f"sheets{count}-S{number}.csv"), [[f"on sheet {number}"]])
+    convert(folder, out, "links.xlsx", CSV_FILTER)
+    check_csv(os.path.join(out, "links-Links.csv"), [["a\x01b"], ["中" * 1000], ["<&>\"'"]])
     for name in ("memory", "constant"):
         convert(folder, out, f"{name}.xlsx", CSV_FILTER)
         for sheet in NAMES[1:]:
@@ -118,6 +177,11 @@ def main():
         for name in ("memory.xlsx", "constant.xlsx"):
             check_book(os.path.join(folder, name))
         check_rows(os.path.join(folder, "rows.xlsx"))
+        check_many_sheets(folder, 64)
+        check_many_sheets(folder, 900)
+        for what, check in (("merges", check_merges), ("lists", check_lists),
+                            ("looks", check_looks), ("links", check_links)):
+            check(os.path.join(folder, what + ".xlsx"))
         check_with_libreoffice(folder)
     except Fault as fault:
         sys.exit(f"read-xlsx.py: {fault}")

@@ -9,6 +9,8 @@
 #include <QtGui/QImage>
 
 #include <cstdio>
+#include <functional>
+#include <vector>
 
 using Vantor::CExcelControllorWithC;
 using Look = std::shared_ptr<Vantor::Clxw_format_>;
@@ -66,10 +68,8 @@ void WriteCells(CExcelControllorWithC &writer, const std::string &picture_path)
     writer.SetFilterCoumn(0, 0, 9, 3);
 }
 
-int WriteAll(const std::string &folder, const char *name, bool is_constant)
+void WriteSheets(CExcelControllorWithC &writer, const std::string &folder)
 {
-    CExcelControllorWithC writer;
-    writer.Init(folder + name, is_constant ? folder : "");
     writer.AddSheetByName("Hidden");
     writer.SetCellString(0, 0, "nobody sees it", nullptr);
     for (const QString &sheet : {QString(40, 'n'), QStringLiteral("中文").repeated(20),
@@ -78,20 +78,96 @@ int WriteAll(const std::string &folder, const char *name, bool is_constant)
         WriteCells(writer, folder + "picture.png");
     }
     writer.DeleteSheet("Hidden");
-    writer.Close();
-    return writer.LastCloseResult();
 }
 
-int WriteAllRows(const std::string &folder)
+void WriteRows(CExcelControllorWithC &writer)
 {
     const auto plain = std::make_shared<Vantor::Clxw_format_>();
-    CExcelControllorWithC writer;
-    writer.Init(folder + "rows.xlsx", folder);
     writer.AddSheetByName("Rows");
     for (int row = 0; row < kAllRows; ++row)
         writer.SetCellString(row, 0, "row " + std::to_string(row), plain);
+}
+
+void WriteManySheets(CExcelControllorWithC &writer, int count)
+{
+    for (int sheet = 1; sheet <= count; ++sheet) {
+        writer.AddSheetByName("S" + std::to_string(sheet));
+        writer.SetCellString(0, 0, "on sheet " + std::to_string(sheet), nullptr);
+    }
+}
+
+void WriteMerges(CExcelControllorWithC &writer)
+{
+    writer.AddSheetByName("Merges");
+    for (int row = 0; row < 100000; ++row)
+        writer.MergeCells(row, 0, row, 1, "merge " + std::to_string(row), nullptr);
+}
+
+void WriteLists(CExcelControllorWithC &writer)
+{
+    writer.AddSheetByName("Lists");
+    for (int row = 0; row < 5000; ++row) {
+        writer.SetCellString(row, 0, "list " + std::to_string(row), nullptr);
+        writer.SetCellValidCheck(row, 0, "open,closed");
+        if (row < 1000)
+            writer.SetCellValidCheck(row, 2, row % 2 == 0 ? "even,none" : "odd,none");
+    }
+}
+
+void WriteLooks(CExcelControllorWithC &writer)
+{
+    writer.AddSheetByName("Looks");
+    for (int row = 0; row < 66000; ++row) {
+        const auto look = std::make_shared<Vantor::Clxw_format_>();
+        look->SetVal_background_color(QString("#%1").arg(row, 6, 16, QChar('0')).toStdString());
+        writer.SetCellString(row, 0, "look " + std::to_string(row), look);
+    }
+}
+
+void WriteLinks(CExcelControllorWithC &writer)
+{
+    const struct
+    {
+        std::string url;
+        std::string text;
+    } links[] = {{"internal:'Links'!A1", std::string("a\x01") + "b"},
+                 {"internal:'Links'!A1", QString(1000, QChar(0x4E2D)).toStdString()},
+                 {"internal:'Links'!A1", "<&>\"'"},
+                 {"https://example.org/\x01", "_x000D_"},
+                 {"https://example.org/" + std::string(3000, 'a'), ""}};
+    writer.AddSheetByName("Links");
+    int row = 0;
+    for (auto [url, text] : links)
+        writer.SetLinkString(row++, 0, url, text);
+}
+
+struct Book
+{
+    const char *name;
+    bool is_constant;
+    std::function<void(CExcelControllorWithC &)> write;
+    QStringList lost = {}; // what the log says, each once
+};
+
+bool Write(const std::string &folder, const Book &book)
+{
+    QStringList lines;
+    Nim::Base::Log::SetSink([&lines](int level, const std::string &, const std::string &message) {
+        if (level > 3)
+            lines.append(QString::fromStdString(message));
+    });
+    CExcelControllorWithC writer;
+    writer.Init(folder + book.name, book.is_constant ? folder : "");
+    book.write(writer);
     writer.Close();
-    return writer.LastCloseResult();
+    Nim::Base::Log::SetSink(nullptr);
+    bool is_sound = writer.LastCloseResult() == 0 && lines.size() == book.lost.size();
+    for (const QString &loss : book.lost)
+        is_sound = is_sound && lines.filter(loss).size() == 1;
+    if (!is_sound)
+        std::fprintf(stderr, "%s: result %d\n%s\n", book.name, writer.LastCloseResult(),
+                     qPrintable(lines.join('\n')));
+    return is_sound;
 }
 
 } // namespace
@@ -106,17 +182,20 @@ int main(int argc, char **argv)
         return 2;
     picture.write(PngBytes());
     picture.close();
-    bool is_quiet = true;
-    Nim::Base::Log::SetSink(
-        [&is_quiet](int level, const std::string &, const std::string &message) {
-            if (level <= 3)
-                return;
-            is_quiet = false;
-            std::fprintf(stderr, "%s\n", message.c_str());
-        });
     const std::string path = folder.toStdString();
-    const bool is_saved = WriteAll(path, "memory.xlsx", false) == 0
-                          && WriteAll(path, "constant.xlsx", true) == 0 && WriteAllRows(path) == 0;
-    Nim::Base::Log::SetSink(nullptr);
-    return is_saved && is_quiet ? 0 : 1;
+    const auto sheets = [&path](CExcelControllorWithC &writer) { WriteSheets(writer, path); };
+    const std::vector<Book> books{
+        {"memory.xlsx", false, sheets},
+        {"constant.xlsx", true, sheets},
+        {"rows.xlsx", true, WriteRows},
+        {"sheets64.xlsx", true, [](auto &writer) { WriteManySheets(writer, 64); }},
+        {"sheets900.xlsx", true, [](auto &writer) { WriteManySheets(writer, 900); }},
+        {"merges.xlsx", true, WriteMerges, {"beyond the 65,535th"}},
+        {"lists.xlsx", true, WriteLists},
+        {"looks.xlsx", true, WriteLooks, {"looks beyond the 64,000th"}},
+        {"links.xlsx", true, WriteLinks, {"was replaced in a text", "written as plain text"}}};
+    bool are_sound = true;
+    for (const Book &book : books)
+        are_sound = Write(path, book) && are_sound;
+    return are_sound ? 0 : 1;
 }
