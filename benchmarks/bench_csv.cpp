@@ -22,8 +22,8 @@ constexpr int kColumns = 8;
 constexpr int kWrittenRows = 1'000'000;
 constexpr int kCollectedRows = 1'000'000;
 constexpr int kPooledRows = 10'000; // rows with texts of their own; the others share these
-constexpr double kWriteBar = 2.5;
-constexpr double kCollectBar = 3.0;
+constexpr double kWriteBar = 4.0;
+constexpr double kCollectBar = 4.0;
 constexpr double kMemoryBar = 1.0;
 // The longest field is short, so its double does not count.
 constexpr long kMemoryLimitKb = 2L * 1024;

@@ -28,6 +28,9 @@ constexpr double kPeerBar = 3.0;
 constexpr double kMemoryBar = 1.0;
 constexpr double kConstantLimitKb = 3.0 * 1024; // above the bare loop
 constexpr double kGrowthLimit = 1.5;
+constexpr int kMergedColumns = 4;
+constexpr int kMergedRows = 16'000; // a sheet takes 65,535 merges
+constexpr double kMergeGrowthLimit = 12;
 constexpr double kInMemoryLimit = 1.05; // of the bare loop
 
 using Looks = std::array<std::shared_ptr<Vantor::Clxw_format_>, 5>;
@@ -211,6 +214,42 @@ void AgainstOpenpyxl(benchmark::State &state)
     state.counters["seconds_ours"] = ours_s;
 }
 BENCHMARK(AgainstOpenpyxl)->Iterations(1)->Unit(benchmark::kSecond);
+
+// Column by column: each merge has all those before it to be compared with.
+double SecondsOfMerges(const CInput &input, int rows, int &fault)
+{
+    Vantor::CExcelControllorWithC writer;
+    writer.Init(input.Path("merges.xlsx"), "");
+    writer.AddSheetByName("Sheet");
+    const double seconds = Pairs::SecondsOf([&] {
+        for (int column = 0; column < kMergedColumns; ++column) {
+            for (int row = 0; row < rows; ++row)
+                writer.MergeCells(row, 2 * column, row, 2 * column + 1, "merged", nullptr);
+        }
+    });
+    writer.Discard();
+    fault += writer.LastCloseResult();
+    return seconds;
+}
+
+// Ten times the rows take at most twelve times the time.
+void Merges(benchmark::State &state)
+{
+    const CInput input;
+    int fault = 0;
+    std::vector<double> growths;
+    for (auto _ : state) {
+        for (int pair = 0; pair < Pairs::kPairs; ++pair) {
+            const double few_s = SecondsOfMerges(input, kMergedRows / 10, fault);
+            growths.push_back(SecondsOfMerges(input, kMergedRows, fault) / few_s);
+        }
+    }
+    Require(state, fault == 0, "the merges were not written");
+    state.counters["ratio_xlsx_merges_limit_over_growth"] =
+        kMergeGrowthLimit / Pairs::Median(growths);
+    state.counters["bar_xlsx_merges_limit_over_growth"] = 1.0;
+}
+BENCHMARK(Merges)->Iterations(1)->Unit(benchmark::kSecond);
 
 } // namespace
 
