@@ -20,10 +20,7 @@ LAYERED = ("host/client", "src/ui")                     # their folders form lay
 MOST_LINES_OF_FILE = 400
 MOST_LINES_OF_FUNCTION = 40  # signature and braces included, blank lines not
 # Still to be mended. What is mended must leave the list.
-KNOWN_LONG = {
-    "src/controller/Excel/ExcelControllorWithC.cpp",
-    "src/controller/Excel/ExcelSheet.cpp",
-}
+KNOWN_LONG = set()
 
 
 def our_files():

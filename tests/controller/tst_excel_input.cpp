@@ -248,7 +248,8 @@ private Q_SLOTS:
 
         const QByteArray sheet = ReadParts(folder_.filePath("a.xlsx"))[kSheet];
         QCOMPARE(sheet.count("<dataValidation "), validations);
-        QVERIFY(sheet.contains("<dataValidations count=\"" + QByteArray::number(validations) + '"'));
+        QVERIFY(
+            sheet.contains("<dataValidations count=\"" + QByteArray::number(validations) + '"'));
         QCOMPARE(writer.LastCloseNotes().lists_left_out, left_out);
     }
 

@@ -170,9 +170,8 @@ void CListPage::SetList(IncidentListPtr list)
 
 void CListPage::FillTypes()
 {
-    const Vantor::CFilterWidgetEx &filter = *list_->GetFilterWidget();
-    filter.GetMainTypeComboBox()->setEnabled(model_->HasTypes());
-    filter.GetSubTypeComboBox()->setEnabled(model_->HasTypes());
+    list_->GetFilterWidget()->GetMainTypeComboBox()->setEnabled(model_->HasTypes());
+    list_->GetFilterWidget()->GetSubTypeComboBox()->setEnabled(model_->HasTypes());
     if (model_->HasTypes())
         list_->AddTopLevelItems();
 }
