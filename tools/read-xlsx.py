@@ -159,7 +159,8 @@ def check_with_libreoffice(folder):
         for number in range(1, count + 1):
             check_csv(os.path.join(out, f"sheets{count}-S{number}.csv"), [[f"on sheet {number}"]])
     convert(folder, out, "links.xlsx", CSV_FILTER)
-    check_csv(os.path.join(out, "links-Links.csv"), [["a\x01b"], ["中" * 1000], ["<&>\"'"]])
+    check_csv(os.path.join(out, "links-Links.csv"), [["a\x01b"], ["中" * 1000], ["<&>\"'"], ["_x000D_"],
+               ["https://example.org/" + "a" * 3000]])
     for name in ("memory", "constant"):
         convert(folder, out, f"{name}.xlsx", CSV_FILTER)
         for sheet in NAMES[1:]:
