@@ -11,7 +11,7 @@
 namespace Server {
 namespace {
 
-constexpr qint64 kLife_s = 12 * 60 * 60;
+constexpr qint64 kLifeS = 12LL * 60 * 60;
 constexpr int kMaximumSessions = 100; // of one account
 constexpr size_t kTokenBytes = 32;
 
@@ -37,10 +37,10 @@ QString NewToken()
 
 QString CSessions::Begin(CDatabase &database, const QString &name, qint64 now)
 {
-    const QString token = NewToken();
+    QString token = NewToken();
     database.Run(QStringLiteral("DELETE FROM session WHERE expires <= ?"), {now});
     database.Run(QStringLiteral("INSERT INTO session SELECT ?, id, ? FROM account WHERE name = ?"),
-                 {HashOf(token.toStdString()), now + kLife_s, name});
+                 {HashOf(token.toStdString()), now + kLifeS, name});
     database.Run(QStringLiteral(
                      "DELETE FROM session WHERE account = (SELECT id FROM account WHERE name = ?) "
                      "AND token NOT IN (SELECT token FROM session WHERE account = (SELECT id FROM "

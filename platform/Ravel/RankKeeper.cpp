@@ -48,6 +48,7 @@ void CRankKeeper::Forget()
 CRankKeeper::RankedColumns CRankKeeper::RankAll(const CTextReader &reader, int columns)
 {
     std::vector<CRankBuilder> builders;
+    builders.reserve(static_cast<size_t>(columns));
     for (int column = 0; column < columns; ++column)
         builders.emplace_back(column);
     const bool is_whole = reader.Read([&builders](const CTextBlock &texts) {

@@ -13,7 +13,7 @@ using Vantor::CBaseDockFrame;
 
 namespace {
 
-struct CRule : Vantor::CDockWidgetPosRule
+struct CWindowRule : Vantor::CDockWidgetPosRule
 {
     QWidget *window = nullptr;
 
@@ -44,7 +44,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         Manager().SetMainWindow(&window);
         CBaseDockFrame frame(&window);
-        CRule rule;
+        CWindowRule rule;
         rule.window = &window;
 
         Manager().SetDockWidget(&frame, 300);

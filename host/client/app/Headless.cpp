@@ -79,7 +79,8 @@ void TakeOtherPages(CMainWindow &window, const QString &name, Pictures &pictures
 {
     CPages &pages = window.Pages();
     const QString first = pages.Current();
-    for (const QString &page : CPages::Names()) {
+    const QStringList names = CPages::Names();
+    for (const QString &page : names) {
         if (page == first || !pages.Show(page))
             continue;
         pages.PrepareForPicture();

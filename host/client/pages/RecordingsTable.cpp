@@ -104,7 +104,7 @@ int CRecordingsModel::columnCount(const QModelIndex &parent) const
 QString CRecordingsModel::TimeText(qint64 seconds) const
 {
     const QLocale locale;
-    const QString text =
+    QString text =
         locale.toString(WallClockOf(zone_.Read(), seconds).time(), QStringLiteral("HH:mm:ss"));
     if (!has_offsets_)
         return text;

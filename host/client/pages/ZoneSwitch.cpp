@@ -69,7 +69,7 @@ Stretch StretchAt(const QTimeZone &zone, qint64 seconds)
         return stretch;
     }
     // An irregular year: from change to change.
-    stretch.zone.utc_bias = -zone.offsetFromUtc(Utc(seconds)) / kSecondsPerMinute;
+    stretch.zone.utc_bias = static_cast<int>(-zone.offsetFromUtc(Utc(seconds)) / kSecondsPerMinute);
     const QDateTime begin = ChangeBefore(zone, Utc(seconds).addMSecs(1));
     const QDateTime end = ChangeAfter(zone, Utc(seconds));
     if (begin.isValid())

@@ -13,7 +13,8 @@ namespace Nim::Base::MonitorDriveUtil {
 namespace {
 
 // Calls the callback for Qt's screens. Lives on the GUI thread; its end ends every connection.
-class CWatcher : public QObject
+// It has no parent, because it must not end with the application object.
+class CWatcher : public QObject // clazy:exclude=ctor-missing-parent-argument
 {
 public:
     CWatcher(DeviceChangeCallBack callback, void *user_data)

@@ -36,7 +36,7 @@ QString LockText(int seconds)
     if (seconds < kSecondsPerMinute)
         return FillArgument(Translate(QLatin1String(kLockedSeconds), kContext),
                             QString::number(seconds));
-    const QString text = Translate(QLatin1String(kLockedMinutes), kContext);
+    QString text = Translate(QLatin1String(kLockedMinutes), kContext);
     if (!text.contains(QLatin1String("%1")) || !text.contains(QLatin1String("%2")))
         return text; // no translation: QString::arg() would warn
     return text.arg(QString::number(seconds / kSecondsPerMinute),
