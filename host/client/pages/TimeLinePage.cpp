@@ -43,7 +43,7 @@ constexpr int kLeastTablePx = 120;
 constexpr qint64 kSpacingOfMany = 60;
 
 const QByteArray kPictureZone = QByteArrayLiteral("Europe/Berlin");
-const QDate kPictureDay(2026, 3, 29); // an hour is left out there
+constexpr int kPictureDay[] = {2026, 3, 29}; // an hour is left out there
 
 QPixmap Swatch(const QColor &colour, qreal ratio)
 {
@@ -350,7 +350,8 @@ void CTimeLinePage::PrepareForPicture()
     line_->SetAnimationDuration(0);
     zone_->SetZone(kPictureZone);
     second_row_->setChecked(true);
-    line_->SetPosition(QDateTime(kPictureDay, QTime(4, 20), Qt::UTC).toMSecsSinceEpoch());
+    line_->SetPosition(QDateTime({kPictureDay[0], kPictureDay[1], kPictureDay[2]}, {4, 20}, Qt::UTC)
+                           .toMSecsSinceEpoch());
     line_->setFocus();
 }
 
