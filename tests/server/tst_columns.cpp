@@ -89,9 +89,14 @@ private Q_SLOTS:
     void aServerThatFailsLeavesASettledTable()
     {
         CRawServer bad(CRawServer::Fault(FetchRow<Row>().name));
-        CNetCommManager::SetTimeouts(1000, 400);
-        const auto fail = [&bad] { CNetCommManager::SetServer("127.0.0.1", bad.Port()); };
-        const auto heal = [this] { CNetCommManager::SetServer("127.0.0.1", server_->Port()); };
+        const auto fail = [&bad] {
+            CNetCommManager::SetTimeouts(1000, 400);
+            CNetCommManager::SetServer("127.0.0.1", bad.Port());
+        };
+        const auto heal = [this] {
+            CNetCommManager::SetTimeouts(kDefaultConnectMs, kDefaultReadMs);
+            CNetCommManager::SetServer("127.0.0.1", server_->Port());
+        };
         QVERIFY(LogInAs("operator"));
         fail();
         CTable table(MakeColumns(4));

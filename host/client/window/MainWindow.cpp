@@ -18,6 +18,7 @@
 #include <QtCore/QFileInfo>
 #include <QtGui/QCloseEvent>
 #include <QtWidgets/QAction>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMessageBox>
@@ -172,6 +173,11 @@ void CMainWindow::changeEvent(QEvent *event)
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         Retranslate();
+    // A window manager may activate a window that a dialog blocks, for instance when the lock is
+    // gone.
+    QWidget *const dialog = QApplication::activeModalWidget();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && dialog && dialog != this)
+        dialog->activateWindow();
 }
 
 void CMainWindow::closeEvent(QCloseEvent *event)
