@@ -16,7 +16,7 @@ namespace KeyBoard {
 /// and ends before, during and after the application object's life.
 ///
 /// A derived class calls Begin() in its constructor and End() in its destructor.
-class CDeviceThread : private QThread
+class CDeviceThread : private QThread // clazy:exclude=ctor-missing-parent-argument
 {
 public:
     ~CDeviceThread() override = default;

@@ -10,7 +10,7 @@ namespace KeyBoard {
 
 /// \brief Polls the joysticks of the plug-in a hundred times a second. Without the plug-in, which a
 /// log line then reports, there are no joysticks.
-class CJoystickThread : public CDeviceThread
+class CJoystickThread : public CDeviceThread // clazy:exclude=ctor-missing-parent-argument
 {
 public:
     /// Called on the thread.

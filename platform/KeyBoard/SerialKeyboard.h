@@ -18,7 +18,7 @@ namespace KeyBoard {
 ///
 /// A port that vanishes is tried again every second. A move that runs when the port vanishes or is
 /// closed, or when another move begins, is stopped first.
-class CSerialKeyboard : public CDeviceThread
+class CSerialKeyboard : public CDeviceThread // clazy:exclude=ctor-missing-parent-argument
 {
 public:
     /// Both are called on the thread.

@@ -232,6 +232,7 @@ std::shared_ptr<const CTextRanks> CRankBuilder::Take()
     std::vector<std::u16string> wide_texts;
     std::vector<CText> texts;
     wide_texts.reserve(static_cast<size_t>(wide_.Count()));
+    texts.reserve(static_cast<size_t>(latin_.Count()) + static_cast<size_t>(wide_.Count()));
     for (int i = 0; i < latin_.Count(); ++i)
         texts.push_back({latin_.Text(i), {}, false});
     for (int i = 0; i < wide_.Count(); ++i) {

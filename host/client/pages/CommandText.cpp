@@ -56,7 +56,7 @@ QString CommandText(int operation, bool is_stop, int speed, int index)
         std::find_if(std::begin(kCommands), std::end(kCommands),
                      [operation](const Command &each) { return each.operation == operation; });
     const Command &command = found == std::end(kCommands) ? kUnknown : *found;
-    const QString words = Text(command.words);
+    QString words = Text(command.words);
     if (is_stop)
         return Text(QT_TRANSLATE_NOOP("CommandText", "stop: %1")).arg(words);
     switch (command.carries) {

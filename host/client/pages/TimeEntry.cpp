@@ -80,7 +80,7 @@ void CTimeEntry::Step(int steps)
     while (part < int(std::size(kEndOfPart)) && cursorPosition() > kEndOfPart[part])
         ++part;
     const QDateTime stepped[] = {time.addYears(steps),       time.addMonths(steps),
-                                 time.addDays(steps),        time.addSecs(steps * 3600),
+                                 time.addDays(steps),        time.addSecs(steps * 3600LL),
                                  time.addSecs(steps * 60LL), time.addSecs(steps)};
     setModified(false);
     SetTime(stepped[part]);

@@ -72,7 +72,7 @@ CPages::CPages(QWidget *first, QWidget *parent)
         navigation_->addItem(QString());
         auto *const action = new QAction(this);
         if (row < kLastShortcut)
-            action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + row)));
+            action->setShortcut(QKeySequence(int(Qt::CTRL) + Qt::Key_1 + row));
         connect(action, &QAction::triggered, navigation_,
                 [this, row] { navigation_->setCurrentRow(row); });
         actions_.append(action);

@@ -39,7 +39,8 @@ CAnimationProgressBar::CAnimationProgressBar(QWidget *parent)
 
 CAnimationProgressBar::~CAnimationProgressBar()
 {
-    for (CAbstractDelegate *const delegate : Delegates()) // they may outlive the bar
+    const auto delegates = Delegates();
+    for (CAbstractDelegate *const delegate : delegates) // they may outlive the bar
         delegate->d_ptr_->SetBar(nullptr, {});
 }
 
@@ -176,7 +177,8 @@ void CAnimationProgressBar::SetUnitScale(double scale_length_px, double time_len
 
 qint64 CAnimationProgressBar::UTCSecondsAtXPos(double x) const
 {
-    constexpr double kMost = double(std::numeric_limits<qint64>::max() / 1000);
+    constexpr qint64 kMostSeconds = std::numeric_limits<qint64>::max() / 1000;
+    constexpr auto kMost = double(kMostSeconds);
     const double from_centre_px = std::clamp(x, -kFarPx, kFarPx) - width() / 2.0;
     const double seconds = d_ptr_->view_.MillisecondsAt(from_centre_px) / kMillisecondsPerSecond;
     return qint64(std::clamp(std::floor(seconds), -kMost, kMost));

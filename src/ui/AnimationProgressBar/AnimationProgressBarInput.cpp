@@ -260,14 +260,13 @@ void CAnimationProgressBar::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && Escape())
         return;
-    if (d_ptr_->IsHeld()) {
-        QWidget::keyPressEvent(event);
-    } else if (event->key() == Qt::Key_Space) {
+    const bool is_held = d_ptr_->IsHeld(); // keys are the parent's then
+    if (!is_held && event->key() == Qt::Key_Space) {
         ShowTip();
-    } else if (IsMoveKey(event->key())) {
+    } else if (!is_held && IsMoveKey(event->key())) {
         if (const auto target_ms = KeyTarget(*event))
             SlideByUser(*target_ms);
-    } else if (!ZoomByKey(event->key())) {
+    } else if (is_held || !ZoomByKey(event->key())) {
         QWidget::keyPressEvent(event);
     }
 }

@@ -73,6 +73,7 @@ void CFilterProxyModelEx::SetPageFilter(QString tag)
     Rebuild();
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): by value is fixed
 void CFilterProxyModelEx::SetKeyWordFilter(QString keyword)
 {
     d_ptr_->words_.SetKeyWord(keyword);
