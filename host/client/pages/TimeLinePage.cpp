@@ -43,7 +43,7 @@ constexpr int kLeastTablePx = 120;
 constexpr qint64 kSpacingOfMany = 60;
 
 const QByteArray kPictureZone = QByteArrayLiteral("Europe/Berlin");
-constexpr int kPictureDay[] = {2026, 3, 29}; // an hour is left out there
+constexpr qint64 kPictureTimeMs = 1774758000000; // 2026-03-29 04:20 UTC, a day of 23 hours
 
 QPixmap Swatch(const QColor &colour, qreal ratio)
 {
@@ -350,8 +350,7 @@ void CTimeLinePage::PrepareForPicture()
     line_->SetAnimationDuration(0);
     zone_->SetZone(kPictureZone);
     second_row_->setChecked(true);
-    line_->SetPosition(QDateTime({kPictureDay[0], kPictureDay[1], kPictureDay[2]}, {4, 20}, Qt::UTC)
-                           .toMSecsSinceEpoch());
+    line_->SetPosition(kPictureTimeMs);
     line_->setFocus();
 }
 
