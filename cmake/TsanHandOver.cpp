@@ -17,6 +17,14 @@ void __tsan_acquire(
     void *address); // NOLINT(bugprone-reserved-identifier): the sanitizer's own names
 void __tsan_release(void *address); // NOLINT(bugprone-reserved-identifier)
 __attribute__((visibility("default"))) int vantor_tsan_hand_over = 0;
+
+// Qt posts the events of a future inside its own library, out of reach of the functions below.
+// When the watcher is deleted before they arrive, Qt deletes them.
+__attribute__((visibility("default"))) const char *
+__tsan_default_suppressions() // NOLINT(bugprone-reserved-identifier)
+{
+    return "race:QCoreApplication::removePostedEvents\n";
+}
 }
 
 namespace {
@@ -63,6 +71,17 @@ VANTOR_SEEN void QFutureInterfaceBase::waitForFinished()
         Next<void (*)(QFutureInterfaceBase *)>("_ZN20QFutureInterfaceBase15waitForFinishedEv");
     next(this);
     __tsan_acquire(&task_finished);
+}
+
+// The results belong to whoever gives them up last, the task or a future on another thread.
+VANTOR_SEEN bool QFutureInterfaceBase::derefT() const
+{
+    static const auto next =
+        Next<bool (*)(const QFutureInterfaceBase *)>("_ZNK20QFutureInterfaceBase6derefTEv");
+    __tsan_release(&task_finished);
+    const bool is_shared = next(this);
+    __tsan_acquire(&task_finished);
+    return is_shared;
 }
 
 VANTOR_SEEN void QMutex::lock() QT_MUTEX_LOCK_NOEXCEPT

@@ -202,11 +202,12 @@ private Q_SLOTS:
             QVERIFY(model_->setData(model_->index(row, 1), QString::number(row % 7)));
             QVERIFY(model_->removeRows(row, 1));
         }
-        {
+        for (int us = 0; us < 6000; us += 100) {
             Ravel::CTreeViewModel gone;
             gone.SetHorizontalHeaderLabels({"Number", "Text"});
-            QVERIFY(gone.InsertTopLevelItems(0, Items(5000)));
+            QVERIFY(gone.InsertTopLevelItems(0, Items(200)));
             gone.PrepareRanks();
+            QThread::usleep(us);
         }
 
         QTRY_VERIFY(model_->HasRanks(0));
