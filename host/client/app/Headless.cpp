@@ -3,6 +3,7 @@
 
 #include "app/Batch.h"
 #include "app/Console.h"
+#include "link/ServerLink.h"
 #include "look/Language.h"
 #include "look/Theme.h"
 #include "window/MainWindow.h"
@@ -10,8 +11,10 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QEventLoop>
 #include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
 #include <QtGui/QPainter>
 #include <QtWidgets/QDialog>
@@ -31,21 +34,34 @@ using namespace std::chrono_literals;
 constexpr QSize kWindowSizePx(1280, 800);
 constexpr auto kSettleTime = 50ms; // for the first frames of the animation
 constexpr int kSettleRounds = 3;
+constexpr qint64 kLongestLoading_ms = 60000; // a new server fills its database first
 
 struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(Headless)
 };
 
+void HandleEvents()
+{
+    QEventLoop loop;
+    QTimer::singleShot(kSettleTime, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
 // Posted events update texts, then rebuild the list, then lay it out. On a slow machine, one of
 // these steps takes longer than the time of a round, so each gets its own.
 void Settle()
 {
-    for (int round = 0; round < kSettleRounds; ++round) {
-        QEventLoop loop;
-        QTimer::singleShot(kSettleTime, &loop, &QEventLoop::quit);
-        loop.exec();
-    }
+    for (int round = 0; round < kSettleRounds; ++round)
+        HandleEvents();
+}
+
+template <class Condition> void HandleEventsWhile(Condition is_waiting)
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (is_waiting() && clock.elapsed() < kLongestLoading_ms)
+        HandleEvents();
 }
 
 int SavePicture(const QPixmap &picture, const QDir &folder, const QString &name)
@@ -84,6 +100,8 @@ void TakeOtherPages(CMainWindow &window, const QString &name, Pictures &pictures
         if (page == first || !pages.Show(page))
             continue;
         pages.PrepareForPicture();
+        Settle(); // the page may ask for its rows anew, in another direction for example
+        HandleEventsWhile([&pages] { return pages.IsLoading(); });
         Settle();
         pictures.emplace_back(page + QLatin1Char('-') + name, window.grab());
     }
@@ -137,7 +155,11 @@ int RunHeadless(const Options &options, const IncidentListPtr &list, CThemeSwitc
         return kExitFileFailed;
     }
     const QDir folder(options.out_folder);
+    const QTemporaryDir server_data; // of a server that is the same each time
+    CServerLink link;
     CMainWindow window(theme, language);
+    window.SetServerLink(link);
+    link.Start(options.server, CServerLink::Users().constFirst(), server_data.path());
     window.resize(kWindowSizePx);
     window.SetList(list, options.ListName());
     window.SetFilter(options.filter);
@@ -149,6 +171,7 @@ int RunHeadless(const Options &options, const IncidentListPtr &list, CThemeSwitc
         if (status != kExitDone)
             return status;
     }
+    HandleEventsWhile([&link] { return link.IsConnecting(); });
     // All lines are printed in one language, independent of that of the pictures.
     for (const auto &[name, picture] : TakePictures(window, options.ListName(), theme, language))
         status = std::max(status, SavePicture(picture, folder, name));

@@ -35,9 +35,8 @@ QUrl UrlOf(const QString &server)
 }
 
 // An error text, empty when it runs.
-QString StartOwnServer(std::shared_ptr<Server::CServer> &server)
+QString StartOwnServer(const QString &folder, std::shared_ptr<Server::CServer> &server)
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     if (!QDir().mkpath(folder))
         return CServerLink::tr("Cannot make the folder %1.").arg(QDir::toNativeSeparators(folder));
     Server::ServerOptions options;
@@ -133,13 +132,16 @@ QStringList CServerLink::Users()
     return users;
 }
 
-void CServerLink::Start(const QString &server, const QString &user)
+void CServerLink::Start(const QString &server, const QString &user, const QString &folder)
 {
-    watcher_.setFuture(QtConcurrent::run([server, user] {
+    const QString data = folder.isEmpty()
+                             ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+                             : folder;
+    watcher_.setFuture(QtConcurrent::run([server, user, data] {
         Outcome outcome;
         outcome.user = user;
         if (server.isEmpty()) {
-            outcome.error = StartOwnServer(outcome.server);
+            outcome.error = StartOwnServer(data, outcome.server);
         } else {
             const QUrl url = UrlOf(server);
             CNetCommManager::SetServer(url.host().toStdString(), url.port(),

@@ -40,13 +40,16 @@ public:
 
     /// \brief Connect and log \a user in.
     /// \param server an address as above; empty: a server in this process, on this machine only.
-    void Start(const QString &server, const QString &user);
+    /// \param folder where a server in this process keeps its data; empty: the user's data folder.
+    void Start(const QString &server, const QString &user, const QString &folder = {});
     /// \brief Log another user in, and end the session of the one before, who stays when that
     /// fails.
     void LogIn(const QString &user, const Nim::Base::SecretText &password);
     /// \brief The same for one of Users().
     void SwitchUser(const QString &user);
 
+    /// \brief Whether it connects or logs in just now.
+    [[nodiscard]] bool IsConnecting() const { return watcher_.isRunning(); }
     /// \brief The user who is logged in; empty before the first login.
     [[nodiscard]] QString User() const { return user_; }
     /// \brief The accounts to choose from.

@@ -28,6 +28,8 @@ public:
     virtual void StopWork() {}
     /// \brief Put the page into the state in which a picture shows it best, without waiting.
     virtual void PrepareForPicture() {}
+    /// \brief Whether the page still waits for what it shows, from a server for example.
+    [[nodiscard]] virtual bool IsLoading() const { return false; }
 
 Q_SIGNALS:
     /// A short text for the status bar.

@@ -53,8 +53,10 @@ CServerListPage::CServerListPage(QWidget *parent)
     connect(search_, &QLineEdit::returnPressed, this, &CServerListPage::OnAskFirst);
     connect(total_known_, &QCheckBox::toggled, this, &CServerListPage::OnTotalKnown);
     connect(source_, &CPageSource::SignalPage, this, &CServerListPage::OnPage);
-    if (CServerLink *const link = CServerLink::Current())
+    if (CServerLink *const link = CServerLink::Current()) {
         connect(link, &CServerLink::SignalUserChanged, this, &CServerListPage::OnAskFirst);
+        connect(link, &CServerLink::SignalFailed, this, &CServerListPage::OnNoServer);
+    }
     Build();
     Ask(1);
 }
@@ -110,6 +112,14 @@ void CServerListPage::OnSizeChanged()
 {
     if (list_->GetItemsPerPage() != asked_rows_)
         Ask(1);
+}
+
+void CServerListPage::OnNoServer()
+{
+    if (CServerLink::Current()->User().isEmpty()) {
+        is_waiting_ = false;
+        state_->setText(tr("There is no server."));
+    }
 }
 
 void CServerListPage::OnTotalKnown(bool known)

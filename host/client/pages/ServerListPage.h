@@ -34,6 +34,8 @@ class CServerListPage : public CPage
 public:
     explicit CServerListPage(QWidget *parent = nullptr);
 
+    [[nodiscard]] bool IsLoading() const override { return is_waiting_; }
+
 protected:
     void changeEvent(QEvent *event) override;
 
@@ -43,6 +45,7 @@ private Q_SLOTS:
     void OnSizeChanged();
     void OnTotalKnown(bool known);
     void OnPage(const Client::ServerPage &page);
+    void OnNoServer();
     void OnRebuild();
 
 private:

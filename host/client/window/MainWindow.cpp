@@ -171,8 +171,10 @@ void CMainWindow::Stop(int status)
 void CMainWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
+        statusBar()->clearMessage(); // it is in the earlier language
         Retranslate();
+    }
     // A window manager may activate a window that a dialog blocks, for instance when the lock is
     // gone.
     QWidget *const dialog = QApplication::activeModalWidget();

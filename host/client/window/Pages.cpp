@@ -129,6 +129,12 @@ void CPages::PrepareForPicture()
         page->PrepareForPicture();
 }
 
+bool CPages::IsLoading() const
+{
+    const auto *const page = qobject_cast<CPage *>(stack_->currentWidget());
+    return page && page->IsLoading();
+}
+
 CPage *CPages::Build(int row)
 {
     CPage *const page = kPages[row].make(stack_);

@@ -43,6 +43,8 @@ public:
     [[nodiscard]] CPage *WorkingPage() const;
     /// \brief Let the current page prepare for a screenshot.
     void PrepareForPicture();
+    /// \brief Whether the current page still waits for what it shows.
+    [[nodiscard]] bool IsLoading() const;
 
 public Q_SLOTS:
     void OnThemeChanged();
