@@ -19,8 +19,6 @@ template class Nim::Base::CSingleton<BusinessCommon::CTimeZoneManager>;
 namespace BusinessCommon {
 namespace {
 
-using Nim::Base::kSecondsPerMinute;
-
 constexpr char kCategory[] = "ClientWarningAndMore";
 constexpr char kGetDstDate[] = "BusinessCommon::CTimeZoneManager::GetDstDate";
 constexpr int kTmYearBase = 1900;
@@ -71,15 +69,16 @@ public:
     {
         const QDateTime now = QDateTime::currentDateTimeUtc();
         const QTimeZone zone = QTimeZone::systemTimeZone();
+        constexpr int kMinute_s = Nim::Base::kSecondsPerMinute;
         TimeZoneInfor client;
         if (const auto year = ZoneYearOf(zone, now.date().year())) {
             client = year->infor;
         } else if (zone.isValid()) { // an irregular year: what holds now
-            client.utc_bias = -zone.standardTimeOffset(now) / kSecondsPerMinute;
-            client.daylight_bias = -zone.daylightTimeOffset(now) / kSecondsPerMinute;
+            client.utc_bias = -zone.standardTimeOffset(now) / kMinute_s;
+            client.daylight_bias = -zone.daylightTimeOffset(now) / kMinute_s;
             client.b_dst = client.daylight_bias != 0;
         } else {
-            client.utc_bias = -now.toLocalTime().offsetFromUtc() / kSecondsPerMinute;
+            client.utc_bias = -now.toLocalTime().offsetFromUtc() / kMinute_s;
         }
         *infor = CTimeZoneInfor(client);
     }

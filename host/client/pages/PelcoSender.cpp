@@ -146,8 +146,8 @@ void CPelcoSender::SendNext()
         return;
     const QByteArray bytes = waiting_.takeFirst().bytes;
     pace_.start();
-    const bool is_stuck =
-        waiting_.size() > kMostWaiting || device_->bytesToWrite() > kMostWaiting * bytes.size();
+    const bool is_stuck = waiting_.size() > kMostWaiting
+                          || device_->bytesToWrite() > qint64{kMostWaiting} * bytes.size();
     if (is_stuck || device_->write(bytes) != bytes.size())
         Fail(tr("The camera takes no more commands."));
 }

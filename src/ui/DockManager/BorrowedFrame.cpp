@@ -58,7 +58,7 @@ QPointer<QWidget> CBorrowedFrame::GiveBack()
         return std::exchange(frame_, nullptr);
     layout_->removeWidget(frame_);
     frame_->hide();
-    const QPointer<QWidget> frame = std::exchange(frame_, nullptr);
+    QPointer<QWidget> frame = std::exchange(frame_, nullptr);
     if (!frame)
         return frame;
     if (home_ && (!*home_ || IsBeingDestroyed(**home_)))
