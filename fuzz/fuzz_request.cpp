@@ -31,7 +31,7 @@ Server::CServer &TheServer()
     static auto *const folder = new QTemporaryDir;
     static Server::CServer *const server = [] {
         Server::ServerOptions options;
-        options.data_path = folder->filePath(QStringLiteral("server.sqlite"));
+        options.database = folder->filePath(QStringLiteral("server.sqlite"));
         auto *const started = new Server::CServer(options);
         Require(started->Start().isEmpty(), "the server starts");
         return started;

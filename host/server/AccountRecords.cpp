@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "AccountRecords.h"
 
-#include "Database.h"
 #include "Message.h"
 #include "SampleAccounts.h"
 #include "Sessions.h"
+#include "Store.h"
 
 #include <sodium.h>
 
@@ -29,38 +29,39 @@ bool IsRightPassword(const QString &hash, const std::string &password)
            == 0;
 }
 
-QString PasswordHashOf(CDatabase &database, const QString &name)
+QString PasswordHashOf(CStore &store, const QString &name)
 {
-    return database.Value(QStringLiteral("SELECT password FROM account WHERE name = ?"), {name})
+    return store.Value(QStringLiteral("SELECT password FROM account WHERE name = ?"), {name})
         .toString();
 }
 
-QString AnyPasswordHash(CDatabase &database)
+QString AnyPasswordHash(CStore &store)
 {
-    return database.Value(QStringLiteral("SELECT password FROM account LIMIT 1")).toString();
+    return store.Value(QStringLiteral("SELECT password FROM account LIMIT 1")).toString();
 }
 
-void SetAccount(CDatabase &database, const QString &name, const std::string &password)
+void SetAccount(CStore &store, const QString &name, const std::string &password)
 {
     if (name.isEmpty() || size_t(name.toUtf8().size()) > kMaximumName || password.empty()
         || password.size() > kMaximumPassword)
         throw Refused(kBadRequest);
     const QString hash = HashPassword(password);
-    database.Write([&] {
-        database.Run(
+    store.Write([&] {
+        store.Lock(kUserLock, name); // no login with the old password ends meanwhile
+        store.Run(
             QStringLiteral("INSERT INTO account (name, password) VALUES (?, ?) ON CONFLICT (name) "
                            "DO UPDATE SET password = excluded.password"),
             {name, hash});
-        CSessions::EndAll(database, name);
+        CSessions::EndAll(store, name);
     });
 }
 
-QStringList OpenSampleAccounts(CDatabase &database)
+QStringList OpenSampleAccounts(CStore &store)
 {
     QStringList names;
     for (const SampleAccount &account : kSampleAccounts) {
         const QString name = QLatin1String(account.name);
-        const QString hash = PasswordHashOf(database, name);
+        const QString hash = PasswordHashOf(store, name);
         if (!hash.isEmpty() && IsRightPassword(hash, account.password))
             names.append(name);
     }

@@ -10,7 +10,7 @@
 
 namespace Server {
 
-class CDatabase;
+class CStore;
 
 /// The longest name and password, in bytes of UTF-8, that an account can have and a login can send.
 constexpr size_t kMaximumName = 256;
@@ -23,15 +23,15 @@ constexpr size_t kMaximumPassword = 1024;
 [[nodiscard]] bool IsRightPassword(const QString &hash, const std::string &password);
 
 /// \brief The hash of the account \a name's password; null when there is no such account.
-[[nodiscard]] QString PasswordHashOf(CDatabase &database, const QString &name);
+[[nodiscard]] QString PasswordHashOf(CStore &store, const QString &name);
 /// \brief The hash of some account, for names that do not exist.
-[[nodiscard]] QString AnyPasswordHash(CDatabase &database);
+[[nodiscard]] QString AnyPasswordHash(CStore &store);
 
 /// \brief Add an account, or give it a new password, which ends its sessions. Throws Refused for a
 /// name or password that is empty or too long to log in with.
-void SetAccount(CDatabase &database, const QString &name, const std::string &password);
+void SetAccount(CStore &store, const QString &name, const std::string &password);
 
 /// \brief The sample accounts that still have the passwords that everybody knows.
-[[nodiscard]] QStringList OpenSampleAccounts(CDatabase &database);
+[[nodiscard]] QStringList OpenSampleAccounts(CStore &store);
 
 } // namespace Server

@@ -5,7 +5,9 @@
 #include "Attempts.h"
 #include "Audit.h"
 #include "CodeImage.h"
-#include "Database.h"
+#include "Expiry.h"
+#include "StoreThread.h"
+#include "VerifyCodes.h"
 
 #include <ClientComm/RapidJsonProto.h>
 #include <Nim/Base/SecretText.h>
@@ -16,6 +18,7 @@ namespace Server {
 namespace {
 
 constexpr int kFailuresBeforeCode = 2;
+constexpr qint64 kDropPause_s = 60; // between two times when what has expired is deleted
 
 const char *ResultOf(int code)
 {
@@ -64,11 +67,25 @@ struct CAccounts::Attempt
     QString session;
 };
 
-CAccounts::CAccounts(CDatabaseThread &database, CAudit &audit, std::function<qint64()> clock,
+CAccounts::CAccounts(CStoreThread &store, CAudit &audit, std::function<qint64()> clock,
                      std::function<QString()> code_source)
-    : database_(database), audit_(audit), clock_(std::move(clock)),
-      code_source_(std::move(code_source))
+    : store_(store), audit_(audit), clock_(std::move(clock)), code_source_(std::move(code_source))
 {}
+
+qint64 CAccounts::Now(CStore &store) const
+{
+    return clock_ ? clock_() : store.Now();
+}
+
+void CAccounts::DropExpiredAtTimes(CStore &store)
+{
+    const qint64 now = Now(store);
+    if (now < next_drop_s_)
+        return;
+    next_drop_s_ = now + kDropPause_s;
+    sessions_.WriteEnded(store);
+    DropExpired(store, now);
+}
 
 Reply CAccounts::MakeVerifyCode(const Request &request)
 {
@@ -78,9 +95,14 @@ Reply CAccounts::MakeVerifyCode(const Request &request)
     if (!is_document || body.GetCount("/VerificationCodeImageRequest") == 0
         || user.size() > kMaximumName)
         throw Refused(kBadRequest);
-    const CVerifyCodes::Code code = database_.Do([&](CDatabase &) {
-        return codes_.Make(QString::fromStdString(request.network), QString::fromStdString(user),
-                           clock_(), code_source_ ? code_source_() : QString());
+    const Trier trier{QString::fromStdString(request.network), QString::fromStdString(user)};
+    const VerifyCode code = store_.Do([&](CStore &store) {
+        DropExpiredAtTimes(store);
+        return store.Write([&] {
+            LockCounters(store, trier);
+            return Server::MakeVerifyCode(store, trier, Now(store),
+                                          code_source_ ? code_source_() : QString());
+        });
     });
     const QString image = QString::fromLatin1(DrawCode(code.text).toBase64());
     Reply reply;
@@ -117,9 +139,9 @@ Reply CAccounts::Check(const Request &request, bool is_login)
     attempt.verify_mark = QString::fromStdString(body.GetString(root + "VerifyMark"));
 
     // The database goes on serving others while the password is hashed.
-    if (database_.Do([&](CDatabase &database) { return Begin(database, attempt); })) {
+    if (store_.Do([&](CStore &store) { return Begin(store, attempt); })) {
         const bool is_right = IsRightPassword(attempt.hash, attempt.password) && attempt.is_known;
-        database_.Do([&](CDatabase &database) { Finish(database, attempt, is_right, is_login); });
+        store_.Do([&](CStore &store) { Finish(store, attempt, is_right, is_login); });
     }
     WriteAudit(attempt, request, is_login);
     QJsonObject data{{QStringLiteral("CheckResult"), attempt.code == 0 ? kCheckPassed : 0},
@@ -131,73 +153,77 @@ Reply CAccounts::Check(const Request &request, bool is_login)
 }
 
 // Whether the password is to be looked at. The try is then counted and on the disk.
-bool CAccounts::Begin(CDatabase &database, Attempt &attempt)
+bool CAccounts::Begin(CStore &store, Attempt &attempt)
 {
-    const LockSettings settings = ReadLockSettings(database);
-    const qint64 now = clock_();
-    if (attempt.Take(StandingOf(database, settings, attempt.trier, now)))
-        return false;
-    if (settings.is_limited && attempt.failures >= kFailuresBeforeCode) {
-        const auto outcome =
-            codes_.Take(attempt.trier.user, attempt.verify_mark, attempt.verify_code, now);
-        if (outcome != CVerifyCodes::Outcome::Right) {
-            attempt.code = outcome == CVerifyCodes::Outcome::Wrong && !attempt.verify_code.isEmpty()
-                               ? kWrongVerifyCode
-                               : kVerifyCodeNeeded;
+    DropExpiredAtTimes(store);
+    const LockSettings settings = ReadLockSettings(store);
+    return store.Write([&] {
+        LockCounters(store, attempt.trier);
+        const qint64 now = Now(store);
+        if (attempt.Take(StandingOf(store, settings, attempt.trier, now)))
             return false;
+        if (settings.is_limited && attempt.failures >= kFailuresBeforeCode) {
+            const CodeOutcome outcome = TakeVerifyCode(
+                store, attempt.trier.user, attempt.verify_mark, attempt.verify_code, now);
+            if (outcome != CodeOutcome::Right) {
+                attempt.code = outcome == CodeOutcome::Wrong && !attempt.verify_code.isEmpty()
+                                   ? kWrongVerifyCode
+                                   : kVerifyCodeNeeded;
+                return false;
+            }
         }
-    }
-    if (settings.is_limited)
-        database.Write([&] { CountTry(database, settings, attempt.trier, now); });
-    attempt.hash = PasswordHashOf(database, attempt.trier.user);
-    attempt.is_known = !attempt.hash.isEmpty();
-    if (!attempt.is_known) // takes as long as a known one
-        attempt.hash = AnyPasswordHash(database);
-    return true;
+        CountTry(store, settings, attempt.trier, now);
+        attempt.hash = PasswordHashOf(store, attempt.trier.user);
+        attempt.is_known = !attempt.hash.isEmpty();
+        if (!attempt.is_known) // takes as long as a known one
+            attempt.hash = AnyPasswordHash(store);
+        return true;
+    });
 }
 
-void CAccounts::Finish(CDatabase &database, Attempt &attempt, bool is_right, bool is_login)
+void CAccounts::Finish(CStore &store, Attempt &attempt, bool is_right, bool is_login)
 {
-    const LockSettings settings = ReadLockSettings(database);
-    const qint64 now = clock_();
-    if (!is_right) {
-        if (attempt.Take(StandingOf(database, settings, attempt.trier, now)))
-            return;
-        attempt.code = !settings.is_limited                     ? kWrongPasswordUnlimited
-                       : attempt.failures < kFailuresBeforeCode ? kWrongPassword
-                                                                : kWrongPasswordCodeNext;
-        return;
-    }
-    // Others may have failed meanwhile: a lock counts for every check that ends after it.
-    if (attempt.Take(StandingOf(database, settings, attempt.trier, now, 1)))
-        return;
-    database.Write([&] {
+    const LockSettings settings = ReadLockSettings(store);
+    const bool is_done = is_right && store.Write([&] {
+        LockCounters(store, attempt.trier);
+        if (PasswordHashOf(store, attempt.trier.user) != attempt.hash)
+            return false; // the account got a new password meanwhile
+        // Others may have failed meanwhile: a lock counts for every check that ends after it.
+        const qint64 now = Now(store);
+        if (attempt.Take(StandingOf(store, settings, attempt.trier, now, 1)))
+            return true;
         if (settings.is_limited)
-            TakeBackTry(database, attempt.trier, now);
+            TakeBackTry(store, attempt.trier, now);
         if (is_login)
-            attempt.session = sessions_.Begin(database, attempt.trier.user, now);
+            attempt.session = CSessions::Begin(store, attempt.trier.user, now);
+        return true;
     });
+    if (is_done || attempt.Take(StandingOf(store, settings, attempt.trier, Now(store))))
+        return;
+    attempt.code = !settings.is_limited                     ? kWrongPasswordUnlimited
+                   : attempt.failures < kFailuresBeforeCode ? kWrongPassword
+                                                            : kWrongPasswordCodeNext;
 }
 
 void CAccounts::WriteAudit(const Attempt &attempt, const Request &request, bool is_login)
 {
-    audit_.WriteLimited(clock_(), attempt.code == 0 ? kAuditInformation : kAuditNotice,
+    audit_.WriteLimited(attempt.code == 0 ? kAuditInformation : kAuditNotice,
                         is_login ? "login" : "check-password",
                         {{"user", attempt.trier.user.toStdString()},
                          {"address", request.address},
                          {"result", ResultOf(attempt.code)}});
 }
 
-qint64 CAccounts::AccountOf(CDatabase &database, const std::string &session) const
+qint64 CAccounts::AccountOf(CStore &store, const std::string &session) const
 {
-    return sessions_.AccountOf(database, session, clock_());
+    return sessions_.AccountOf(store, session, Now(store));
 }
 
 Reply CAccounts::LogOut(const Request &request)
 {
-    const qint64 account = database_.Do([&](CDatabase &database) {
-        const qint64 found = AccountOf(database, request.session);
-        sessions_.End(database, request.session);
+    const qint64 account = store_.Do([&](CStore &store) {
+        const qint64 found = AccountOf(store, request.session);
+        sessions_.End(store, request.session);
         return found;
     });
     audit_.Write(kAuditInformation, "logout",

@@ -3,7 +3,6 @@
 
 #include "Message.h"
 #include "Sessions.h"
-#include "VerifyCodes.h"
 
 #include <QtCore/QString>
 
@@ -13,8 +12,8 @@
 namespace Server {
 
 class CAudit;
-class CDatabase;
-class CDatabaseThread;
+class CStore;
+class CStoreThread;
 
 /// Code words of a password check, with module kModuleServer.
 enum LoginCode : int {
@@ -32,12 +31,13 @@ constexpr int kCheckPassed = 9;
 
 /// \brief Checks passwords with locks and verification codes, and begins and ends sessions.
 ///
-/// Called on any thread; passwords are hashed there, everything else happens on the database
-/// thread.
+/// Called on any thread; passwords are hashed there, everything else happens on the
+/// store's thread.
 class CAccounts
 {
 public:
-    CAccounts(CDatabaseThread &database, CAudit &audit, std::function<qint64()> clock,
+    /// \param clock seconds since 1970; empty: the store's.
+    CAccounts(CStoreThread &store, CAudit &audit, std::function<qint64()> clock,
               std::function<QString()> code_source);
 
     [[nodiscard]] Reply MakeVerifyCode(const Request &request);
@@ -45,24 +45,26 @@ public:
     [[nodiscard]] Reply LogIn(const Request &request);
     [[nodiscard]] Reply LogOut(const Request &request);
 
-    /// \brief The account that \a session belongs to, called on the database thread. Throws Refused
+    /// \brief The account that \a session belongs to, called on the store's thread. Throws Refused
     /// when there is none.
-    [[nodiscard]] qint64 AccountOf(CDatabase &database, const std::string &session) const;
+    [[nodiscard]] qint64 AccountOf(CStore &store, const std::string &session) const;
 
 private:
     struct Attempt;
 
     [[nodiscard]] Reply Check(const Request &request, bool is_login);
-    [[nodiscard]] bool Begin(CDatabase &database, Attempt &attempt);
-    void Finish(CDatabase &database, Attempt &attempt, bool is_right, bool is_login);
+    [[nodiscard]] bool Begin(CStore &store, Attempt &attempt);
+    void Finish(CStore &store, Attempt &attempt, bool is_right, bool is_login);
+    [[nodiscard]] qint64 Now(CStore &store) const;
+    void DropExpiredAtTimes(CStore &store);
     void WriteAudit(const Attempt &attempt, const Request &request, bool is_login);
 
-    CDatabaseThread &database_;
+    CStoreThread &store_;
     CAudit &audit_;
-    const std::function<qint64()> clock_;
+    const std::function<qint64()> clock_;        // may be empty
     const std::function<QString()> code_source_; // may be empty
-    CVerifyCodes codes_;                         // of the database thread, as is the next one
-    CSessions sessions_;
+    CSessions sessions_;                         // of the store's thread, as is the next one
+    qint64 next_drop_s_ = 0;
 };
 
 } // namespace Server

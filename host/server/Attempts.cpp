@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Attempts.h"
 
-#include "Database.h"
+#include "Store.h"
 
 #include <algorithm>
 #include <array>
@@ -33,9 +33,9 @@ std::array<Counter, 3> CountersOf(const Trier &trier)
              {trier.address, trier.user, 1, Lock::User}}};
 }
 
-bool IsFamiliar(CDatabase &database, const Trier &trier, qint64 now)
+bool IsFamiliar(CStore &store, const Trier &trier, qint64 now)
 {
-    return database
+    return store
         .Value(
             QStringLiteral("SELECT 1 FROM familiar WHERE address = ? AND name = ? AND until > ?"),
             {trier.address, trier.user, now})
@@ -44,62 +44,67 @@ bool IsFamiliar(CDatabase &database, const Trier &trier, qint64 now)
 
 } // namespace
 
-Standing StandingOf(CDatabase &database, const LockSettings &settings, const Trier &trier,
-                    qint64 now, int own)
+Standing StandingOf(CStore &store, const LockSettings &settings, const Trier &trier, qint64 now,
+                    int own)
 {
     Standing standing;
     if (!settings.is_limited)
         return standing;
     for (const Counter &counter : CountersOf(trier)) {
-        QSqlQuery query =
-            database.Run(QStringLiteral("SELECT failures, until - ? FROM attempt WHERE address = ? "
-                                        "AND name = ? AND until > ?"),
-                         {now, counter.address, counter.user, now});
-        if (!query.next())
+        CRows query =
+            store.Run(QStringLiteral("SELECT failures, until FROM attempt WHERE address = ? AND "
+                                     "name = ? AND until > ?"),
+                      {counter.address, counter.user, now});
+        if (!query.Next())
             continue;
-        const int failures = query.value(0).toInt() - own;
+        const int failures = query.Value(0).toInt() - own;
         if (counter.factor == 1)
             standing.failures = std::max(0, failures);
         if (failures < settings.failures * counter.factor)
             continue;
         // Strangers must not be able to lock a user out of his own place.
-        if (counter.factor == kUserFactor && IsFamiliar(database, trier, now))
+        if (counter.factor == kUserFactor && IsFamiliar(store, trier, now))
             continue;
         standing.lock = counter.lock; // the closest lock comes last
-        standing.lock_left_s = std::max(standing.lock_left_s, query.value(1).toLongLong());
+        standing.lock_left_s = std::max(standing.lock_left_s, query.Value(1).toLongLong() - now);
     }
     standing.remaining = std::max(0, settings.failures - standing.failures);
     return standing;
 }
 
-void CountTry(CDatabase &database, const LockSettings &settings, const Trier &trier, qint64 now)
+void LockCounters(CStore &store, const Trier &trier)
+{
+    store.Lock(kAddressLock, trier.address);
+    store.Lock(kUserLock, trier.user);
+}
+
+void CountTry(CStore &store, const LockSettings &settings, const Trier &trier, qint64 now)
 {
     if (!settings.is_limited)
         return;
-    database.Run(QStringLiteral("DELETE FROM attempt WHERE until <= ?"), {now});
     for (const Counter &counter : CountersOf(trier)) {
-        database.Run(
+        store.Run(
             QStringLiteral("INSERT INTO attempt VALUES (?, ?, 1, ?) ON CONFLICT (address, name) DO "
-                           "UPDATE SET failures = attempt.failures + 1, until = excluded.until"),
-            {counter.address, counter.user, now + settings.lock_s});
+                           "UPDATE SET failures = CASE WHEN attempt.until > ? THEN "
+                           "attempt.failures + 1 ELSE 1 END, until = excluded.until"),
+            {counter.address, counter.user, now + settings.lock_s, now});
     }
 }
 
-void TakeBackTry(CDatabase &database, const Trier &trier, qint64 now)
+void TakeBackTry(CStore &store, const Trier &trier, qint64 now)
 {
-    for (const Counter &counter : CountersOf(trier)) {
-        database.Run(counter.factor == 1
-                         ? QStringLiteral("DELETE FROM attempt WHERE address = ? AND name = ?")
-                         : QStringLiteral("UPDATE attempt SET failures = max(0, failures - "
-                                          "ifnull((SELECT failures FROM attempt WHERE address = ? "
-                                          "AND name = ?), 1)) WHERE address = ? AND name = ?"),
-                     counter.factor == 1
-                         ? QVariantList{trier.address, trier.user}
-                         : QVariantList{trier.address, trier.user, counter.address, counter.user});
-    }
-    database.Run(QStringLiteral("DELETE FROM familiar WHERE until <= ?"), {now});
-    database.Run(QStringLiteral("INSERT OR REPLACE INTO familiar VALUES (?, ?, ?)"),
-                 {trier.address, trier.user, now + kFamiliar_s});
+    const QVariantList own{trier.address, trier.user};
+    const QVariant counted = store.Value(
+        QStringLiteral("SELECT failures FROM attempt WHERE address = ? AND name = ?"), own);
+    const int failures = counted.isValid() ? counted.toInt() : 1;
+    store.Run(QStringLiteral("DELETE FROM attempt WHERE address = ? AND name = ?"), own);
+    for (const Counter &counter : CountersOf(trier))
+        store.Run(QStringLiteral("UPDATE attempt SET failures = CASE WHEN failures > ? THEN "
+                                 "failures - ? ELSE 0 END WHERE address = ? AND name = ?"),
+                  {failures, failures, counter.address, counter.user});
+    store.Run(QStringLiteral("INSERT INTO familiar VALUES (?, ?, ?) ON CONFLICT (address, name) DO "
+                             "UPDATE SET until = excluded.until"),
+              {trier.address, trier.user, now + kFamiliar_s});
 }
 
 } // namespace Server

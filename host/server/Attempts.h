@@ -7,11 +7,11 @@
 
 namespace Server {
 
-class CDatabase;
+class CStore;
 
 // Counts tries of passwords, and locks. A try is counted as a failure before the password is looked
 // at, and taken back when it was right: a try that cannot be stored is not made. All of it is
-// called on the database thread, within a transaction when it writes.
+// called on the store's thread; what writes is called within a transaction.
 
 /// \brief Who tries, and where. With IPv6 the address is that of a network of 64 bits.
 struct Trier
@@ -36,12 +36,15 @@ struct Standing
 };
 
 /// \param own how many tries that were counted are to be left out: 1 for the one under way.
-[[nodiscard]] Standing StandingOf(CDatabase &database, const LockSettings &settings,
-                                  const Trier &trier, qint64 now, int own = 0);
-void CountTry(CDatabase &database, const LockSettings &settings, const Trier &trier, qint64 now);
+[[nodiscard]] Standing StandingOf(CStore &store, const LockSettings &settings, const Trier &trier,
+                                  qint64 now, int own = 0);
+/// \brief Until the end of the transaction no other server counts for this address or this user, so
+/// that a try and the standing before it belong together.
+void LockCounters(CStore &store, const Trier &trier);
+void CountTry(CStore &store, const LockSettings &settings, const Trier &trier, qint64 now);
 /// \brief The password was right: the user's failures from this address are forgotten, also those
 /// that counted for the address or for the user everywhere. For 30 days the lock of the user
 /// everywhere does not hold for him here.
-void TakeBackTry(CDatabase &database, const Trier &trier, qint64 now);
+void TakeBackTry(CStore &store, const Trier &trier, qint64 now);
 
 } // namespace Server

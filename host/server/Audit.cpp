@@ -2,6 +2,7 @@
 #include "Audit.h"
 
 #include <QtCore/QChar>
+#include <QtCore/QDateTime>
 #include <QtCore/QString>
 #include <QtCore/QVector>
 
@@ -55,7 +56,10 @@ std::string LineOf(std::string_view event, std::initializer_list<CAudit::Value> 
 
 } // namespace
 
-CAudit::CAudit(Sink sink) : sink_(std::move(sink)) {}
+CAudit::CAudit(Sink sink, std::function<qint64()> clock)
+    : sink_(std::move(sink)),
+      clock_(clock ? std::move(clock) : [] { return QDateTime::currentSecsSinceEpoch(); })
+{}
 
 void CAudit::Write(AuditLevel level, std::string_view event, std::initializer_list<Value> values)
 {
@@ -65,14 +69,14 @@ void CAudit::Write(AuditLevel level, std::string_view event, std::initializer_li
     sink_(level, LineOf(event, values));
 }
 
-void CAudit::WriteLimited(qint64 now_s, AuditLevel level, std::string_view event,
+void CAudit::WriteLimited(AuditLevel level, std::string_view event,
                           std::initializer_list<Value> values)
 {
     if (!sink_)
         return;
     const std::lock_guard<std::mutex> lock(mutex_);
-    if (now_s / kSecondsPerMinute != minute_) {
-        minute_ = now_s / kSecondsPerMinute;
+    if (const qint64 minute = clock_() / kSecondsPerMinute; minute != minute_) {
+        minute_ = minute;
         written_ = 0;
         if (const int count = std::exchange(left_out_, 0); count > 0)
             sink_(kAuditWarning, LineOf("lines-left-out", {{"count", std::to_string(count)}}));

@@ -23,17 +23,19 @@ public:
             text; ///< quoted in the line when it holds more than letters, digits and ".:-_/"
     };
 
-    explicit CAudit(Sink sink);
+    /// \param clock seconds since 1970; empty: the system's.
+    explicit CAudit(Sink sink, std::function<qint64()> clock = {});
 
     void Write(AuditLevel level, std::string_view event, std::initializer_list<Value> values);
 
     /// \brief The same for lines that a stranger can cause as often as he likes. Of one minute
-    /// (\a now_s, in seconds) a limited number is written, then the number that was left out.
-    void WriteLimited(qint64 now_s, AuditLevel level, std::string_view event,
+    /// a limited number is written, then the number that was left out.
+    void WriteLimited(AuditLevel level, std::string_view event,
                       std::initializer_list<Value> values);
 
 private:
     const Sink sink_;
+    const std::function<qint64()> clock_;
     std::mutex mutex_;
     qint64 minute_ = 0; // the next three are under the mutex
     int written_ = 0;   // limited lines of that minute

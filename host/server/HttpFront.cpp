@@ -33,6 +33,7 @@ constexpr size_t kConnectionBytes = 48 << 10; // beyond it the library refuses, 
 // A body that is too long is read to its end all the same, so that its sender gets to see why it is
 // refused; one that is far too long is not.
 constexpr size_t kDrainedBody = size_t(16) << 20;
+constexpr char kRetryAfter_s[] = "1"; // when the database cannot be reached
 constexpr char kBearer[] = "Bearer "; // in upper or lower case
 constexpr size_t kNetworkBytes = 8;   // of an IPv6 address
 
@@ -118,6 +119,8 @@ MHD_Result Send(MHD_Connection *connection, const Reply &reply, bool is_xml)
                             is_xml ? "application/xml; charset=utf-8"
                                    : "application/json; charset=utf-8");
     MHD_add_response_header(response, "Cache-Control", "no-store");
+    if (reply.status == kUnavailable)
+        MHD_add_response_header(response, "Retry-After", kRetryAfter_s);
     if (reply.status == kUnauthorized)
         MHD_add_response_header(response, "WWW-Authenticate", "Bearer");
     const MHD_Result result =
@@ -193,7 +196,11 @@ MHD_Result BeginRequest(const CHttpFront &front, MHD_Connection *connection, con
     const char *const length = HeaderOf(connection, "Content-Length");
     const size_t announced = length ? std::strtoull(length, nullptr, 10) : 0;
     upload->refusal = RefusalOfHead(connection, path);
-    upload->limit = upload->refusal == 0 ? front.Handler().body_limit(request) : 0;
+    try {
+        upload->limit = upload->refusal == 0 ? front.Handler().body_limit(request) : 0;
+    } catch (const Refused &refusal) {
+        upload->refusal = refusal.status;
+    }
     if (upload->refusal == 0 && announced > upload->limit)
         upload->refusal = kTooLarge;
     if (upload->refusal == 0)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Database.h"
 #include "Records.h"
+#include "Store.h"
 
 #include <ClientComm/RapidJsonProto.h>
 
@@ -47,13 +47,12 @@ PageRequest PageOf(const Request &request, int columns)
     return page;
 }
 
-QStringList Titles(CDatabase &database)
+QStringList Titles(CStore &store)
 {
     QStringList titles;
-    QSqlQuery query =
-        database.Run(QStringLiteral("SELECT title FROM incident_title ORDER BY position"));
-    while (query.next())
-        titles.append(query.value(0).toString());
+    CRows query = store.Run(QStringLiteral("SELECT title FROM incident_title ORDER BY position"));
+    while (query.Next())
+        titles.append(query.Value(0).toString());
     return titles;
 }
 
@@ -85,9 +84,9 @@ QString OrderOf(const PageRequest &page)
 
 } // namespace
 
-Reply ReadIncidents(CDatabase &database, const Request &request)
+Reply ReadIncidents(CStore &store, const Request &request)
 {
-    const QStringList titles = Titles(database);
+    const QStringList titles = Titles(store);
     const PageRequest page = PageOf(request, titles.size());
     int total = 0;
     QJsonArray rows;
@@ -95,15 +94,15 @@ Reply ReadIncidents(CDatabase &database, const Request &request)
         QVariantList values;
         const QString where = WhereOf(page, titles.size(), values);
         total =
-            database.Value(QStringLiteral("SELECT count(*) FROM incident") + where, values).toInt();
+            store.Value(QStringLiteral("SELECT count(*) FROM incident") + where, values).toInt();
         values << page.size << qint64(page.page - 1) * page.size;
-        QSqlQuery query = database.Run(QStringLiteral("SELECT * FROM incident") + where
-                                           + OrderOf(page) + QStringLiteral(" LIMIT ? OFFSET ?"),
-                                       values);
-        while (query.next()) {
+        CRows query = store.Run(QStringLiteral("SELECT * FROM incident") + where + OrderOf(page)
+                                    + QStringLiteral(" LIMIT ? OFFSET ?"),
+                                values);
+        while (query.Next()) {
             QJsonArray row;
             for (int column = 0; column < titles.size(); ++column)
-                row.append(query.value(column + 1).toString());
+                row.append(query.Value(column + 1).toString());
             rows.append(row);
         }
     }

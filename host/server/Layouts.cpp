@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Database.h"
 #include "Records.h"
+#include "Store.h"
 
 #include <ClientComm/RapidJsonProto.h>
 
@@ -39,11 +39,11 @@ Layout LayoutOf(const Request &request, bool has_text)
 
 } // namespace
 
-Reply ReadLayout(CDatabase &database, qint64 account, const Request &request)
+Reply ReadLayout(CStore &store, qint64 account, const Request &request)
 {
     const Layout layout = LayoutOf(request, false);
     const QString text =
-        database
+        store
             .Value(QStringLiteral(
                        "SELECT text FROM layout WHERE account = ? AND name = ? AND type = ?"),
                    {account, layout.key, layout.type})
@@ -54,20 +54,21 @@ Reply ReadLayout(CDatabase &database, qint64 account, const Request &request)
     return reply;
 }
 
-Reply WriteLayout(CDatabase &database, qint64 account, const Request &request)
+Reply WriteLayout(CStore &store, qint64 account, const Request &request)
 {
     const Layout layout = LayoutOf(request, true);
-    database.Write([&] {
-        database.Run(
+    store.Write([&] {
+        // Two servers must not fill the quota twice.
+        store.Run(QStringLiteral("SELECT id FROM account WHERE id = ? {for update}"), {account});
+        store.Run(
             QStringLiteral("INSERT INTO layout VALUES (?, ?, ?, ?) ON CONFLICT (account, name, "
                            "type) DO UPDATE SET text = excluded.text"),
             {account, layout.key, layout.type, layout.text});
-        QSqlQuery sums = database.Run(
-            QStringLiteral("SELECT count(*), sum(length(CAST(text AS BLOB)) + length(CAST(name AS "
-                           "BLOB))) FROM layout WHERE account = ?"),
+        CRows sums = store.Run(
+            QStringLiteral("SELECT count(*), sum({layout bytes}) FROM layout WHERE account = ?"),
             {account});
-        if (!sums.next() || sums.value(0).toInt() > kMaximumLayouts
-            || sums.value(1).toLongLong() > kQuota_bytes)
+        if (!sums.Next() || sums.Value(0).toInt() > kMaximumLayouts
+            || sums.Value(1).toLongLong() > kQuota_bytes)
             throw Refused(kTooLarge); // which takes the text back
     });
     return {};

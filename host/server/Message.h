@@ -26,6 +26,8 @@ enum Status : int {
     kUriTooLong = 414,
     kHeadTooLarge = 431,
     kServerError = 500,
+    kUnavailable = 503,
+    kTookTooLong = 504,
 };
 
 /// \brief A request as it came in. Its texts may be secrets, so they are overwritten.

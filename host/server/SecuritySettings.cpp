@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SecuritySettings.h"
 
-#include "Database.h"
+#include "Store.h"
 
 #include <QtCore/QStringList>
 
@@ -28,19 +28,19 @@ constexpr Setting kSettings[] = {
 
 } // namespace
 
-void SetDefaults(CDatabase &database)
+void SetDefaults(CStore &store)
 {
-    database.Write([&database] {
+    store.Write([&store] {
         for (const Setting &setting : kSettings)
-            database.Run(QStringLiteral("INSERT INTO setting VALUES (?, ?) ON CONFLICT DO NOTHING"),
-                         {QLatin1String(setting.name), setting.value});
+            store.Run(QStringLiteral("INSERT INTO setting VALUES (?, ?) ON CONFLICT DO NOTHING"),
+                      {QLatin1String(setting.name), setting.value});
     });
 }
 
-LockSettings ReadLockSettings(CDatabase &database)
+LockSettings ReadLockSettings(CStore &store)
 {
-    const auto value = [&database](const char *name) {
-        return database
+    const auto value = [&store](const char *name) {
+        return store
             .Value(QStringLiteral("SELECT value FROM setting WHERE name = ?"),
                    {QLatin1String(name)})
             .toInt();
@@ -49,14 +49,14 @@ LockSettings ReadLockSettings(CDatabase &database)
             std::max(0, value("IPLock/Duration")) * kSecondsPerMinute};
 }
 
-Reply ReadSecuritySetting(CDatabase &database)
+Reply ReadSecuritySetting(CStore &store)
 {
     QJsonObject groups;
-    QSqlQuery query = database.Run(QStringLiteral("SELECT name, value FROM setting"));
-    while (query.next()) {
-        const QStringList name = query.value(0).toString().split(QLatin1Char('/'));
+    CRows query = store.Run(QStringLiteral("SELECT name, value FROM setting"));
+    while (query.Next()) {
+        const QStringList name = query.Value(0).toString().split(QLatin1Char('/'));
         QJsonObject group = groups.value(name.constFirst()).toObject();
-        group.insert(name.constLast(), query.value(1).toInt());
+        group.insert(name.constLast(), query.Value(1).toInt());
         groups.insert(name.constFirst(), group);
     }
     Reply reply;

@@ -5,9 +5,9 @@
 
 namespace Server {
 
-class CDatabase;
+class CStore;
 
-// All of it is called on the database thread.
+// All of it is called on the store's thread.
 
 /// \brief What the settings say about wrong passwords.
 struct LockSettings
@@ -18,11 +18,11 @@ struct LockSettings
 };
 
 /// \brief Give every security setting that is missing its default.
-void SetDefaults(CDatabase &database);
+void SetDefaults(CStore &store);
 
-[[nodiscard]] LockSettings ReadLockSettings(CDatabase &database);
+[[nodiscard]] LockSettings ReadLockSettings(CStore &store);
 
 /// \brief The security settings as clients read them.
-[[nodiscard]] Reply ReadSecuritySetting(CDatabase &database);
+[[nodiscard]] Reply ReadSecuritySetting(CStore &store);
 
 } // namespace Server

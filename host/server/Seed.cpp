@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "AccountRecords.h"
-#include "Database.h"
 #include "Records.h"
 #include "SampleAccounts.h"
+#include "Store.h"
 
 #include <CsvParse/CsvParse.h>
 
@@ -51,48 +51,52 @@ Rows ReadCsv(const QString &path)
     return read.rows;
 }
 
-void SeedIncidents(CDatabase &database, const Rows &rows)
+void SeedIncidents(CStore &store, const Rows &rows)
 {
     const QStringList &titles = rows.front();
     QStringList columns;
+    QStringList names;
     QStringList marks;
     for (int column = 0; column < titles.size(); ++column) {
-        database.Run(QStringLiteral("INSERT INTO incident_title VALUES (?, ?)"),
-                     {column, titles.at(column)});
-        columns.append(QStringLiteral("c%1 TEXT NOT NULL").arg(column));
+        store.Run(QStringLiteral("INSERT INTO incident_title VALUES (?, ?)"),
+                  {column, titles.at(column)});
+        columns.append(QStringLiteral("c%1 {text} NOT NULL").arg(column));
+        names.append(QStringLiteral("c%1").arg(column));
         marks.append(QStringLiteral("?"));
     }
-    database.Run(QStringLiteral("CREATE TABLE incident (id INTEGER PRIMARY KEY, %1)")
-                     .arg(columns.join(QLatin1String(", "))));
-    const QString insert = QStringLiteral("INSERT INTO incident VALUES (NULL, %1)")
-                               .arg(marks.join(QLatin1String(", ")));
+    store.Execute(QStringLiteral("CREATE TABLE incident (id {id}, %1)")
+                      .arg(columns.join(QLatin1String(", "))));
+    const QString insert =
+        QStringLiteral("INSERT INTO incident (%1) VALUES (%2)")
+            .arg(names.join(QLatin1String(", ")), marks.join(QLatin1String(", ")));
     for (size_t row = 1; row < rows.size(); ++row) {
         QVariantList values;
         for (int column = 0; column < titles.size(); ++column)
             values.append(rows[row].value(column, QLatin1String("")));
-        database.Run(insert, values);
+        store.Run(insert, values);
     }
 }
 
 } // namespace
 
-void Seed(CDatabase &database, const QString &path)
+void Seed(CStore &store, const QString &path)
 {
     const QString accounts = QStringLiteral("SELECT count(*) FROM account");
-    if (database.Value(accounts).toInt() > 0)
+    if (store.Value(accounts).toInt() > 0)
         return;
     const Rows rows = ReadCsv(path);
     QVariantList hashes; // each takes its time, so outside the transaction
     for (const SampleAccount &account : kSampleAccounts)
         hashes.append(HashPassword(account.password));
-    database.Write([&] {
-        if (database.Value(accounts).toInt() > 0)
+    store.Write([&] {
+        store.Lock(kMigrationLock, QStringLiteral("seed"));
+        if (store.Value(accounts).toInt() > 0)
             return; // another process has been quicker
         int next = 0;
         for (const SampleAccount &account : kSampleAccounts)
-            database.Run(QStringLiteral("INSERT INTO account (name, password) VALUES (?, ?)"),
-                         {QLatin1String(account.name), hashes.at(next++)});
-        SeedIncidents(database, rows);
+            store.Run(QStringLiteral("INSERT INTO account (name, password) VALUES (?, ?)"),
+                      {QLatin1String(account.name), hashes.at(next++)});
+        SeedIncidents(store, rows);
     });
 }
 

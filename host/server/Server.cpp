@@ -4,14 +4,12 @@
 #include "AccountRecords.h"
 #include "Accounts.h"
 #include "Audit.h"
-#include "Database.h"
 #include "HttpFront.h"
 #include "Records.h"
 #include "SecuritySettings.h"
+#include "StoreThread.h"
 
 #include <sodium.h>
-
-#include <QtCore/QDateTime>
 
 #include <string_view>
 
@@ -27,9 +25,15 @@ QString NoRandomNumbers()
     return sodium_init() < 0 ? QStringLiteral("There is no source of random numbers.") : QString();
 }
 
-QString CannotUse(const QString &path, const std::exception &failure)
+// A wrong URL may hold a password, so it is not shown.
+QString CannotUse(const QString &database, const std::exception &failure)
 {
-    return QStringLiteral("Cannot use %1: %2").arg(path, QString::fromStdString(failure.what()));
+    QString name = QStringLiteral("the database");
+    try {
+        name = ReadStoreAddress(database).Text();
+    } catch (const DatabaseError &) {
+    }
+    return QStringLiteral("Cannot use %1: %2").arg(name, QString::fromStdString(failure.what()));
 }
 
 } // namespace
@@ -37,15 +41,13 @@ QString CannotUse(const QString &path, const std::exception &failure)
 struct CServerDataPtr
 {
     explicit CServerDataPtr(ServerOptions with)
-        : options_(std::move(with)),
-          clock_(options_.clock ? options_.clock
-                                : [] { return QDateTime::currentSecsSinceEpoch(); }),
-          audit_(options_.audit), accounts_(database_, audit_, clock_, options_.code_source),
+        : options_(std::move(with)), audit_(options_.audit, options_.clock),
+          accounts_(store_, audit_, options_.clock, options_.code_source),
           front_({[this](const Request &request) { return Answer(request); },
                   [this](const Request &request) { return BodyLimit(request); },
                   [this](const Request &request, int status) { WriteRefusal(request, status); },
                   [this](const std::string &address) {
-                      audit_.WriteLimited(clock_(), kAuditWarning, "connection-closed",
+                      audit_.WriteLimited(kAuditWarning, "connection-closed",
                                           {{"address", address}, {"reason", "too-many"}});
                   }})
     {}
@@ -53,20 +55,29 @@ struct CServerDataPtr
     Reply Answer(const Request &request);
     size_t BodyLimit(const Request &request);
     void WriteRefusal(const Request &request, int status);
+    Reply Refuse(const Request &request, int status);
+    void WriteStoreState(const std::string &reason);
     QString CheckExposure();
 
-    // On the database thread, for the account that the session belongs to.
+    // On the store's thread, for the account that the session belongs to.
     template <class Work> Reply ForAccount(const Request &request, Work &&work)
     {
-        return database_.Do([&](CDatabase &database) {
-            return work(database, accounts_.AccountOf(database, request.session), request);
+        return store_.Do([&](CStore &store) {
+            return work(store, accounts_.AccountOf(store, request.session), request);
         });
     }
 
+    // On the thread for lists, so that a long search keeps nobody else waiting.
+    template <class Work> Reply ForReader(const Request &request, Work &&work)
+    {
+        store_.Do([&](CStore &store) { return accounts_.AccountOf(store, request.session); });
+        return lists_.Do([&](CStore &store) { return work(store, request); });
+    }
+
     const ServerOptions options_;
-    const std::function<qint64()> clock_;
     CAudit audit_;
-    CDatabaseThread database_;
+    CStoreThread store_;
+    CStoreThread lists_;
     CAccounts accounts_;
     CHttpFront front_;
 };
@@ -94,8 +105,8 @@ constexpr RouteEntry kRoutes[] = {
      }},
     {"GET", "/Permission/SecuritySetting", kFormBytes,
      [](CServerDataPtr &server, const Request &request) {
-         return server.ForAccount(request, [](CDatabase &database, qint64, const Request &) {
-             return ReadSecuritySetting(database);
+         return server.ForAccount(request, [](CStore &store, qint64, const Request &) {
+             return ReadSecuritySetting(store);
          });
      }},
     {"POST", "/Session", kFormBytes,
@@ -116,9 +127,7 @@ constexpr RouteEntry kRoutes[] = {
      }},
     {"GET", "/IncidentList", kFormBytes,
      [](CServerDataPtr &server, const Request &request) {
-         return server.ForAccount(request, [](CDatabase &database, qint64, const Request &asked) {
-             return ReadIncidents(database, asked);
-         });
+         return server.ForReader(request, ReadIncidents);
      }},
 };
 
@@ -151,15 +160,19 @@ Found Find(const Request &request)
 Reply CServerDataPtr::Answer(const Request &request)
 {
     const Found found = Find(request);
-    if (!found.entry) {
-        WriteRefusal(request, found.status);
-        return Reply::Refusal(found.status);
-    }
+    if (!found.entry)
+        return Refuse(request, found.status);
     try {
         return found.entry->route(*this, request);
     } catch (const Refused &refusal) {
         WriteRefusal(request, refusal.status);
         throw;
+    } catch (const UnstorableText &) {
+        return Refuse(request, kBadRequest);
+    } catch (const StoreUnavailable &) {
+        return Refuse(request, kUnavailable);
+    } catch (const StoreTimeout &) {
+        return Refuse(request, kTookTooLong);
     } catch (const DatabaseError &) {
         WriteRefusal(request, kServerError);
         throw;
@@ -167,23 +180,40 @@ Reply CServerDataPtr::Answer(const Request &request)
 }
 
 // A stranger's body is kept only up to the size of a form: many of them must not fill the memory.
+// Throws Refused when it cannot be known who asks.
 size_t CServerDataPtr::BodyLimit(const Request &request)
 {
     const Found found = Find(request);
     if (!found.entry || found.entry->body_limit <= kFormBytes)
         return kFormBytes;
     try {
-        database_.Do(
-            [&](CDatabase &database) { return accounts_.AccountOf(database, request.session); });
+        store_.Do([&](CStore &store) { return accounts_.AccountOf(store, request.session); });
+    } catch (const StoreUnavailable &) {
+        throw Refused(kUnavailable);
     } catch (const std::exception &) {
         return kFormBytes;
     }
     return found.entry->body_limit;
 }
 
+Reply CServerDataPtr::Refuse(const Request &request, int status)
+{
+    WriteRefusal(request, status);
+    return Reply::Refusal(status);
+}
+
+void CServerDataPtr::WriteStoreState(const std::string &reason)
+{
+    if (reason.empty())
+        audit_.Write(kAuditNotice, "database-back", {});
+    else
+        audit_.Write(kAuditWarning, "database-lost",
+                     {{"reason", QString::fromStdString(reason).simplified().toStdString()}});
+}
+
 void CServerDataPtr::WriteRefusal(const Request &request, int status)
 {
-    audit_.WriteLimited(clock_(), kAuditNotice, "refused",
+    audit_.WriteLimited(kAuditNotice, "refused",
                         {{"status", std::to_string(status)},
                          {"method", request.method},
                          {"path", request.path},
@@ -200,7 +230,7 @@ QString CServerDataPtr::CheckExposure()
         return QStringLiteral("Passwords would pass the network in plain text on %1. Use a "
                               "certificate, or allow plain HTTP (--plain-http).")
             .arg(QString::fromStdString(options_.address));
-    const QStringList open = database_.Do(OpenSampleAccounts);
+    const QStringList open = store_.Do(OpenSampleAccounts);
     if (!open.isEmpty() && !options_.are_samples_allowed)
         return QStringLiteral("These sample accounts have the passwords that everybody knows: %1. "
                               "Give them new ones (--account), or allow them (--sample-accounts).")
@@ -213,23 +243,23 @@ QString CServerDataPtr::CheckExposure()
     return {};
 }
 
-QString SetAccount(const QString &data_path, const QString &name,
+QString SetAccount(const QString &database, const QString &name,
                    const Nim::Base::SecretText &password)
 {
     const QString error = NoRandomNumbers();
     if (!error.isEmpty())
         return error;
     try {
-        CDatabase database(data_path);
-        SetDefaults(database);
-        SetAccount(database, name, password);
+        CStore store(ReadStoreAddress(database));
+        SetDefaults(store);
+        SetAccount(store, name, password);
     } catch (const Refused &) {
         return QStringLiteral("The name or the password is empty or too long: a name has at most "
                               "%1 bytes, a password %2.")
             .arg(kMaximumName)
             .arg(kMaximumPassword);
     } catch (const std::exception &failure) {
-        return CannotUse(data_path, failure);
+        return CannotUse(database, failure);
     }
     return {};
 }
@@ -250,16 +280,18 @@ QString CServer::Start()
         return error;
     const ServerOptions &options = d_ptr_->options_;
     try {
-        d_ptr_->database_.Start(options.data_path);
-        d_ptr_->database_.Do(SetDefaults);
+        const StoreAddress address = ReadStoreAddress(options.database);
+        d_ptr_->store_.Start(
+            address, [this](const std::string &reason) { d_ptr_->WriteStoreState(reason); });
+        d_ptr_->lists_.Start(address);
+        d_ptr_->store_.Do(SetDefaults);
         if (!options.seed_path.isEmpty())
-            d_ptr_->database_.Do(
-                [&options](CDatabase &database) { Seed(database, options.seed_path); });
+            d_ptr_->store_.Do([&options](CStore &store) { Seed(store, options.seed_path); });
         error = d_ptr_->CheckExposure();
         if (error.isEmpty())
             error = d_ptr_->front_.Start(options);
     } catch (const std::exception &failure) {
-        error = CannotUse(options.data_path, failure);
+        error = CannotUse(options.database, failure);
     }
     if (!error.isEmpty())
         Stop();
@@ -269,7 +301,8 @@ QString CServer::Start()
 void CServer::Stop()
 {
     d_ptr_->front_.Stop(); // first: its requests wait for the database
-    d_ptr_->database_.Stop();
+    d_ptr_->lists_.Stop();
+    d_ptr_->store_.Stop();
 }
 
 int CServer::Port() const

@@ -13,14 +13,15 @@ namespace Server {
 
 struct CServerDataPtr;
 
-/// \brief Add an account to the database \a data_path, or give it a new password, which ends its
+/// \brief Add an account to the database \a database, a path or URL as in
+/// ServerOptions, or give it a new password, which ends its
 /// sessions. No port is opened; a server may use the database meanwhile.
 /// \return an empty text, or why it cannot.
-[[nodiscard]] QString SetAccount(const QString &data_path, const QString &name,
+[[nodiscard]] QString SetAccount(const QString &database, const QString &name,
                                  const Nim::Base::SecretText &password);
 
 /// \brief The management server: accounts, layouts and the incident list over HTTP or HTTPS, kept
-/// in one SQLite file.
+/// in a SQLite file or in PostgreSQL.
 ///
 /// It runs on threads of its own. An answered write is on the disk. Drawing verification codes
 /// needs a QGuiApplication, which must outlive the server. docs/server.md lists the requests.

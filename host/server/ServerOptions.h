@@ -18,7 +18,9 @@ enum AuditLevel : int {
 /// \brief How a server runs.
 struct ServerOptions
 {
-    QString data_path; ///< the SQLite file, made when it is missing; its folder must be there
+    /// The SQLite file, made when it is missing, whose folder must be there; or
+    /// "postgresql://user@host:port/name", see docs/server.md.
+    QString database;
     std::string address = "127.0.0.1"; ///< IPv4 or IPv6 address to listen on
     int port = 0;                      ///< 0: any that is free
     QString seed_path;       ///< CSV file for an empty database, with sample accounts; may be empty
@@ -29,7 +31,8 @@ struct ServerOptions
     bool is_plain_allowed = false;
     /// Serve accounts that still have their sample passwords to other machines.
     bool are_samples_allowed = false;
-    /// Seconds since 1970, for locks, sessions and codes; empty: the system's clock. Any thread.
+    /// Seconds since 1970, for locks, sessions and codes; empty: the clock of
+    /// the database, which several servers share. Any thread.
     std::function<qint64()> clock;
     /// The texts of verification codes; empty: four random letters and digits. Any thread.
     std::function<QString()> code_source;

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "VerifyCodes.h"
 
-#include <QtCore/QRandomGenerator>
-#include <QtCore/QUuid>
+#include "Attempts.h"
+#include "Secrets.h"
+#include "Store.h"
 
-#include <algorithm>
-#include <iterator>
+#include <QtCore/QRandomGenerator>
 
 namespace Server {
 namespace {
@@ -13,55 +13,71 @@ namespace {
 constexpr qint64 kLife_s = 120;
 constexpr int kMaximumOfUser = 3; // at one address
 constexpr int kMaximumOfAddress = 100;
-constexpr size_t kMaximumCodes = 10'000;
+constexpr int kMaximumCodes = 10'000;
 constexpr int kLength = 4;
 // Without those that look alike.
 constexpr char kLetters[] = "ACDEFGHJKLMNPQRTUVWXYZ234679";
 
-} // namespace
-
-void CVerifyCodes::DropBeyond(int count, const std::function<bool(const Code &)> &is_alike)
+QString RandomText()
 {
-    auto left = std::count_if(codes_.begin(), codes_.end(), is_alike);
-    for (auto code = codes_.begin(); code != codes_.end() && left > count;) {
-        const bool is_oldest = is_alike(*code);
-        left -= is_oldest ? 1 : 0;
-        code = is_oldest ? codes_.erase(code) : std::next(code);
-    }
+    QString text;
+    for (int i = 0; i < kLength; ++i)
+        text +=
+            QLatin1Char(kLetters[QRandomGenerator::system()->bounded(int(sizeof kLetters) - 1)]);
+    return text;
 }
 
-CVerifyCodes::Code CVerifyCodes::Make(const QString &address, const QString &user, qint64 now,
-                                      const QString &text)
+// Four letters alone could be found by trying all; the mark makes them a secret.
+QByteArray HashOfText(const QString &mark, const QString &text)
 {
-    while (!codes_.empty() && (codes_.front().expires <= now || codes_.size() >= kMaximumCodes))
-        codes_.pop_front();
-    const auto is_here = [&address](const Code &code) { return code.address == address; };
-    DropBeyond(kMaximumOfUser - 1,
-               [&](const Code &code) { return is_here(code) && code.user == user; });
-    DropBeyond(kMaximumOfAddress - 1, is_here);
-    Code code{address, user, QUuid::createUuid().toString(QUuid::WithoutBraces), text,
-              now + kLife_s};
-    for (int i = 0; text.isEmpty() && i < kLength; ++i) {
-        const int letter = QRandomGenerator::system()->bounded(int(sizeof kLetters) - 1);
-        code.text += QLatin1Char(kLetters[letter]);
-    }
-    codes_.push_back(code);
+    return HashOf(mark.toUtf8() + '\n' + text.toCaseFolded().toUtf8());
+}
+
+// The oldest that fulfil \a condition go, until \a count of them are left.
+void DropBeyond(CStore &store, int count, const QString &condition, const QVariantList &values)
+{
+    store.Run(QStringLiteral("DELETE FROM verify_code WHERE %1 AND id <= (SELECT id FROM "
+                             "verify_code WHERE %1 ORDER BY id DESC LIMIT 1 OFFSET ?)")
+                  .arg(condition),
+              values + values + QVariantList{count});
+}
+
+} // namespace
+
+VerifyCode MakeVerifyCode(CStore &store, const Trier &trier, qint64 now, const QString &text)
+{
+    DropBeyond(store, kMaximumOfUser - 1, QStringLiteral("address = ? AND name = ?"),
+               {trier.address, trier.user});
+    DropBeyond(store, kMaximumOfAddress - 1, QStringLiteral("address = ?"), {trier.address});
+    DropBeyond(store, kMaximumCodes - 1, QStringLiteral("id > 0"), {});
+    VerifyCode code{NewSecret(), text.isEmpty() ? RandomText() : text};
+    store.Run(QStringLiteral("INSERT INTO verify_code (address, name, mark, text, expires) VALUES "
+                             "(?, ?, ?, ?, ?)"),
+              {trier.address, trier.user, HashOf(code.mark.toUtf8()),
+               HashOfText(code.mark, code.text), now + kLife_s});
     return code;
 }
 
-CVerifyCodes::Outcome CVerifyCodes::Take(const QString &user, const QString &mark,
-                                         const QString &text, qint64 now)
+CodeOutcome TakeVerifyCode(CStore &store, const QString &user, const QString &mark,
+                           const QString &text, qint64 now)
 {
-    const auto found = std::find_if(codes_.begin(), codes_.end(), [&](const Code &code) {
-        return code.mark == mark && code.user == user;
-    });
-    if (found == codes_.end())
-        return Outcome::Unknown;
-    const Code code = *found;
-    codes_.erase(found);
-    if (code.expires <= now)
-        return Outcome::Unknown;
-    return code.text.compare(text, Qt::CaseInsensitive) == 0 ? Outcome::Right : Outcome::Wrong;
+    const QVariantList key{HashOf(mark.toUtf8()), user};
+    QByteArray stored;
+    qint64 expires = 0;
+    {
+        CRows rows = store.Run(
+            QStringLiteral("SELECT text, expires FROM verify_code WHERE mark = ? AND name = ?"),
+            key);
+        if (!rows.Next())
+            return CodeOutcome::Unknown;
+        stored = rows.Value(0).toByteArray();
+        expires = rows.Value(1).toLongLong();
+    }
+    // Of two servers that use it at once, one deletes it.
+    const QString remove = QStringLiteral("DELETE FROM verify_code WHERE mark = ? AND name = ?");
+    if (store.Run(remove, key).Changed() != 1 || expires <= now)
+        return CodeOutcome::Unknown;
+    return stored == HashOfText(mark, text) ? CodeOutcome::Right : CodeOutcome::Wrong;
 }
 
 } // namespace Server

@@ -3,44 +3,34 @@
 
 #include <QtCore/QString>
 
-#include <deque>
-#include <functional>
-
 namespace Server {
 
-/// \brief The verification codes that have been shown and not used. Used by the database thread.
-///
-/// A user at one address has a few of them, and an address some more: a new one then takes the
-/// place of the oldest there, so that a stranger drives out only his own.
-class CVerifyCodes
+class CStore;
+struct Trier;
+
+// The verification codes that have been shown and not used, as hashes: who reads the store can
+// neither read the pictures nor use the marks. Called within a transaction that holds the locks of
+// the trier, see LockCounters().
+//
+// A user at one address has a few of them, and an address some more: a new one then takes the place
+// of the oldest there, so that a stranger drives out only his own.
+
+/// \brief A code: the text of its picture, and the mark that belongs to it.
+struct VerifyCode
 {
-public:
-    enum class Outcome { Right, Wrong, Unknown };
-
-    /// \brief A code of one user at one address, and the mark that belongs to it.
-    struct Code
-    {
-        QString address;
-        QString user;
-        QString mark;
-        QString text;
-        qint64 expires = 0; ///< seconds since 1970
-    };
-
-    /// \param text the text of the picture; empty: a random text.
-    [[nodiscard]] Code Make(const QString &address, const QString &user, qint64 now,
-                            const QString &text);
-
-    /// \brief Use the code with \a mark up. Upper and lower case are the same.
-    /// \return Unknown when there is none of this user, or it has expired.
-    [[nodiscard]] Outcome Take(const QString &user, const QString &mark, const QString &text,
-                               qint64 now);
-
-private:
-    // The oldest that are alike go, until \a count of them are left.
-    void DropBeyond(int count, const std::function<bool(const Code &)> &is_alike);
-
-    std::deque<Code> codes_; // oldest first
+    QString mark;
+    QString text;
 };
+
+enum class CodeOutcome { Right, Wrong, Unknown };
+
+/// \param text the text of the picture; empty: a random text.
+[[nodiscard]] VerifyCode MakeVerifyCode(CStore &store, const Trier &trier, qint64 now,
+                                        const QString &text);
+
+/// \brief Use the code with \a mark up. Upper and lower case are the same.
+/// \return Unknown when there is none of this user, or it has expired.
+[[nodiscard]] CodeOutcome TakeVerifyCode(CStore &store, const QString &user, const QString &mark,
+                                         const QString &text, qint64 now);
 
 } // namespace Server

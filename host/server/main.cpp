@@ -119,7 +119,7 @@ std::string ReadPem(const QString &path)
     return text;
 }
 
-int SetAccount(const QString &data_path, const QString &name)
+int SetAccount(const QString &database, const QString &name)
 {
     std::string line;
     std::getline(std::cin, line);
@@ -127,7 +127,7 @@ int SetAccount(const QString &data_path, const QString &name)
         line.pop_back();
     const Nim::Base::SecretText password(line);
     Nim::Base::Encrypt::Wipe(line);
-    const QString error = Server::SetAccount(data_path, name, password);
+    const QString error = Server::SetAccount(database, name, password);
     if (!error.isEmpty()) {
         PrintError(error);
         return kExitFailed;
@@ -181,9 +181,9 @@ int Run()
         return kExitBadUsage;
     }
     options.address = parser.value(names.address).toStdString();
-    options.data_path = parser.value(names.data);
-    if (QFileInfo(options.data_path).isDir())
-        options.data_path = QDir(options.data_path).filePath(QLatin1String(kDataName));
+    options.database = parser.value(names.data);
+    if (QFileInfo(options.database).isDir())
+        options.database = QDir(options.database).filePath(QLatin1String(kDataName));
     options.is_plain_allowed = parser.isSet(names.plain);
     options.are_samples_allowed = parser.isSet(names.samples);
     options.audit = WriteAudit;
@@ -195,7 +195,7 @@ int Run()
             return kExitFailed;
     }
     if (parser.isSet(names.account))
-        return SetAccount(options.data_path, parser.value(names.account));
+        return SetAccount(options.database, parser.value(names.account));
     return Serve(std::move(options));
 }
 

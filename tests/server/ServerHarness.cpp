@@ -48,7 +48,7 @@ CTestServer::CTestServer(QString data_path)
 QString CTestServer::Start(int port)
 {
     Server::ServerOptions options;
-    options.data_path = DataPath();
+    options.database = DataPath();
     options.seed_path = folder_.filePath("seed.csv");
     options.port = port;
     options.clock = [this] { return now_s.load(); };

@@ -6,8 +6,8 @@
 #include <Nim/Base/Encrypt.h>
 
 #include <server/Attempts.h>
-#include <server/Database.h>
 #include <server/SampleAccounts.h>
+#include <server/Store.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -259,23 +259,23 @@ private Q_SLOTS:
 
     void strangersLockNobodyOutOfHisOwnPlace()
     {
-        Server::CDatabase database(folder_.Path("attempts.sqlite"));
+        Server::CStore store(Server::ReadStoreAddress(folder_.Path("attempts.sqlite")));
         const Server::LockSettings settings{true, 5, 600};
         const auto lock = [&](const Server::Trier &trier) {
-            return Server::StandingOf(database, settings, trier, 1).lock;
+            return Server::StandingOf(store, settings, trier, 1).lock;
         };
         const Server::Trier own{"office", "operator"};
         for (int i = 0; i < 25; ++i) { // colleagues who mistype once each
             const Server::Trier colleague{"office", QString::number(i)};
             for (int tries = 0; tries < 2; ++tries)
-                Server::CountTry(database, settings, colleague, 0);
-            Server::TakeBackTry(database, colleague, 0);
+                Server::CountTry(store, settings, colleague, 0);
+            Server::TakeBackTry(store, colleague, 0);
         }
         QCOMPARE(lock(own), Server::Lock::None);
-        Server::CountTry(database, settings, own, 0);
-        Server::TakeBackTry(database, own, 0);
+        Server::CountTry(store, settings, own, 0);
+        Server::TakeBackTry(store, own, 0);
         for (int i = 0; i < 50; ++i)
-            Server::CountTry(database, settings, {QString::number(i / 5), "operator"}, 0);
+            Server::CountTry(store, settings, {QString::number(i / 5), "operator"}, 0);
         QCOMPARE(lock({"elsewhere", "operator"}), Server::Lock::User);
         QCOMPARE(lock(own), Server::Lock::None);
     }

@@ -40,7 +40,7 @@ QString StartOwnServer(const QString &folder, std::shared_ptr<Server::CServer> &
     if (!QDir().mkpath(folder))
         return CServerLink::tr("Cannot make the folder %1.").arg(QDir::toNativeSeparators(folder));
     Server::ServerOptions options;
-    options.data_path = QDir(folder).filePath(QStringLiteral("server.sqlite"));
+    options.database = QDir(folder).filePath(QStringLiteral("server.sqlite"));
     options.seed_path = QStringLiteral(":/Client/Data/incidents.csv");
     server = std::make_shared<Server::CServer>(options);
     QString error = server->Start();

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace Server {
+
+/// Kinds of CStore::Lock(). A transaction that needs several takes them in this order, and one of
+/// each kind, so that no two transactions wait for each other.
+enum LockKind : int {
+    kMigrationLock = 1,
+    kAddressLock = 2, ///< the failures and codes of an address
+    kUserLock = 3,    ///< those of a user, and what he logs in with
+};
+
+} // namespace Server

@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: MIT
+#include "Store.h"
+
+#include "Dialect.h"
+#include "Migrations.h"
+
+#include <QtCore/QDateTime>
+#include <QtCore/QFile>
+#include <QtCore/QUuid>
+#include <QtSql/QSqlError>
+
+#include <algorithm>
+#include <array>
+#include <random>
+#include <thread>
+
+namespace Server {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int kAttempts = 8;   // of a transaction that meets others
+constexpr auto kPatience = 3s; // of a statement that waits for others
+constexpr size_t kIdleStatements = 100;
+constexpr auto kClockAge = 10s; // then it is read again
+
+// Write-ahead log: readers of other processes are not kept out, and a killed process leaves a file
+// that opens as it was after the last commit. Synchronous "full" makes that true of a power cut
+// too.
+const char *const kSqliteSetUp[] = {
+    "PRAGMA journal_mode = WAL",
+    "PRAGMA synchronous = FULL",
+    "PRAGMA foreign_keys = ON",
+};
+
+// A confirmed write is on the disk, whatever the role's preset is. A server that hangs must not
+// keep its locks. Plans are made for the values at hand, because the filters of lists differ.
+const char *const kPostgresSetUp[] = {
+    "SET client_min_messages = 'error'",
+    "SELECT set_config('synchronous_commit', 'on', false) "
+    "WHERE current_setting('synchronous_commit') = 'off'",
+    "SET idle_in_transaction_session_timeout = '10s'",
+    "SET plan_cache_mode = 'force_custom_plan'",
+};
+
+// Only the owner may read hashes and layouts. SQLite gives its other files the mode of this one.
+void MakePrivate(const QString &path)
+{
+    QFile file(path);
+    const bool is_there = file.exists();
+    if (is_there || file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+}
+
+QString DriverOf(Engine engine)
+{
+    const QString driver =
+        engine == Engine::Sqlite ? QStringLiteral("QSQLITE") : QStringLiteral("QPSQL");
+    if (!QSqlDatabase::isDriverAvailable(driver))
+        throw DatabaseError(engine == Engine::Sqlite
+                                ? "Qt's driver for SQLite is missing: install libqt5sql5-sqlite"
+                                : "Qt's driver for PostgreSQL is missing: install libqt5sql5-psql");
+    return driver;
+}
+
+bool StartsWithOneOf(const QString &code, std::initializer_list<const char *> beginnings)
+{
+    return std::any_of(beginnings.begin(), beginnings.end(), [&code](const char *beginning) {
+        return code.startsWith(QLatin1String(beginning));
+    });
+}
+
+enum class Failure { Other, Unreachable, Busy, Conflict, Timeout };
+
+// By the codes of SQLite, which may be extended ones.
+Failure FailureOfSqlite(int code)
+{
+    constexpr int kPrimary = 0xff;
+    constexpr int kBusy = 5;
+    constexpr int kInterrupted = 9;
+    const int primary = code & kPrimary;
+    return primary == kBusy          ? Failure::Busy
+           : primary == kInterrupted ? Failure::Timeout
+                                     : Failure::Other;
+}
+
+// By the codes of PostgreSQL (appendix "Error Codes" of its manual). A message of the client
+// library has none: the connection broke off.
+Failure FailureOfPostgres(const QString &code)
+{
+    if (StartsWithOneOf(code, {"40001", "40P01"})) // serialization, deadlock
+        return Failure::Conflict;
+    if (code == QLatin1String("55P03")) // a lock that is held too long
+        return Failure::Busy;
+    if (code == QLatin1String("57014"))
+        return Failure::Timeout;
+    // Connection, too many of them, shut down, idle for too long, a copy that only reads, and a
+    // table that a newer server has changed under a prepared statement.
+    const bool is_lost =
+        code.isEmpty() || StartsWithOneOf(code, {"08", "53300", "57P", "25P03", "25006", "0A000"});
+    return is_lost ? Failure::Unreachable : Failure::Other;
+}
+
+} // namespace
+
+CRows::CRows(CStore &store, QString statement, std::unique_ptr<QSqlQuery> query)
+    : store_(store), statement_(std::move(statement)), query_(std::move(query))
+{}
+
+CRows::~CRows()
+{
+    if (query_)
+        store_.TakeBack(statement_, std::move(query_));
+}
+
+CStore::CStore(const StoreAddress &address)
+    : name_(QUuid::createUuid().toString()), engine_(address.engine),
+      database_(QSqlDatabase::addDatabase(DriverOf(engine_), name_))
+{
+    try {
+        Open(address);
+        Migrate(*this);
+    } catch (...) {
+        database_ = {};
+        QSqlDatabase::removeDatabase(name_);
+        throw;
+    }
+}
+
+CStore::~CStore()
+{
+    // The driver goes first: prepared statements would otherwise say goodbye to a server that may
+    // be gone.
+    database_ = {};
+    QSqlDatabase::removeDatabase(name_);
+}
+
+void CStore::Open(const StoreAddress &address)
+{
+    if (engine_ == Engine::Sqlite)
+        MakePrivate(address.name);
+    database_.setDatabaseName(address.name);
+    if (engine_ == Engine::Postgres) {
+        database_.setHostName(address.host);
+        database_.setPort(address.port);
+        database_.setUserName(address.user);
+        database_.setConnectOptions(address.options);
+    }
+    if (!database_.open()) {
+        const std::string text = database_.lastError().text().toStdString();
+        if (engine_ == Engine::Postgres)
+            throw StoreUnreachable(text);
+        throw DatabaseError(text);
+    }
+    ResetPatience();
+    if (engine_ == Engine::Sqlite) {
+        for (const char *const statement : kSqliteSetUp)
+            Execute(QLatin1String(statement));
+        return;
+    }
+    for (const char *const statement : kPostgresSetUp)
+        Execute(QLatin1String(statement));
+    if (Value(QStringLiteral("SELECT current_setting('server_encoding')")).toString() != QLatin1String("UTF8"))
+        throw DatabaseError("the database's encoding is not UTF8");
+}
+
+std::unique_ptr<QSqlQuery> CStore::Prepared(const QString &statement)
+{
+    const auto idle = idle_.find(statement);
+    if (idle != idle_.end()) {
+        auto query = std::move(idle->second);
+        idle_.erase(idle);
+        return query;
+    }
+    auto query = std::make_unique<QSqlQuery>(database_);
+    // PostgreSQL's rows would come one by one, too, and be lost with the next statement.
+    query->setForwardOnly(engine_ == Engine::Sqlite);
+    if (!query->prepare(Translated(statement, engine_)))
+        Fail(std::move(query));
+    return query;
+}
+
+CRows CStore::Run(const QString &statement, const QVariantList &values)
+{
+    for (const QVariant &value : values)
+        if (value.type() == QVariant::String && value.toString().contains(QChar(0)))
+            throw UnstorableText("a text holds the character U+0000");
+    auto query = Prepared(statement);
+    for (int i = 0; i < values.size(); ++i)
+        query->bindValue(i, values.at(i));
+    if (!query->exec())
+        Fail(std::move(query));
+    return {*this, statement, std::move(query)};
+}
+
+void CStore::Execute(const QString &statement)
+{
+    QSqlQuery query(database_);
+    if (!query.exec(Translated(statement, engine_)))
+        Fail(query.lastError());
+}
+
+QVariant CStore::Value(const QString &statement, const QVariantList &values)
+{
+    CRows rows = Run(statement, values);
+    return rows.Next() ? rows.Value(0) : QVariant();
+}
+
+bool CStore::HasTable(const QString &name)
+{
+    return Value(QStringLiteral("{has table}"), {name}).isValid();
+}
+
+void CStore::Lock(LockKind kind, const QString &name)
+{
+    if (engine_ == Engine::Postgres)
+        Run(QStringLiteral("SELECT pg_advisory_xact_lock(CAST(? AS INTEGER), hashtext(?))"),
+            {int(kind), name});
+}
+
+void CStore::SetPatience(std::chrono::milliseconds patience)
+{
+    Execute(QStringLiteral("{patience}%1").arg(patience.count()));
+}
+
+void CStore::ResetPatience()
+{
+    SetPatience(kPatience);
+}
+
+qint64 CStore::Now()
+{
+    if (engine_ == Engine::Sqlite)
+        return QDateTime::currentSecsSinceEpoch();
+    constexpr qint64 kMillisecondsPerSecond = 1000;
+    const auto now = std::chrono::steady_clock::now();
+    if (clock_ms_ == 0 || now - clock_read_ > kClockAge) {
+        clock_ms_ = Value(QStringLiteral("SELECT CAST(extract(epoch FROM clock_timestamp()) * 1000 "
+                                         "AS BIGINT)"))
+                        .toLongLong();
+        clock_read_ = now;
+    }
+    const auto passed = std::chrono::duration_cast<std::chrono::milliseconds>(now - clock_read_);
+    return (clock_ms_ + passed.count()) / kMillisecondsPerSecond;
+}
+
+void CStore::Commit()
+{
+    // PostgreSQL would answer that all is well, and undo it.
+    if (transaction_ == Transaction::Failed)
+        throw DatabaseError("a transaction with a failed statement cannot be stored");
+    ++commits_;
+    Execute(QStringLiteral("COMMIT"));
+    transaction_ = Transaction::None;
+    spent_.clear();
+}
+
+void CStore::RollBack()
+{
+    QSqlQuery query(database_);
+    // It fails where the database has rolled back itself, or is gone: then the statements go later.
+    if (query.exec(QStringLiteral("ROLLBACK")))
+        spent_.clear();
+    transaction_ = Transaction::None;
+}
+
+// Waits longer each time, and not as long as others that met the same conflict.
+void CStore::GiveWay(int attempt, const StoreConflict &conflict)
+{
+    if (attempt >= kAttempts)
+        throw StoreBusy(conflict.what());
+    thread_local std::minstd_rand random(std::random_device{}());
+    std::uniform_int_distribution<int> wait(1, 1 << attempt);
+    std::this_thread::sleep_for(std::chrono::milliseconds(wait(random)));
+}
+
+// PostgreSQL lets no statement go between a failed statement and the end of its transaction.
+void CStore::TakeBack(const QString &statement, std::unique_ptr<QSqlQuery> query)
+{
+    query->finish();
+    if (idle_.size() < kIdleStatements && idle_.count(statement) == 0)
+        idle_[statement] = std::move(query);
+    else if (transaction_ != Transaction::None)
+        spent_.push_back(std::move(query));
+}
+
+void CStore::Fail(std::unique_ptr<QSqlQuery> query)
+{
+    const QSqlError error = query->lastError();
+    spent_.push_back(std::move(query));
+    Fail(error);
+}
+
+void CStore::Fail(const QSqlError &error)
+{
+    if (transaction_ == Transaction::Open)
+        transaction_ = Transaction::Failed;
+    const std::string text = error.text().toStdString();
+    const QString code = error.nativeErrorCode();
+    switch (engine_ == Engine::Sqlite ? FailureOfSqlite(code.toInt()) : FailureOfPostgres(code)) {
+    case Failure::Unreachable:
+        throw StoreUnreachable(text);
+    case Failure::Busy:
+        throw StoreBusy(text);
+    case Failure::Conflict:
+        throw StoreConflict(text);
+    case Failure::Timeout:
+        throw StoreTimeout(text);
+    case Failure::Other:
+        break;
+    }
+    throw DatabaseError(text);
+}
+
+} // namespace Server

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "StoreThread.h"
+
+namespace Server {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kPause = 500ms; // between two attempts to connect
+
+} // namespace
+
+void CStoreThread::Start(StoreAddress address, Watch watch)
+{
+    address_ = std::move(address);
+    watch_ = std::move(watch);
+    is_ending_ = false;
+    thread_ = std::thread(&CStoreThread::Work, this);
+}
+
+void CStoreThread::Stop()
+{
+    if (!thread_.joinable())
+        return;
+    {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        is_ending_ = true;
+        changed_.notify_one();
+    }
+    thread_.join();
+}
+
+CStore &CStoreThread::Connected()
+{
+    if (store_)
+        return *store_;
+    // Those that wait behind a failed attempt must not wait for one of their own.
+    if (std::chrono::steady_clock::now() < next_attempt_)
+        throw StoreUnreachable("the database cannot be reached");
+    try {
+        store_ = std::make_unique<CStore>(address_);
+    } catch (const StoreUnreachable &failure) {
+        next_attempt_ = std::chrono::steady_clock::now() + kPause;
+        Disconnect(failure);
+        throw;
+    }
+    if (is_lost_ && watch_)
+        watch_({});
+    is_lost_ = false;
+    return *store_;
+}
+
+void CStoreThread::Disconnect(const StoreUnreachable &failure)
+{
+    store_.reset();
+    if (!is_lost_ && watch_)
+        watch_(failure.what());
+    is_lost_ = true;
+}
+
+void CStoreThread::Add(std::function<void()> job)
+{
+    const std::lock_guard<std::mutex> lock(mutex_);
+    jobs_.push_back(std::move(job));
+    changed_.notify_one();
+}
+
+void CStoreThread::Work()
+{
+    std::unique_lock<std::mutex> lock(mutex_);
+    for (;;) {
+        changed_.wait(lock, [this] { return is_ending_ || !jobs_.empty(); });
+        if (jobs_.empty())
+            break;
+        const std::function<void()> job = std::move(jobs_.front());
+        jobs_.pop_front();
+        lock.unlock();
+        job();
+        lock.lock();
+    }
+    lock.unlock();
+    store_.reset();
+}
+
+} // namespace Server
