@@ -58,8 +58,6 @@ function(vantor_pictures sources)
     add_custom_command(OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/qrc_ovrin.cpp
         COMMAND Qt5::rcc --name ovrin --output ${CMAKE_CURRENT_BINARY_DIR}/qrc_ovrin.cpp ${qrc}
         DEPENDS ${qrc} ${pngs})
-    set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/qrc_ovrin.cpp PROPERTIES
-        SKIP_AUTOMOC ON SKIP_AUTOUIC ON)
     set(${sources} ${CMAKE_CURRENT_BINARY_DIR}/qrc_ovrin.cpp PARENT_SCOPE)
 endfunction()
 
