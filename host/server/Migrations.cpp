@@ -55,8 +55,6 @@ int VersionOf(CStore &store)
                : 0;
 }
 
-} // namespace
-
 void Migrate(CStore &store)
 {
     if (VersionOf(store) == kNewest)
@@ -77,6 +75,15 @@ void Migrate(CStore &store)
         }
     });
     store.ResetPatience();
+}
+
+} // namespace
+
+std::unique_ptr<CStore> OpenStore(const StoreAddress &address)
+{
+    auto store = std::make_unique<CStore>(address);
+    Migrate(*store);
+    return store;
 }
 
 } // namespace Server

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
+
 namespace Server {
 
 class CStore;
+struct StoreAddress;
 
-/// \brief Bring the tables of \a store up to date, by the steps that it does not have yet. Of
+/// \brief Connect to \a address, and bring the tables up to date by the steps that they lack. Of
 /// several processes that begin at once, one does it and the others wait. Throws DatabaseError,
-/// also for a store that a newer program has changed.
-void Migrate(CStore &store);
+/// also for a store that a newer program has changed; StoreUnavailable when trying again may help.
+[[nodiscard]] std::unique_ptr<CStore> OpenStore(const StoreAddress &address);
 
 } // namespace Server

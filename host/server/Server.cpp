@@ -4,12 +4,16 @@
 #include "AccountRecords.h"
 #include "Accounts.h"
 #include "Audit.h"
+#include "Copy.h"
 #include "HttpFront.h"
+#include "Migrations.h"
 #include "Records.h"
 #include "SecuritySettings.h"
 #include "StoreThread.h"
 
 #include <sodium.h>
+
+#include <QtCore/QFile>
 
 #include <string_view>
 
@@ -250,9 +254,9 @@ QString SetAccount(const QString &database, const QString &name,
     if (!error.isEmpty())
         return error;
     try {
-        CStore store(ReadStoreAddress(database));
-        SetDefaults(store);
-        SetAccount(store, name, password);
+        const auto store = OpenStore(ReadStoreAddress(database));
+        SetDefaults(*store);
+        SetAccount(*store, name, password);
     } catch (const Refused &) {
         return QStringLiteral("The name or the password is empty or too long: a name has at most "
                               "%1 bytes, a password %2.")
@@ -260,6 +264,23 @@ QString SetAccount(const QString &database, const QString &name,
             .arg(kMaximumPassword);
     } catch (const std::exception &failure) {
         return CannotUse(database, failure);
+    }
+    return {};
+}
+
+QString CopyDatabase(const QString &from, const QString &to, const CopyProgress &progress)
+{
+    QString current = from;
+    try {
+        const StoreAddress source = ReadStoreAddress(from);
+        if (source.engine == Engine::Sqlite && !QFile::exists(source.name))
+            throw DatabaseError("there is no such file");
+        const auto source_store = OpenStore(source);
+        current = to;
+        const auto target_store = OpenStore(ReadStoreAddress(to));
+        CopyRows(*source_store, *target_store, progress);
+    } catch (const std::exception &failure) {
+        return CannotUse(current, failure);
     }
     return {};
 }
@@ -278,6 +299,7 @@ QString CServer::Start()
     QString error = NoRandomNumbers();
     if (!error.isEmpty())
         return error;
+    Stop(); // a second start begins anew
     const ServerOptions &options = d_ptr_->options_;
     try {
         const StoreAddress address = ReadStoreAddress(options.database);

@@ -20,6 +20,13 @@ struct CServerDataPtr;
 [[nodiscard]] QString SetAccount(const QString &database, const QString &name,
                                  const Nim::Base::SecretText &password);
 
+/// \brief Copy the database \a from into the empty one \a to, from SQLite to PostgreSQL for
+/// example. All is copied or nothing. Servers should not write to \a from meanwhile: what they
+/// write after the beginning is left out. The tables of \a from are brought up to date first.
+/// \return an empty text, or why it cannot.
+[[nodiscard]] QString CopyDatabase(const QString &from, const QString &to,
+                                   const CopyProgress &progress = {});
+
 /// \brief The management server: accounts, layouts and the incident list over HTTP or HTTPS, kept
 /// in a SQLite file or in PostgreSQL.
 ///

@@ -15,6 +15,9 @@ enum AuditLevel : int {
     kAuditInformation = 6,
 };
 
+/// \brief Hears how many rows of a table have been copied.
+using CopyProgress = std::function<void(const QString &table, qint64 rows)>;
+
 /// \brief How a server runs.
 struct ServerOptions
 {

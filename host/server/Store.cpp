@@ -2,7 +2,6 @@
 #include "Store.h"
 
 #include "Dialect.h"
-#include "Migrations.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QFile>
@@ -119,7 +118,6 @@ CStore::CStore(const StoreAddress &address)
 {
     try {
         Open(address);
-        Migrate(*this);
     } catch (...) {
         database_ = {};
         QSqlDatabase::removeDatabase(name_);
@@ -160,7 +158,8 @@ void CStore::Open(const StoreAddress &address)
     }
     for (const char *const statement : kPostgresSetUp)
         Execute(QLatin1String(statement));
-    if (Value(QStringLiteral("SELECT current_setting('server_encoding')")).toString() != QLatin1String("UTF8"))
+    if (Value(QStringLiteral("SELECT current_setting('server_encoding')")).toString()
+        != QLatin1String("UTF8"))
         throw DatabaseError("the database's encoding is not UTF8");
 }
 

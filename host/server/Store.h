@@ -53,9 +53,9 @@ private:
 class CStore
 {
 public:
-    /// \brief Connect, and bring the tables up to date. A SQLite file is made when it is missing,
-    /// and only its owner may read it. Throws DatabaseError; StoreUnreachable when trying again
-    /// later may help.
+    /// \brief Connect. A SQLite file is made when it is missing, and only its owner may read it.
+    /// OpenStore() also brings the tables up to date. Throws DatabaseError; StoreUnreachable when
+    /// trying again later may help.
     explicit CStore(const StoreAddress &address);
     ~CStore();
     CStore(const CStore &) = delete;
@@ -77,8 +77,11 @@ public:
 
     /// \brief Run \a body in one transaction, which is on the disk when this returns, or undone
     /// when it throws. When other transactions get in the way, \a body is run again, a few times.
+    /// Within another transaction it is a part of that one.
     template <class Body> auto Write(Body &&body)
     {
+        if (transaction_ != Transaction::None)
+            return body();
         for (int attempt = 1;; ++attempt) {
             try {
                 return InTransaction(QStringLiteral("{begin write}"), body);
@@ -91,6 +94,8 @@ public:
     /// \brief Run \a body, which only reads, and sees one state of the store all the time.
     template <class Body> auto Read(Body &&body)
     {
+        if (transaction_ != Transaction::None)
+            return body();
         return InTransaction(QStringLiteral("{begin read}"), body);
     }
 

@@ -57,7 +57,7 @@ StoreAddress ReadStoreAddress(const QString &text)
     const QUrl url(text, QUrl::StrictMode);
     if (!url.isValid())
         Refuse(QStringLiteral("the URL is wrong: %1").arg(url.errorString()));
-    if (url.authority().contains(QLatin1Char(':')) && url.userInfo().contains(QLatin1Char(':')))
+    if (url.userInfo().contains(QLatin1Char(':')))
         Refuse(
             QStringLiteral("a password must not be in the URL: others can read the command line. "
                            "Use the variable PGPASSWORD or the file ~/.pgpass"));

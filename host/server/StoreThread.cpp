@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "StoreThread.h"
 
+#include "Migrations.h"
+
 namespace Server {
 namespace {
 
@@ -38,24 +40,23 @@ CStore &CStoreThread::Connected()
     if (std::chrono::steady_clock::now() < next_attempt_)
         throw StoreUnreachable("the database cannot be reached");
     try {
-        store_ = std::make_unique<CStore>(address_);
-    } catch (const StoreUnreachable &failure) {
+        store_ = OpenStore(address_);
+    } catch (const StoreUnavailable &) {
         next_attempt_ = std::chrono::steady_clock::now() + kPause;
-        Disconnect(failure);
         throw;
     }
-    if (is_lost_ && watch_)
+    if (state_ == State::Lost && watch_)
         watch_({});
-    is_lost_ = false;
+    state_ = State::Connected;
     return *store_;
 }
 
 void CStoreThread::Disconnect(const StoreUnreachable &failure)
 {
     store_.reset();
-    if (!is_lost_ && watch_)
+    if (state_ == State::Connected && watch_)
         watch_(failure.what());
-    is_lost_ = true;
+    state_ = State::Lost;
 }
 
 void CStoreThread::Add(std::function<void()> job)

@@ -60,6 +60,8 @@ private:
         }
     }
 
+    enum class State { New, Connected, Lost };
+
     CStore &Connected();
     void Disconnect(const StoreUnreachable &failure);
     void Add(std::function<void()> job);
@@ -70,7 +72,7 @@ private:
     std::thread thread_;
     std::unique_ptr<CStore> store_; // of the thread, as are the next two
     std::chrono::steady_clock::time_point next_attempt_;
-    bool is_lost_ = false; // and the watch knows
+    State state_ = State::New;
     std::mutex mutex_;
     std::condition_variable changed_;
     std::deque<std::function<void()>> jobs_; // under the mutex, as is the next one

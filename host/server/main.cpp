@@ -50,6 +50,15 @@ struct Options
                             QStringLiteral("Database file, made when it is missing, or the folder "
                                            "of vantor-server.sqlite."),
                             QStringLiteral("FILE|DIR"), QLatin1String(kDataName)};
+    QCommandLineOption database{
+        QStringLiteral("database"),
+        QStringLiteral(
+            "The same, or a database of PostgreSQL: postgresql://user@host:port/name. The "
+            "password comes from the variable PGPASSWORD or from ~/.pgpass."),
+        QStringLiteral("FILE|DIR|URL")};
+    QCommandLineOption copy{
+        QStringLiteral("copy"),
+        QStringLiteral("Copy the database FROM into the empty one TO, all or nothing; then exit.")};
     QCommandLineOption seed{
         QStringLiteral("seed"),
         QStringLiteral("Fill an empty database with the sample accounts and this list."),
@@ -119,6 +128,13 @@ std::string ReadPem(const QString &path)
     return text;
 }
 
+// The file in a folder, where a folder is named.
+QString PathOf(const QString &database)
+{
+    return QFileInfo(database).isDir() ? QDir(database).filePath(QLatin1String(kDataName))
+                                       : database;
+}
+
 int SetAccount(const QString &database, const QString &name)
 {
     std::string line;
@@ -135,6 +151,20 @@ int SetAccount(const QString &database, const QString &name)
     Server::CAudit(WriteAudit)
         .Write(Server::kAuditNotice, "account-changed", {{"user", name.toStdString()}});
     return 0;
+}
+
+int Copy(const QStringList &databases)
+{
+    const QString error = Server::CopyDatabase(
+        PathOf(databases.constFirst()), PathOf(databases.constLast()),
+        [](const QString &table, qint64 rows) {
+            std::printf("%s: %lld rows\n", qPrintable(table), static_cast<long long>(rows));
+            std::fflush(stdout);
+        });
+    if (error.isEmpty())
+        return 0;
+    PrintError(error);
+    return kExitFailed;
 }
 
 int Serve(Server::ServerOptions options)
@@ -159,31 +189,24 @@ int Serve(Server::ServerOptions options)
     return QGuiApplication::exec();
 }
 
-int Run()
+// 0, or the exit status, with an error printed.
+int ReadOptions(const QCommandLineParser &parser, const Options &names,
+                Server::ServerOptions &options)
 {
-    Options names;
-    QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Management server of the desktop client: accounts, layouts, incidents."));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addOptions({names.port, names.address, names.data, names.seed, names.account,
-                       names.certificate, names.key, names.plain, names.samples});
-    parser.process(*qApp);
-
-    Server::ServerOptions options;
     bool is_number = false;
     options.port = parser.value(names.port).toInt(&is_number);
     const bool has_tls = parser.isSet(names.certificate);
+    const int databases = parser.isSet(names.copy) ? 2 : 0;
     if (!is_number || options.port < 0 || options.port > kLastPort
-        || !parser.positionalArguments().isEmpty() || has_tls != parser.isSet(names.key)) {
+        || parser.positionalArguments().size() != databases
+        || (parser.isSet(names.data) && parser.isSet(names.database))
+        || has_tls != parser.isSet(names.key)) {
         PrintError(QStringLiteral("wrong usage, see --help"));
         return kExitBadUsage;
     }
     options.address = parser.value(names.address).toStdString();
-    options.database = parser.value(names.data);
-    if (QFileInfo(options.database).isDir())
-        options.database = QDir(options.database).filePath(QLatin1String(kDataName));
+    options.database =
+        PathOf(parser.value(parser.isSet(names.database) ? names.database : names.data));
     options.is_plain_allowed = parser.isSet(names.plain);
     options.are_samples_allowed = parser.isSet(names.samples);
     options.audit = WriteAudit;
@@ -194,6 +217,30 @@ int Run()
         if (options.certificate.empty() || options.private_key.empty())
             return kExitFailed;
     }
+    return 0;
+}
+
+int Run()
+{
+    Options names;
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Management server of the desktop client: accounts, layouts, incidents."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOptions({names.port, names.address, names.data, names.database, names.copy,
+                       names.seed, names.account, names.certificate, names.key, names.plain,
+                       names.samples});
+    parser.addPositionalArgument(QStringLiteral("FROM TO"), QStringLiteral("With --copy."),
+                                 QStringLiteral("[FROM TO]"));
+    parser.process(*qApp);
+
+    Server::ServerOptions options;
+    const int status = ReadOptions(parser, names, options);
+    if (status != 0)
+        return status;
+    if (parser.isSet(names.copy))
+        return Copy(parser.positionalArguments());
     if (parser.isSet(names.account))
         return SetAccount(options.database, parser.value(names.account));
     return Serve(std::move(options));

@@ -6,6 +6,7 @@
 #include <Nim/Base/Encrypt.h>
 
 #include <server/Attempts.h>
+#include <server/Migrations.h>
 #include <server/SampleAccounts.h>
 #include <server/Store.h>
 #include <sys/stat.h>
@@ -259,7 +260,9 @@ private Q_SLOTS:
 
     void strangersLockNobodyOutOfHisOwnPlace()
     {
-        Server::CStore store(Server::ReadStoreAddress(folder_.Path("attempts.sqlite")));
+        const auto opened =
+            Server::OpenStore(Server::ReadStoreAddress(folder_.Path("attempts.sqlite")));
+        Server::CStore &store = *opened;
         const Server::LockSettings settings{true, 5, 600};
         const auto lock = [&](const Server::Trier &trier) {
             return Server::StandingOf(store, settings, trier, 1).lock;
