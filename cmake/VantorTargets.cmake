@@ -35,7 +35,7 @@ function(vantor_library target)
         FILES ${arg_HEADERS} ${CMAKE_CURRENT_BINARY_DIR}/generated/${arg_EXPORT_HEADER})
     set_target_properties(${target} PROPERTIES
         VERSION ${PROJECT_VERSION}
-        SOVERSION ${PROJECT_VERSION_MAJOR}
+        SOVERSION ${VANTOR_SOVERSION}
         # The libraries of the package find one another wherever it is installed.
         INSTALL_RPATH $ORIGIN
         VERIFY_INTERFACE_HEADER_SETS ON)
