@@ -22,8 +22,10 @@ struct CAdaptiveColumnWidthManagerDataPtr;
 class VANTOR_BASE_EXPORT CAdaptiveColumnWidthManager
 {
 public:
-    using Param = CAdaptiveColumnWidthObserver::Param;
+    using Param = CAdaptiveColumnWidthObserver::Param; ///< What an observer gets.
+    /// \brief Takes the one answer to a request; any thread may call it.
     using Answer = std::function<void(const Param &)>;
+    /// \brief Answers a request in place of the server.
     using Handler = std::function<void(const AdaptiveLayout &, Answer)>;
 
     CAdaptiveColumnWidthManager();
@@ -34,6 +36,7 @@ public:
     /// \brief Tell \a observer of each answer; it is not owned and must unregister before it goes.
     /// A second registration of the same one changes nothing.
     void RegisterObserver(CAdaptiveColumnWidthObserver *observer);
+    /// \brief Forget \a observer; one that is not registered is ignored.
     void UnRegisterObserver(CAdaptiveColumnWidthObserver *observer);
 
     /// \brief Read the text stored under the key of \a layout when its layout_data is empty, store

@@ -27,6 +27,7 @@ class VANTOR_BASE_EXPORT CFrameSystemConfigMgr : public Nim::Base::CSingleton<CF
 public:
     /// \brief The configured time mode, a code of the client's; 0 until it is set.
     [[nodiscard]] int GetTimeZone() const;
+    /// \brief Store \a mode; it is not checked, and nothing is emitted.
     void SetTimeZone(int mode);
 
 private:

@@ -38,6 +38,8 @@ class VANTOR_BASE_EXPORT CNetCommManager : public Nim::Base::CSingleton<CNetComm
     CNetCommManager() = default;
 
 public:
+    /// \brief Carries one request out and fills in the reply, as ClientSynSend() does. Called on
+    /// the threads that send.
     using Transport =
         std::function<bool(ClientComm::CClientRecvInfo &, const ClientComm::CClientSendInfo &)>;
 
@@ -74,6 +76,7 @@ public:
     /// \brief The session that later requests belong to, sent as "Authorization: Bearer token" (RFC
     /// 6750); empty: none.
     static void SetSession(const std::string &token);
+    /// \brief The token of SetSession(); empty without a session.
     [[nodiscard]] static std::string Session();
 
     /// \brief Let \a transport do all exchanges from now on; an empty function restores HTTP(S). An

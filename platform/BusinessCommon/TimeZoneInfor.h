@@ -10,8 +10,8 @@ namespace BusinessCommon {
 /// utc_bias, and in daylight saving UTC = local time + utc_bias + daylight_bias.
 struct TimeZoneInfor
 {
-    int utc_bias = 0; ///< UTC+8 is -480
-    bool b_dst = false;
+    int utc_bias = 0;      ///< UTC+8 is -480
+    bool b_dst = false;    ///< the zone has daylight saving
     int daylight_bias = 0; ///< an hour forward in summer is -60
 };
 

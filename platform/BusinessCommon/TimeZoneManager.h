@@ -28,6 +28,7 @@ class VANTOR_BASE_EXPORT ITimeZoneService
 public:
     virtual ~ITimeZoneService();
 
+    /// \return seconds since 1970 UTC, or -1 for a text that cannot be read.
     virtual qint64 ISOTimeToTimeT(const std::string &text) = 0;
     /// \param infor never null.
     virtual bool GetDstDate(std::tm &begin, qint64 &begin_s, std::tm &end, qint64 &end_s,

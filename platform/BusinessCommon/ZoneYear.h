@@ -13,7 +13,7 @@ namespace BusinessCommon {
 /// \brief What the clocks of a zone do in one calendar year.
 struct ZoneYear
 {
-    TimeZoneInfor infor;
+    TimeZoneInfor infor;    ///< the biases of the year
     qint64 dst_begin_s = 0; ///< start of daylight saving, seconds since 1970 UTC; 0 without
     qint64 dst_end_s = 0;   ///< its end; before dst_begin_s south of the equator
 };

@@ -19,9 +19,9 @@ struct VANTOR_BASE_EXPORT ClientSendInfo
     std::string Request_Data; ///< the body; empty: none
     int Pattern = 0;          ///< how the body is written: 2 is XML, anything else JSON
 
-    ClientSendInfo() = default;
-    ClientSendInfo(const ClientSendInfo &other) = default;
-    ClientSendInfo &operator=(const ClientSendInfo &other) = default;
+    ClientSendInfo() = default;                                       ///< All empty.
+    ClientSendInfo(const ClientSendInfo &other) = default;            ///< Copies every field.
+    ClientSendInfo &operator=(const ClientSendInfo &other) = default; ///< Copies every field.
     ~ClientSendInfo();
 };
 
@@ -33,9 +33,9 @@ struct VANTOR_BASE_EXPORT ClientRecvInfo
     Nim::Base::Error::ErrorCode Error_code;
     std::string Receive_Data; ///< the body of the reply; may hold a session, so overwritten too
 
-    ClientRecvInfo() = default;
-    ClientRecvInfo(const ClientRecvInfo &other) = default;
-    ClientRecvInfo &operator=(const ClientRecvInfo &other) = default;
+    ClientRecvInfo() = default;                                       ///< No error and no body.
+    ClientRecvInfo(const ClientRecvInfo &other) = default;            ///< Copies every field.
+    ClientRecvInfo &operator=(const ClientRecvInfo &other) = default; ///< Copies every field.
     ~ClientRecvInfo();
 };
 

@@ -18,19 +18,19 @@ class CFrameworkManagerInterface;
 /// structure goes.
 struct CheckPwdRequestParam
 {
-    std::string str_name;
-    Nim::Base::SecretText str_password;
-    std::string str_verify_code; ///< typed by the user; empty when none was asked for
-    std::string str_verify_mark; ///< of the image that was shown
+    std::string str_name;               ///< the user name
+    Nim::Base::SecretText str_password; ///< as typed
+    std::string str_verify_code;        ///< typed by the user; empty when none was asked for
+    std::string str_verify_mark;        ///< of the image that was shown
 };
 
 /// \brief What came of it.
 struct CheckPwdResultParam
 {
-    int check_result = 0;     ///< 9: the password is right
-    int remain_count = -1;    ///< tries left; -1: not limited, or not known
-    int lock_remain_time = 0; ///< seconds until a lock ends
-    Nim::Base::Error::ErrorCode error_code;
+    int check_result = 0;                   ///< 9: the password is right
+    int remain_count = -1;                  ///< tries left; -1: not limited, or not known
+    int lock_remain_time = 0;               ///< seconds until a lock ends
+    Nim::Base::Error::ErrorCode error_code; ///< all 0 unless the check failed
 };
 
 /// \brief A CheckPwdRequestParam as a record.
@@ -75,6 +75,7 @@ class VANTOR_BASE_EXPORT CFrameworkManagerInterface
     CFrameworkManagerInterface();
 
 public:
+    /// \brief Carries one check out and fills in the result, as CheckPassword() does.
     using Backend = std::function<void(const std::string &plugin, const CCheckPwdRequestParam &,
                                        CCheckPwdResultParam &)>;
 

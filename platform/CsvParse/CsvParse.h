@@ -12,6 +12,7 @@
 /// Plain memory: the parser that works in it is none of the caller's business, nor is its header.
 struct csvparse_parser
 {
+    /// \brief The memory of the parser, not to be read or written by the caller.
     alignas(std::max_align_t) unsigned char storage[192];
 };
 

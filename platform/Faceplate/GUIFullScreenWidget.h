@@ -16,6 +16,8 @@ class VANTOR_PLATFORM_EXPORT CGUIFullScreenWidget : public QWidget
     Q_OBJECT
 
 public:
+    /// \param parent owns the widget; without one it is a window.
+    /// \param flags  of the window, as for QWidget.
     explicit CGUIFullScreenWidget(QWidget *parent = nullptr, Qt::WindowFlags flags = {});
     ~CGUIFullScreenWidget() override;
 

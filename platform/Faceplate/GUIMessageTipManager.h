@@ -19,6 +19,7 @@ namespace Faceplate {
 class VANTOR_PLATFORM_EXPORT CGUIMessageTipManager
 {
 public:
+    /// \brief Shows one message; the parameters are those of ShowMessage(). GUI thread.
     using Presenter =
         std::function<void(QWidget *widget, const QString &text, int kind, int place, int time_s)>;
 

@@ -12,6 +12,7 @@ namespace Faceplate {
 class VANTOR_PLATFORM_EXPORT CNewInfoDlg
 {
 public:
+    /// \brief Shows one pop-up. GUI thread.
     using Presenter = std::function<void(const CStruInfoTipsData &data)>;
 
     /// \brief Show \a data for a few seconds and return at once.

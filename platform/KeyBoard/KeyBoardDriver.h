@@ -23,24 +23,25 @@ using KeyBoardCallBack = int (*)(quint32 message_type, quint32 first_param, quin
 struct KeyBoardSerialParam
 {
     const char *port_name; ///< "COM1" to "COM4", zero-terminated.
-    quint32 baud_rate;
-    quint8 data_bits;
-    quint8 stop_bits;
-    quint8 parity;       ///< 0 none.
-    quint8 flow_control; ///< 0 none.
+    quint32 baud_rate;     ///< Bits per second, such as 9600.
+    quint8 data_bits;      ///< 5 to 8.
+    quint8 stop_bits;      ///< 1 or 2.
+    quint8 parity;         ///< 0 none.
+    quint8 flow_control;   ///< 0 none.
 };
 
 /// \brief What happened to the port of a serial keyboard.
 struct KeyBoardPortNews
 {
+    /// \brief The events of a port.
     enum Kind : int {
         kOpened,  ///< Also when a lost port is back.
         kRefused, ///< The port could not be opened.
         kLost,    ///< The device vanished; the port is tried again every second until it is closed.
-        kClosed,
+        kClosed,  ///< KeyBoard_CloseSerialKeyBoard() or KeyBoard_Uninit() closed it.
     };
 
-    Kind kind;
+    Kind kind;      ///< The event.
     QString path;   ///< The system's path of the port, such as "/dev/ttyUSB0".
     QString reason; ///< The system's text for kRefused and kLost.
 };
@@ -58,8 +59,13 @@ public:
     KeyBoardDriver(const KeyBoardDriver &) = delete;
     KeyBoardDriver &operator=(const KeyBoardDriver &) = delete;
 
+    /// \brief Start, and report what devices send to \a callback. \return false when nothing can be
+    /// started.
     virtual bool Init(KeyBoardCallBack callback, void *user_data) = 0;
+    /// \brief Close all devices and stop.
     virtual void Uninit() = 0;
+    /// \brief See KeyBoard_OpenSerialKeyBoard().
     virtual bool OpenSerialKeyBoard(quint32 id, const KeyBoardSerialParam &param) = 0;
+    /// \brief See KeyBoard_CloseSerialKeyBoard().
     virtual bool CloseSerialKeyBoard(quint32 id) = 0;
 };

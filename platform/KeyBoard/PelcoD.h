@@ -14,20 +14,21 @@ namespace KeyBoard {
 /// \brief A key press of a serial keyboard as the managers know it: a code and its value.
 struct DeviceCode
 {
-    quint32 code = 0; ///< 0: nothing.
-    quint32 value = 0;
+    quint32 code = 0;  ///< 0: nothing.
+    quint32 value = 0; ///< Speed, number or state; depends on the code, see docs/devices.md.
 };
 
 /// \brief One frame of the Pelco-D protocol without its sync byte and checksum.
 struct PelcoFrame
 {
-    quint8 address;
-    quint8 command1;
-    quint8 command2;
-    quint8 data1;
-    quint8 data2;
+    quint8 address;  ///< Of the camera, 1 to 255.
+    quint8 command1; ///< Bits for camera, iris and focus near.
+    quint8 command2; ///< Bits for focus far, zoom, tilt and pan; bit 0 marks an extended command.
+    quint8 data1;    ///< Pan speed, 0 to 63; 0 in extended commands.
+    quint8 data2;    ///< Tilt speed, 0 to 63, or the number of a preset.
 };
 
+/// \brief The code of a frame that stops what runs.
 inline constexpr quint32 kSerialStopCode = 3030;
 
 /// \brief Whether \a frame, which has a code, begins something that goes on until a stop.

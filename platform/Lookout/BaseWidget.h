@@ -14,6 +14,8 @@ class VANTOR_PLATFORM_EXPORT CBaseWidget : public QWidget
     Q_OBJECT
 
 public:
+    /// \param parent owns the widget; without one it is a window.
+    /// \param flags  of the window, as for QWidget.
     explicit CBaseWidget(QWidget *parent = nullptr, Qt::WindowFlags flags = {});
     ~CBaseWidget() override;
 };

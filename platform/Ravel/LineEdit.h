@@ -14,6 +14,7 @@ class VANTOR_PLATFORM_EXPORT CLineEdit : public QLineEdit
 
 public:
     explicit CLineEdit(QWidget *parent = nullptr);
+    /// \brief Shows \a text at first; \a parent owns the widget.
     explicit CLineEdit(const QString &text, QWidget *parent = nullptr);
     ~CLineEdit() override;
 

@@ -18,6 +18,7 @@ public:
     /// \brief Show or hide the text. (QLineEdit::setEchoMode() would pass visible text to the input
     /// method.)
     void SetPasswordVisible(bool is_visible);
+    /// \brief Whether the text can be read on the screen; false at first.
     [[nodiscard]] bool IsPasswordVisible() const;
 };
 

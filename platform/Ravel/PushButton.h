@@ -16,6 +16,7 @@ class VANTOR_PLATFORM_EXPORT CPushButton : public QPushButton
 
 public:
     explicit CPushButton(QWidget *parent = nullptr);
+    /// \brief Shows \a text at first; \a parent owns the widget.
     explicit CPushButton(const QString &text, QWidget *parent = nullptr);
     ~CPushButton() override;
 

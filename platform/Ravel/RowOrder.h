@@ -19,12 +19,13 @@ class CRowSet;
 class VANTOR_PLATFORM_EXPORT CRowOrder
 {
 public:
-    CRowOrder() = default;
+    CRowOrder() = default; ///< No rows.
     /// \brief \a count rows from \a first on.
     static CRowOrder Range(int first, int count);
     /// \brief \a rows as they are; none may appear twice.
     explicit CRowOrder(std::vector<int> rows, bool is_ascending = false);
 
+    /// \brief The number of places.
     [[nodiscard]] int Count() const { return is_range_ ? count_ : static_cast<int>(rows_.size()); }
     /// \brief The row at \a place, which must be in 0 to Count() - 1.
     [[nodiscard]] int RowAt(int place) const
@@ -33,6 +34,7 @@ public:
     }
     /// \return the place of \a row, or -1 when it is not in the list.
     [[nodiscard]] int PlaceOf(int row) const;
+    /// \brief Whether the rows follow one another without a gap, which takes no memory.
     [[nodiscard]] bool IsRange() const { return is_range_; }
     /// \return Count() rows, or null for a range.
     [[nodiscard]] const int *Rows() const { return is_range_ ? nullptr : rows_.data(); }
@@ -42,6 +44,7 @@ public:
 
     /// \brief Put \a rows, in their order, at \a place.
     void Insert(int place, const std::vector<int> &rows);
+    /// \brief Remove \a count places from \a place on.
     void Erase(int place, int count);
     /// \brief Number all rows from \a first_row on by \a difference higher.
     void Renumber(int first_row, int difference);

@@ -11,6 +11,7 @@ namespace Ravel {
 class CRowSet
 {
 public:
+    /// \brief An empty set that no row fits into.
     CRowSet() = default;
     /// \brief An empty set for the rows 0 to \a rows - 1.
     explicit CRowSet(int rows) : words_((static_cast<size_t>(rows) + 63) / 64) {}
@@ -21,11 +22,12 @@ public:
         words_[static_cast<size_t>(row) / 64] |= Bit(row);
         ++count_;
     }
+    /// \brief Whether \a row, one that fits, was added.
     [[nodiscard]] bool Has(int row) const
     {
         return (words_[static_cast<size_t>(row) / 64] & Bit(row)) != 0;
     }
-    [[nodiscard]] int Count() const { return count_; }
+    [[nodiscard]] int Count() const { return count_; } ///< How many rows were added.
 
     /// \brief Call \a visit with each row, in ascending order.
     template <class Visit> void ForEach(Visit &&visit) const

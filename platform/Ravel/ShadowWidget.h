@@ -23,8 +23,9 @@ class VANTOR_PLATFORM_EXPORT CShadowWidget : public QWidget
     Q_PROPERTY(QColor ShadowColor READ ShadowColor WRITE SetShadowColor)
 
 public:
+    /// \brief Where the shadow is.
     enum ShadowMode : int {
-        kNoShadow = 0,
+        kNoShadow = 0,     ///< hides the widget
         kShadowAround = 1, ///< on all four sides
     };
 
@@ -39,7 +40,9 @@ public:
     /// next.
     void Wrap(QWidget *panel, int mode);
 
+    /// \brief The darkest tone, at the edge of the panel; it fades to nothing over kReachPx.
     [[nodiscard]] QColor ShadowColor() const { return color_; }
+    /// \brief Repaints with \a color.
     void SetShadowColor(const QColor &color);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

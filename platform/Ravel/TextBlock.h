@@ -31,7 +31,8 @@ inline void Prefetch(const void *place)
 class VANTOR_PLATFORM_EXPORT CTextBlock
 {
 public:
-    CTextBlock() = default;
+    CTextBlock() = default; ///< No columns.
+    /// \brief One column for each of \a texts.
     explicit CTextBlock(const QStringList &texts);
 
     /// \brief See Ravel::Prefetch().
@@ -55,6 +56,7 @@ public:
 
     /// \brief The text of \a column; empty outside 0 to Count() - 1.
     [[nodiscard]] QString Text(int column) const;
+    /// \brief The texts of all columns.
     [[nodiscard]] QStringList Texts() const;
 
     /// \brief Where the text of \a column, of 0 to Count() - 1, ends, in characters from the first
@@ -71,6 +73,7 @@ public:
     {
         return View<char>(first, columns);
     }
+    /// \brief The same where IsWide(), in UTF-16.
     [[nodiscard]] std::u16string_view Wide(int first, int columns = 1) const
     {
         return View<char16_t>(first, columns);

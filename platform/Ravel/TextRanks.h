@@ -21,17 +21,22 @@ public:
     /// \param is_mixed     by rank: whether its texts differ in case.
     CTextRanks(const std::vector<int> &rank_of_row, std::vector<bool> is_mixed);
 
+    /// \brief The rank of \a row, 0 to RankCount() - 1.
     [[nodiscard]] int Rank(int row) const
     {
         return few_.empty() ? many_[static_cast<size_t>(row)] : few_[static_cast<size_t>(row)];
     }
+    /// \brief How many rows were ranked.
     [[nodiscard]] int RowCount() const
     {
         return static_cast<int>(few_.empty() ? many_.size() : few_.size());
     }
     /// \brief Whether rows of \a rank have different texts, such as "Door" and "door".
     [[nodiscard]] bool IsMixed(int rank) const { return is_mixed_[static_cast<size_t>(rank)]; }
-    [[nodiscard]] int RankCount() const { return static_cast<int>(begins_.size()) - 1; }
+    [[nodiscard]] int RankCount() const
+    {
+        return static_cast<int>(begins_.size()) - 1;
+    } ///< How many different texts, without case, there are.
 
     /// \brief \a order, which has all rows, sorted; rows of one rank stay in the order they had.
     [[nodiscard]] CRowOrder Sorted(const CRowOrder &order, bool is_descending) const;
@@ -50,8 +55,10 @@ private:
 class CRankBuilder
 {
 public:
+    /// \param column whose texts count, from 0.
     explicit CRankBuilder(int column) : column_(column) {}
 
+    /// \brief Add the next row. Its texts are copied.
     void Add(const CTextBlock &row);
     /// \brief The ranks of the rows that were added; rows without the column come last.
     [[nodiscard]] std::shared_ptr<const CTextRanks> Take();

@@ -22,6 +22,7 @@ public:
     int Number(std::string_view text);
     /// \return the number of \a text, or -1 when it is not there.
     [[nodiscard]] int Find(std::string_view text) const;
+    /// \brief How many texts there are; their numbers are 0 to Count() - 1.
     [[nodiscard]] int Count() const { return static_cast<int>(entries_.size()); }
     /// \brief The text of \a number; good until another text is added.
     [[nodiscard]] std::string_view Text(int number) const;

@@ -45,6 +45,7 @@ public:
     /// Only while the item is in no model.
     void AppendChild(std::unique_ptr<CTreeViewItem> child);
 
+    /// \brief How many rows are directly below the item.
     [[nodiscard]] int ChildCount() const;
     /// \return the row below at \a row, or null outside 0 to ChildCount() - 1.
     [[nodiscard]] CTreeViewItem *Child(int row) const;

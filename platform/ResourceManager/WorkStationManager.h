@@ -26,6 +26,7 @@ public:
     /// \param time_zones whole hours east of Greenwich.
     CWorkStation(unsigned int id, int time_zones);
 
+    /// \brief The number that the server knows the workstation by.
     [[nodiscard]] unsigned int GetID() const;
     /// \brief The site's offset from UTC in whole hours, east positive.
     [[nodiscard]] int GetTimeZones() const;

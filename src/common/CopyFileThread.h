@@ -16,7 +16,7 @@ struct CCopyFileThreadPtr;
 /// \brief The outcome for one file of a copy.
 struct CopiedFile
 {
-    QString source;
+    QString source; ///< The file that was copied, as given to SetFileInfo().
     QString target; ///< The name it was written under; empty when it did not arrive.
     QString error;  ///< The reason, a text for the user; empty when it arrived.
 };

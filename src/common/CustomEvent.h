@@ -28,7 +28,9 @@ public:
     /// \param type the whole number of the event, 1000 to 65535: smaller ones are Qt's own, and of
     ///             larger ones Qt keeps the lower 16 bits.
     explicit CCustomEvent(int type);
+    /// \brief The type and the pairs of \a other.
     CCustomEvent(const CCustomEvent &other);
+    /// \brief Takes the type and the pairs of \a other.
     CCustomEvent &operator=(const CCustomEvent &other);
     ~CCustomEvent() override;
 

@@ -11,28 +11,40 @@
 #include <string>
 #include <vector>
 
-/// Records that login pages, the client's framework and the management server exchange. Texts are
-/// UTF-8. Passwords and sessions are overwritten when a record is deleted or its field is set
-/// again; no operator here prints them.
+/// \brief Records that login pages, the client's framework and the management server exchange.
+/// Texts are UTF-8. Passwords and sessions are overwritten when a record is deleted or its field is
+/// set again; no operator here prints them.
 namespace NimClientFrameWork {
 
 // The server defines the integers. A value without a name is kept unchanged.
-enum AccountType : int { kAccountLocal = 1 };
-enum ClientType : int { kClientDesktop = 1, kClientCaptcha = 3 };
-enum LoginAddrType : int { kLoginAddrDefault = 0 };
-enum LoginPwdType : int { kLoginPwdDefault = 0 };
-enum NetworkType : int { kNetworkDefault = 2 };
-enum RemainingLoginType : int { kRemainingByUser = 1 };
-enum UserType : int { kUserUnknown = -1 };
 
-struct LoginMode
-{
-    qint32 workstation_id = 0;
-    bool is_asyn = false;
-    bool is_reconnection = false;
+/// Where the account is kept.
+enum AccountType : int { kAccountLocal = 1 /**< of the server itself */ };
+/// The program that logs in.
+enum ClientType : int {
+    kClientDesktop = 1, ///< a desktop client
+    kClientCaptcha = 3  ///< what a request for a verification code is sent as
 };
+/// Which of the server's addresses is used.
+enum LoginAddrType : int { kLoginAddrDefault = 0 /**< the server's choice */ };
+/// In which form the password is sent.
+enum LoginPwdType : int { kLoginPwdDefault = 0 /**< the server's choice */ };
+/// The network that the client is in, seen from the server.
+enum NetworkType : int { kNetworkDefault = 2 /**< until the server reports another */ };
+/// What the attempts that are left are counted for.
+enum RemainingLoginType : int { kRemainingByUser = 1 /**< the user name */ };
+/// The role of a user on the server.
+enum UserType : int { kUserUnknown = -1 /**< until the server reports one */ };
 
 /// \brief The way in which a client logs in.
+struct LoginMode
+{
+    qint32 workstation_id = 0;    ///< 0: no workstation
+    bool is_asyn = false;         ///< the caller does not wait for the answer
+    bool is_reconnection = false; ///< a lost session is renewed
+};
+
+/// \brief A LoginMode as a record.
 class VANTOR_EXPORT CLoginMode : public Nim::Base::CRecord<LoginMode>
 {
     VANTOR_RECORD(CLoginMode)
@@ -41,25 +53,26 @@ class VANTOR_EXPORT CLoginMode : public Nim::Base::CRecord<LoginMode>
     VANTOR_RECORD_FIELD(is_reconnection)
 };
 
+/// \brief The input of a login page.
 struct LoginDataInfo
 {
-    std::string user_name;
-    Nim::Base::SecretText password;
-    std::string server_address;
-    std::string input_verify_code;
-    std::string show_verify_code;
-    std::string local_mac_address;
-    std::string client_version;
-    ClientType client_type = kClientDesktop;
-    std::string client_guid;
-    qint32 port = 80;
-    LoginPwdType login_pwd_type = kLoginPwdDefault;
-    bool is_remember_pwd = false;
-    bool is_auto_login = false;
-    bool is_http = true;
+    std::string user_name;                   ///< as typed
+    Nim::Base::SecretText password;          ///< as typed
+    std::string server_address;              ///< host name or address, without port
+    std::string input_verify_code;           ///< the code as typed; empty if none was asked for
+    std::string show_verify_code;            ///< the mark of the image that was shown
+    std::string local_mac_address;           ///< of this machine
+    std::string client_version;              ///< of the client program
+    ClientType client_type = kClientDesktop; ///< sent as it is
+    std::string client_guid;                 ///< identifies the installation
+    qint32 port = 80;                        ///< TCP port, 1 to 65535
+    LoginPwdType login_pwd_type = kLoginPwdDefault; ///< sent as it is
+    bool is_remember_pwd = false;                   ///< the user wants the password to be stored
+    bool is_auto_login = false;                     ///< the user wants no login page next time
+    bool is_http = true;                            ///< HTTP; false: HTTPS
 };
 
-/// \brief The input of a login page.
+/// \brief A LoginDataInfo as a record.
 class VANTOR_EXPORT CLoginDataInfo : public Nim::Base::CRecord<LoginDataInfo>
 {
     VANTOR_RECORD(CLoginDataInfo)
@@ -79,34 +92,35 @@ class VANTOR_EXPORT CLoginDataInfo : public Nim::Base::CRecord<LoginDataInfo>
     VANTOR_RECORD_FIELD(is_http)
 };
 
+/// \brief The parameters of a login.
 struct DaxLoginParam
 {
-    std::string server_ip;
-    std::string server_domain;
-    quint32 workstation_id = 0;
-    std::string user_name;
-    Nim::Base::SecretText password;
-    std::string login_protocol_type = "http";
-    std::string client_guid;
-    std::string hardwarecode;
-    std::string input_verify_code;
-    std::string show_verify_code;
-    std::string client_version;
-    AccountType login_mode = kAccountLocal;
-    ClientType client_type = kClientDesktop;
-    std::string edition_type;
-    std::string product_name;
-    LoginAddrType login_addr_type = kLoginAddrDefault;
-    LoginPwdType pwd_type = kLoginPwdDefault;
-    qint32 port = -1;
-    quint32 timeout_connect = 30;
-    quint32 timeout_waitData = 30;
-    bool is_remember = false;
-    bool is_reconnection = false;
-    bool is_switch_user = false;
+    std::string server_ip;                             ///< address of the server
+    std::string server_domain;                         ///< name of the server
+    quint32 workstation_id = 0;                        ///< 0: no workstation
+    std::string user_name;                             ///< as typed
+    Nim::Base::SecretText password;                    ///< as typed
+    std::string login_protocol_type = "http";          ///< "http" or "https"
+    std::string client_guid;                           ///< identifies the installation
+    std::string hardwarecode;                          ///< identifies the machine
+    std::string input_verify_code;                     ///< the code as typed
+    std::string show_verify_code;                      ///< the mark of its image
+    std::string client_version;                        ///< of the client program
+    AccountType login_mode = kAccountLocal;            ///< where the account is
+    ClientType client_type = kClientDesktop;           ///< sent as it is
+    std::string edition_type;                          ///< of the product, as licensed
+    std::string product_name;                          ///< of the client program
+    LoginAddrType login_addr_type = kLoginAddrDefault; ///< sent as it is
+    LoginPwdType pwd_type = kLoginPwdDefault;          ///< sent as it is
+    qint32 port = -1;                                  ///< TCP port; -1: not set
+    quint32 timeout_connect = 30;                      ///< seconds
+    quint32 timeout_waitData = 30;                     ///< seconds
+    bool is_remember = false;                          ///< the user wants the password to be stored
+    bool is_reconnection = false;                      ///< a lost session is renewed
+    bool is_switch_user = false;                       ///< another user takes over a running client
 };
 
-/// \brief The parameters of a login. Times are in seconds.
+/// \brief A DaxLoginParam as a record.
 class VANTOR_EXPORT CDaxLoginParam : public Nim::Base::CRecord<DaxLoginParam>
 {
     VANTOR_RECORD(CDaxLoginParam)
@@ -135,17 +149,18 @@ class VANTOR_EXPORT CDaxLoginParam : public Nim::Base::CRecord<DaxLoginParam>
     VANTOR_RECORD_FIELD(is_switch_user)
 };
 
+/// \brief The key that a password is encrypted with, and its session.
 struct ResquestRSAKeyResult
 {
-    Nim::Base::SecretText str_RSA_key;
-    Nim::Base::SecretText str_session;
-    std::string case_error_info;
-    qint32 error_subsystem = 0;
-    qint32 error_first_code = 0;
-    qint32 error_second_code = 0;
+    Nim::Base::SecretText str_RSA_key; ///< as the server sends it
+    Nim::Base::SecretText str_session; ///< the session that the key belongs to
+    std::string case_error_info;       ///< text of the error; empty without one
+    qint32 error_subsystem = 0;        ///< ErrorCode::sub_system; 0 without an error
+    qint32 error_first_code = 0;       ///< ErrorCode::module_code; 0 without an error
+    qint32 error_second_code = 0;      ///< ErrorCode::error_code; 0 without an error
 };
 
-/// \brief The key that a password is encrypted with, and its session.
+/// \brief A ResquestRSAKeyResult as a record.
 class VANTOR_EXPORT CResquestRSAKeyResult : public Nim::Base::CRecord<ResquestRSAKeyResult>
 {
     VANTOR_RECORD(CResquestRSAKeyResult)
@@ -157,17 +172,18 @@ class VANTOR_EXPORT CResquestRSAKeyResult : public Nim::Base::CRecord<ResquestRS
     VANTOR_RECORD_FIELD(error_second_code)
 };
 
+/// \brief The answer of the server to a login that failed.
 struct DaxResponse
 {
-    Nim::Base::Error::ErrorCode stru_error_info;
-    qint32 remain_count = 5;
-    RemainingLoginType remain_login_type = kRemainingByUser;
-    std::string captcha_info;
-    std::string verify_mark;
-    std::string str_bill_code;
+    Nim::Base::Error::ErrorCode stru_error_info;             ///< why it failed
+    qint32 remain_count = 5;                                 ///< attempts left before a lock
+    RemainingLoginType remain_login_type = kRemainingByUser; ///< what they are counted for
+    std::string captcha_info;  ///< the bytes of the next image; empty: no code needed
+    std::string verify_mark;   ///< the mark of that image
+    std::string str_bill_code; ///< the server's receipt of the attempt
 };
 
-/// \brief The answer of the server to a login that failed.
+/// \brief A DaxResponse as a record.
 class VANTOR_EXPORT CDaxResponse : public Nim::Base::CRecord<DaxResponse>
 {
     VANTOR_RECORD(CDaxResponse)
@@ -179,21 +195,22 @@ class VANTOR_EXPORT CDaxResponse : public Nim::Base::CRecord<DaxResponse>
     VANTOR_RECORD_FIELD(str_bill_code)
 };
 
+/// \brief The result of a login, for the login page.
 struct LoginResult
 {
-    std::string return_data;
-    std::string verify_code_num;
-    std::string verify_mark;
-    std::string input_verify_code;
-    std::string str_bill_code;
-    qint32 remain_count = 0;
-    qint32 module_code = 0;
-    qint32 error_code = 0;
-    qint32 sub_system = 1;
-    RemainingLoginType enum_remain_login = kRemainingByUser;
+    std::string return_data;       ///< the body of the reply
+    std::string verify_code_num;   ///< the number of the verification code
+    std::string verify_mark;       ///< the mark of the next image
+    std::string input_verify_code; ///< the code as typed
+    std::string str_bill_code;     ///< the server's receipt of the attempt
+    qint32 remain_count = 0;       ///< attempts left before a lock
+    qint32 module_code = 0;        ///< ErrorCode::module_code
+    qint32 error_code = 0;         ///< ErrorCode::error_code; 0 without an error
+    qint32 sub_system = 1;         ///< ErrorCode::sub_system
+    RemainingLoginType enum_remain_login = kRemainingByUser; ///< what remain_count is counted for
 };
 
-/// \brief The result of a login, for the login page.
+/// \brief A LoginResult as a record.
 class VANTOR_EXPORT CLoginResult : public Nim::Base::CRecord<LoginResult>
 {
     VANTOR_RECORD(CLoginResult)
@@ -209,18 +226,18 @@ class VANTOR_EXPORT CLoginResult : public Nim::Base::CRecord<LoginResult>
     VANTOR_RECORD_FIELD(enum_remain_login)
 };
 
+/// \brief The reply to a request for a verification code.
 struct DaxCaptchaResponse
 {
-    qint32 remain_count = 5;
-    RemainingLoginType remain_login_type = kRemainingByUser;
-    std::string captcha_info;
-    std::string verify_code_num;
-    std::string verify_mark;
-    Nim::Base::Error::ErrorCode stru_error_info;
+    qint32 remain_count = 5;                                 ///< attempts left before a lock
+    RemainingLoginType remain_login_type = kRemainingByUser; ///< what they are counted for
+    std::string captcha_info;    ///< the bytes of the image, in a format that Qt reads
+    std::string verify_code_num; ///< the number of the code
+    std::string verify_mark;     ///< to be sent with the typed code
+    Nim::Base::Error::ErrorCode stru_error_info; ///< all 0 unless the request failed
 };
 
-/// \brief The reply to a request for a verification code; captcha_info holds the bytes of the
-/// image.
+/// \brief A DaxCaptchaResponse as a record.
 class VANTOR_EXPORT CDaxCaptchaResponse : public Nim::Base::CRecord<DaxCaptchaResponse>
 {
     VANTOR_RECORD(CDaxCaptchaResponse)
@@ -232,16 +249,17 @@ class VANTOR_EXPORT CDaxCaptchaResponse : public Nim::Base::CRecord<DaxCaptchaRe
     VANTOR_RECORD_FIELD(stru_error_info)
 };
 
+/// \brief The user and the client that a verification code is requested for.
 struct DaxCaptchaInfo
 {
-    std::string server_ip;
-    quint32 server_port = 0;
-    ClientType client_type = kClientCaptcha;
-    AccountType login_mode = kAccountLocal;
-    std::string user_name;
+    std::string server_ip;                   ///< address of the server
+    quint32 server_port = 0;                 ///< TCP port; 0: not set
+    ClientType client_type = kClientCaptcha; ///< sent as it is
+    AccountType login_mode = kAccountLocal;  ///< where the account is
+    std::string user_name;                   ///< as typed
 };
 
-/// \brief The user and the client that a verification code is requested for.
+/// \brief A DaxCaptchaInfo as a record.
 class VANTOR_EXPORT CDaxCaptchaInfo : public Nim::Base::CRecord<DaxCaptchaInfo>
 {
     VANTOR_RECORD(CDaxCaptchaInfo)
@@ -252,20 +270,21 @@ class VANTOR_EXPORT CDaxCaptchaInfo : public Nim::Base::CRecord<DaxCaptchaInfo>
     VANTOR_RECORD_FIELD(user_name)
 };
 
+/// \brief The user who has logged in.
 struct DaxLoginResponseData
 {
-    qint32 user_id = -1;
-    UserType user_type = kUserUnknown;
-    NetworkType client_domain = kNetworkDefault;
-    bool is_need_detect_dax = false;
-    bool is_configed = false;
-    Nim::Base::SecretText session_id;
-    std::string str_dax_real_ip;
-    quint32 u_dax_real_port = 0;
-    qint32 i_time_zone = -1;
+    qint32 user_id = -1;                         ///< the server's number; -1: nobody
+    UserType user_type = kUserUnknown;           ///< the role
+    NetworkType client_domain = kNetworkDefault; ///< the network of the client
+    bool is_need_detect_dax = false;  ///< the client must look for the server behind this address
+    bool is_configed = false;         ///< the server has been set up
+    Nim::Base::SecretText session_id; ///< sent with later requests
+    std::string str_dax_real_ip;      ///< address of the server behind this one
+    quint32 u_dax_real_port = 0;      ///< its TCP port; 0: not set
+    qint32 i_time_zone = -1;          ///< the server's number of a zone; -1: not set
 };
 
-/// \brief The user who has logged in. i_time_zone is a number of the server.
+/// \brief A DaxLoginResponseData as a record.
 class VANTOR_EXPORT CDaxLoginResponseData : public Nim::Base::CRecord<DaxLoginResponseData>
 {
     VANTOR_RECORD(CDaxLoginResponseData)
@@ -280,25 +299,29 @@ class VANTOR_EXPORT CDaxLoginResponseData : public Nim::Base::CRecord<DaxLoginRe
     VANTOR_RECORD_FIELD(i_time_zone)
 };
 
+/// \brief The control permissions of a user.
 struct ControlPermission
 {
-    std::vector<std::string> vct_ctrl_permission;
+    std::vector<std::string>
+        vct_ctrl_permission; ///< the server's names of what the user may control
 };
 
-/// \brief The control permissions of a user.
+/// \brief A ControlPermission as a record.
 class VANTOR_EXPORT CControlPermission : public Nim::Base::CRecord<ControlPermission>
 {
     VANTOR_RECORD(CControlPermission)
     VANTOR_RECORD_FIELD(vct_ctrl_permission)
 };
 
+/// \brief The reply to a change of the password.
 struct DaxPwdResponse
 {
-    Nim::Base::Error::ErrorCode stru_error_info{0, 0, 1};
-    bool ret_change_pawd = false;
+    Nim::Base::Error::ErrorCode stru_error_info{
+        0, 0, 1};                 ///< why it failed; the subsystem is 1 by default
+    bool ret_change_pawd = false; ///< the password was changed
 };
 
-/// \brief The reply to a change of the password. The subsystem of its error is 1 by default.
+/// \brief A DaxPwdResponse as a record.
 class VANTOR_EXPORT CDaxPwdResponse : public Nim::Base::CRecord<DaxPwdResponse>
 {
     VANTOR_RECORD(CDaxPwdResponse)
@@ -306,14 +329,15 @@ class VANTOR_EXPORT CDaxPwdResponse : public Nim::Base::CRecord<DaxPwdResponse>
     VANTOR_RECORD_FIELD(ret_change_pawd)
 };
 
+/// \brief A change of the password.
 struct ChangePwdStruct
 {
-    std::string str_user_name;
-    Nim::Base::SecretText str_old_password;
-    Nim::Base::SecretText str_new_password;
+    std::string str_user_name;              ///< whose password it is
+    Nim::Base::SecretText str_old_password; ///< as typed
+    Nim::Base::SecretText str_new_password; ///< as typed
 };
 
-/// \brief A change of the password.
+/// \brief A ChangePwdStruct as a record.
 class VANTOR_EXPORT CChangePwdStruct : public Nim::Base::CRecord<ChangePwdStruct>
 {
     VANTOR_RECORD(CChangePwdStruct)
@@ -322,18 +346,19 @@ class VANTOR_EXPORT CChangePwdStruct : public Nim::Base::CRecord<ChangePwdStruct
     VANTOR_RECORD_SECRET(str_new_password)
 };
 
+/// \brief The change of a password and the server that it is sent to.
 struct DaxLoginParamForChangePwd
 {
-    LoginAddrType login_addr_type = kLoginAddrDefault;
-    ClientType client_type = kClientDesktop;
-    std::string remote_server_ip;
-    quint32 remote_port = 0;
-    CChangePwdStruct change_pwd;
-    Nim::Base::SecretText session_id;
-    bool is_login = false;
+    LoginAddrType login_addr_type = kLoginAddrDefault; ///< sent as it is
+    ClientType client_type = kClientDesktop;           ///< sent as it is
+    std::string remote_server_ip;                      ///< address of the server
+    quint32 remote_port = 0;                           ///< TCP port; 0: not set
+    CChangePwdStruct change_pwd;                       ///< user and passwords
+    Nim::Base::SecretText session_id;                  ///< empty before a login
+    bool is_login = false;                             ///< the user is logged in
 };
 
-/// \brief The change of a password and the server that it is sent to.
+/// \brief A DaxLoginParamForChangePwd as a record.
 class VANTOR_EXPORT CDaxLoginParamForChangePwd
     : public Nim::Base::CRecord<DaxLoginParamForChangePwd>
 {
@@ -347,15 +372,16 @@ class VANTOR_EXPORT CDaxLoginParamForChangePwd
     VANTOR_RECORD_FIELD(is_login)
 };
 
+/// \brief The attempts that are left after a check of the password.
 struct CheckPwdResult
 {
-    std::string str_verify_code;
-    std::string str_verify_mark;
-    qint32 remain_login_num = -1;
-    qint32 remain_login_type = -1;
+    std::string str_verify_code;   ///< the bytes of the next image
+    std::string str_verify_mark;   ///< the mark of that image
+    qint32 remain_login_num = -1;  ///< -1: not limited, or not known
+    qint32 remain_login_type = -1; ///< a RemainingLoginType; -1: not known
 };
 
-/// \brief The attempts that are left after a check of the password.
+/// \brief A CheckPwdResult as a record.
 class VANTOR_EXPORT CCheckPwdResult : public Nim::Base::CRecord<CheckPwdResult>
 {
     VANTOR_RECORD(CCheckPwdResult)

@@ -49,6 +49,7 @@ class VANTOR_EXPORT CStyleManager : public QWidget, public Nim::Base::CSingleton
     Q_PROPERTY(QColor InfoColor READ InfoColor WRITE SetInfoColor)
 
 public:
+    /// \brief For Instance(); a second manager would be filled by the theme, but nothing reads it.
     explicit CStyleManager(QWidget *parent = nullptr);
     ~CStyleManager() override;
 
@@ -65,28 +66,42 @@ public:
     [[nodiscard]] QColor BrandColor() const;     ///< Brand (accent).
     [[nodiscard]] QColor InfoColor() const;      ///< Information.
 
-    // Setters store and nothing else: no signal, no repaint.
+    /// \brief Store the first neutral tone. Nothing is emitted or repainted.
     void SetNeuColor(const QColor &color);
+    /// \brief Store the second neutral tone. Nothing is emitted or repainted.
     void SetNeuColorT2(const QColor &color);
+    /// \brief Store the tone of neutral text. Nothing is emitted or repainted.
     void SetTextNeuColor(const QColor &color);
+    /// \brief Store the second tone of neutral text. Nothing is emitted or repainted.
     void SetTextNeuColorT2(const QColor &color);
+    /// \brief Store the background. Nothing is emitted or repainted.
     void SetBackColor(const QColor &color);
+    /// \brief Store the colour of panels. Nothing is emitted or repainted.
     void SetPanelColor(const QColor &color);
+    /// \brief Store the face of widgets. Nothing is emitted or repainted.
     void SetWidgetColor(const QColor &color);
+    /// \brief Store the second tone of the background. Nothing is emitted or repainted.
     void SetBackColorT2(const QColor &color);
+    /// \brief Store the second tone of panels. Nothing is emitted or repainted.
     void SetPanelColorT2(const QColor &color);
+    /// \brief Store the second face of widgets. Nothing is emitted or repainted.
     void SetWidgetColorT2(const QColor &color);
+    /// \brief Store the brand or accent colour. Nothing is emitted or repainted.
     void SetBrandColor(const QColor &color);
+    /// \brief Store the colour of information. Nothing is emitted or repainted.
     void SetInfoColor(const QColor &color);
 
-    /// \brief The colour with its alpha set to \a opacity, 0.0 to 1.0; the stored colour stays as
+    /// \brief NeuColor() with its alpha set to \a opacity, 0.0 to 1.0; the stored colour stays as
     /// it is.
     ///
     /// An invalid colour stays invalid. Qt logs a warning for an opacity outside the range and
     /// brings it into it.
     [[nodiscard]] QColor GetNeuColor(float opacity);
+    /// \brief NeuColorT2() with \a opacity, as GetNeuColor() does it.
     [[nodiscard]] QColor GetNeuColorT2(float opacity);
+    /// \brief TextNeuColor() with \a opacity, as GetNeuColor() does it.
     [[nodiscard]] QColor GetTextNeuColor(float opacity);
+    /// \brief TextNeuColorT2() with \a opacity, as GetNeuColor() does it.
     [[nodiscard]] QColor GetTextNeuColorT2(float opacity);
 
     bool event(QEvent *event) override;

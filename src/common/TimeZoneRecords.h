@@ -27,17 +27,17 @@ struct TimeZoneParam
 {
     qint64 tm_dst_begin = 0; ///< seconds since 1970 UTC
     qint64 tm_dst_end = 0;   ///< seconds since 1970 UTC
-    int utc_bias = 0;
-    int daylight_bias = 0;
-    bool b_dst = false; ///< the zone has daylight saving
+    int utc_bias = 0;        ///< minutes, west positive: UTC+8 is -480
+    int daylight_bias = 0;   ///< minutes: an hour forward in summer is -60
+    bool b_dst = false;      ///< the zone has daylight saving
 };
 
 /// \brief A daylight-saving rule as the server describes it; carried, not interpreted.
 struct DaylightSavingTime
 {
-    int daylight_bias = 0;
+    int daylight_bias = 0;     ///< minutes: an hour forward in summer is -60
     std::string daylight_date; ///< rule for the start, as received
-    bool enable = false;
+    bool enable = false;       ///< the rule is in force
     std::string standard_date; ///< rule for the return to standard time, as received
 };
 
@@ -65,10 +65,10 @@ class VANTOR_EXPORT CDaylightSavingTime : public CRecord<DaylightSavingTime, Sha
 /// \brief A zone of the server's list.
 struct RawTimeZone
 {
-    int bias = 0;
-    CDaylightSavingTime dST;
-    int iD = 0;
-    int time_type = 0; ///< the server's code; passed through
+    int bias = 0;            ///< minutes, west positive
+    CDaylightSavingTime dST; ///< the rule of daylight saving
+    int iD = 0;              ///< the server's number of the zone
+    int time_type = 0;       ///< the server's code; passed through
 };
 
 /// \brief A RawTimeZone as a record. A copy of it has a rule of its own.
@@ -84,10 +84,10 @@ class VANTOR_EXPORT CRawTimeZone : public CRecord<RawTimeZone, SharedAssignment>
 /// \brief What to ask the server for: the zone of a resource, or the client's own.
 struct RequestTimeZone
 {
-    bool client_zone = false;
-    std::string iD; ///< of the resource
-    std::string site_iD;
-    int resource_type = 0; ///< the server's code; passed through
+    bool client_zone = false; ///< ask for the client's own zone
+    std::string iD;           ///< of the resource
+    std::string site_iD;      ///< of the site of the resource
+    int resource_type = 0;    ///< the server's code; passed through
 };
 
 /// \brief A RequestTimeZone as a record.

@@ -20,7 +20,9 @@ public:
     /// \param offset added to 1000 for the type, 0 to 64535. CCustomEvent takes
     ///               the type itself instead.
     explicit CUpdateEvent(int offset);
+    /// \brief The type of \a other.
     CUpdateEvent(const CUpdateEvent &other);
+    /// \brief Takes the type of \a other.
     CUpdateEvent &operator=(const CUpdateEvent &other);
     ~CUpdateEvent() override;
 

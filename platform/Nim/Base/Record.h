@@ -10,6 +10,7 @@ namespace Nim::Base {
 /// shared.
 struct DeepAssignment
 {
+    /// \brief Copies the fields of \a from into the structure of \a to.
     template <class Structure>
     static void Assign(std::shared_ptr<Structure> &to, const std::shared_ptr<Structure> &from)
     {
@@ -21,6 +22,7 @@ struct DeepAssignment
 /// Assignment between records makes both use one structure. Copy construction is still deep.
 struct SharedAssignment
 {
+    /// \brief Makes \a to share the structure of \a from.
     template <class Structure>
     static void Assign(std::shared_ptr<Structure> &to, const std::shared_ptr<Structure> &from)
     {
@@ -46,16 +48,20 @@ struct SharedAssignment
 template <class Structure, class Assignment = DeepAssignment> class CRecord
 {
 public:
-    using StructureType = Structure;
+    using StructureType = Structure; ///< The plain structure.
 
+    /// \brief A structure of default values.
     CRecord() : data_ptr_(std::make_shared<Structure>()) {}
+    /// \brief Copies \a structure.
     explicit CRecord(const Structure &structure) : data_ptr_(std::make_shared<Structure>(structure))
     {}
     /// Adopts \a structure and shares it with the caller; a null pointer becomes a fresh structure.
     explicit CRecord(std::shared_ptr<Structure> structure)
         : data_ptr_(structure ? std::move(structure) : std::make_shared<Structure>())
     {}
+    /// \brief A copy with a structure of its own, whatever \a Assignment is.
     CRecord(const CRecord &other) : data_ptr_(std::make_shared<Structure>(*other.data_ptr_)) {}
+    /// \brief Assigns by the policy \a Assignment.
     // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): the policy compares the structures
     CRecord &operator=(const CRecord &other)
     {
@@ -76,7 +82,7 @@ public:
     void Swap(CRecord &other) noexcept { data_ptr_.swap(other.data_ptr_); }
 
 protected:
-    std::shared_ptr<Structure> data_ptr_;
+    std::shared_ptr<Structure> data_ptr_; ///< Never null.
 };
 
 } // namespace Nim::Base

@@ -20,6 +20,7 @@ public:
         : preset_(std::make_shared<std::function<Signature>>(std::move(preset))), current_(preset_)
     {}
 
+    /// \brief Use \a replacement from the next Get() on; an empty one restores the preset.
     void Set(std::function<Signature> replacement)
     {
         auto next = replacement ? std::make_shared<std::function<Signature>>(std::move(replacement))
@@ -28,6 +29,7 @@ public:
         current_.swap(next); // the old one is released after the lock
     }
 
+    /// \brief The present function; never null, and never empty.
     [[nodiscard]] std::shared_ptr<const std::function<Signature>> Get() const
     {
         const std::lock_guard<std::mutex> lock(mutex_);

@@ -15,12 +15,17 @@ namespace Nim::Base {
 class SecretText
 {
 public:
-    SecretText() = default;
+    SecretText() = default; ///< Empty.
+    /// \brief Copies \a text and overwrites the parameter; the caller's own string is left as it
+    /// is.
     // NOLINTNEXTLINE(google-explicit-constructor): hosts hand over std::string
     SecretText(std::string text) : text_(text.data(), text.size()) { Encrypt::Wipe(text); }
+    /// \brief Copies a zero-terminated text, not null.
     SecretText(const char *text) : text_(text) {} // NOLINT(google-explicit-constructor)
+    /// \brief A second copy, overwritten on its own.
     SecretText(const SecretText &other) = default;
 
+    /// \brief Overwrites the old text before it copies the new one.
     SecretText &operator=(const SecretText &other)
     {
         if (this != &other) {
@@ -32,15 +37,19 @@ public:
 
     ~SecretText() { Encrypt::Wipe(text_); }
 
+    /// \brief See Text().
     operator const std::string &() const { return text_; } // NOLINT(google-explicit-constructor)
+    /// \brief The text, valid until it is replaced or deleted.
     [[nodiscard]] const std::string &Text() const { return text_; }
 
-    [[nodiscard]] bool empty() const { return text_.empty(); }
-    [[nodiscard]] std::size_t size() const { return text_.size(); }
-    [[nodiscard]] const char *data() const { return text_.data(); }
-    [[nodiscard]] const char *c_str() const { return text_.c_str(); }
+    [[nodiscard]] bool empty() const { return text_.empty(); }      ///< Whether the length is 0.
+    [[nodiscard]] std::size_t size() const { return text_.size(); } ///< The length in bytes.
+    [[nodiscard]] const char *data() const { return text_.data(); } ///< The bytes, zero-terminated.
+    [[nodiscard]] const char *c_str() const { return text_.c_str(); } ///< The same as data().
 
+    /// \brief Compares bytes; the time depends on where the texts differ.
     friend bool operator==(const SecretText &a, const SecretText &b) { return a.text_ == b.text_; }
+    /// \brief The opposite of ==.
     friend bool operator!=(const SecretText &a, const SecretText &b) { return a.text_ != b.text_; }
 
 private:

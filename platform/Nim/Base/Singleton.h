@@ -24,6 +24,7 @@ template <class T> struct IsKeptAtUnload : std::is_base_of<QObject, T>
 /// deleted, see IsKeptAtUnload.
 struct ReleaseAtUnload
 {
+    /// \brief Called once for each \a instance, by the end of its module.
     template <class T> void operator()(T *instance) const
     {
         if constexpr (!IsKeptAtUnload<T>::value)

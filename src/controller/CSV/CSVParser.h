@@ -130,6 +130,7 @@ public:
     /// Off by default. Lines that are collected already keep the form they have, so set it before
     /// OpenFile().
     void SetRfc4180(bool on);
+    /// \brief Whether SetRfc4180() is on.
     [[nodiscard]] bool IsRfc4180() const;
 
     bool event(QEvent *event) override;

@@ -87,6 +87,8 @@ public:
     /// \brief Offer the comma-separated items of \a list in the cell; at most 255 UTF-16 units with
     /// their commas.
     void SetCellValidCheck(int row, int col, const std::string &list);
+    /// \brief The same for each cell of a range; rows and columns count from 0, the last ones
+    /// belong to it.
     void SetRangeValidCheck(int first_row, int first_col, int last_row, int last_col,
                             const std::string &list);
 
@@ -104,11 +106,12 @@ public:
 
     /// \brief Show filter buttons on the range; the next call replaces it. In constant-memory mode
     /// a range that ends above the current row is extended to it.
-    ///
-    /// The next three only log: conditions are left to the user.
     void SetFilterCoumn(int begin_row, int begin_column, int end_row, int end_column);
+    /// \brief Only logs: conditions are left to the user.
     void SetFilterOneCoumnWith1Str(int column, std::string rule);
+    /// \brief Only logs: conditions are left to the user.
     void SetFilterOneCoumnWith2Str(int column, std::string rule1, std::string rule2);
+    /// \brief Only logs: conditions are left to the user.
     void SetFilterCoumnWithListStr(int column, std::string list);
 
     /// \brief Width of columns in characters, 0 to 255; beyond is clamped.

@@ -45,7 +45,7 @@ class VANTOR_EXPORT CListExport : public QObject
     Q_OBJECT
 
 public:
-    using Format = ListExportFormat;
+    using Format = ListExportFormat; ///< The short name.
 
     explicit CListExport(QObject *parent = nullptr);
     ~CListExport() override;
@@ -62,7 +62,9 @@ public:
     /// \brief The columns to write, in this order; those that the list does not have are skipped.
     /// Empty: all of them.
     void SetColumns(const QVector<int> &columns);
+    /// \brief The columns of SetColumns() or of SetView(); empty: all of them.
     [[nodiscard]] QVector<int> Columns() const;
+    /// \brief How a workbook looks, from the next Start() on; CSV has no look.
     void SetLook(const ListExportLook &look);
     /// \brief Where temporary files go; empty (the default): the system's temporary folder.
     void SetTemporaryFolder(const QString &folder);
@@ -81,6 +83,7 @@ public:
     bool SaveAgain(const QString &path);
     /// \brief End without a file. A file that gets its name at this moment is Done instead.
     void Cancel();
+    /// \brief Whether an export is under way: from Start() or SaveAgain() until SignalFinished().
     [[nodiscard]] bool IsRunning() const;
 
 Q_SIGNALS:

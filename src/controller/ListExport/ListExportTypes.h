@@ -18,8 +18,8 @@ class CExcelControllorWithC;
 /// Kinds of files that CListExport writes.
 enum class ListExportFormat {
     BySuffix, ///< What the end of the path says.
-    Csv,
-    Xlsx
+    Csv,      ///< Comma-separated values, RFC 4180, UTF-8 with a byte order mark.
+    Xlsx      ///< An Office Open XML workbook.
 };
 
 /// \brief How a workbook of CListExport looks. Null looks are the writer's plain one.
@@ -27,13 +27,13 @@ struct ListExportLook
 {
     std::shared_ptr<Clxw_format_> header;        ///< Titles.
     std::shared_ptr<Clxw_format_> number_header; ///< Titles of columns of numbers; null: header.
-    std::shared_ptr<Clxw_format_> cell;
-    std::shared_ptr<Clxw_format_> number; ///< Cells with numbers; null: cell.
+    std::shared_ptr<Clxw_format_> cell;          ///< Cells with text.
+    std::shared_ptr<Clxw_format_> number;        ///< Cells with numbers; null: cell.
     QString sheet_name; ///< Empty: "Sheet1". Further sheets get " 2", " 3" and so on behind it.
-    bool is_header_frozen = true;
-    bool has_filter = true; ///< Filter buttons in the header.
-    bool is_right_to_left = false;
-    int rows_per_sheet = 1048575; ///< 1 to 1,048,575; what is beyond goes on a further sheet.
+    bool is_header_frozen = true;  ///< The titles stay in view.
+    bool has_filter = true;        ///< Filter buttons in the header.
+    bool is_right_to_left = false; ///< The first column is at the right.
+    int rows_per_sheet = 1048575;  ///< 1 to 1,048,575; what is beyond goes on a further sheet.
     /// Called on the worker thread for each new sheet, which is the current one.
     std::function<void(CExcelControllorWithC &writer)> on_sheet = {};
     /// Called on the worker thread with all \a sheets after the last row; it may add sheets.
@@ -43,10 +43,11 @@ struct ListExportLook
 /// \brief How an export ended.
 struct ListExportResult
 {
+    /// How it ended; Cancelled and Failed leave the target as it was.
     enum class End { Done, Cancelled, Failed };
     /// Why it failed; None unless it did.
     enum class Reason {
-        None,
+        None,              ///< It did not fail.
         UnknownFormat,     ///< The path ends with no known suffix.
         NoColumns,         ///< There is nothing to write.
         NoFolder,          ///< The folder of the target is missing.
@@ -59,12 +60,12 @@ struct ListExportResult
         TemporaryDiskFull, ///< There is no room for the temporary files.
         ListChanged,       ///< Rows or columns came, went or moved before all were read.
         ListFailed,        ///< The model or the row source threw.
-        NoMemory,
-        WriteFailed ///< Something else; \a system_text may say what.
+        NoMemory,          ///< Memory ran out.
+        WriteFailed        ///< Something else; \a system_text may say what.
     };
 
-    End end = End::Failed;
-    Reason reason = Reason::None;
+    End end = End::Failed;        ///< How it ended.
+    Reason reason = Reason::None; ///< Why it failed.
     QString system_text; ///< The system's words for the cause, in the local language; may be empty.
     QString path;        ///< As given to Start() or SaveAgain().
     int rows = 0;        ///< Rows that were written.

@@ -22,16 +22,20 @@ enum class ExportColumnKind {
 class VANTOR_EXPORT CRowSource
 {
 public:
-    CRowSource() = default;
+    CRowSource() = default; ///< For derived classes.
     virtual ~CRowSource();
     CRowSource(const CRowSource &) = delete;
     CRowSource &operator=(const CRowSource &) = delete;
 
+    /// \return the number of rows without the titles, 0 or more.
     [[nodiscard]] virtual int RowCount() const = 0;
+    /// \return the number of columns; 0 ends the export with NoColumns.
     [[nodiscard]] virtual int ColumnCount() const = 0;
+    /// \return the text above \a column, which counts from 0.
     [[nodiscard]] virtual QString Title(int column) const = 0;
     /// \return what toString() makes the text of the cell of; an invalid one leaves it empty.
     [[nodiscard]] virtual QVariant Cell(int row, int column) const = 0;
+    /// \return what the cells of \a column are in a workbook; ByCell by default.
     [[nodiscard]] virtual ExportColumnKind Kind(int column) const;
     /// \return the width of a column in a workbook, in characters; 0 fits it to its texts.
     [[nodiscard]] virtual int WidthChars(int column) const;

@@ -14,8 +14,8 @@ namespace Vantor {
 struct StruVerifyCode
 {
     QString verify_code_mark_; ///< the server's mark of this image
-    QPixmap pix_code_;
-    QString code_text_; ///< what the user typed
+    QPixmap pix_code_;         ///< the image; null when there is none
+    QString code_text_;        ///< what the user typed
 };
 
 /// \brief A StruVerifyCode as a record.

@@ -33,11 +33,12 @@ class VANTOR_EXPORT CAccountPasswordWidget : public QWidget
     Q_OBJECT
 
 public:
+    /// What LoginIn() came to.
     enum LoginState {
-        kLoginSucceeded = 0,
-        kLoginFailed = 1,  ///< The check answered without success, or could not be started.
-        kLoginTimeout = 2, ///< No answer within the wait time.
-        kInputError = 3,   ///< The password is empty, or a verification code that is asked for.
+        kLoginSucceeded = 0, ///< The password is right.
+        kLoginFailed = 1,    ///< The check answered without success, or could not be started.
+        kLoginTimeout = 2,   ///< No answer within the wait time.
+        kInputError = 3,     ///< The password is empty, or a verification code that is asked for.
     };
 
     explicit CAccountPasswordWidget(QWidget *parent = nullptr);
@@ -67,6 +68,7 @@ public:
     /// appears.
     void RestoreUI();
 
+    /// \brief The password frame, which the form owns; null when the host has deleted it.
     [[nodiscard]] QPointer<CPasswordFrame> GetPasswordEditWidget();
 
     /// \param milliseconds the longest time that LoginIn() waits; 10000 by default. Less than 0

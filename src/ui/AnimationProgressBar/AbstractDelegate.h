@@ -34,6 +34,7 @@ public:
     CAbstractDelegate(int type, QObject *parent);
     ~CAbstractDelegate() override;
 
+    /// \brief The number given to the constructor.
     [[nodiscard]] int GetDelegateType() const;
     /// \brief The bar that paints this delegate; null while it is in no stack.
     [[nodiscard]] CAnimationProgressBar *AnimationProgressBar() const;

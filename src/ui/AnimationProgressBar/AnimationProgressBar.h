@@ -60,7 +60,9 @@ public:
     /// duration, while the bar is not visible and where the style wants no animations, the bar goes
     /// there at once. A running zoom ends.
     void SlideTo(qint64 position_ms, int duration_ms, AnimationType type = EaseOutAnimation);
+    /// \brief Whether SlideTo(), or a click or a key, is moving the line now.
     [[nodiscard]] bool IsSliding() const;
+    /// \brief End a slide where it is; a zoom goes on. Nothing happens without a slide.
     void StopSlide();
 
     // Zone
@@ -94,6 +96,7 @@ public:
 
     /// \brief Whether the bar shows bars and cursor line alone, without labels.
     [[nodiscard]] bool IsSimplifyMode() const;
+    /// \brief Leave out the labels, or paint them again; false at first.
     void SetSimplifyMode(bool is_simple);
     /// \brief Length of the ruler's unit in pixels; more than 0.
     [[nodiscard]] double UnitScaleLength() const;
@@ -113,15 +116,18 @@ public:
     [[nodiscard]] double XPosOfUTCSeconds(qint64 seconds) const;
     /// \brief Zoom by \a factor, more than 1 for closer; the time at \a x stays there. Animated.
     void ZoomBy(double factor, double x);
+    /// \brief End a zoom where it is; a slide goes on. Nothing happens without a zoom.
     void StopScale();
     /// \brief How long clicks, keys and the wheel animate, in milliseconds; 0: not at all.
     void SetAnimationDuration(int duration_ms);
+    /// \brief In milliseconds; 300 at first.
     [[nodiscard]] int AnimationDuration() const;
 
     // Interaction; the mouse uses these, and so may hosts with a handle of their own.
 
     /// \brief While pressed, SetCurrentDateTime() is ignored.
     void SetPressed(bool is_pressed);
+    /// \brief Whether the bar is pressed, by the mouse or by SetPressed().
     [[nodiscard]] bool IsPressed() const;
     /// \brief Begin to move the line with a handle at \a x.
     void StartMovingX(int x = 0);
@@ -129,6 +135,7 @@ public:
     void MoveX(int x);
     /// \brief End the move; emits SignalStopAtTime(). Ignored unless moving.
     void StopMovingX();
+    /// \brief Whether a move is under way, by the mouse or by StartMovingX().
     [[nodiscard]] bool IsMoving() const;
 
     // Delegates
@@ -136,7 +143,10 @@ public:
     /// \brief Put \a delegate into the stack at \a index, held to its ends; a delegate that is
     /// already in a stack leaves it first. The bar does not own it; null is ignored.
     void InsertDelegate(int index, CAbstractDelegate *delegate);
+    /// \brief InsertDelegate() at the top of the stack.
     void AppendDelegate(CAbstractDelegate *delegate);
+    /// \brief Take \a delegate out of the stack; it is not deleted. One that is not in it is
+    /// ignored.
     void RemoveDelegate(CAbstractDelegate *delegate);
     /// \brief From bottom to top.
     [[nodiscard]] QList<CAbstractDelegate *> Delegates() const;
@@ -147,8 +157,9 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 public Q_SLOTS:
-    /// \brief Zoom about the cursor line.
+    /// \brief Zoom in by one step, about the cursor line.
     void ZoomIn();
+    /// \brief Zoom out by one step, about the cursor line.
     void ZoomOut();
     /// \brief Back to the scale of a fresh bar: 60 pixels an hour.
     void ResetZoom();
@@ -163,6 +174,7 @@ Q_SIGNALS:
     void SignalStopAtTime(const QDateTime &date_time);
     /// Emitted after each change, each step of a slide or zoom included.
     void SignalPositionChanged(qint64 position_ms);
+    /// Emitted after each change of PixelsPerSecond(), each step of a zoom included.
     void SignalScaleChanged();
 
 protected:

@@ -64,6 +64,7 @@ public:
     /// Type 1, which NewATimeBarParam() gives without \a byFileType, is not among the latter. If
     /// the delegate exists already, all types become visible.
     void SetTimeBarTypes(const QList<int> &types);
+    /// \brief The types of SetTimeBarTypes(), or those that an empty list stands for.
     [[nodiscard]] QList<int> TimeBarTypes() const;
 
     /// \brief The bar of a file: type 1 and rgb(33, 150, 243); with \a byFileType type and colour
@@ -74,12 +75,12 @@ public:
     /// | file type | record file type | bar type | colour |
     /// |---|---|---|---|
     /// | 0 | 0 | 0 | rgb(33, 150, 243) |
-    /// | 0 | 1 | 1 | #836abb |
-    /// | 0 | 2 | 2 | #b25959 |
+    /// | 0 | 1 | 1 | rgb(131, 106, 187) |
+    /// | 0 | 2 | 2 | rgb(178, 89, 89) |
     /// | 0 | 13 | 13 | rgb(255, 104, 66) |
-    /// | 0 | 22 | 22 | #666666 |
+    /// | 0 | 22 | 22 | rgb(102, 102, 102) |
     /// | 0 | 500 | 500 | rgb(21, 184, 155) |
-    /// | 0 | 501 | 501 | #519f8f |
+    /// | 0 | 501 | 501 | rgb(81, 159, 143) |
     /// | 1, 3, 5 | any | 13 | rgb(255, 104, 66) |
     /// | 4 | any | 0 | rgb(33, 150, 243) |
     /// | others | | -1 | invalid |

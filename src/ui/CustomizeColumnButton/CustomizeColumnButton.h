@@ -56,9 +56,10 @@ public:
     /// Writes that were made are still sent.
     void UnInitCustomizeList();
 
-    /// \brief Names, and identifiers, of the shown columns in the order of the table; none before
-    /// the initialisation. What the lists held before is dropped.
+    /// \brief The names of the shown columns in the order of the table; none before the
+    /// initialisation. The earlier content of \a names is dropped.
     void GetCustomizeListCurrentContent(QStringList &names) const;
+    /// \brief The same with the identifiers, place by place.
     void GetCustomizeListCurrentContent(QStringList &names, QList<int> &ids) const;
 
     /// \brief Close the drop-down, drop answers that are outstanding and ask the server for nothing

@@ -28,7 +28,7 @@ public:
     /// Whether the stored choice is known. Until it is, nothing can be changed, because a change
     /// would replace it.
     enum class ChoiceState {
-        Ready,
+        Ready,   ///< it is known
         Loading, ///< it is on its way
         Unread,  ///< it could not be read; the user can ask again
     };
@@ -44,6 +44,7 @@ public:
     /// \brief Names and identifiers of the shown columns in the order of the table. The earlier
     /// content of the two lists is dropped.
     void GetCustomlistItemsContent(QStringList &names, QList<int> &ids) const;
+    /// \brief The same without the identifiers.
     void GetCustomlistItemsContent(QStringList &names) const;
     /// \brief The current list, in the host's order.
     void GetCustomlistItemsContent(QVector<CColumnInfo> &columns) const;
@@ -61,6 +62,7 @@ public:
     /// \brief Take \a columns as the list that was settled last.
     void SetPreChangedCustomListState(const QVector<CColumnInfo> &columns);
 
+    /// \brief Enable the list for Ready; show why it is disabled for the other states.
     void SetChoiceState(ChoiceState state);
     /// \brief Whether the user holds a row with the mouse.
     [[nodiscard]] bool IsDragging() const;

@@ -14,6 +14,7 @@ class VANTOR_EXPORT CListSightCheckModel : public QStandardItemModel
     Q_OBJECT
 
 public:
+    /// Data of a row beside its text and check state.
     enum Role {
         kColumnIndexRole = Qt::UserRole, ///< int: place in the host's list of columns
         kManualSortRole,                 ///< bool: the row may be moved

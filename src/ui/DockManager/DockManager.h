@@ -35,6 +35,7 @@ namespace Vantor {
 class VANTOR_EXPORT CDockManager : public Ravel::CUiSingleton<CDockManager>
 {
 public:
+    /// How high a dock is.
     enum ContentType : int {
         Common = 1, ///< as high as its window but for its bars
         Export = 2, ///< the same, below the title bar

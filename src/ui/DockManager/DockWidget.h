@@ -31,8 +31,8 @@ struct DockSituation;
 class VANTOR_EXPORT CDockWidget : public QFrame
 {
     Q_OBJECT
-    // Replaces QWidget's property: a step of the slide moves and resizes in one request, because
-    // the edge at the window's border would jump otherwise.
+    /// The size in pixels. It replaces the property of QWidget: a step of the slide moves and
+    /// resizes in one request, because the edge at the window's border would jump otherwise.
     Q_PROPERTY(QSize size READ size WRITE SetSlideSize DESIGNABLE false STORED false)
 
 public:

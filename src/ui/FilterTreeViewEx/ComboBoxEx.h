@@ -51,6 +51,7 @@ public:
     [[nodiscard]] QStringList GetSelectedStringItems() const;
     /// \brief Tick \a texts and nothing else; those that the list lacks are ignored.
     void SetSelectedStringItems(const QStringList &texts);
+    /// \brief Tick every text, those too that OnFilterByMainType() left out.
     void TickAll();
 
     /// \brief Make the rows from \a column of the model, in alphabetical order.

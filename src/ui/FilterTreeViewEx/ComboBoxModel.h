@@ -38,6 +38,7 @@ public:
     /// \brief Tick the rows of \a texts and no others; "Blank" in the user's language
     /// means the empty text, too.
     void SetTickedTexts(const QStringList &texts);
+    /// \brief Tick every row, left out or not.
     void TickAll();
     /// \brief Whether each row that is not left out is ticked; false without such rows.
     [[nodiscard]] bool AreAllTicked() const;
@@ -50,6 +51,7 @@ public:
     /// \brief Leave out the texts whose place in \a shown is 0; they keep their ticks. For a proxy
     /// to ask: the rows stay.
     void SetShown(std::vector<char> shown);
+    /// \brief Whether SetShown() did not leave out \a row. Row 0 is always shown.
     [[nodiscard]] bool IsShown(int row) const;
 
     /// \brief How \a text is shown.

@@ -72,8 +72,9 @@ public:
     [[nodiscard]] std::vector<int> SourceRows() const;
 
     bool filterAcceptsRow(int source_row, const QModelIndex &source_parent) const override;
-    /// \brief QSortFilterProxyModel's, which a host calls on this class.
+    /// \brief Of QSortFilterProxyModel; declared here for hosts that call it on this class.
     void setFilterKeyColumn(int column);
+    /// \brief Filter and sort all rows again.
     void invalidate();
 
 protected:

@@ -46,6 +46,7 @@ public:
     /// \brief The columns of main type and sub type, both 1 at first. Call it before SetModel().
     void SetRelatedIndex(int mainColumn, int subColumn);
 
+    /// \brief Whether the bar asks for a keyword; otherwise for types.
     [[nodiscard]] bool IsKeyWord() const;
     /// \brief Ask for a keyword, or for types.
     void SetByKeyWord(bool by_keyword);
@@ -54,16 +55,22 @@ public:
     /// \brief Ask for \a keyword from now on; nothing is emitted.
     void SetKeyWord(const QString &keyword);
 
-    /// \brief The ticked types; an empty string stands for the cells without text.
+    /// \brief The ticked main types; an empty string means the cells without text.
     [[nodiscard]] QStringList GetSelectedMainType() const;
+    /// \brief Tick the main types \a types and no others; those that the model lacks are ignored.
     void SetSelectedMainType(const QStringList &types);
+    /// \brief The ticked sub types; an empty string means the cells without text.
     [[nodiscard]] QStringList GetSelectedSubType() const;
+    /// \brief Tick the sub types \a types and no others; those that the model lacks are ignored.
     void SetSelectedSubType(const QStringList &types);
 
-    /// \brief The children, for hosts that want more of them.
+    /// \brief The entry of the keyword, a child of the bar.
     [[nodiscard]] QLineEdit *GetKeyWordEdit() const;
+    /// \brief The button that emits SignalMoreBtnClicked(), a child of the bar.
     [[nodiscard]] QPushButton *GetMoreBtn() const;
+    /// \brief The chooser of main types, a child of the bar.
     [[nodiscard]] CComboBoxEx *GetMainTypeComboBox() const;
+    /// \brief The chooser of sub types, a child of the bar.
     [[nodiscard]] CComboBoxEx *GetSubTypeComboBox() const;
     /// \brief Give the keys to the keyword, and turn to asking for one.
     void FocusKeyWord();
@@ -73,11 +80,13 @@ Q_SIGNALS:
     void SignalFilterWithKeyWord(const QString &keyword);
     /// The user asks for the types that GetSelectedMainType() and GetSelectedSubType() tell.
     void SignalFilterWithKeyWords();
+    /// The user wants the further filters of the host.
     void SignalMoreBtnClicked();
     /// The user has emptied the filter.
     void SignalClearFilter();
 
 public Q_SLOTS:
+    /// \brief Emit SignalFilterWithKeyWord() or SignalFilterWithKeyWords(), as IsKeyWord() decides.
     void OnFilterBtnClicked();
     /// \brief Empty the keyword and tick all types. Emits nothing; the clear button does.
     void OnClearFilter();

@@ -33,9 +33,10 @@ public:
     /// \brief The source rows shown, in their order; of use only while IsFlat().
     [[nodiscard]] const Ravel::CRowOrder &Order() const;
 
-    /// \brief Between the two the list stays as it is, whatever happens to the source. Views are
-    /// notified of one change of layout. Calls may be nested.
+    /// \brief Keep the list as it is, whatever happens to the source, until EndHold(). Calls may be
+    /// nested.
     void BeginHold();
+    /// \brief Undo one BeginHold(). After the last, views are notified of one change of layout.
     void EndHold();
 
     void setSourceModel(QAbstractItemModel *source) override;
@@ -65,9 +66,9 @@ protected:
     [[nodiscard]] virtual std::vector<int> ShownOf(int first, int last) = 0;
     /// \brief Sort what MakeOrder() starts from.
     virtual void SortAll(int column, Qt::SortOrder order) = 0;
-    /// \brief The source has other rows: all of them, \a count more from \a first on, or fewer when
-    /// it is negative.
+    /// \brief All rows of the source may be others now.
     virtual void OnSourceReset() = 0;
+    /// \brief The source has \a count more rows from \a first on, or fewer when it is negative.
     virtual void OnSourceRows(int first, int count) = 0;
 
     /// \brief Show what MakeOrder() returns. With Qt's engine, filter and sort by that.
@@ -96,7 +97,9 @@ private:
 class CProxyHold
 {
 public:
+    /// \brief BeginHold() of \a proxy, which may be deleted meanwhile; null is ignored.
     explicit CProxyHold(CFlatProxy *proxy);
+    /// \brief EndHold(), if the proxy still exists.
     ~CProxyHold();
     CProxyHold(const CProxyHold &) = delete;
     CProxyHold &operator=(const CProxyHold &) = delete;

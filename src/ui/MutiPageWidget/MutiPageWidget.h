@@ -58,7 +58,9 @@ public:
     /// \brief The records-per-page chooser; its items carry their counts under Qt::UserRole, 0 for
     /// as many rows as fit.
     [[nodiscard]] QComboBox *GetItemPerPageComboBox() const;
+    /// \brief The view of the rows, a child of the widget.
     [[nodiscard]] CFilterTreeViewEx *GetTreeView() const;
+    /// \brief The Next button, a child of the widget.
     [[nodiscard]] QPushButton *GetNextPageBtn();
 
     /// \brief Page with a known total but show neither it nor what leads to a certain page: the
@@ -69,13 +71,18 @@ public:
     void SetPageSeen(bool seen);
     /// \brief Keep \a column of the tree view at its present width.
     void SetCustomColumnFixedWidth(const int &column);
+    /// \brief Show the batch-confirm button and the room around it, hidden at first.
     void SetConfirmBtnVisible(bool visible);
+    /// \brief Enable or disable the batch-confirm button.
     void SetBatchAlarmsConfirmEnable(bool enable);
     /// \brief Show the record count in a sentence instead of behind a word; from the next page
     /// update on.
     void SetRecordsVisible(bool visible);
+    /// \brief Show or hide the record count and the records-per-page chooser.
     void SetTotalAndComboBoxVisible(bool visible);
+    /// \brief Hide the paging bar and the line above it, for a list of one page.
     void HideBottomPageWidget();
+    /// \brief Show or hide the page edit and the jump button.
     void SetJumpFuncVisible(bool visible);
 
     /// \brief Show \a model, which stays the host's; a null one is ignored.

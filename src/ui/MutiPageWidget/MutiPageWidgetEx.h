@@ -41,6 +41,7 @@ public:
 
     /// \brief The list under the filter bar.
     [[nodiscard]] CMutiPageWidget *GetMutiPageWidget() const;
+    /// \brief The filter bar.
     [[nodiscard]] CFilterWidgetEx *GetFilterWidget() const;
 
     /// \brief Filter by the texts of each column, as CFilterTreeViewEx::SetFilterKeyWords() does.
@@ -50,34 +51,48 @@ public:
     /// \brief Whether the button that folds the filter bar is there.
     [[nodiscard]] bool IsFilterWidgetShow() const;
 
-    // See CFilterWidgetEx.
+    /// \brief See CFilterWidgetEx::SetModel().
     void SetModel(Ravel::CTreeViewModel *model);
+    /// \brief See CFilterWidgetEx::AddTopLevelItems().
     void AddTopLevelItems();
+    /// \brief See CFilterWidgetEx::ClearAllItems().
     void ClearAllItems();
+    /// \brief See CFilterWidgetEx::SetRelatedIndex().
     void SetRelatedIndex(int mainColumn, int subColumn);
+    /// \brief See CFilterWidgetEx::IsKeyWord().
     [[nodiscard]] bool IsKeyWord() const;
+    /// \brief See CFilterWidgetEx::GetKeyWord().
     [[nodiscard]] QString GetKeyWord() const;
+    /// \brief See CFilterWidgetEx::SetKeyWord().
     void SetKeyWord(const QString &keyword);
+    /// \brief See CFilterWidgetEx::GetSelectedMainType().
     [[nodiscard]] QStringList GetSelectedMainType() const;
+    /// \brief See CFilterWidgetEx::SetSelectedMainType().
     void SetSelectedMainType(const QStringList &types);
+    /// \brief See CFilterWidgetEx::GetSelectedSubType().
     [[nodiscard]] QStringList GetSelectedSubType() const;
+    /// \brief See CFilterWidgetEx::SetSelectedSubType().
     void SetSelectedSubType(const QStringList &types);
 
-    // See CMutiPageWidget.
+    /// \brief See CMutiPageWidget::GetBackupModel().
     [[nodiscard]] QAbstractItemModel *GetBackupModel();
+    /// \brief See CMutiPageWidget::TopLevelItemCount().
     [[nodiscard]] int TopLevelItemCount();
 
 Q_SIGNALS:
     /// The user went to another page of GetMutiPageWidget().
     void SignalPageChanged();
-    // Those of the filter bar.
+    /// See CFilterWidgetEx::SignalMoreBtnClicked().
     void SignalMoreBtnClicked();
+    /// See CFilterWidgetEx::SignalFilterWithKeyWords().
     void SignalFilterWithKeyWords();
+    /// See CFilterWidgetEx::SignalClearFilter().
     void SignalClearFilter();
 
 public Q_SLOTS:
     /// \brief Fold the filter bar away, or out again.
     void OnShowHideBtnClicked();
+    /// \brief Filter by \a keyword, as CMutiPageWidget::SetFilterKeyWord() does.
     void OnFilterWithKeyWord(const QString &keyword);
 
 protected:

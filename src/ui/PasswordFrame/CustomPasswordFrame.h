@@ -17,6 +17,7 @@ public:
     explicit CCustomPasswordFrame(QWidget *parent = nullptr);
     ~CCustomPasswordFrame() override;
 
+    /// \brief The entry, a child of the frame.
     [[nodiscard]] CPasswordLineEditNoInputMethod *GetPassWordLineEdit() const;
 };
 

@@ -14,6 +14,7 @@ public:
     explicit CPasswordFrame(QWidget *parent = nullptr);
     ~CPasswordFrame() override;
 
+    /// \brief The entry, a child of the frame.
     [[nodiscard]] Ravel::CPasswordLineEdit *GetPassWordLineEdit() const;
 
     /// \brief If \a hide is true, remove the space before the icon. False does nothing.

@@ -40,22 +40,30 @@ public:
     [[nodiscard]] QString GetPasswordLineEditText() const;
     /// \brief The password as UTF-8 in memory that is overwritten before it is given up.
     [[nodiscard]] Nim::Base::SecretText GetSecretText() const;
+    /// \brief Whether nothing was typed; blanks count as a password.
     [[nodiscard]] bool IsPasswordEmpty() const;
+    /// \brief The entry, a child of the frame.
     [[nodiscard]] Ravel::CPasswordLineEdit *GetPasswordLineEdit() const;
+    /// \brief The box around icon, entry and button, a child of the frame.
     [[nodiscard]] Ravel::CFrame *GetBaseFrame() const;
+    /// \brief The icon before the entry, a child of the frame.
     [[nodiscard]] Ravel::CLabel *GetLabel() const;
+    /// \brief The button that shows and hides the password, a child of the frame.
     [[nodiscard]] QPushButton *GetSwitchPassBtn() const;
 
     /// \brief Empty the entry, so that nothing can be undone, and overwrite the password in memory,
     /// unless a copy from GetPasswordLineEditText() still shares it.
     void ClearLineEdit();
+    /// \brief Hide the icon; nothing here shows it again.
     void HideLabel();
     /// \brief Hide the Caps Lock tip, if it is shown.
     void HideTipFrame();
     /// \brief Move the Caps Lock tip, if it is shown, below the frame. Called on each move and
     /// resize of the frame, its parents and its window.
     void MoveTipFrame();
+    /// \brief Show the password if it is hidden, and hide it if it is shown.
     void OnSwitchPassWordShow();
+    /// \brief Set all texts in the present language. Called on each change of the language.
     void RetranslateUI();
     /// \brief Enable or disable the entry and the icon. Disabling hides a password that is shown.
     /// The button stays enabled.
@@ -70,6 +78,7 @@ public:
     void SetParentWindow(QWidget *window);
     /// \brief Show the password, or hide it.
     void SetPassWordState(bool is_visible);
+    /// \brief Put \a text in place of the password; nothing can be undone.
     void SetPasswordText(const QString &text);
     /// \brief Set the icon.
     void SetPixmap(QPixmap &pixmap);
@@ -81,6 +90,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
+    /// The password was changed to \a text, by the user or by SetPasswordText().
     void SignalLienEditTextChanged(const QString &text);
     /// The entry lost the focus.
     void SignalFousOut(const QString &text);
@@ -89,6 +99,7 @@ protected:
     /// \param edit becomes a child of the frame.
     CPasswordFrameBase(Ravel::CPasswordLineEdit *edit, QWidget *parent);
 
+    /// \brief Remove the space before the icon.
     void HideSpacer();
 
     void keyPressEvent(QKeyEvent *event) override;

@@ -68,12 +68,14 @@ public:
     void SetOpacity(float opacity);
     /// \brief Choose the layout with two rows.
     void SetSyncFlag(bool has_sync);
+    /// \brief Whether the layout has two rows; false at first.
     [[nodiscard]] bool SyncFlag() const;
 
     /// \brief Empty both rows.
     void Clear() override;
     /// \brief Empty the main row, with \a alsoSync the second one too.
     virtual void Clear(bool alsoSync);
+    /// \brief Empty the second row.
     void ClearSyncTimeBar();
 
     /// \brief The bar that is visible at \a pos of the owning time line.

@@ -32,8 +32,11 @@ public:
     void SetVerifyCode(const CStruVerifyCode &code);
     /// \brief A copy of the code from SetVerifyCode(), with the current text of the entry.
     [[nodiscard]] CStruVerifyCode GetVerifyCode() const;
+    /// \brief Whether the entry is empty.
     [[nodiscard]] bool IsCodeTextEmpty() const;
+    /// \brief Empty the entry; the image stays.
     void ClearEdit();
+    /// \brief Give the focus to the entry.
     void SetEditFocus();
     /// \brief Set the margins around the content, in pixels.
     void SetMargins(int left, int top, int right, int bottom);

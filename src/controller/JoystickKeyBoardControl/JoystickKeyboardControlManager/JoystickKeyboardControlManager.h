@@ -43,9 +43,10 @@ class VANTOR_EXPORT CJoystickKeyboardControlManager
     Q_OBJECT
 
 public:
-    /// Gives the operation of a key of the USB keyboard, or of a button of the joystick.
+    /// Gives the operation of a key of the USB keyboard.
     using USBKeyboardFunction =
         KeyboradData::KeyOperation::Type (*)(KeyboradData::USBKeyboardOperation::KeyType key);
+    /// Gives the operation of a button of the joystick.
     using JoystickFunction =
         KeyboradData::KeyOperation::Type (*)(KeyboradData::JoystickOperation::KeyType key);
 
@@ -73,21 +74,25 @@ public:
 
     /// \brief The widget whose screen shows the pop-ups; null when it was deleted.
     [[nodiscard]] QWidget *GetTipInfoParentWnd() const;
+    /// \brief Show pop-ups on the screen of \a parent; null shows them on the primary screen.
     void SetTipInfoParentWnd(QWidget *parent);
 
     /// \brief Set by every command that is not a stop; the host reads and clears it. Any thread.
     [[nodiscard]] bool GetEventStatus() const;
+    /// \brief Store \a status for GetEventStatus(). Any thread.
     void SetEventStatus(bool status);
 
     /// \brief Whether each stop of a device is sent. False, as it is at first, drops some as
     /// repeats, see docs/known-behaviour.md: a camera may go on moving.
     [[nodiscard]] bool GetStopsAlwaysSent() const;
+    /// \brief Send each stop, or drop repeats, from the next one on.
     void SetStopsAlwaysSent(bool always);
 
     /// \brief Whether joysticks and USB keyboards begin with the camera. False, as it is at first,
     /// lets them begin with the choice of windows, where of each move only the first speed is sent.
     /// Takes effect with the next InitKeyBoard().
     [[nodiscard]] bool GetCameraFirst() const;
+    /// \brief Choose what the devices begin with, see GetCameraFirst().
     void SetCameraFirst(bool camera_first);
 
     bool event(QEvent *event) override;
