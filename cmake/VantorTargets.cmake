@@ -77,7 +77,7 @@ endfunction()
 function(vantor_test_environment test)
     set(suppressions ${PROJECT_SOURCE_DIR}/tests/support)
     set_tests_properties(${test} PROPERTIES
-        TIMEOUT 120
+        TIMEOUT 300
         LABELS "${ARGN}"
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_XCB_GL_INTEGRATION=none;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions=${suppressions}/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1;TSAN_OPTIONS=ignore_noninstrumented_modules=1:second_deadlock_stack=1")
 endfunction()

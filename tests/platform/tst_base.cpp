@@ -12,11 +12,6 @@
 #include <Vantor/CCSVParser>
 #include <common/LogMacro.h>
 
-#include <atomic>
-#include <stdexcept>
-#include <thread>
-#include <vector>
-
 namespace Base = Nim::Base;
 
 namespace {

@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <BusinessCommon/NetCommManager.h>
 #include <ErrorText/ErrorText.h>
 #include <Faceplate/GUIMessageTipManager.h>
 #include <Faceplate/NewInfoDlg.h>
 
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QFrame>
-#include <QtWidgets/QLabel>
-
-#include <stdexcept>
 
 using Faceplate::CGUIMessageTipManager;
 using Faceplate::CNewInfoDlg;

@@ -8,11 +8,8 @@
 #include <KeyBoard/KeyBoard.h>
 #include <KeyBoard/PelcoD.h>
 
-#include <QtCore/QFile>
 #include <QtCore/QMutex>
 #include <QtCore/QProcess>
-
-#include <random>
 
 using KeyBoard::CStickAxis;
 using KeyBoard::CStickMotion;

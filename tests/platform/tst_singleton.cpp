@@ -14,10 +14,7 @@
 #include <QtCore/QProcess>
 #include <QtWidgets/QWidget>
 
-#include <atomic>
 #include <set>
-#include <thread>
-#include <vector>
 
 namespace {
 

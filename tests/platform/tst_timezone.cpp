@@ -4,9 +4,6 @@
 #include <BusinessCommon/IsoTime.h>
 #include <BusinessCommon/TimeZoneManager.h>
 
-#include <limits>
-#include <stdexcept>
-
 namespace {
 
 using BusinessCommon::CTimeZoneInfor;
@@ -171,7 +168,7 @@ private Q_SLOTS:
         QCOMPARE(guard_.LogLines().filter("No zone of the system").size(), 2);
     }
 
-    // Runs once more in Cairo, whose rule is not that of most, see CMakeLists.txt.
+    // Runs once more in Beirut, whose rule is not that of most, see CMakeLists.txt.
     void theClientsOwnZoneComesFirst()
     {
         std::shared_ptr<CTimeZoneInfor> client;

@@ -15,8 +15,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <QtCore/QFile>
-
 using BusinessCommon::CNetCommManager;
 
 namespace {
@@ -130,11 +128,10 @@ private Q_SLOTS:
         QCOMPARE(FindSecret(), QStringList());
     }
 
-    // Last, because its copies stay.
     void aPasswordThatIsLeftIsFound()
     {
-        delete new std::string(kSecret);
-        delete new QString(kSecret);
+        const auto narrow = std::make_unique<std::string>(kSecret);
+        const auto wide = std::make_unique<QString>(kSecret);
         const QStringList found = FindSecret();
         QVERIFY(!found.isEmpty() && found.join(' ').contains("UTF-16"));
     }
