@@ -11,7 +11,6 @@
 #include <QtCore/QDirIterator>
 
 #include <csignal>
-#include <vector>
 
 using Vantor::CCopyFileThread;
 

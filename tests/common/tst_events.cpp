@@ -8,9 +8,6 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QThread>
 
-#include <functional>
-#include <thread>
-
 using Vantor::CCustomEvent;
 using Vantor::CEventTransMgr;
 using Vantor::CUpdateEvent;

@@ -6,11 +6,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QTranslator>
 
-#include <atomic>
 #include <cstring>
-#include <stdexcept>
-#include <thread>
-#include <vector>
 
 using Vantor::Translate;
 

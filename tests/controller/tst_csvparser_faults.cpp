@@ -1,21 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "support/Files.h"
-#include "support/TestGuard.h"
+#include "support/Limits.h"
+#include "support/Test.h"
 
 #include <CsvParse/CsvParse.h>
 #include <Vantor/CCSVParser>
 
 #include <dlfcn.h>
-#include <sys/resource.h>
 
 #include <QtCore/QAbstractTableModel>
 #include <QtCore/QRegularExpression>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
 
-#include <csignal>
 #include <cstring>
-#include <stdexcept>
 
 using Vantor::CCSVParser;
 
@@ -53,25 +48,16 @@ public:
 
 } // namespace
 
-class TestCsvParserFaults : public QObject
+class TestCsvParserFaults : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { guard_.Begin(); }
-
-    void cleanup()
-    {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void aLineThatIsRefusedEndsTheWriteWithOneLogLine()
     {
         guard_.AnnounceLogLines();
-        const QString path = folder_.filePath("refused.csv");
         CCSVParser parser(nullptr);
-        QVERIFY(parser.OpenFile(path));
+        QVERIFY(parser.OpenFile(folder_.Path("refused.csv")));
         parser.AppendLine({"before"});
         parser.AppendLine({"half", "REFUSE"});
         parser.AppendLine({"after"});
@@ -81,31 +67,20 @@ private Q_SLOTS:
 
         // What the library has taken is delivered when it is finished; the line after it is not
         // written.
-        QCOMPARE(FileBytes(path), QByteArray("\xEF\xBB\xBF\"before\"\r\n\"half\",\"\"\r\n"));
+        QCOMPARE(folder_.Bytes("refused.csv"),
+                 QByteArray("\xEF\xBB\xBF\"before\"\r\n\"half\",\"\"\r\n"));
         QCOMPARE(guard_.LogLines().size(), 1);
         static const QRegularExpression line(QRegularExpression::anchoredPattern(
             R"(5 ClientWarningAndMore \[Vantor::CCSVParser::DoParserTask\]csvparse_parse Error parsing file\.)"
             R"(\[CsvWrite\.cpp\(\d+\)\])"));
         QVERIFY2(line.match(guard_.LogLines().constFirst()).hasMatch(),
                  qPrintable(guard_.LogLines().constFirst()));
-    }
 
-    void afterARefusedLineTheNextFileIsWhole()
-    {
-        guard_.AnnounceLogLines();
-        CCSVParser parser(nullptr);
-        QVERIFY(parser.OpenFile(folder_.filePath("refused.csv")));
-        parser.AppendLine({"\"REFUSE"});
-        parser.WriteCSVFile();
-        parser.CloseFile();
-        const QString path = folder_.filePath("whole.csv");
-
-        QVERIFY(parser.OpenFile(path));
+        QVERIFY(parser.OpenFile(folder_.Path("whole.csv")));
         parser.AppendLine({"a"});
         parser.WriteCSVFile();
         parser.CloseFile();
-
-        QCOMPARE(FileBytes(path), QByteArray("\xEF\xBB\xBF\"a\"\r\n"));
+        QCOMPARE(folder_.Bytes("whole.csv"), QByteArray("\xEF\xBB\xBF\"a\"\r\n"));
     }
 
     void aFullDiskIsToldOnceAndShown_data()
@@ -152,26 +127,19 @@ private Q_SLOTS:
     void aFileLimitStopsTheWriteAndTheNextFileIsFine()
     {
         guard_.AnnounceLogLines();
-        const auto old_handler = std::signal(SIGXFSZ, SIG_IGN);
-        rlimit old_limit{};
-        getrlimit(RLIMIT_FSIZE, &old_limit);
-        rlimit limit = old_limit;
-        limit.rlim_cur = 1000;
-        setrlimit(RLIMIT_FSIZE, &limit);
         CCSVParser parser(nullptr);
-        const bool is_open = parser.OpenFile(folder_.filePath("limited.csv"));
+        QVERIFY(parser.OpenFile(folder_.Path("limited.csv")));
         for (int i = 0; i < 1000; ++i)
             parser.AppendLine({"0123456789"});
+        {
+            const CFileLimit limit(1000);
+            parser.WriteCSVFile();
+            parser.CloseFile();
+        }
 
-        parser.WriteCSVFile();
-        parser.CloseFile();
-
-        setrlimit(RLIMIT_FSIZE, &old_limit);
-        std::signal(SIGXFSZ, old_handler);
-        QVERIFY(is_open);
         QVERIFY(parser.HasWriteError());
-        QCOMPARE(FileBytes(folder_.filePath("limited.csv")).size(), 1000);
-        QVERIFY(parser.OpenFile(folder_.filePath("next.csv")));
+        QCOMPARE(folder_.Bytes("limited.csv").size(), 1000);
+        QVERIFY(parser.OpenFile(folder_.Path("next.csv")));
         QVERIFY(!parser.HasWriteError());
         parser.CloseFile();
     }
@@ -181,16 +149,16 @@ private Q_SLOTS:
         guard_.AnnounceLogLines();
         CCSVParser parser(nullptr);
 
-        QVERIFY(!parser.OpenFile(folder_.path()));
+        QVERIFY(!parser.OpenFile(folder_.Path()));
         QCOMPARE(errno, EISDIR);
-        QVERIFY(!parser.OpenFileWithAppendMode(folder_.path()));
+        QVERIFY(!parser.OpenFileWithAppendMode(folder_.Path()));
         QCOMPARE(guard_.LogLines().filter("cannot be opened: Is a directory").size(), 2);
     }
 
     void aModelThatThrowsLosesNoEarlierRow()
     {
         guard_.AnnounceLogLines();
-        const QString path = folder_.filePath("thrown.csv");
+        const QString path = folder_.Path("thrown.csv");
         CCSVParser parser(nullptr);
         QVERIFY(parser.OpenFileWithAppendMode(path));
         CThrowingModel model;
@@ -207,17 +175,13 @@ private Q_SLOTS:
     void streamsAreNotInherited()
     {
         CCSVParser parser(nullptr);
-        QVERIFY(parser.OpenFile(folder_.filePath("inherited.csv")));
+        QVERIFY(parser.OpenFile(folder_.Path("inherited.csv")));
 
         const int listed = std::system(qPrintable("ls -l /proc/self/fd | grep -q inherited.csv"));
 
         parser.CloseFile();
         QVERIFY2(listed != 0, "a child process sees the open file");
     }
-
-private:
-    CTestGuard guard_;
-    QTemporaryDir folder_;
 };
 
 QTEST_MAIN(TestCsvParserFaults)

@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ExcelParts.h"
 #include "letter/ExcelLetter.h"
-#include "support/Files.h"
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <Vantor/CExcelControllorWithC>
 
 #include <xlsxwriter.h>
 
-#include <QtCore/QDir>
-#include <QtCore/QRandomGenerator>
 #include <QtCore/QRegularExpression>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
 
 using Vantor::CExcelControllorWithC;
 using Vantor::Clxw_format_;
@@ -184,40 +179,38 @@ private:
     std::string picture_path_;
 };
 
+struct Hidden
+{
+    const char *name;
+    QStringList hidden;
+    QByteArray states; // of A, B, C
+    QByteArray active;
+};
+
+struct Applied
+{
+    const char *name;
+    std::function<void(Clxw_format_ &)> change;
+    QByteArray wanted, unwanted;
+};
+
 } // namespace
 
-Q_DECLARE_METATYPE(std::function<void(Clxw_format_ &)>)
-
-class TestExcel : public QObject
+class TestExcel : public CGuardedTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        guard_.Begin();
-        folder_ = std::make_unique<QTemporaryDir>();
-    }
-
-    void cleanup()
-    {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void thePartsEqualThoseOfAFormatForEachCell()
     {
-        for (const char *const name : {"ours", "plain"})
-            QVERIFY(QDir(folder_->path()).mkdir(name));
-        QFile picture(folder_->filePath("picture.png"));
-        QVERIFY(picture.open(QIODevice::WriteOnly));
-        picture.write(QByteArray::fromStdString(PngBytes(64, 48)));
-        picture.close();
+        folder_.PutFolder("ours");
+        folder_.PutFolder("plain");
+        folder_.Put("picture.png", QByteArray::fromStdString(PngBytes(64, 48)));
 
         for (quint32 seed = 1; seed <= 300; ++seed)
-            QCOMPARE(CTwins(seed, folder_->path()).Write(), 0);
+            QCOMPARE(CTwins(seed, folder_.Path()).Write(), 0);
 
-        QCOMPARE(ComparePairs(folder_->path()), QString("300 pairs are the same"));
+        QCOMPARE(ComparePairs(folder_.Path()), QString("300 pairs are the same"));
     }
 
     void theLogTellsEachStepToTheLetter()
@@ -229,99 +222,71 @@ private Q_SLOTS:
         writer.Init("second.xlsx", "");
         writer.AddSheetByName("A");
         writer.SetFilterCoumn(1, 2, 3, 4);
+        writer.SetFilterOneCoumnWith1Str(3, "%n"); // the conditions are only logged
+        writer.SetFilterOneCoumnWith2Str(3, "a", "b");
+        writer.SetFilterCoumnWithListStr(4, "a,b");
         writer.SetColumnWidth(1, 2, 30);
         writer.Close();
 
-        const QString init = "3 UserOperate [Vantor::CExcelControllorWithC::Init]"
-                             "CExcelControllorWithC::Init";
-        const QString add = "3 UserOperate [Vantor::CExcelControllorWithC::AddSheetByName]"
-                            "CExcelControllorWithC::Init";
-        const QString filter = "3 UserOperate [Vantor::CExcelControllorWithC::SetFilterCoumn]"
-                               "CExcelControllorWithC::SetFilterCoumn";
-        const QString width = "3 UserOperate [Vantor::CExcelControllorWithC::SetColumnWidth]"
-                              "CExcelControllorWithC::SetColumnWidth";
-        const QString close = "3 UserOperate [Vantor::CExcelControllorWithC::Close]";
+        QStringList expected;
+        const auto line = [&expected](const char *function, const QString &text) {
+            expected +=
+                QString("3 UserOperate [Vantor::CExcelControllorWithC::") + function + ']' + text;
+        };
+        const QString own = "CExcelControllorWithC::";
         const QString path = QString::fromStdString(Path());
-        const QStringList expected{
-            add,
-            init,
-            init + "  d_ptr_->ptr_excel_ is null  file_cache_path =" + cache,
-            init,
-            add,
-            add + " d_ptr_->ptr_excel_ != nullptr",
-            filter + " begin_row =1  begin_column =2 end_row =3 en_column =4",
-            width + " begin_column =1  en_column =2 i_width =30",
-            close + "file  close , file_path_ = " + path + ' ',
-            close + "file  close success, file_path_ = " + path + " , close result = 0",
-            close + "delete file path = " + cache + "FileGenerateCach, result = 1",
-        };
+        line("AddSheetByName", own + "Init");
+        line("Init", own + "Init");
+        line("Init", own + "Init  d_ptr_->ptr_excel_ is null  file_cache_path =" + cache);
+        line("Init", own + "Init");
+        line("AddSheetByName", own + "Init");
+        line("AddSheetByName", own + "Init d_ptr_->ptr_excel_ != nullptr");
+        line("SetFilterCoumn",
+             own + "SetFilterCoumn begin_row =1  begin_column =2 end_row =3 en_column =4");
+        line("SetFilterOneCoumnWith1Str",
+             own + "SetFilterOneCoumnWith1Str begin_column =3  rule_str =%n");
+        line("SetFilterOneCoumnWith2Str", own + "SetFilterOneCoumnWith2Str");
+        line("SetFilterCoumnWithListStr", own + "SetFilterCoumnWithListStr filter_column =4");
+        line("SetColumnWidth", own + "SetColumnWidth begin_column =1  en_column =2 i_width =30");
+        line("Close", "file  close , file_path_ = " + path + ' ');
+        line("Close", "file  close success, file_path_ = " + path + " , close result = 0");
+        line("Close", "delete file path = " + cache + "FileGenerateCach, result = 1");
         QCOMPARE(Log(), expected);
+        QVERIFY(Read().value(kSheet).contains("<autoFilter ref=\"C2:E4\"/>"));
     }
 
-    void filterConditionsAreOnlyLogged()
-    {
-        const Parts parts = Written([](CExcelControllorWithC &writer) {
-            writer.SetFilterCoumn(0, 0, 5, 2);
-            writer.SetFilterOneCoumnWith1Str(3, "%n");
-            writer.SetFilterOneCoumnWith2Str(3, "a", "b");
-            writer.SetFilterCoumnWithListStr(4, "a,b");
-        });
-
-        const QString frame = "3 UserOperate [Vantor::CExcelControllorWithC::%1]"
-                              "CExcelControllorWithC::%1";
-        const QStringList expected{
-            frame.arg("SetFilterOneCoumnWith1Str") + " begin_column =3  rule_str =%n",
-            frame.arg("SetFilterOneCoumnWith2Str"),
-            frame.arg("SetFilterCoumnWithListStr") + " filter_column =4",
-        };
-        QCOMPARE(Log().mid(5, 3), expected);
-        QVERIFY(parts[kSheet].contains("<autoFilter ref=\"A1:C6\"/>"));
-    }
-
-    void aLongNameIsShownCutAndFoundWhole()
+    void aLongNameIsFoundWhole()
     {
         const std::string name(40, 'n');
-        CExcelControllorWithC writer;
-        writer.Init(Path(), "");
-        writer.AddSheetByName(name);
-        lxw_worksheet *const sheet = writer.GetWorkSheet(name);
-        writer.AddSheetByName("other");
-        writer.AddSheetByName(name);
-
-        QVERIFY(sheet);
-        QCOMPARE(writer.GetWorkSheet(name), sheet);
-        QCOMPARE(writer.GetWorkSheet(name.substr(0, 31)), nullptr);
-        QCOMPARE(writer.GetSheetCount(), 2);
-        writer.Close();
-        QVERIFY(Read().value("xl/workbook.xml").contains("name=\"" + QByteArray(31, 'n') + "\""));
+        Written(
+            [&name](CExcelControllorWithC &writer) {
+                lxw_worksheet *const sheet = writer.GetWorkSheet(name);
+                writer.AddSheetByName("other");
+                writer.AddSheetByName(name);
+                QVERIFY(sheet && writer.GetWorkSheet(name) == sheet);
+                QCOMPARE(writer.GetWorkSheet(name.substr(0, 31)), nullptr);
+                QCOMPARE(writer.GetSheetCount(), 2);
+            },
+            name);
     }
 
     void hiddenSheetsStayInTheFile_data()
     {
-        QTest::addColumn<QStringList>("hidden");
-        QTest::addColumn<QByteArray>("states"); // of A, B, C
-        QTest::addColumn<QByteArray>("active");
-        QTest::newRow("the last") << QStringList{"C"} << QByteArray("vvh") << QByteArray();
-        QTest::newRow("the first, which is active")
-            << QStringList{"A"} << QByteArray("hvv") << QByteArray("1");
-        QTest::newRow("the first two")
-            << QStringList{"A", "B"} << QByteArray("hhv") << QByteArray("2");
-        QTest::newRow("all, but one has to show")
-            << QStringList{"A", "B", "C"} << QByteArray("vhh") << QByteArray();
-        QTest::newRow("none of an unknown name")
-            << QStringList{"", "D"} << QByteArray("vvv") << QByteArray();
+        AddRows<Hidden>({{"the last", {"C"}, "vvh", ""},
+                         {"the first, which is active", {"A"}, "hvv", "1"},
+                         {"the first two", {"A", "B"}, "hhv", "2"},
+                         {"all, but one has to show", {"A", "B", "C"}, "vhh", ""},
+                         {"none of an unknown name", {"", "D"}, "vvv", ""}});
     }
 
     void hiddenSheetsStayInTheFile()
     {
-        QFETCH(QStringList, hidden);
-        QFETCH(QByteArray, states);
-        QFETCH(QByteArray, active);
+        const auto &row = FetchRow<Hidden>();
         const Parts parts = Written(
-            [&hidden](CExcelControllorWithC &writer) {
+            [&row](CExcelControllorWithC &writer) {
                 for (const char *const name : {"B", "C"})
                     writer.AddSheetByName(name);
-                for (const QString &name : hidden)
+                for (const QString &name : row.hidden)
                     writer.DeleteSheet(name.toStdString());
                 QCOMPARE(writer.GetSheetCount(), 3);
             },
@@ -333,9 +298,9 @@ private Q_SLOTS:
         auto sheets = sheet_element.globalMatch(book);
         while (sheets.hasNext())
             found += sheets.next().captured().contains("state=\"hidden\"") ? 'h' : 'v';
-        QCOMPARE(found, states);
+        QCOMPARE(found, row.states);
         static const QRegularExpression active_tab("activeTab=\"(\\d)\"");
-        QCOMPARE(active_tab.match(book).captured(1).toLatin1(), active);
+        QCOMPARE(active_tab.match(book).captured(1).toLatin1(), row.active);
     }
 
     void usedRowsAreKeptBySheetName()
@@ -359,10 +324,6 @@ private Q_SLOTS:
         writer.AddSheetByName("A");
 
         QCOMPARE(writer.GetUsedRowsCount(), 3);
-        writer.DeleteSheet("C");
-        QCOMPARE(writer.GetWorkSheet("C"), nullptr);
-        QCOMPARE(writer.GetWorkSheet(""), nullptr);
-        QCOMPARE(writer.GetSheetCount(), 2);
         writer.Close();
     }
 
@@ -375,16 +336,8 @@ private Q_SLOTS:
         writer.SetCellString(0, 0, 1.0, AnyLook());
         writer.SetFilterCoumn(0, 0, 1, 1);
         writer.SetColumnWidth(0, 0, 1);
-        writer.MergeCells(0, 0, 1, 1, "x", AnyLook());
-        writer.SetCellValidCheck(0, 0, "a,b");
-        writer.SetColumnPics(0, 0, "missing.png");
-        writer.SetColumnPicsBuffer(0, 0, "junk", 4);
         writer.SetColumnPicsBufferOpt(0, 0, "junk", nullptr);
         writer.SetColumnPics(0, 0, QList<std::string>{"missing.png"}, QSize(1, 1));
-        writer.SetColumnWidthtWithPixels(0, 0, 10);
-        writer.SetRowHeight(0, 10);
-        writer.SetRowHeightWithPixels(0, 10);
-        writer.SetLinkString(0, 0, url);
         writer.SetLinkString(0, 0, url, url);
         writer.Close();
 
@@ -421,20 +374,20 @@ private Q_SLOTS:
 
     void theCacheDirectoryGoesWithWhatIsInItButNoLinkIsFollowed()
     {
-        const QString made = folder_->filePath("cache/FileGenerateCach");
+        const QString made = folder_.Path("cache/FileGenerateCach");
         CExcelControllorWithC writer;
-        writer.Init(Path(), folder_->filePath("cache/").toStdString());
+        writer.Init(Path(), folder_.Path("cache/").toStdString());
         QVERIFY(QDir(made).exists());
-        QVERIFY(QFile::link(folder_->filePath("precious"), made + "/link"));
+        QVERIFY(QFile::link(folder_.Path("precious"), made + "/link"));
         writer.Close();
         QVERIFY(!QDir(made).exists());
-        QVERIFY(QDir(folder_->filePath("cache")).exists());
+        QVERIFY(QDir(folder_.Path("cache")).exists());
 
-        QVERIFY(QDir(folder_->path()).mkpath("precious/folder"));
-        QVERIFY(QFile::link(folder_->filePath("precious"), made));
-        writer.Init(Path(), folder_->filePath("cache/").toStdString());
+        QVERIFY(QDir(folder_.Path()).mkpath("precious/folder"));
+        QVERIFY(QFile::link(folder_.Path("precious"), made));
+        writer.Init(Path(), folder_.Path("cache/").toStdString());
         writer.Close();
-        QVERIFY(QDir(folder_->filePath("precious/folder")).exists());
+        QVERIFY(QDir(folder_.Path("precious/folder")).exists());
         QVERIFY(!QFileInfo(made).isSymLink());
     }
 
@@ -449,7 +402,7 @@ private Q_SLOTS:
 
         lxw_workbook_free(book); // still whole
         QVERIFY(!QFile::exists(QString::fromStdString(Path())));
-        QVERIFY(QDir(folder_->filePath("FileGenerateCach")).exists());
+        QVERIFY(QDir(folder_.Path("FileGenerateCach")).exists());
     }
 
     void aDroppedWorkbookLeavesNothing()
@@ -467,7 +420,7 @@ private Q_SLOTS:
 
         QCOMPARE(writer.GetWorkBook(), nullptr);
         QCOMPARE(writer.GetSheetCount(), 0);
-        QCOMPARE(QDir(folder_->path()).count(), 2U); // . and ..
+        QCOMPARE(QDir(folder_.Path()).count(), 2U); // . and ..
         QCOMPARE(QDir("/proc/self/fd").count(), open_files);
         writer.Init(Path(), Cache());
         writer.Close();
@@ -476,14 +429,12 @@ private Q_SLOTS:
 
     void looksAreAppliedAsTheRecordSays_data()
     {
-        QTest::addColumn<std::function<void(Clxw_format_ &)>>("change");
-        QTest::addColumn<QByteArray>("wanted");
-        QTest::addColumn<QByteArray>("unwanted");
         using Font = Clxw_format_;
+        QTest::addColumn<std::any>("row");
         const auto row = [](const char *name, auto set, const auto &value, const QByteArray &wanted,
                             const QByteArray &unwanted = "no such text") {
-            const std::function<void(Font &)> change = [=](Font &look) { (look.*set)(value); };
-            QTest::newRow(name) << change << wanted << unwanted;
+            QTest::newRow(name) << std::any(
+                Applied{name, [=](Font &look) { (look.*set)(value); }, wanted, unwanted});
         };
         const auto fill = [&row](const char *name, const char *text, const QByteArray &color) {
             row(name, &Font::SetVal_background_color, text,
@@ -496,50 +447,33 @@ private Q_SLOTS:
         const QByteArray cut = QString(42, QChar(0x4E2D)).toUtf8();
         row("size 10 keeps the workbook's", size, 10, "<sz val=\"11\"/>", "<sz val=\"10\"/>");
         row("size 11 is set", size, 11, "<sz val=\"11\"/>");
-        row("size 12 is set", size, 12, "<sz val=\"12\"/>");
         row("size 410 is beyond the format", size, 410, "<sz val=\"11\"/>", "410");
-        row("bold", &Font::SetVal_is_blod, true, "<b/>");
-        row("left", align, 0, "horizontal=\"left\"");
-        row("centre", align, 1, "horizontal=\"center\"");
-        row("right", align, 2, "horizontal=\"right\"");
         row("another location aligns nothing", align, 3, "YaHei", "horizontal");
-        row("wrap", &Font::SetVal_is_need_wrap, true, "wrapText=\"1\"");
-        row("no font name", name, "", "<name val=\"Calibri\"/>", "YaHei");
         row("a font name of 129 bytes is cut at a character", name, wide, '"' + cut + '"');
         row("a font name that is no text", name, "A\xFF\x01", "\"A\xEF\xBF\xBD\xEF\xBF\xBD\"");
-        row("a text colour", &Font::SetVal_text_color, "#FA3239", "<color rgb=\"FFFA3239\"/>");
         row("black text", &Font::SetVal_text_color, "#000000", "<color rgb=\"FF000000\"/>");
         fill("a colour without its mark", "FA3239", "");
-        fill("a colour", "#FA3239", "FA3239");
-        fill("hexadecimal zero is black", "#000000", "000000");
-        fill("letters that are no digits", "#GG0000", "");
-        fill("the mark alone", "#", "");
         fill("a negative number", "#-1", "");
         fill("a blank", "# FF", "");
         fill("two marks", "##00FF00", "");
         fill("a prefix of its own", "#0x12", "");
-        fill("text before the mark", "red#00FF00", "00FF00");
         fill("three digits", "#FFF", "000FFF");
         fill("up to the second mark", "#12#34", "000012");
-        fill("up to the first other letter", "#00ff00zz", "00FF00");
-        fill("the last 24 bits of nine digits", "#123456789", "456789");
         fill("more digits than a number has", "#FFFFFFFFFFFFFFFFFF", "FFFFFF");
         fill("an alpha in front", "#80FF0000", "FF0000");
     }
 
     void looksAreAppliedAsTheRecordSays()
     {
-        QFETCH(std::function<void(Clxw_format_ &)>, change);
-        QFETCH(QByteArray, wanted);
-        QFETCH(QByteArray, unwanted);
-        const Parts parts = Written([&change](CExcelControllorWithC &writer) {
+        const auto &row = FetchRow<Applied>();
+        const Parts parts = Written([&row](CExcelControllorWithC &writer) {
             auto look = AnyLook();
-            change(*look);
+            row.change(*look);
             writer.SetCellString(0, 0, "x", look);
         });
 
-        QVERIFY2(parts["xl/styles.xml"].contains(wanted), parts["xl/styles.xml"]);
-        QVERIFY2(!parts["xl/styles.xml"].contains(unwanted), parts["xl/styles.xml"]);
+        QVERIFY2(parts["xl/styles.xml"].contains(row.wanted), parts["xl/styles.xml"]);
+        QVERIFY2(!parts["xl/styles.xml"].contains(row.unwanted), parts["xl/styles.xml"]);
     }
 
     void equalLooksShareOneFormatAndAChangedRecordGetsItsOwn()
@@ -567,9 +501,9 @@ private Q_SLOTS:
     }
 
 private:
-    [[nodiscard]] std::string Path() const { return folder_->filePath("a.xlsx").toStdString(); }
+    [[nodiscard]] std::string Path() const { return folder_.Path("a.xlsx").toStdString(); }
 
-    [[nodiscard]] std::string Cache() const { return folder_->path().toStdString() + '/'; }
+    [[nodiscard]] std::string Cache() const { return folder_.Path().toStdString() + '/'; }
 
     [[nodiscard]] Parts Read() const { return ReadParts(QString::fromStdString(Path())); }
 
@@ -588,9 +522,6 @@ private:
             line = line.contains(place) ? line.remove(place) : "no place: " + line;
         return lines;
     }
-
-    CTestGuard guard_;
-    std::unique_ptr<QTemporaryDir> folder_;
 };
 
 QTEST_GUILESS_MAIN(TestExcel)

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ExcelParts.h"
-#include "support/Files.h"
 #include "support/Limits.h"
-#include "support/TestGuard.h"
+#include "support/Test.h"
 
 #include <Vantor/CExcelControllorWithC>
 
@@ -11,24 +10,11 @@
 #include <unistd.h>
 #include <xlsxwriter.h>
 
-#include <QtCore/QDir>
-#include <QtCore/QRandomGenerator>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
-
 #include <cstring>
-#include <functional>
 
 using Vantor::CExcelControllorWithC;
 
 namespace {
-
-void WriteBytes(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qWarning("cannot write %s", qPrintable(path));
-}
 
 enum class Full { FileLimit, TargetDisk, TemporaryDisk };
 
@@ -64,6 +50,24 @@ int OpenFiles()
 
 bool refuse_workbooks = false;
 
+struct FullDisk
+{
+    const char *name;
+    Full full;
+    double megabytes;
+    bool is_constant;
+    Fill fill;
+    int result;
+};
+
+struct LinkRow
+{
+    const char *name;
+    QByteArray leads_to; // empty: there is no link
+    QString path;
+    int result;
+};
+
 } // namespace
 
 // Stands in for libxlsxwriter's own, which gives none only when memory runs out.
@@ -75,35 +79,19 @@ extern "C" Q_DECL_EXPORT lxw_workbook *workbook_new_opt(const char *filename,
     return refuse_workbooks ? nullptr : next(filename, options);
 }
 
-Q_DECLARE_METATYPE(Full)
-Q_DECLARE_METATYPE(Fill)
-
-class TestExcelFaults : public QObject
+class TestExcelFaults : public CGuardedTest
 {
     Q_OBJECT
 
+    void SetUp() override
+    {
+        folder_.PutFolder("out");
+        target_ = folder_.Path("out/a.xlsx");
+    }
+
 private Q_SLOTS:
-    void init()
-    {
-        guard_.Begin();
-        folder_ = std::make_unique<QTemporaryDir>();
-        QDir(folder_->path()).mkdir("out");
-        target_ = folder_->filePath("out/a.xlsx");
-    }
-
-    void cleanup()
-    {
-        const QString fault = guard_.End();
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    }
-
     void aFileIsWholeOrTheEarlierOneStays_data()
     {
-        QTest::addColumn<Full>("full");
-        QTest::addColumn<double>("megabytes");
-        QTest::addColumn<bool>("is_constant");
-        QTest::addColumn<Fill>("fill");
-        QTest::addColumn<int>("result");
         const Fill controls = Texts(500, [] { return RandomText(9) + std::string(1000, '\x01'); });
         const Fill equal = Texts(20000, [] { return std::string(150, 'x'); });
         const Fill links = [](CExcelControllorWithC &writer) {
@@ -113,39 +101,36 @@ private Q_SLOTS:
                 writer.SetLinkString(row, 0, url, text);
             }
         };
+        const auto target = Full::TargetDisk;
         const auto temporary = Full::TemporaryDisk;
-        QTest::newRow("a file limit") << Full::FileLimit << 1.0 << false << Much() << 3;
-        QTest::newRow("one in constant memory") << Full::FileLimit << 1.0 << true << Much() << 3;
-        QTest::newRow("no room for the file") << Full::TargetDisk << 1.0 << false << Much() << 5;
-        QTest::newRow("none, in constant memory") << Full::TargetDisk << 1.0 << true << Much() << 5;
-        QTest::newRow("no room for texts") << temporary << 4.0 << false << Much() << 3;
-        QTest::newRow("none for rows") << temporary << 4.0 << true << Much() << 3;
-        QTest::newRow("rows fit, their copy not") << temporary << 8.0 << true << Much() << 3;
-        QTest::newRow("texts that grow") << temporary << 2.0 << false << controls << 3;
-        QTest::newRow("the addresses of links") << temporary << 4.5 << true << links << 3;
-        QTest::newRow("equal texts take little") << temporary << 2.0 << false << equal << 0;
+        AddRows<FullDisk>({{"a file limit", Full::FileLimit, 1, false, Much(), 3},
+                           {"one in constant memory", Full::FileLimit, 1, true, Much(), 3},
+                           {"no room for the file", target, 1, false, Much(), 5},
+                           {"none, in constant memory", target, 1, true, Much(), 5},
+                           {"no room for texts", temporary, 4, false, Much(), 3},
+                           {"none for rows", temporary, 4, true, Much(), 3},
+                           {"rows fit, their copy not", temporary, 8, true, Much(), 3},
+                           {"texts that grow", temporary, 2, false, controls, 3},
+                           {"the addresses of links", temporary, 4.5, true, links, 3},
+                           {"equal texts take little", temporary, 2, false, equal, 0}});
     }
 
     void aFileIsWholeOrTheEarlierOneStays()
     {
-        QFETCH(Full, full);
-        QFETCH(double, megabytes);
-        QFETCH(bool, is_constant);
-        QFETCH(Fill, fill);
-        QFETCH(int, result);
+        const auto &[name, full, megabytes, is_constant, fill, result] = FetchRow<FullDisk>();
         guard_.AnnounceLogLines();
         const int bytes = static_cast<int>(megabytes * 1024 * 1024);
         const int open_files = OpenFiles();
-        const QString cache = folder_->filePath("cache/");
+        const QString cache = folder_.Path("cache/");
         std::unique_ptr<CSmallDisk> disk;
         std::unique_ptr<CFileLimit> limit;
         if (full == Full::TemporaryDisk) {
             disk = std::make_unique<CSmallDisk>(cache, bytes);
             qputenv("TMPDIR", cache.toLocal8Bit());
         } else if (full == Full::TargetDisk) {
-            disk = std::make_unique<CSmallDisk>(folder_->filePath("out"), bytes);
+            disk = std::make_unique<CSmallDisk>(folder_.Path("out"), bytes);
         }
-        WriteBytes(target_, "earlier");
+        folder_.Put("out/a.xlsx", "earlier");
         if (full == Full::FileLimit)
             limit = std::make_unique<CFileLimit>(bytes);
 
@@ -177,7 +162,7 @@ private Q_SLOTS:
         setrlimit(RLIMIT_NOFILE, &limit);
         guard_.AnnounceLogLines();
         CExcelControllorWithC writer;
-        writer.Init(target_.toStdString(), folder_->filePath("cache/").toStdString());
+        writer.Init(target_.toStdString(), folder_.Path("cache/").toStdString());
         for (int sheet = 0; sheet < 100; ++sheet) {
             writer.AddSheetByName(std::to_string(sheet));
             if (sheet != 50) // an empty one too
@@ -187,7 +172,7 @@ private Q_SLOTS:
         const int left_open = OpenFiles();
         const int result = writer.LastCloseResult();
 
-        writer.Init(target_.toStdString(), folder_->filePath("cache/").toStdString());
+        writer.Init(target_.toStdString(), folder_.Path("cache/").toStdString());
         for (int sheet = 0; sheet < 200; ++sheet)
             writer.AddSheetByName(std::to_string(sheet));
         writer.Discard();
@@ -202,10 +187,10 @@ private Q_SLOTS:
 
     void aWorkbookThatDidNotComeIsNotSaved()
     {
-        const QString made = folder_->filePath("cache/FileGenerateCach");
+        const QString made = folder_.Path("cache/FileGenerateCach");
         CExcelControllorWithC writer;
         refuse_workbooks = true;
-        QVERIFY(writer.Init(target_.toStdString(), folder_->filePath("cache/").toStdString()));
+        QVERIFY(writer.Init(target_.toStdString(), folder_.Path("cache/").toStdString()));
         refuse_workbooks = false;
         QVERIFY(!writer.AddSheetByName("A"));
         writer.Close();
@@ -213,7 +198,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(made));
 
         refuse_workbooks = true;
-        writer.Init(target_.toStdString(), folder_->filePath("cache/").toStdString());
+        writer.Init(target_.toStdString(), folder_.Path("cache/").toStdString());
         refuse_workbooks = false;
         writer.Init(target_.toStdString(), "");
         QVERIFY(!QFile::exists(made));
@@ -221,54 +206,41 @@ private Q_SLOTS:
         QCOMPARE(writer.LastCloseResult(), 0);
     }
 
-    void pathsThatCannotBeWrittenShowAtClose_data()
-    {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<int>("result");
-        QTest::newRow("a missing directory") << "missing/a.xlsx" << 2;
-        QTest::newRow("a directory") << "out" << 2;
-        QTest::newRow("no path") << QString() << 2;
-        QTest::newRow("a full device") << "/dev/full" << 5;
-    }
-
     void pathsThatCannotBeWrittenShowAtClose()
     {
-        QFETCH(QString, path);
-        QFETCH(int, result);
         guard_.AnnounceLogLines();
-        CExcelControllorWithC writer;
-        const bool is_below = !path.isEmpty() && QDir::isRelativePath(path);
-        const QString whole = is_below ? folder_->filePath(path) : path;
-        QVERIFY(writer.Init(whole.toStdString(), ""));
-        QVERIFY(writer.AddSheetByName("A"));
-        writer.Close();
+        const std::pair<QString, int> paths[] = {{folder_.Path("missing/a.xlsx"), 2},
+                                                 {folder_.Path("out"), 2},
+                                                 {"", 2},
+                                                 {"/dev/full", 5}};
+        for (const auto &[path, result] : paths) {
+            CExcelControllorWithC writer;
+            QVERIFY(writer.Init(path.toStdString(), ""));
+            QVERIFY(writer.AddSheetByName("A"));
+            writer.Close();
 
-        QCOMPARE(writer.LastCloseResult(), result);
-        const QString wanted = QString("file  close success, file_path_ = %1 , close result = %2")
-                                   .arg(whole)
-                                   .arg(result);
-        QCOMPARE(guard_.LogLines().filter(wanted).size(), 1);
-        QCOMPARE(guard_.LogLines().filter("was not saved").size(), 1);
+            QCOMPARE(writer.LastCloseResult(), result);
+            const QString line = "file  close success, file_path_ = %1 , close result = %2";
+            QCOMPARE(guard_.LogLines().filter(line.arg(path).arg(result)).size(), 1);
+        }
+        QCOMPARE(guard_.LogLines().filter("was not saved").size(), 4);
         QCOMPARE(Left(), QStringList());
-        QVERIFY(QDir(folder_->filePath("out")).exists());
-        QVERIFY(QFile::exists("/dev/full"));
     }
 
     void aWriteProtectedFileIsLeftAlone()
     {
         guard_.AnnounceLogLines();
-        WriteBytes(target_, "protected");
+        folder_.Put("out/a.xlsx", "protected");
         QVERIFY(QFile::setPermissions(target_, QFile::ReadOwner | QFile::ReadOther));
-        chmod(qPrintable(folder_->path()), 0777);
-        chmod(qPrintable(folder_->filePath("out")), 0777);
-        // Root may write everything, so this runs as another user.
-        const bool is_root = geteuid() == 0;
-        QVERIFY(!is_root || setresuid(65534, 65534, 0) == 0);
+        chmod(qPrintable(folder_.Path()), 0777);
+        chmod(qPrintable(folder_.Path("out")), 0777);
         CExcelControllorWithC writer;
-        writer.Init(target_.toStdString(), "");
-        writer.AddSheetByName("A");
-        writer.Close();
-        QVERIFY(!is_root || setresuid(0, 0, 0) == 0);
+        {
+            const CPoorUser user;
+            writer.Init(target_.toStdString(), "");
+            writer.AddSheetByName("A");
+            writer.Close();
+        }
 
         QCOMPARE(writer.LastCloseResult(), 2);
         QCOMPARE(FileBytes(target_), QByteArray("protected"));
@@ -277,34 +249,29 @@ private Q_SLOTS:
 
     void linksAreFollowedByHand_data()
     {
-        QTest::addColumn<QByteArray>("leads_to");
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<int>("result");
-        QTest::newRow("to a file, whose permissions stay") << QByteArray("a.xlsx") << "link" << 0;
-        QTest::newRow("to a file that is still to come") << QByteArray("new.xlsx") << "link" << 0;
-        QTest::newRow("into a missing folder") << QByteArray("missing/new.xlsx") << "link" << 2;
-        QTest::newRow("to itself") << QByteArray("link") << "link" << 2;
-        QTest::newRow("back from a missing folder") << QByteArray() << "missing/../a.xlsx" << 2;
+        AddRows<LinkRow>({{"to a file, whose permissions stay", "a.xlsx", "link", 0},
+                          {"to a file that is still to come", "new.xlsx", "link", 0},
+                          {"into a missing folder", "missing/new.xlsx", "link", 2},
+                          {"to itself", "link", "link", 2},
+                          {"back from a missing folder", "", "missing/../a.xlsx", 2}});
     }
 
     void linksAreFollowedByHand()
     {
-        QFETCH(QByteArray, leads_to);
-        QFETCH(QString, path);
-        QFETCH(int, result);
+        const auto &[name, leads_to, path, result] = FetchRow<LinkRow>();
         if (result != 0)
             guard_.AnnounceLogLines();
-        WriteBytes(target_, "earlier");
+        folder_.Put("out/a.xlsx", "earlier");
         chmod(qPrintable(target_), 0600);
-        const QByteArray link = folder_->filePath("out/link").toLocal8Bit();
+        const QByteArray link = folder_.Path("out/link").toLocal8Bit();
         QVERIFY(leads_to.isEmpty() || symlink(leads_to, link) == 0);
         CExcelControllorWithC writer;
-        writer.Init(folder_->filePath("out/" + path).toStdString(), "");
+        writer.Init(folder_.Path("out/" + path).toStdString(), "");
         writer.Close();
 
         QCOMPARE(writer.LastCloseResult(), result);
         QCOMPARE(QFileInfo(link).isSymLink(), !leads_to.isEmpty());
-        const bool is_saved = ReadParts(folder_->filePath("out/" + leads_to)).size() > 1;
+        const bool is_saved = ReadParts(folder_.Path("out/" + leads_to)).size() > 1;
         QCOMPARE(is_saved, result == 0);
         struct stat status
         {
@@ -315,8 +282,7 @@ private Q_SLOTS:
 
     void aNameMayBeLongAndAnyBytes()
     {
-        const std::string path =
-            folder_->path().toStdString() + "/out/\xFF" + std::string(249, 'n');
+        const std::string path = folder_.Path().toStdString() + "/out/\xFF" + std::string(249, 'n');
         CExcelControllorWithC writer;
         for (int round = 0; round < 2; ++round) { // the second finds a file there
             writer.Init(path, "");
@@ -330,7 +296,7 @@ private Q_SLOTS:
     void withoutACacheDirectoryTheSystemsServes()
     {
         guard_.AnnounceLogLines();
-        WriteBytes(folder_->filePath("cache"), "in the way");
+        folder_.Put("cache", "in the way");
         CExcelControllorWithC writer;
         WriteMuch(writer);
         writer.Close();
@@ -338,7 +304,7 @@ private Q_SLOTS:
         QCOMPARE(writer.LastCloseResult(), 0);
         QCOMPARE(guard_.LogLines().filter("No cache directory: ").size(), 1);
         QCOMPARE(ReadParts(target_).value("xl/worksheets/sheet1.xml").count("<row "), 2000);
-        QCOMPARE(FileBytes(folder_->filePath("cache")), QByteArray("in the way"));
+        QCOMPARE(folder_.Bytes("cache"), QByteArray("in the way"));
     }
 
     void twoWritersMayShareAPathAndACacheDirectory()
@@ -360,20 +326,14 @@ private Q_SLOTS:
 private:
     void WriteMuch(CExcelControllorWithC &writer) const
     {
-        writer.Init(target_.toStdString(), folder_->filePath("cache/").toStdString());
+        writer.Init(target_.toStdString(), folder_.Path("cache/").toStdString());
         writer.AddSheetByName("A");
         Much()(writer);
     }
 
     // What lies in the folder of the file, hidden files too.
-    [[nodiscard]] QStringList Left() const
-    {
-        return QDir(folder_->filePath("out"))
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-    }
+    [[nodiscard]] QStringList Left() const { return folder_.Files("out"); }
 
-    CTestGuard guard_;
-    std::unique_ptr<QTemporaryDir> folder_;
     QString target_;
 };
 

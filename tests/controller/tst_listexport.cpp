@@ -6,14 +6,10 @@
 #include <Vantor/CListExport>
 #include <Vantor/CRowSource>
 
-#include <QtCore/QDir>
 #include <QtCore/QUrl>
 #include <QtGui/QStandardItemModel>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QTreeView>
-
-#include <functional>
-#include <stdexcept>
 
 using Vantor::CListExport;
 using Result = Vantor::ListExportResult;

@@ -4,16 +4,13 @@
 #include "pages/PortForm.h"
 #include "pages/PtzView.h"
 #include "support/PseudoTerminal.h"
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <KeyBoard/PelcoD.h>
 
 #include <QtNetwork/QTcpServer>
 #include <QtNetwork/QTcpSocket>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QListWidget>
-#include <QtWidgets/QPushButton>
 
 using namespace Client;
 

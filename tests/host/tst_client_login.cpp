@@ -4,7 +4,7 @@
 #include "pages/LockWindow.h"
 #include "pages/LoginPage.h"
 #include "server/ServerHarness.h"
-#include "support/Test.h"
+#include "support/Widgets.h"
 #include "window/DetailPanel.h"
 #include "window/Pages.h"
 #include "window/Panels.h"
@@ -17,12 +17,8 @@
 #include <QtGui/QStandardItemModel>
 #include <QtGui/QWindow>
 #include <QtWidgets/QAction>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolTip>
 #include <QtWidgets/QTreeWidget>
 

@@ -2,7 +2,7 @@
 #include "look/Language.h"
 #include "look/Theme.h"
 #include "pages/EvidencePage.h"
-#include "support/Test.h"
+#include "support/Widgets.h"
 #include "window/DetailPanel.h"
 #include "window/MainWindow.h"
 #include "window/Pages.h"
@@ -19,10 +19,7 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QDropEvent>
 #include <QtGui/QStandardItemModel>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QMessageBox>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QTreeWidget>
 

@@ -2,7 +2,6 @@
 #include "WorkbookReader.h"
 #include "support/Test.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QProcess>
 #include <QtGui/QImage>
 

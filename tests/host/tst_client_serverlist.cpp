@@ -1,17 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "link/ServerLink.h"
 #include "pages/ServerListPage.h"
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Vantor/CFilterTreeViewEx>
 #include <Vantor/CMutiPageWidget>
 
 #include <QtCore/QStandardPaths>
-#include <QtWidgets/QCheckBox>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollBar>
 
 using namespace Client;

@@ -2,17 +2,12 @@
 #include "pages/RecordingsTable.h"
 #include "pages/TimeEntry.h"
 #include "pages/TimeLinePage.h"
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Vantor/CBaseFileProgressBar>
 #include <Vantor/CTimeBarDelegate>
 
 #include <QtTest/QAbstractItemModelTester>
-#include <QtWidgets/QCheckBox>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QLabel>
-
-#include <random>
 
 using Client::CIncidentList;
 using Client::CTimeLinePage;

@@ -3,7 +3,7 @@
 #include "export/ExportText.h"
 #include "look/Language.h"
 #include "look/Theme.h"
-#include "support/Test.h"
+#include "support/Widgets.h"
 #include "window/MainWindow.h"
 #include "window/Pages.h"
 #include "window/ProgressDialog.h"
@@ -14,13 +14,9 @@
 #include <Vantor/CMutiPageWidgetEx>
 #include <Vantor/CStyleManager>
 
-#include <QtCore/QDir>
 #include <QtGui/QClipboard>
 #include <QtWidgets/QAction>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QStatusBar>

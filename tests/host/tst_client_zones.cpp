@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ZoneSwitch.h"
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Vantor/CAnimationProgressBar>
-
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
 
 using Client::CZoneSwitch;
 

@@ -12,12 +12,8 @@
 
 #include <QtCore/QThread>
 
-#include <atomic>
 #include <condition_variable>
 #include <mutex>
-#include <stdexcept>
-#include <thread>
-#include <vector>
 
 using namespace BusinessCommon;
 using Param = CAdaptiveColumnWidthObserver::Param;

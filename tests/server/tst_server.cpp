@@ -13,13 +13,11 @@
 #include <unistd.h>
 
 #include <QtCore/QProcess>
-#include <QtCore/QRandomGenerator>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QImage>
 
 #include <csignal>
 #include <mutex>
-#include <thread>
 
 using BusinessCommon::CNetCommManager;
 

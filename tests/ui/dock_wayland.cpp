@@ -2,11 +2,10 @@
 // A dock on Wayland, where windows cannot be placed: it has to be a raised child of its window, at
 // the place that the rules give it there. tools/check runs this in a headless compositor.
 #include "DockTest.h"
+#include "support/Widgets.h"
 
 #include <Vantor/CDockWidgetPosRule>
 
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMainWindow>
 
 using Vantor::CBaseDockFrame;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Faceplate/GUIFullScreenWidget.h>
 #include <Nim/Base/OS.h>
@@ -22,8 +22,6 @@
 #include <Vantor/CVerifyCodeWidget>
 
 #include <QtCore/QMetaMethod>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QComboBox>
 #include <QtWidgets/QTreeView>
 
 using namespace Vantor;

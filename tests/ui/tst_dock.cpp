@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "DockTest.h"
+#include "support/Widgets.h"
 #include "ui/DockManager/DockPosition.h"
 
 #include <Faceplate/GUIFullScreenWidget.h>
@@ -8,16 +9,10 @@
 
 #include <QtCore/QPropertyAnimation>
 #include <QtWidgets/QAction>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QDialog>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QShortcut>
-
-#include <functional>
-#include <random>
 
 using Vantor::CBaseDockFrame;
 using Vantor::CDockManager;
@@ -81,6 +76,13 @@ struct Corner
     const char *name;
     Vantor::DockSituation situation;
     QPoint expected; // null: the dock is left alone
+};
+
+struct Trace
+{
+    const char *name;
+    QString trace; // that the log shows
+    bool is_found;
 };
 
 struct Target
@@ -171,21 +173,19 @@ private Q_SLOTS:
 
     void theWindowIsLookedFor_data()
     {
-        QTest::addColumn<QString>("trace"); // that the log shows
-        QTest::addColumn<bool>("is_found");
-        QTest::newRow("a plain window") << "frame--top" << false;
-        QTest::newRow("a plug-in's window") << "frame--plugin" << true;
-        QTest::newRow("a window that fills the screen") << "frame" << true;
-        QTest::newRow("a dialog of a plug-in's window") << "frame--dialog--plugin" << true;
+        AddRows<Trace>({{"a plain window", "frame--top", false},
+                        {"a plug-in's window", "frame--plugin", true},
+                        {"a window that fills the screen", "frame", true},
+                        {"a dialog of a plug-in's window", "frame--dialog--plugin", true}});
     }
 
     void theWindowIsLookedFor()
     {
-        QFETCH(QString, trace);
-        QFETCH(bool, is_found);
+        const auto &[name, trace, is_found] = FetchRow<Trace>();
         Lookout::CBaseWidget plugin;
         Faceplate::CGUIFullScreenWidget full;
-        Faceplate::SetFullScreenModeSource([&](const QWidget *) { return trace == "frame"; });
+        Faceplate::SetFullScreenModeSource(
+            [is_full = trace == "frame"](const QWidget *) { return is_full; });
         QWidget *const top = trace.endsWith("plugin") ? static_cast<QWidget *>(&plugin) : &full;
         top->setObjectName(trace.section("--", -1));
         top->setGeometry(200, 150, 700, 500);
@@ -285,7 +285,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("owner");
         for (const char *const owner : {"frame", "main", "none"})
-            QTest::addRow("%s", owner) << owner;
+            QTest::newRow(owner) << owner;
     }
 
     void aDialogOfThePanelKeepsItInTheBackground()

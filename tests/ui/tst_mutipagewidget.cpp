@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Ravel/TreeViewItem.h>
 #include <Ravel/TreeViewModel.h>
@@ -9,12 +9,7 @@
 #include <Vantor/CMutiPageWidgetEx>
 
 #include <QtGui/QCursor>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QLayout>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
 
 using Vantor::CMutiPageWidget;
 
@@ -29,6 +24,21 @@ QList<Ravel::CTreeViewItem *> Items(int count)
         items.append(new Ravel::CTreeViewItem({QString::number(i)}));
     return items;
 }
+
+struct Delivery
+{
+    const char *name;
+    int per_page, records, page;
+    QString total, enabled;
+};
+
+struct Jump
+{
+    const char *name;
+    QString typed;
+    int page; // afterwards, from page 2 of 3
+    int signalled;
+};
 
 } // namespace
 
@@ -49,36 +59,20 @@ protected:
 private Q_SLOTS:
     void serverPagesAreCountedAndEnableTheBar_data()
     {
-        QTest::addColumn<int>("per_page");
-        QTest::addColumn<int>("records");
-        QTest::addColumn<int>("page");
-        QTest::addColumn<QString>("total");
-        QTest::addColumn<QString>("enabled");
-        QTest::newRow("no record") << 100 << 0 << 0 << "/1"
-                                   << "";
-        QTest::newRow("a full page") << 100 << 100 << 1 << "/1"
-                                     << "";
-        QTest::newRow("one more") << 100 << 101 << 1 << "/2"
-                                  << "next last";
-        QTest::newRow("in the middle") << 100 << 250 << 2 << "/3"
-                                       << "home previous next last";
-        QTest::newRow("at the end") << 100 << 250 << 3 << "/3"
-                                    << "home previous";
-        QTest::newRow("numbers below zero") << 100 << -7 << -3 << "/1"
-                                            << "";
-        QTest::newRow("a hundred thousand pages") << 1 << 100000 << 2 << "/100000"
-                                                  << "home previous next last";
-        QTest::newRow("no record, a row a page") << 1 << 0 << 1 << "/1"
-                                                 << "";
+        const QString all = "home previous next last";
+        AddRows<Delivery>({{"no record", 100, 0, 0, "/1", ""},
+                           {"a full page", 100, 100, 1, "/1", ""},
+                           {"one more", 100, 101, 1, "/2", "next last"},
+                           {"in the middle", 100, 250, 2, "/3", all},
+                           {"at the end", 100, 250, 3, "/3", "home previous"},
+                           {"numbers below zero", 100, -7, -3, "/1", ""},
+                           {"a hundred thousand pages", 1, 100000, 2, "/100000", all},
+                           {"no record, a row a page", 1, 0, 1, "/1", ""}});
     }
 
     void serverPagesAreCountedAndEnableTheBar()
     {
-        QFETCH(int, per_page);
-        QFETCH(int, records);
-        QFETCH(int, page);
-        QFETCH(QString, total);
-        QFETCH(QString, enabled);
+        const auto [name, per_page, records, page, total, enabled] = FetchRow<Delivery>();
         page_->SetFilterEnabled(false);
         page_->SetPageSeen(true);
         page_->GetTreeView()->SetTreeViewItemPerPage(per_page);
@@ -128,24 +122,19 @@ private Q_SLOTS:
 
     void jumpGoesWhereThereIsAPage_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<int>("page"); // afterwards, from page 2 of 3
-        QTest::addColumn<int>("signalled");
-        QTest::newRow("another page") << "3" << 3 << 1;
-        QTest::newRow("this page") << "2" << 2 << 0;
-        QTest::newRow("nothing") << "" << 2 << 0;
-        QTest::newRow("a page too many, which can be typed") << "9" << 2 << 0;
-        QTest::newRow("zero") << "0" << 2 << 0;
-        QTest::newRow("a minus, which cannot be typed") << "-1" << 1 << 1;
-        QTest::newRow("a leading zero") << "03" << 3 << 1;
-        QTest::newRow("with a separator, which cannot be typed") << "0,3" << 3 << 1;
+        AddRows<Jump>({{"another page", "3", 3, 1},
+                       {"this page", "2", 2, 0},
+                       {"nothing", "", 2, 0},
+                       {"a page too many, which can be typed", "9", 2, 0},
+                       {"zero", "0", 2, 0},
+                       {"a minus, which cannot be typed", "-1", 1, 1},
+                       {"a leading zero", "03", 3, 1},
+                       {"with a separator, which cannot be typed", "0,3", 3, 1}});
     }
 
     void jumpGoesWhereThereIsAPage()
     {
-        QFETCH(QString, typed);
-        QFETCH(int, page);
-        QFETCH(int, signalled);
+        const auto [name, typed, page, signalled] = FetchRow<Jump>();
         ShowLocal(250);
         QTest::mouseClick(Button("next"), Qt::LeftButton);
         QSignalSpy changed(page_.get(), &CMutiPageWidget::SignalPageChanged);
@@ -180,35 +169,22 @@ private Q_SLOTS:
         QCOMPARE(Edit()->text(), QString("1"));
     }
 
-    void openEndedNextFollowsTheLastDelivery_data()
-    {
-        QTest::addColumn<int>("delivered");
-        QTest::addColumn<bool>("has_next");
-        QTest::addColumn<int>("errors");
-        QTest::newRow("a full page") << 100 << true << 0;
-        QTest::newRow("a row too few") << 99 << false << 0;
-        QTest::newRow("nothing") << 0 << false << 1;
-    }
-
     void openEndedNextFollowsTheLastDelivery()
     {
-        QFETCH(int, delivered);
-        QFETCH(bool, has_next);
-        QFETCH(int, errors);
         page_->SetModel(model_.get());
         page_->SetFilterEnabled(false);
         page_->GetTreeView()->SetTreeViewItemPerPage(100);
-        QSignalSpy error(page_.get(), &CMutiPageWidget::SignalErrorInfo);
-        QList<Ravel::CTreeViewItem *> items = Items(delivered);
+        for (const int delivered : {100, 99, 0}) {
+            QSignalSpy error(page_.get(), &CMutiPageWidget::SignalErrorInfo);
+            QList<Ravel::CTreeViewItem *> items = Items(delivered);
 
-        page_->OnUpdatePageInfo(0, 2);
-        page_->AddTopLevelItems(items);
+            page_->OnUpdatePageInfo(0, 2);
+            page_->AddTopLevelItems(items);
 
-        QCOMPARE(Button("next")->isEnabled(), has_next);
-        QVERIFY(Button("previous")->isEnabled());
-        QCOMPARE(error.count(), errors);
-        if (errors)
-            QCOMPARE(error.first().first().toString(), QString(kNothingFound));
+            QCOMPARE(Button("next")->isEnabled(), delivered == 100);
+            QVERIFY(Button("previous")->isEnabled());
+            QCOMPARE(error.value(0), delivered ? QVariantList() : QVariantList{kNothingFound});
+        }
     }
 
     void knownTotalNextIgnoresHowRowsAreDelivered()

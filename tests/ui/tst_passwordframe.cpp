@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Nim/Base/OS.h>
 #include <Ravel/Frame.h>
@@ -10,8 +10,6 @@
 #include <Vantor/CPasswordLineEditNoInputMethod>
 
 #include <QtGui/QClipboard>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolTip>
 #include <QtWidgets/QVBoxLayout>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <QtGui/QImageReader>
+#include <QtGui/QImage>
 #include <QtTest/QTest>
 
 // Themes and widgets of clients name these paths.
@@ -8,33 +8,19 @@ class TestPictures : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void eachPathHoldsAPictureInTwoSizes_data()
-    {
-        QTest::addColumn<QSize>("size");
-        for (const char *const path : {
-                 ":/Ovrin/Tree/Images/Public/Control/Tree/HomePage",
-                 ":/Ovrin/Tree/Images/Public/Control/Tree/LastPage",
-                 ":/Ovrin/Tree/Images/Public/Control/Tree/NextPage",
-                 ":/Ovrin/Tree/Images/Public/Control/Tree/PreviousPage",
-             })
-            QTest::newRow(path) << QSize(16, 16);
-        for (const char *const path : {
-                 ":/Ovrin/Icon/Images/Public/Icon/SepHide",
-                 ":/Ovrin/Icon/Images/Public/Icon/SepShow",
-             })
-            QTest::newRow(path) << QSize(64, 10);
-    }
-
     void eachPathHoldsAPictureInTwoSizes()
     {
-        QFETCH(QSize, size);
-        const QString path = QTest::currentDataTag();
-
-        QImageReader normal(path + ".png");
-        QImageReader doubled(path + "@2x.png");
-
-        QCOMPARE(normal.read().size(), size);
-        QCOMPARE(doubled.read().size(), size * 2);
+        const std::pair<QString, QSize> pictures[] = {
+            {":/Ovrin/Tree/Images/Public/Control/Tree/HomePage", {16, 16}},
+            {":/Ovrin/Tree/Images/Public/Control/Tree/LastPage", {16, 16}},
+            {":/Ovrin/Tree/Images/Public/Control/Tree/NextPage", {16, 16}},
+            {":/Ovrin/Tree/Images/Public/Control/Tree/PreviousPage", {16, 16}},
+            {":/Ovrin/Icon/Images/Public/Icon/SepHide", {64, 10}},
+            {":/Ovrin/Icon/Images/Public/Icon/SepShow", {64, 10}}};
+        for (const auto &[path, size] : pictures) {
+            QCOMPARE(QImage(path + ".png").size(), size);
+            QCOMPARE(QImage(path + "@2x.png").size(), size * 2);
+        }
     }
 };
 

@@ -7,8 +7,6 @@
 #include <QtCore/QDateTime>
 #include <QtCore/QLocale>
 
-#include <limits>
-
 using Vantor::RulerLabel;
 using Vantor::RulerStep;
 using Vantor::TimeZoneParam;

@@ -10,10 +10,7 @@
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
 
-#include <functional>
-#include <limits>
 #include <optional>
-#include <random>
 
 using Vantor::CAnimationProgressBar;
 using Vantor::CTimeBarDelegate;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Vantor/CBaseFileProgressBar>
 #include <Vantor/CTimeBarDelegate>
@@ -8,12 +8,7 @@
 #include <QtGui/QAccessible>
 #include <QtGui/QPainter>
 #include <QtGui/QWheelEvent>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QToolTip>
-
-#include <limits>
-#include <random>
 
 using Vantor::CAnimationProgressBar;
 using Vantor::CBaseFileProgressBar;
@@ -260,13 +255,6 @@ private Q_SLOTS:
             bar->ZoomBy(2, 500);
             Hide(bar);
         };
-        const auto slide_hidden = [](const Bar &bar) {
-            bar->SlideTo(5, 300);
-            Hide(bar);
-        };
-        const auto assisted = [](const Bar &bar) {
-            QAccessible::queryAccessibleInterface(bar)->valueInterface()->setCurrentValue(5);
-        };
         const Action actions[] = {
             {"PS", [](const Bar &bar) { Key(bar, Qt::Key_Right); }},
             {"C", [](const Bar &bar) { Key(bar, Qt::Key_Plus); }},
@@ -279,8 +267,9 @@ private Q_SLOTS:
             {"PS", [](const Bar &bar) { bar->SetCurrentDateTime(kNewYear, true); }},
             {"PS", undone},
             {"PCS", zoom_hidden},
-            {"P", slide_hidden},
-            {"PS", assisted}};
+            {"PS", [](const Bar &bar) {
+                 QAccessible::queryAccessibleInterface(bar)->valueInterface()->setCurrentValue(5);
+             }}};
         for (const Action &action : actions) {
             for (const QChar signal : QString(action.signals_)) {
                 for (const int animation_ms : {0, 20}) {

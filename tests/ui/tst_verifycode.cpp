@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <BusinessCommon/NetCommManager.h>
 #include <Vantor/CVerifyCodeWidget>
 #include <Vantor/CVerifycodeRequestObj>
 
 #include <QtCore/QBuffer>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
 
 using namespace Vantor;
 using BusinessCommon::CNetCommManager;
@@ -100,26 +97,19 @@ private Q_SLOTS:
 
     void failuresTellWhy_data()
     {
-        AddRows<Failure>({
-            // Never the third word.
-            {"no exchange", false, {7, 8, 9}, "", {7, 8, 0}, "failed.UserName = Ana["},
-            {"refused", true, {7, 8, 9}, "{}", {7, 8, 0}, "failed.UserName = Ana["},
-            {"an empty reply",
-             true,
-             {},
-             "",
-             {0, 20, 2},
-             "5 ClientWarningAndMore [Vantor::CVerifycodeRequestObj::GetCaptchaImgData]"
-             "xml Parse fail , recv_data = ["},
-            {"an error without an image",
-             true,
-             {},
-             R"({"ResponseStatus":{"ErrorModule":3,"ErrorCode":404}})",
-             {3, 404, 0},
-             "5 ClientWarningAndMore [Vantor::CVerifycodeRequestObj::GetCaptchaImgData]"
-             "Base64Decode failure["},
-            {"no document", true, {}, "<<", {-1, -1, 0}, "Base64Decode failure["},
-        });
+        const char *const empty =
+            "5 ClientWarningAndMore [Vantor::CVerifycodeRequestObj::GetCaptchaImgData]"
+            "xml Parse fail , recv_data = [";
+        const char *const no_image =
+            "5 ClientWarningAndMore [Vantor::CVerifycodeRequestObj::GetCaptchaImgData]"
+            "Base64Decode failure[";
+        const char *const failed = "failed.UserName = Ana[";
+        const char *const refused = R"({"ResponseStatus":{"ErrorModule":3,"ErrorCode":404}})";
+        AddRows<Failure>({{"no exchange", false, {7, 8, 9}, "", {7, 8, 0}, failed}, // never the 9
+                          {"refused", true, {7, 8, 9}, "{}", {7, 8, 0}, failed},
+                          {"an empty reply", true, {}, "", {0, 20, 2}, empty},
+                          {"an error without an image", true, {}, refused, {3, 404, 0}, no_image},
+                          {"no document", true, {}, "<<", {-1, -1, 0}, no_image}});
     }
 
     void failuresTellWhy()
