@@ -187,14 +187,22 @@ private Q_SLOTS:
         }
     }
 
-    void knownTotalNextIgnoresHowRowsAreDelivered()
+    void knownTotalLeavesNextToTheRowsUnlessToldOtherwise()
     {
         ShowLocal(100); // a full page, the last one
-        QCOMPARE(Enabled(), QString());
+        QCOMPARE(Enabled(), QString("next"));
         QList<Ravel::CTreeViewItem *> few = Items(1);
 
         page_->AddTopLevelItems(few);
 
+        QCOMPARE(Enabled(), QString("last"));
+        page_->SetNextByTotal(true);
+        page_->InitTreeView();
+        QList<Ravel::CTreeViewItem *> full = Items(100);
+        page_->AddTopLevelItems(full);
+        QCOMPARE(Enabled(), QString());
+        few = Items(1);
+        page_->AddTopLevelItems(few);
         QCOMPARE(Enabled(), QString("next last"));
         page_->ClearAllItems();
         QCOMPARE(Enabled(), QString());

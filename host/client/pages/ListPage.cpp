@@ -104,6 +104,7 @@ void CListPage::Build(const QString &keyword)
     filter.GetSubTypeComboBox()->SetMainTypes(filter.GetMainTypeComboBox());
     filter.GetMoreBtn()->hide(); // there is no more to filter by
     Paging()->SetPageSeen(true);
+    Paging()->SetNextByTotal(true);
     Paging()->SetFilterEnabled(true);
     BuildSearch();
     BuildTable();
@@ -146,8 +147,7 @@ void CListPage::BuildTable()
     nothing_found_->setObjectName(QStringLiteral("NothingFound"));
     nothing_found_->setAlignment(Qt::AlignCenter);
     nothing_found_->hide();
-    auto *const middle = new QVBoxLayout(table->viewport());
-    middle->addWidget(nothing_found_);
+    (new QVBoxLayout(table->viewport()))->addWidget(nothing_found_);
 }
 
 void CListPage::SetList(IncidentListPtr list)

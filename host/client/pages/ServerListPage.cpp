@@ -68,6 +68,7 @@ void CServerListPage::Build()
     layout()->addWidget(list_);
     list_->SetFilterEnabled(false); // the server cuts the pages
     list_->SetPageSeen(total_known_->isChecked());
+    list_->SetNextByTotal(true);
     list_->SetRecordsVisible(true);
     list_->SetModel(model_);
     Vantor::CFilterTreeViewEx *const table = list_->GetTreeView();

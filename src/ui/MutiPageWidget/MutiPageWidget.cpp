@@ -207,9 +207,17 @@ void CMutiPageWidget::AddTopLevelItems(QList<Ravel::CTreeViewItem *> &items)
     if (!self)
         return;
     QPushButton *const next = GetNextPageBtn();
-    next->setEnabled(count > 0 && d_ptr_->page_.HasNextAfter(count, GetItemsPerPage()));
-    if (count == 0)
+    const bool is_by_total = d_ptr_->b_next_by_total_ && d_ptr_->page_.IsTotalKnown();
+    const bool is_full = count >= GetItemsPerPage();
+    next->setEnabled(count > 0
+                     && (is_by_total ? d_ptr_->page_.CanGo(CPageState::Step::Next) : is_full));
+    if (count == 0 && d_ptr_->page_.Current() > 0)
         Q_EMIT SignalErrorInfo(Text("ThereIsNoMatchedResultFound"));
+}
+
+void CMutiPageWidget::SetNextByTotal(bool by_total)
+{
+    d_ptr_->b_next_by_total_ = by_total;
 }
 
 int CMutiPageWidget::GetCurrentPage()

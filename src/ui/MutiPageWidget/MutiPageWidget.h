@@ -96,10 +96,14 @@ public:
 
     /// \brief Append \a items, which the model then owns; the list itself stays as it is.
     ///
-    /// An empty list disables Next and emits SignalErrorInfo(). Otherwise Next is enabled, while
-    /// paging is open-ended, when there are at least GetItemsPerPage() items: a full page suggests
-    /// that more follow. With a known total it is enabled unless this is the last page.
+    /// An empty list disables Next and emits SignalErrorInfo(). Otherwise Next is enabled exactly
+    /// when there are at least GetItemsPerPage() items: a full page suggests that more follow.
+    /// Hosts that know the total want SetNextByTotal() first.
     void AddTopLevelItems(QList<Ravel::CTreeViewItem *> &items);
+
+    /// \brief Whether AddTopLevelItems(), while the total is known, enables Next unless this is the
+    /// last page, however many items it appends. Off by default.
+    void SetNextByTotal(bool by_total);
 
     /// \brief Rows on all pages: the tree view's count, or with SetFilterEnabled(false) the records
     /// that OnUpdatePageInfo() told.

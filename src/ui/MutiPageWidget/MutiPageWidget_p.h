@@ -17,6 +17,7 @@ struct CMutiPageWidgetDataPtr
     bool b_records_sentence_ = false;
     CPageState page_;
     bool b_local_paging_ = true;
+    bool b_next_by_total_ = false;
 
     const bool b_right_to_left_;
     int shown_records_ = 0; // what the records label says, for another language

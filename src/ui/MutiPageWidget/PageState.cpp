@@ -59,10 +59,4 @@ bool CPageState::CanGo(Step step) const
     return is_back ? current_ != 1 : current_ != total_pages_;
 }
 
-bool CPageState::HasNextAfter(int rows, int rows_per_page) const
-{
-    // With a known total, the rows of one delivery say nothing about the last page.
-    return is_total_known_ ? current_ != total_pages_ : rows >= rows_per_page;
-}
-
 } // namespace Vantor

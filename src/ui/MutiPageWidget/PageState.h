@@ -31,8 +31,6 @@ public:
     [[nodiscard]] int PageAfter(Step step) const;
     /// \brief Whether \a step leads to another page, as far as the bar can know.
     [[nodiscard]] bool CanGo(Step step) const;
-    /// \brief Whether there is a next page after \a rows of \a rows_per_page rows were delivered.
-    [[nodiscard]] bool HasNextAfter(int rows, int rows_per_page) const;
 
 private:
     int current_ = 1;
