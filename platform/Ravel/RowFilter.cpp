@@ -160,35 +160,44 @@ struct CRowFilterPtr
 {
     virtual ~CRowFilterPtr() = default;
     virtual bool Accepts(const CTextBlock &texts, int columns) const = 0;
+    virtual bool IsByOneLetter() const { return false; }
     virtual int ListCount() const { return 0; }
-    virtual bool ListAccepts(const CTextBlock &, int) const { return true; }
+    virtual bool ListAccepts(const CTextBlock &texts, int column) const = 0;
 };
 
 namespace {
 
-struct CWithText : CRowFilterPtr
+struct CWithText final : CRowFilterPtr
 {
-    explicit CWithText(const QString &text) : needle(text)
+    explicit CWithText(const QString &text) : needle(text) {}
+
+    bool IsByOneLetter() const override
     {
-        const ushort unit = text.front().unicode();
-        has_own_letter = text.size() == 1 && unit < 0x80 && QChar(unit).isLetterOrNumber();
+        const char16_t unit = needle.wide.front();
+        return needle.wide.size() == 1 && unit < 0x80 && QChar(unit).isLetterOrNumber();
     }
 
     bool Accepts(const CTextBlock &texts, int columns) const override
     {
-        if (has_own_letter && !texts.IsWide() && texts.Count() <= columns)
-            return (texts.Letters() & LetterOf(QChar(needle.wide.front()))) != 0;
         columns = std::min(columns, texts.Count());
         if (texts.IsWide())
             return HasInOneColumn(texts, texts.Wide(0, columns), needle);
         return needle.is_latin && HasInOneColumn(texts, texts.Latin(0, columns), needle);
     }
 
+    bool ListAccepts(const CTextBlock &texts, int column) const override
+    {
+        if (column >= texts.Count())
+            return false;
+        if (texts.IsWide())
+            return needle.FindIn(texts.Wide(column), 0) != std::u16string_view::npos;
+        return needle.is_latin && needle.FindIn(texts.Latin(column), 0) != std::string_view::npos;
+    }
+
     CNeedle needle;
-    bool has_own_letter; // one character, and no other has its bit
 };
 
-struct CWithLists : CRowFilterPtr
+struct CWithLists final : CRowFilterPtr
 {
     explicit CWithLists(const std::vector<QStringList> &lists) : range(lists.front())
     {
@@ -198,11 +207,10 @@ struct CWithLists : CRowFilterPtr
 
     bool Accepts(const CTextBlock &texts, int columns) const override
     {
-        bool is_accepted = true;
-        for (int column = 0; is_accepted && column < ListCount(); ++column)
-            is_accepted =
-                column < columns ? ListAccepts(texts, column) : Has(std::string_view(), column);
-        return is_accepted;
+        columns = std::min(columns, texts.Count());
+        return texts.IsWide()
+                   ? HasAll([&texts](int column) { return texts.Wide(column); }, columns)
+                   : HasAll([&texts](int column) { return texts.Latin(column); }, columns);
     }
 
     int ListCount() const override { return static_cast<int>(names.size()) + 1; }
@@ -212,6 +220,15 @@ struct CWithLists : CRowFilterPtr
         if (column >= texts.Count())
             return Has(std::string_view(), column);
         return texts.IsWide() ? Has(texts.Wide(column), column) : Has(texts.Latin(column), column);
+    }
+
+    template <class TextOf> bool HasAll(TextOf &&text_of, int columns) const
+    {
+        bool is_accepted = true;
+        for (int column = 0; is_accepted && column < ListCount(); ++column)
+            is_accepted =
+                column < columns ? Has(text_of(column), column) : Has(std::string_view(), column);
+        return is_accepted;
     }
 
     template <class View> bool Has(View text, int column) const
@@ -245,6 +262,11 @@ CRowFilter CRowFilter::WithLists(const std::vector<QStringList> &lists)
     return filter;
 }
 
+bool CRowFilter::IsByOneLetter() const
+{
+    return d_ptr_ && d_ptr_->IsByOneLetter();
+}
+
 bool CRowFilter::Accepts(const CTextBlock &texts, int columns) const
 {
     return !d_ptr_ || d_ptr_->Accepts(texts, columns);
@@ -257,7 +279,7 @@ int CRowFilter::ListCount() const
 
 bool CRowFilter::ListAccepts(const CTextBlock &texts, int column) const
 {
-    return d_ptr_->ListAccepts(texts, column);
+    return !d_ptr_ || d_ptr_->ListAccepts(texts, column);
 }
 
 } // namespace Ravel

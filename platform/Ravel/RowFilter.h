@@ -36,13 +36,17 @@ public:
     /// false.
     [[nodiscard]] bool MayAccept(quint64 letters) const { return (letters & letters_) == letters_; }
 
+    /// \brief Whether the filter is by a single letter or digit of ASCII. MayAccept() then decides,
+    /// unless the row has kWideLetter or texts beyond the columns that count.
+    [[nodiscard]] bool IsByOneLetter() const;
+
     /// \brief Whether a row passes whose first \a columns texts count; a missing one is empty.
     [[nodiscard]] bool Accepts(const CTextBlock &texts, int columns) const;
 
     /// \brief How many lists WithLists() was given; 0 for a filter by text.
     [[nodiscard]] int ListCount() const;
     /// \brief Whether the text of \a column, below ListCount(), passes its list; a missing one is
-    /// empty.
+    /// empty. For a filter by text: whether the text of any \a column holds it.
     [[nodiscard]] bool ListAccepts(const CTextBlock &texts, int column) const;
 
     /// \brief Whether every row passes.

@@ -23,7 +23,9 @@ CRowOrder CRowOrder::Range(int first, int count)
 
 CRowOrder::CRowOrder(std::vector<int> rows, bool is_ascending)
     : is_range_(false), rows_(std::move(rows)), is_ascending_(is_ascending)
-{}
+{
+    FindRange();
+}
 
 int CRowOrder::PlaceOf(int row) const
 {
@@ -115,6 +117,15 @@ void CRowOrder::MakeList()
     is_range_ = false;
 }
 
+// Ascending rows without a gap are a range again.
+void CRowOrder::FindRange()
+{
+    if (is_range_ || (!is_ascending_ && !rows_.empty())
+        || (!rows_.empty() && rows_.back() - rows_.front() + 1 != Count()))
+        return;
+    *this = rows_.empty() ? CRowOrder() : Range(rows_.front(), Count());
+}
+
 void CRowOrder::Insert(int place, const std::vector<int> &rows)
 {
     if (rows.empty())
@@ -132,6 +143,7 @@ void CRowOrder::Insert(int place, const std::vector<int> &rows)
                     && (place == 0 || RowAt(place - 1) < rows.front())
                     && (place == Count() || rows.back() < RowAt(place));
     rows_.insert(rows_.begin() + place, rows.cbegin(), rows.cend());
+    FindRange();
 }
 
 void CRowOrder::Erase(int place, int count)
@@ -143,6 +155,7 @@ void CRowOrder::Erase(int place, int count)
     }
     MakeList();
     rows_.erase(rows_.begin() + place, rows_.begin() + place + count);
+    FindRange();
 }
 
 void CRowOrder::Renumber(int first_row, int difference)
@@ -156,6 +169,7 @@ void CRowOrder::Renumber(int first_row, int difference)
     MakeList();
     for (int &row : rows_)
         row += row >= first_row ? difference : 0;
+    FindRange();
 }
 
 } // namespace Ravel

@@ -58,6 +58,7 @@ public:
 
 private:
     void MakeList();
+    void FindRange();
 
     bool is_range_ = true;
     int first_ = 0; // of a range

@@ -12,11 +12,10 @@ using Letters = std::array<quint64, 256>;
 
 constexpr Letters MakeLetters()
 {
-    constexpr unsigned kOtherAscii = 62;
-    constexpr unsigned kBeyondAscii = 63;
-    Letters letters{};
-    for (unsigned byte = 0; byte < letters.size(); ++byte)
-        letters[byte] = quint64{1} << (byte < 0x80 ? kOtherAscii : kBeyondAscii);
+    constexpr unsigned kBeyondAscii = 62;
+    Letters letters{}; // blanks and signs have none, because nearly every row has some of them
+    for (unsigned byte = 0x80; byte < letters.size(); ++byte)
+        letters[byte] = quint64{1} << kBeyondAscii;
     unsigned bit = 0;
     for (unsigned byte = 'a'; byte <= 'z'; ++byte)
         letters[byte] = quint64{1} << bit++;
@@ -33,7 +32,7 @@ constexpr Letters kLetters = MakeLetters();
 
 quint64 LetterOf(QChar character)
 {
-    return kLetters[character.cell()];
+    return kLetters[character.cell()] | (character.row() ? kWideLetter : 0);
 }
 
 CTextBlock::CTextBlock(const QStringList &texts)
@@ -50,6 +49,7 @@ CTextBlock::CTextBlock(const QStringList &texts)
         }
     }
     const bool is_wide = all_bits > 0xFF;
+    letters_ |= is_wide ? kWideLetter : 0;
     const bool has_wide_ends = length > std::numeric_limits<quint16>::max();
     const quint32 head = static_cast<quint32>(texts.size()) << 2U | (has_wide_ends ? kWideEnds : 0)
                          | (is_wide ? kWideText : 0);

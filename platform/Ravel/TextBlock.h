@@ -20,8 +20,11 @@ inline void Prefetch(const void *place)
 #endif
 }
 
-/// \brief One bit of 64 for a character. Letters and digits of ASCII have one each; a character
-/// beyond U+00FF shares the bit of its low byte.
+/// The bit of LetterOf() that every character beyond U+00FF has.
+constexpr quint64 kWideLetter = quint64{1} << 63U;
+
+/// \brief One bit of 64 for each letter and digit of ASCII, one for the rest of Latin-1, none for
+/// blanks and signs. A character beyond U+00FF has kWideLetter and the bit of its low byte.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT quint64 LetterOf(QChar character);
 
 /// \brief The texts of one row in a single piece of memory, because a list has a million of them.

@@ -177,10 +177,14 @@ CTextRanks::CTextRanks(const std::vector<int> &rank_of_row, std::vector<bool> is
     : is_mixed_(std::move(is_mixed)), begins_(is_mixed_.size() + 1)
 {
     constexpr size_t kMostFew = 1 << 16;
-    if (is_mixed_.size() <= kMostFew)
+    if (is_mixed_.size() <= kMostFew) {
         few_.assign(rank_of_row.cbegin(), rank_of_row.cend());
-    else
+        first_rows_.resize(is_mixed_.size());
+        for (size_t row = few_.size(); row-- > 0;)
+            first_rows_[few_[row]] = static_cast<int>(row);
+    } else {
         many_ = rank_of_row;
+    }
     for (const int rank : rank_of_row)
         ++begins_[static_cast<size_t>(rank) + 1];
     std::partial_sum(begins_.cbegin(), begins_.cend(), begins_.begin());

@@ -37,6 +37,8 @@ public:
     {
         return static_cast<int>(begins_.size()) - 1;
     } ///< How many different texts, without case, there are.
+    /// \brief The first row of each rank while there are few ranks, up to 65,536; otherwise empty.
+    [[nodiscard]] const std::vector<int> &FirstRows() const { return first_rows_; }
 
     /// \brief \a order, which has all rows, sorted; rows of one rank stay in the order they had.
     [[nodiscard]] CRowOrder Sorted(const CRowOrder &order, bool is_descending) const;
@@ -49,6 +51,7 @@ private:
     std::vector<int> many_;
     std::vector<bool> is_mixed_;
     std::vector<int> begins_; // how many rows are of a lower rank
+    std::vector<int> first_rows_;
 };
 
 /// \brief Works out the ranks of one column from its rows, given one after the other.

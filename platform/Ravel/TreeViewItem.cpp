@@ -25,34 +25,31 @@ CTreeViewItemExtras &CTreeViewItem::Extras()
     return *ptr_extras_;
 }
 
-// Where a top-level row's page stands; null for everything else.
-int *CTreeViewItem::PageSlot(int column, int role) const
+// Where a top-level row's page is; null for everything else.
+CRowPages *CTreeViewItem::PagesFor(int column, int role) const
 {
-    if (role != kPageTagRole || column != 0 || !ptr_parent_
-        || !ptr_parent_->ptr_extras_->ptr_pages_)
-        return nullptr;
-    return &(*ptr_parent_->ptr_extras_->ptr_pages_)[static_cast<size_t>(row_)];
+    return role == kPageTagRole && column == 0 && ptr_parent_ ? ptr_parent_->ptr_extras_->ptr_pages_
+                                                              : nullptr;
 }
 
-void CTreeViewItem::SetPage(int &slot, const QVariant &value)
+void CTreeViewItem::SetPage(CRowPages &pages, const QVariant &value)
 {
     const int page = value.userType() == QMetaType::QString ? PageOfTag(value.toString()) : kNoPage;
-    if (slot == kForeignPage)
+    const bool is_foreign = page == kNoPage && value.isValid();
+    if (pages.At(row_) == kForeignPage)
         ptr_extras_->map_others_.remove(qMakePair(0, kPageTagRole));
-    slot = page;
-    if (page != kNoPage || !value.isValid())
-        return;
-    Extras().map_others_.insert(qMakePair(0, kPageTagRole), value);
-    slot = kForeignPage;
+    if (is_foreign)
+        Extras().map_others_.insert(qMakePair(0, kPageTagRole), value);
+    pages.Set(row_, is_foreign ? kForeignPage : page);
 }
 
 QVariant CTreeViewItem::Data(int column, int role) const
 {
     if (IsText(role))
         return column >= 0 && column < texts_.Count() ? QVariant(texts_.Text(column)) : QVariant();
-    const int *const page = PageSlot(column, role);
-    if (page && *page > 0)
-        return PageTag(*page);
+    const CRowPages *const pages = PagesFor(column, role);
+    if (pages && pages->At(row_) > 0)
+        return PageTag(pages->At(row_));
     return ptr_extras_ ? ptr_extras_->map_others_.value(qMakePair(column, role)) : QVariant();
 }
 
@@ -60,8 +57,8 @@ void CTreeViewItem::SetData(int column, int role, const QVariant &value)
 {
     if (column < 0)
         return;
-    if (int *const page = PageSlot(column, role)) {
-        SetPage(*page, value);
+    if (CRowPages *const pages = PagesFor(column, role)) {
+        SetPage(*pages, value);
         return;
     }
     if (!IsText(role)) {

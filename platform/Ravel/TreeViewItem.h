@@ -11,6 +11,7 @@
 
 namespace Ravel {
 
+class CRowPages;
 struct CTreeViewItemExtras;
 
 /// \brief One row of a CTreeViewModel: a text a column, data of other roles, and rows below it.
@@ -60,8 +61,8 @@ private:
     friend struct CTreeViewModelPtr;
 
     CTreeViewItemExtras &Extras();
-    int *PageSlot(int column, int role) const;
-    void SetPage(int &slot, const QVariant &value);
+    CRowPages *PagesFor(int column, int role) const;
+    void SetPage(CRowPages &pages, const QVariant &value);
 
     // No private object: it would be one more piece of memory a row.
     CTextBlock texts_;

@@ -14,11 +14,6 @@
 #include <mutex>
 
 namespace Ravel {
-namespace {
-
-constexpr size_t kRowsAhead = 24;
-
-} // namespace
 
 CTreeViewModel::CTreeViewModel(QObject *parent)
     : QAbstractItemModel(parent), d_ptr_(std::make_unique<CTreeViewModelPtr>())
@@ -39,6 +34,7 @@ void CTreeViewModel::SetHorizontalHeaderLabels(const QStringList &labels)
         const auto lock = d_ptr_->ForChange();
         d_ptr_->list_labels_ = labels;
     }
+    d_ptr_->ForgetLetters(0);
     d_ptr_->ptr_ranks_->Forget();
     endResetModel();
 }
@@ -65,8 +61,7 @@ bool CTreeViewModel::InsertTopLevelItems(int row, const QList<CTreeViewItem *> &
         std::rotate(rows.begin() + row, rows.begin() + static_cast<std::ptrdiff_t>(place),
                     rows.end());
     }
-    auto &pages = d_ptr_->vec_pages_;
-    pages.insert(pages.begin() + row, static_cast<size_t>(items.size()), kNoPage);
+    d_ptr_->pages_.Insert(row, items.size());
     d_ptr_->ForgetLetters(row);
     d_ptr_->Renumber(d_ptr_->root_, row + items.size());
     if (has_extras)
@@ -104,23 +99,7 @@ bool CTreeViewModel::Accepts(int row, const CRowFilter &filter) const
 
 CRowSet CTreeViewModel::AcceptedRows(const CRowFilter &filter, const CRowSet *within) const
 {
-    if (auto ranked = d_ptr_->AcceptedByRanks(filter); ranked && !within)
-        return *std::move(ranked);
-    const auto &rows = d_ptr_->Rows();
-    CRowSet accepted(static_cast<int>(rows.size()));
-    const int columns = d_ptr_->list_labels_.size();
-    const std::vector<int> candidates = d_ptr_->Candidates(filter, within);
-    for (size_t i = 0; i < candidates.size(); ++i) {
-        // Rows are anywhere in memory: fetch a row's item and then its texts some rows ahead.
-        const size_t ahead = i + kRowsAhead;
-        if (ahead + kRowsAhead < candidates.size()) {
-            Prefetch(rows[static_cast<size_t>(candidates[ahead + kRowsAhead])].get());
-            rows[static_cast<size_t>(candidates[ahead])]->texts_.Prefetch();
-        }
-        if (filter.Accepts(rows[static_cast<size_t>(candidates[i])]->texts_, columns))
-            accepted.Add(candidates[i]);
-    }
-    return accepted;
+    return d_ptr_->Accepted(filter, within);
 }
 
 std::shared_ptr<const CTextRanks> CTreeViewModel::Ranks(int column) const
@@ -160,19 +139,8 @@ quint64 CTreeViewModel::TextsVersion() const
 
 bool CTreeViewModel::SetPages(const CRowOrder &order, int first_place, int rows_per_page)
 {
-    const int count = std::min(order.Count(), rowCount());
-    const int step = std::max(1, rows_per_page);
-    bool is_changed = false;
-    for (int begin = first_place; begin < count;) {
-        const int page = begin / step + 1;
-        const int end = static_cast<int>(std::min(qint64{page} * step, qint64{count}));
-        const int *const rows = order.Rows();
-        const bool is_other =
-            rows ? d_ptr_->WritePage(rows + begin, end - begin, page)
-                 : d_ptr_->WritePage(order.RowAt(begin), order.RowAt(begin) + end - begin, page);
-        is_changed = is_changed || is_other;
-        begin = end;
-    }
+    const bool is_changed = d_ptr_->pages_.Cut(order, first_place, std::max(1, rows_per_page),
+                                               [this](int row) { d_ptr_->DropForeign(row); });
     d_ptr_->pages_version_ += is_changed ? 1 : 0;
     return is_changed;
 }
@@ -190,7 +158,7 @@ quint64 CTreeViewModel::PagesVersion() const
 
 const std::vector<int> &CTreeViewModel::Pages() const
 {
-    return d_ptr_->vec_pages_;
+    return d_ptr_->pages_.List();
 }
 
 // An index carries the item above: top-level ones, asked for by the million, touch no item.
@@ -199,9 +167,8 @@ QModelIndex CTreeViewModel::index(int row, int column, const QModelIndex &parent
     if (row < 0 || column < 0 || column >= d_ptr_->list_labels_.size())
         return {};
     if (!parent.isValid())
-        return static_cast<size_t>(row) < d_ptr_->vec_pages_.size()
-                   ? createIndex(row, column, &d_ptr_->root_)
-                   : QModelIndex();
+        return row < d_ptr_->pages_.Count() ? createIndex(row, column, &d_ptr_->root_)
+                                            : QModelIndex();
     if (parent.column() != 0)
         return {};
     CTreeViewItem *const above = ItemFromIndex(parent);
@@ -243,7 +210,7 @@ bool CTreeViewModel::setData(const QModelIndex &index, const QVariant &value, in
         ItemFromIndex(index)->SetData(index.column(), role, value);
     }
     if (is_text) {
-        d_ptr_->ReadLetters(*ItemFromIndex(index));
+        d_ptr_->UpdateLetters(*ItemFromIndex(index));
         d_ptr_->ptr_ranks_->Forget();
     }
     d_ptr_->pages_version_ += role == kPageTagRole ? 1 : 0;
@@ -279,8 +246,7 @@ bool CTreeViewModel::removeRows(int row, int count, const QModelIndex &parent)
         rows.erase(rows.begin() + row, rows.begin() + row + count);
     }
     if (!parent.isValid()) {
-        auto &pages = d_ptr_->vec_pages_;
-        pages.erase(pages.begin() + row, pages.begin() + row + count);
+        d_ptr_->pages_.Remove(row, count);
         d_ptr_->ForgetLetters(row);
         d_ptr_->b_tree_ = d_ptr_->b_tree_ && !rows.empty();
     }

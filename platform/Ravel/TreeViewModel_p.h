@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Ravel/RowPages.h"
 #include "Ravel/TextAccess.h"
 #include "Ravel/TreeViewItem.h"
 #include "Ravel/TreeViewItem_p.h"
@@ -10,7 +11,6 @@
 
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <vector>
 
 namespace Ravel {
@@ -18,12 +18,13 @@ namespace Ravel {
 class CRankKeeper;
 class CRowFilter;
 class CRowSet;
+class CTextRanks;
 
 struct CTreeViewModelPtr
 {
     CTreeViewModelPtr()
     {
-        root_.Extras().ptr_pages_ = &vec_pages_;
+        root_.Extras().ptr_pages_ = &pages_;
         ptr_access_->rows = &Rows();
     }
     ~CTreeViewModelPtr()
@@ -45,17 +46,21 @@ struct CTreeViewModelPtr
     void Renumber(CTreeViewItem &above, int first);
     void AdoptPages(int first, int count);
     void DropForeign(int row);
-    std::vector<int> Candidates(const CRowFilter &filter, const CRowSet *within);
-    void ReadLetters(const CTreeViewItem &item);
+    quint64 LettersOf(const CTreeViewItem &item) const;
+    void ReadLetters();
+    void UpdateLetters(const CTreeViewItem &item);
     void ForgetLetters(int first);
-    std::optional<CRowSet> AcceptedByRanks(const CRowFilter &filter);
-    bool WritePage(int begin, int end, int page);
-    bool WritePage(const int *rows, int count, int page);
+    CRowSet Accepted(const CRowFilter &filter, const CRowSet *within);
+    CRowSet Candidates(const CRowFilter &filter, const CRowSet *within);
+    void AskRanks(const CRowFilter &filter, CRowSet &left, CRowSet &accepted);
+    CRowSet HitsByRank(const CRowFilter &filter, const CRowSet &rows, int column,
+                       const CTextRanks &ranks);
+    CRowSet AcceptedByTexts(const CRowFilter &filter, const CRowSet &rows);
 
     CTreeViewItem root_; // above the top-level items; never shown
     QStringList list_labels_;
-    std::vector<int> vec_pages_; // of the top-level rows
-    // CTextBlock::Letters() of the first top-level rows, side by side; read on demand.
+    CRowPages pages_;
+    // LettersOf() the first top-level rows, side by side; read for the first keyword.
     std::vector<quint64> vec_letters_;
     bool b_tree_ = false;
     bool b_changing_rows_ = false;

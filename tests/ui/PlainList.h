@@ -21,8 +21,9 @@ public:
     };
     using Rows = std::vector<Row>; ///< a model's, in its order
 
-    Rows *source = nullptr; ///< null: no model
-    std::vector<int> all;   ///< ids of the source, sorted
+    static constexpr int kColumns = 3; ///< of every model; texts beyond them do not count
+    Rows *source = nullptr;            ///< null: no model
+    std::vector<int> all;              ///< ids of the source, sorted
     std::vector<int> shown; ///< those that pass the filter, as the keyword proxy has them
     std::vector<int> page;  ///< those on the page
     QStringList signals_;
@@ -189,8 +190,9 @@ private:
                        : !lists_[i].contains(text))
                 return false;
         }
+        const QStringList texts = row.texts.mid(0, kColumns);
         return keyword_.isEmpty()
-               || std::any_of(row.texts.begin(), row.texts.end(),
+               || std::any_of(texts.begin(), texts.end(),
                               [this](const QString &text) { return text.contains(keyword_); });
     }
     void Refilter()
