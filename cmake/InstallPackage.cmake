@@ -1,15 +1,22 @@
 # SPDX-License-Identifier: MIT
-# What find_package(Vantor) needs: the exported targets, the config file and its version file.
+# What find_package(Vantor) needs: the exported targets, the config file and its version file; and
+# what pkg-config needs.
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Vantor)
-install(EXPORT VantorTargets NAMESPACE Vantor:: DESTINATION ${package_dir})
+install(EXPORT VantorTargets NAMESPACE Vantor:: DESTINATION ${package_dir} COMPONENT dev)
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/VantorConfig.cmake.in
     ${PROJECT_BINARY_DIR}/VantorConfig.cmake INSTALL_DESTINATION ${package_dir})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/VantorConfigVersion.cmake
     COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/VantorConfig.cmake ${PROJECT_BINARY_DIR}/VantorConfigVersion.cmake
-    DESTINATION ${package_dir})
+    DESTINATION ${package_dir} COMPONENT dev)
+file(RELATIVE_PATH pc_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+configure_file(${PROJECT_SOURCE_DIR}/cmake/vantor.pc.in ${PROJECT_BINARY_DIR}/vantor.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/vantor.pc
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
 # What the headers refer to.
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}
-    FILES_MATCHING PATTERN "*.md" PATTERN images EXCLUDE)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev
+    FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN examples EXCLUDE)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
+# A package has both under the names that its distribution wants.
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CHANGELOG.md
-    DESTINATION ${CMAKE_INSTALL_DOCDIR})
+    DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT about)

@@ -11,6 +11,10 @@ if(NOT DOXYGEN_FOUND OR NOT VANTOR_QHELPGENERATOR OR NOT Python3_FOUND)
     return()
 endif()
 
+# It runs for each file: not through a version manager's script.
+execute_process(COMMAND ${Python3_EXECUTABLE} -c "import sys; print(sys.executable, end='')"
+    OUTPUT_VARIABLE python COMMAND_ERROR_IS_FATAL ANY)
+
 set(reference ${PROJECT_BINARY_DIR}/reference)
 set(headers "")
 foreach(target vantor_base vantor_platform vantor)
@@ -38,8 +42,8 @@ set(DOXYGEN_EXPAND_ONLY_PREDEF YES)
 set(DOXYGEN_PREDEFINED
     VANTOR_EXPORT= VANTOR_PLATFORM_EXPORT= VANTOR_BASE_EXPORT= "Q_DECLARE_TR_FUNCTIONS(x)=" "Q_DISABLE_COPY(x)=")
 set(DOXYGEN_FILTER_PATTERNS 
-    "*.h=${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/cmake/reference-filter.py"
-    "*.md=${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/cmake/reference-filter.py")
+    "*.h=${python} ${PROJECT_SOURCE_DIR}/cmake/reference-filter.py"
+    "*.md=${python} ${PROJECT_SOURCE_DIR}/cmake/reference-filter.py")
 set(DOXYGEN_SEARCH_INCLUDES NO)
 set(DOXYGEN_SORT_MEMBER_DOCS NO)
 set(DOXYGEN_SORT_BRIEF_DOCS NO)

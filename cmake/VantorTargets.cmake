@@ -40,10 +40,11 @@ function(vantor_library target)
         INSTALL_RPATH $ORIGIN
         VERIFY_INTERFACE_HEADER_SETS ON)
     target_compile_features(${target} PUBLIC cxx_std_17)
+    # The components are the packages: runtime, dev, client, server.
     install(TARGETS ${target} EXPORT VantorTargets
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
-        FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vantor)
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT dev
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
+        FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vantor COMPONENT dev)
 endfunction()
 
 # A test program from <name>.cpp, offscreen.
@@ -95,4 +96,37 @@ function(vantor_add_fuzzer name)
     vantor_compile_options(${name})
     target_link_libraries(${name} PRIVATE ${ARGN})
     target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+endfunction()
+
+# vantor_man_page(<program> COMPONENT c SECTION n SUMMARY text [INCLUDE file]): what --help and --version say, as a
+# manual page, where help2man is installed.
+function(vantor_man_page program)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "COMPONENT;SECTION;SUMMARY;INCLUDE" "")
+    find_program(VANTOR_HELP2MAN help2man)
+    if(NOT VANTOR_HELP2MAN)
+        if(VANTOR_BUILD_DOCS)
+            message(FATAL_ERROR "The man pages need help2man")
+        endif()
+        return()
+    endif()
+    set(page ${PROJECT_BINARY_DIR}/man/${program}.${arg_SECTION})
+    add_custom_command(OUTPUT ${page}
+        COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/man
+        COMMAND ${CMAKE_COMMAND} -E env LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen
+            ${VANTOR_HELP2MAN} --no-info --section=${arg_SECTION} --name=${arg_SUMMARY}
+            --source=Vantor --include=${arg_INCLUDE} --output=${page} $<TARGET_FILE:${program}>
+        DEPENDS ${program} ${arg_INCLUDE}
+        COMMENT "Writing ${program}.${arg_SECTION}"
+        VERBATIM)
+    if(NOT TARGET man)
+        add_custom_target(man)
+    endif()
+    if(VANTOR_BUILD_DOCS)
+        add_custom_target(man_${program} ALL DEPENDS ${page})
+    else()
+        add_custom_target(man_${program} DEPENDS ${page})
+    endif()
+    add_dependencies(man man_${program})
+    install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man${arg_SECTION}
+        COMPONENT ${arg_COMPONENT} OPTIONAL)
 endfunction()

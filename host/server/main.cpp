@@ -220,20 +220,39 @@ int ReadOptions(const QCommandLineParser &parser, const Options &names,
     return 0;
 }
 
+QString HelpText(const QCommandLineParser &parser)
+{
+    // Qt writes the path that the program was started with.
+    const QString path = QCoreApplication::arguments().constFirst();
+    QString help = parser.helpText();
+    if (const int at = help.indexOf(path); at >= 0)
+        help.replace(at, path.size(), QCoreApplication::applicationName());
+    return help
+           + QStringLiteral("\nExit status:\n"
+                            "  0  It was ended by SIGINT or SIGTERM, or has done what was asked.\n"
+                            "  1  It could not start, or a file or the database failed.\n"
+                            "  2  The options are wrong.\n");
+}
+
 int Run()
 {
     Options names;
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Management server of the desktop client: accounts, layouts, incidents."));
-    parser.addHelpOption();
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Show this help."));
     parser.addVersionOption();
-    parser.addOptions({names.port, names.address, names.data, names.database, names.copy,
+    parser.addOptions({help, names.port, names.address, names.data, names.database, names.copy,
                        names.seed, names.account, names.certificate, names.key, names.plain,
                        names.samples});
     parser.addPositionalArgument(QStringLiteral("FROM TO"), QStringLiteral("With --copy."),
                                  QStringLiteral("[FROM TO]"));
     parser.process(*qApp);
+    if (parser.isSet(help)) {
+        std::fputs(qPrintable(HelpText(parser)), stdout);
+        return 0;
+    }
 
     Server::ServerOptions options;
     const int status = ReadOptions(parser, names, options);

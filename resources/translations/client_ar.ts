@@ -340,6 +340,26 @@
 <context>
     <name>CommandLine</name>
     <message>
+        <source>All is done.</source>
+        <translation>تم كل شيء.</translation>
+    </message>
+    <message>
+        <source>A file could not be read or written.</source>
+        <translation>تعذرت قراءة ملف أو كتابته.</translation>
+    </message>
+    <message>
+        <source>The options are wrong.</source>
+        <translation>الخيارات خاطئة.</translation>
+    </message>
+    <message>
+        <source>SIGINT or SIGTERM ended an export.</source>
+        <translation>أنهت الإشارة SIGINT أو SIGTERM عملية تصدير.</translation>
+    </message>
+    <message>
+        <source>Exit status:</source>
+        <translation>رمز الخروج:</translation>
+    </message>
+    <message>
         <source>--server takes [https://]HOST:PORT, not “%1”.</source>
         <translation>يأخذ ‎--server القيمة [https://]HOST:PORT وليس “%1”.</translation>
     </message>

@@ -336,6 +336,26 @@
 <context>
     <name>CommandLine</name>
     <message>
+        <source>All is done.</source>
+        <translation>All is done.</translation>
+    </message>
+    <message>
+        <source>A file could not be read or written.</source>
+        <translation>A file could not be read or written.</translation>
+    </message>
+    <message>
+        <source>The options are wrong.</source>
+        <translation>The options are wrong.</translation>
+    </message>
+    <message>
+        <source>SIGINT or SIGTERM ended an export.</source>
+        <translation>SIGINT or SIGTERM ended an export.</translation>
+    </message>
+    <message>
+        <source>Exit status:</source>
+        <translation>Exit status:</translation>
+    </message>
+    <message>
         <source>--server takes [https://]HOST:PORT, not “%1”.</source>
         <translation>--server takes [https://]HOST:PORT, not “%1”.</translation>
     </message>

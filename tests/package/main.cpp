@@ -1,26 +1,36 @@
 // SPDX-License-Identifier: MIT
-#include <Vantor/CCSVParser>
-#include <Vantor/CStyleManager>
+#include <Ravel/TreeViewItem.h>
+#include <Ravel/TreeViewModel.h>
+#include <Vantor/CListExport>
+#include <Vantor/CMutiPageWidget>
 
-#include <QtCore/QFile>
 #include <QtWidgets/QApplication>
 
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
-    app.setStyleSheet("Vantor--CStyleManager { qproperty-BrandColor: #2F6FED; }");
-    const auto &style = Nim::Base::CSingleton<Vantor::CStyleManager>::Instance();
+    Ravel::CTreeViewModel model;
+    model.SetHorizontalHeaderLabels({"Door", "State"});
 
-    QFile file(app.arguments().value(1));
-    Vantor::CCSVParser parser(nullptr);
-    if (!parser.OpenFile(file.fileName()))
-        qFatal("cannot write %s", qPrintable(file.fileName()));
-    parser.AppendLine({"Door 7", "open", style.BrandColor().name()});
-    parser.WriteCSVFile();
-    parser.CloseFile();
+    Vantor::CMutiPageWidget list;
+    list.SetPageSeen(true);      // the number of pages is known
+    list.SetFilterEnabled(true); // the widget cuts the rows into pages
+    list.SetModel(&model);
+    QList<Ravel::CTreeViewItem *> doors;
+    for (int door = 1; door <= 1000; ++door)
+        doors.append(new Ravel::CTreeViewItem({QString("Door %1").arg(door), "closed"}));
+    list.AddTopLevelItems(doors); // the model owns them from now on
+    list.resize(640, 480);
+    list.show();
 
-    const bool is_open = file.open(QIODevice::ReadOnly);
-    const QByteArray bytes = file.readAll();
-    qInfo("%s: %s", argv[1], bytes.constData());
-    return is_open && bytes == "\xEF\xBB\xBF\"Door 7\",\"open\",\"#2f6fed\"\r\n" ? 0 : 1;
+    Vantor::CListExport job;
+    QObject::connect(
+        &job, &Vantor::CListExport::SignalFinished, [](const Vantor::ListExportResult &result) {
+            qInfo("%d rows in %s", result.rows, qPrintable(result.path));
+            QApplication::exit(result.end == Vantor::ListExportResult::End::Done ? 0 : 1);
+        });
+    job.SetModel(&model);
+    if (argc > 1)
+        job.Start(app.arguments().at(1)); // a name with ".csv" or ".xlsx"
+    return QApplication::exec();
 }

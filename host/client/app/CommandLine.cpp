@@ -16,6 +16,8 @@
 namespace Client {
 namespace {
 
+constexpr int kStatusColumn = 10; // characters
+
 struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(CommandLine)
@@ -95,6 +97,17 @@ QString HelpText(const QCommandLineParser &parser)
     QString help = parser.helpText();
     if (const int at = help.indexOf(path); at >= 0)
         help.replace(at, path.size(), QCoreApplication::applicationName());
+    const QLatin1String indent("  ");
+    const QPair<const char *, QString> statuses[] = {
+        {"0", Texts::tr("All is done.")},
+        {"1", Texts::tr("A file could not be read or written.")},
+        {"2", Texts::tr("The options are wrong.")},
+        {"130, 143", Texts::tr("SIGINT or SIGTERM ended an export.")},
+    };
+    help += QLatin1Char('\n') + Texts::tr("Exit status:") + QLatin1Char('\n');
+    for (const auto &[status, text] : statuses)
+        help += indent + QString::fromLatin1(status).leftJustified(kStatusColumn) + text
+                + QLatin1Char('\n');
     return help;
 }
 

@@ -13,6 +13,7 @@
 
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QSettings>
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
 #include <csignal>
@@ -126,5 +127,8 @@ int main(int argc, char **argv)
     QApplication::setOrganizationName(QStringLiteral("Vantor"));
     QApplication::setApplicationName(QStringLiteral("vantor-client"));
     QApplication::setApplicationVersion(QStringLiteral(VANTOR_CLIENT_VERSION));
+    // Wayland takes the window's icon from the desktop file of that name, X11 from the window.
+    QApplication::setDesktopFileName(QStringLiteral("org.vantor.Client"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/Client/Icons/vantor-client.svg")));
     return Run(has_window);
 }
