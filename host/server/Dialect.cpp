@@ -23,8 +23,9 @@ constexpr Difference kDifferences[] = {
     {"{text}", "TEXT", "TEXT COLLATE \"C\""},
     {"{blob}", "BLOB", "BYTEA"},
     {"{without rowid}", "WITHOUT ROWID", ""},
+    // Not to_regclass(), which may not have heard of a table that another one has just made.
     {"{has table}", "SELECT 1 FROM sqlite_master WHERE name = ?",
-     "SELECT 1 WHERE to_regclass(CAST(? AS TEXT)) IS NOT NULL"},
+     "SELECT 1 FROM pg_class WHERE relname = CAST(? AS TEXT) AND pg_table_is_visible(oid)"},
     // Values.
     {"{layout bytes}", "length(CAST(text AS BLOB)) + length(CAST(name AS BLOB))",
      "octet_length(text) + octet_length(name)"},

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "server/ServerHarness.h"
 
+#include <server/Store.h>
+#include <unistd.h>
+
 #include <QtCore/QFile>
 
 using BusinessCommon::CNetCommManager;
@@ -31,8 +34,20 @@ bool LogIn(const std::string &user, const std::string &password)
     return !session.empty();
 }
 
-CTestServer::CTestServer(QString data_path)
-    : data_path_(data_path.isEmpty() ? folder_.filePath("server.sqlite") : std::move(data_path))
+QString NewDatabase(const QString &folder)
+{
+    static std::atomic<int> number{0};
+    const QString name = QString("test_%1_%2").arg(getpid()).arg(++number);
+    const QString postgres = qEnvironmentVariable("VANTOR_TEST_DATABASE");
+    if (postgres.isEmpty())
+        return folder + '/' + name + ".sqlite";
+    Server::CStore(Server::ReadStoreAddress(postgres + "/postgres"))
+        .Execute("CREATE DATABASE " + name);
+    return postgres + '/' + name;
+}
+
+CTestServer::CTestServer(QString database)
+    : database_(database.isEmpty() ? NewDatabase(folder_.path()) : std::move(database))
 {
     QFile seed(folder_.filePath("seed.csv"));
     if (seed.open(QIODevice::WriteOnly)) {
@@ -48,7 +63,7 @@ CTestServer::CTestServer(QString data_path)
 QString CTestServer::Start(int port)
 {
     Server::ServerOptions options;
-    options.database = DataPath();
+    options.database = Database();
     options.seed_path = folder_.filePath("seed.csv");
     options.port = port;
     options.clock = [this] { return now_s.load(); };

@@ -35,13 +35,17 @@ Answered Ask(const std::string &method, const std::string &path, const std::stri
 /// \brief Log \a user in and set the session. \return false when the server refuses.
 bool LogIn(const std::string &user, const std::string &password);
 
+/// \brief An empty database: a file in \a folder, or one of the PostgreSQL server that the variable
+/// VANTOR_TEST_DATABASE names.
+QString NewDatabase(const QString &folder);
+
 /// \brief A seeded server in this process, with a folder and a clock of its own, that the client's
 /// exchange talks to.
 class CTestServer
 {
 public:
-    /// \param data_path of the database; empty: in a folder of its own.
-    explicit CTestServer(QString data_path = {});
+    /// \param database a file or URL; empty: a new one.
+    explicit CTestServer(QString database = {});
 
     /// \return an empty text, or why it cannot.
     QString Start(int port = 0);
@@ -50,7 +54,7 @@ public:
     void Stop() { server_.reset(); }
     bool IsRunning() const { return server_ != nullptr; }
     int Port() const { return server_->Port(); }
-    QString DataPath() const { return data_path_; }
+    QString Database() const { return database_; }
     /// \brief The audit log so far, each line as "level text".
     QStringList AuditLines() const;
 
@@ -58,7 +62,7 @@ public:
 
 private:
     QTemporaryDir folder_;
-    const QString data_path_;
+    const QString database_;
     mutable std::mutex mutex_;
     QStringList audit_; // under the mutex
     std::unique_ptr<Server::CServer> server_;
