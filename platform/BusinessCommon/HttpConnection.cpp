@@ -2,6 +2,7 @@
 #include "BusinessCommon/HttpConnection.h"
 
 #include "BusinessCommon/NetErrors.h"
+#include "BusinessCommon/NetStop.h"
 #include "ClientComm/RapidJsonProto.h"
 #include "Nim/Base/Encrypt.h"
 #include "Nim/Base/SecretText.h"
@@ -85,6 +86,7 @@ struct Transfer
     int head_lines = 0;
     bool is_connected = false;
     bool is_too_large = false;
+    const CNetStop *stop = nullptr;      // may be null
     std::atomic<bool> is_aborted{false}; // by any thread
 };
 
@@ -261,6 +263,8 @@ int Run(Transfer &transfer)
 {
     constexpr auto kLook = std::chrono::milliseconds(1000); // a wake-up comes at once
     const CActiveGuard guard(transfer);
+    if (transfer.stop && transfer.stop->IsStopped()) // before it could be found
+        return kNetBroken;
     for (;;) {
         int running = 0;
         if (curl_multi_perform(transfer.multi, &running) != CURLM_OK)
@@ -329,12 +333,12 @@ CHttpConnection::~CHttpConnection()
 }
 
 bool CHttpConnection::Exchange(ClientComm::ClientRecvInfo &recv,
-                               const ClientComm::ClientSendInfo &send, const std::string &session)
+                               const ClientComm::ClientSendInfo &send, const NetTask &task)
 {
     Nim::Base::Encrypt::Wipe(recv.Receive_Data);
     long status = 0;
     int code = kNetBadRequest;
-    if (CanBeSent(send, session)) {
+    if (CanBeSent(send, task.session)) {
         const Easy easy(curl_easy_init());
         if (!easy)
             throw std::bad_alloc();
@@ -342,8 +346,9 @@ bool CHttpConnection::Exchange(ClientComm::ClientRecvInfo &recv,
         transfer.multi = multi_;
         transfer.body = &recv.Receive_Data;
         transfer.read_time = server_.read_time;
+        transfer.stop = task.stop;
         transfer.deadline = Clock::now() + server_.connect_time + server_.read_time;
-        const List headers = HeadersOf(send, session);
+        const List headers = HeadersOf(send, task.session);
         SetServer(easy.get(), server_);
         SetRequest(easy.get(), send, headers.get(), TargetOf(send.URL));
         SetReply(easy.get(), transfer);
@@ -361,10 +366,12 @@ bool CHttpConnection::Exchange(ClientComm::ClientRecvInfo &recv,
     return true;
 }
 
-void AbortAllExchanges()
+void AbortExchanges(const CNetStop *stop)
 {
     const std::lock_guard<std::mutex> lock(CurrentActive().mutex);
     for (Transfer *const transfer : CurrentActive().transfers) {
+        if (stop && transfer->stop != stop)
+            continue;
         transfer->is_aborted = true;
         curl_multi_wakeup(transfer->multi);
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ClientComm/ClientInfo.h>
+#include "BusinessCommon/NetExchange.h"
 
 #include <chrono>
 #include <string>
@@ -35,14 +35,15 @@ public:
 
     /// \brief One request and its reply, see CNetCommManager::ClientSynSend().
     bool Exchange(ClientComm::ClientRecvInfo &recv, const ClientComm::ClientSendInfo &send,
-                  const std::string &session);
+                  const NetTask &task);
 
 private:
     const NetServer server_;
     void *const multi_; // libcurl's, with the connection that is kept
 };
 
-/// \brief Break off every exchange under way, on every thread. Any thread.
-void AbortAllExchanges();
+/// \brief Break off the exchanges under way that have \a stop, or all of them when it is null, on
+/// every thread. Any thread.
+void AbortExchanges(const CNetStop *stop);
 
 } // namespace BusinessCommon

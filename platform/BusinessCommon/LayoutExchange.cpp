@@ -52,7 +52,7 @@ Param FailedLayout(int code)
 Param ExchangeLayout(const AdaptiveLayout &layout, const std::string &session)
 {
     ClientComm::CClientRecvInfo recv;
-    const bool is_answered = ExchangeAs(session, recv, RequestFor(layout));
+    const bool is_answered = ExchangeAs({session}, recv, RequestFor(layout));
     const Nim::Base::Error::ErrorCode error = recv.GetVal_Error_code();
     Param param;
     param.error_code = {error.module_code, error.error_code};

@@ -4,6 +4,7 @@
 #include "BusinessCommon/ApplicationEnd.h"
 #include "BusinessCommon/HttpConnection.h"
 #include "BusinessCommon/NetExchange.h"
+#include "BusinessCommon/NetStop.h"
 #include "Nim/Base/Log.h"
 #include "Nim/Base/Replaceable.h"
 #include "Nim/Base/SecretText.h"
@@ -21,8 +22,8 @@ namespace {
 
 using ClientComm::CClientRecvInfo;
 using ClientComm::CClientSendInfo;
-using CTransport = Nim::Base::CReplaceable<bool(const std::string &session, CClientRecvInfo &,
-                                                const CClientSendInfo &)>;
+using CTransport =
+    Nim::Base::CReplaceable<bool(const NetTask &, CClientRecvInfo &, const CClientSendInfo &)>;
 
 // What every thread asks for when it sends; all under the mutex.
 struct Settings
@@ -54,13 +55,13 @@ NetServer CurrentServer()
     return settings.server;
 }
 
-bool SendByHttp(const std::string &session, CClientRecvInfo &recv, const CClientSendInfo &send)
+bool SendByHttp(const NetTask &task, CClientRecvInfo &recv, const CClientSendInfo &send)
 {
     thread_local std::unique_ptr<CHttpConnection> connection;
     const NetServer server = CurrentServer();
     if (!connection || !(connection->Server() == server))
         connection = std::make_unique<CHttpConnection>(server);
-    return connection->Exchange(*recv.GetDataPtr(), send.Read(), session);
+    return connection->Exchange(*recv.GetDataPtr(), send.Read(), task);
 }
 
 CTransport &CurrentTransport()
@@ -78,11 +79,16 @@ int CurrentServerNumber()
     return settings.server_number;
 }
 
-bool ExchangeAs(const std::string &session, CClientRecvInfo &recv, const CClientSendInfo &send)
+bool ExchangeAs(const NetTask &task, CClientRecvInfo &recv, const CClientSendInfo &send)
 {
     AtApplicationEnd(EndStep::BreakOff, CNetCommManager::Abort);
     try {
-        return (*CurrentTransport().Get())(session, recv, send);
+        const bool is_answered = (*CurrentTransport().Get())(task, recv, send);
+        if (!task.stop || !task.stop->IsStopped())
+            return is_answered;
+        recv.SetVal_Receive_Data({});
+        recv.SetVal_Error_code({kModuleNetwork, kNetBroken, kNetSubSystem});
+        return false;
     } catch (const std::exception &failure) {
         Nim::Base::Log::WriteFramed("BusinessCommon::CNetCommManager::ClientSynSend", __FILE__,
                                     __LINE__, Nim::Base::Log::kError, "ClientWarningAndMore",
@@ -96,13 +102,19 @@ bool ExchangeAs(const std::string &session, CClientRecvInfo &recv, const CClient
 bool CNetCommManager::ClientSynSend(CClientRecvInfo &recv, const CClientSendInfo &send,
                                     int /*flags*/)
 {
-    return ExchangeAs(Session(), recv, send);
+    return ExchangeAs({Session()}, recv, send);
 }
 
 bool CNetCommManager::ClientSynSendAs(const std::string &session, CClientRecvInfo &recv,
                                       const CClientSendInfo &send)
 {
-    return ExchangeAs(session, recv, send);
+    return ExchangeAs({session}, recv, send);
+}
+
+bool CNetCommManager::ClientSynSendUntil(const CNetStop &stop, CClientRecvInfo &recv,
+                                         const CClientSendInfo &send)
+{
+    return ExchangeAs({Session(), &stop}, recv, send);
 }
 
 void CNetCommManager::SetServer(const std::string &host, int port, bool tls,
@@ -150,13 +162,19 @@ void CNetCommManager::SetTransport(Transport transport)
         return;
     }
     CurrentTransport().Set([transport = std::move(transport)](
-                               const std::string &, CClientRecvInfo &recv,
+                               const NetTask &, CClientRecvInfo &recv,
                                const CClientSendInfo &send) { return transport(recv, send); });
 }
 
 void CNetCommManager::Abort()
 {
-    AbortAllExchanges();
+    AbortExchanges(nullptr);
+}
+
+void CNetStop::Stop()
+{
+    is_stopped_ = true;
+    AbortExchanges(this);
 }
 
 } // namespace BusinessCommon

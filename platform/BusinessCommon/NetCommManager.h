@@ -13,6 +13,7 @@
 namespace BusinessCommon {
 
 class CNetCommManager;
+class CNetStop;
 
 } // namespace BusinessCommon
 
@@ -58,6 +59,11 @@ public:
     /// \brief The same for \a session instead of the one that is set, for example to end it.
     bool ClientSynSendAs(const std::string &session, ClientComm::CClientRecvInfo &recv,
                          const ClientComm::CClientSendInfo &send);
+
+    /// \brief The same, until \a stop breaks it off. A transport that the host has set ends by
+    /// itself; what it brought is dropped then.
+    bool ClientSynSendUntil(const CNetStop &stop, ClientComm::CClientRecvInfo &recv,
+                            const ClientComm::CClientSendInfo &send);
 
     /// \brief Where to send; without it every exchange fails with kNetConnect.
     /// \param ca_file certificates to trust (PEM) instead of the system's; empty: the system's.

@@ -2,13 +2,23 @@
 #pragma once
 
 #include <ClientComm/ClientInfo.h>
+#include <Nim/Base/SecretText.h>
 
 #include <string>
 
 namespace BusinessCommon {
 
-/// \brief CNetCommManager::ClientSynSend() for the session \a session, whatever is set by now.
-bool ExchangeAs(const std::string &session, ClientComm::CClientRecvInfo &recv,
+class CNetStop;
+
+/// \brief On whose behalf an exchange happens.
+struct NetTask
+{
+    Nim::Base::SecretText session;  ///< whatever is set by now; empty: none
+    const CNetStop *stop = nullptr; ///< breaks it off; may be null
+};
+
+/// \brief CNetCommManager::ClientSynSend() for \a task.
+bool ExchangeAs(const NetTask &task, ClientComm::CClientRecvInfo &recv,
                 const ClientComm::CClientSendInfo &send);
 
 /// \brief Changes with every server that is set: requests with different numbers do not share their
