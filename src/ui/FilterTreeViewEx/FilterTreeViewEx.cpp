@@ -45,28 +45,28 @@ private:
 };
 
 // Pages are cut from the keyword proxy's order, so with paging on the rows of a page have no order
-// of their own. Qt sorts the view's model, though, when sorting is turned on, when the view gets
-// the model, and when a column is sorted again.
+// of their own, and neither have those that a host sorts. Qt sorts the view's model, though, when
+// sorting is turned on, when the view gets the model, and when a column is sorted again.
 class CPages : public CFilterProxyModelEx
 {
 public:
     using CFilterProxyModelEx::CFilterProxyModelEx;
 
-    void SetPaging(bool paging)
+    void SetSorted(bool sorted)
     {
-        if (paging && sortColumn() >= 0)
+        if (!sorted && sortColumn() >= 0)
             CFilterProxyModelEx::sort(-1);
-        b_paging_ = paging;
+        b_sorted_ = sorted;
     }
 
     void sort(int column, Qt::SortOrder order) override
     {
-        if (!b_paging_)
+        if (b_sorted_)
             CFilterProxyModelEx::sort(column, order);
     }
 
 private:
-    bool b_paging_ = true;
+    bool b_sorted_ = false;
 };
 
 // How many lists show the model, because each cuts it into its own pages.
@@ -95,6 +95,7 @@ struct CFilterTreeViewExDataPtr
     int row_height_px_ = 0;
     int rows_per_page_ = 1;
     bool b_paging_ = true;
+    bool b_sort_by_host_ = false; // counts with paging off only
     int total_pages_ = 1;
     bool b_adaptive_ = true;
     int last_height_px_ = -1; // of the view; below 0: it has not been laid out yet
@@ -236,7 +237,13 @@ int CFilterTreeViewEx::GetItemsPerPage() const
 void CFilterTreeViewEx::SetFilterEnabled(bool enabled)
 {
     d_ptr_->b_paging_ = enabled;
-    d_ptr_->ptr_page_proxy_->SetPaging(enabled);
+    d_ptr_->ptr_page_proxy_->SetSorted(!enabled && !d_ptr_->b_sort_by_host_);
+}
+
+void CFilterTreeViewEx::SetSortByHost(bool by_host)
+{
+    d_ptr_->b_sort_by_host_ = by_host;
+    d_ptr_->ptr_page_proxy_->SetSorted(!d_ptr_->b_paging_ && !by_host);
 }
 
 void CFilterTreeViewEx::SetSortRole(int role)

@@ -67,6 +67,10 @@ public:
     /// \brief Whether rows are cut into pages. Changes nothing that is shown: turned off, the last
     /// page stays in force.
     void SetFilterEnabled(bool enabled);
+    /// \brief Leave sorting to the host, for rows that come in the order of a server: a click into
+    /// the header only moves its arrow and emits SignalDataSort(). Only with paging off; the
+    /// default is false.
+    void SetSortByHost(bool by_host);
     /// \brief The role that lists with paging off are sorted by.
     void SetSortRole(int role);
     /// \brief Show the 1-based \a page, without a check of its range; only with paging on.
@@ -90,7 +94,8 @@ Q_SIGNALS:
     void SignalUpdateMaxMinPage(bool previousEnabled, bool nextEnabled);
     /// The view has another height, and the list has been cut for it.
     void SignalSizeChanged();
-    /// The user sorted the list; the paging pass follows.
+    /// The user sorted the list; the paging pass follows. With SetSortByHost(): the user asks for
+    /// the order that the header shows.
     void SignalDataSort();
 
 public Q_SLOTS:
