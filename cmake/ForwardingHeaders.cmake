@@ -65,6 +65,7 @@ set(VANTOR_FORWARDING_HEADERS
     "CRequestTimeZone common/TimeZoneRecords.h"
     "CResquestRSAKeyResult common/LoginData.h"
     "CRowSource controller/ListExport/RowSource.h"
+    "CRowStream controller/ListExport/RowStream.h"
     "CScreenStateManager controller/Screen/ScreenStateManager.h"
     "CSecondAuthentication ui/SecondAuthentication/SecondAuthentication.h"
     "CsheetFormat controller/Excel/ExcelRecords.h"

@@ -93,11 +93,11 @@ WriteFault NameFile(ExportJob &job)
 
 QString SystemText(int error)
 {
-    return error != 0 ? QString::fromLocal8Bit(std::strerror(error)) : QString();
+    return QString::fromLocal8Bit(std::strerror(error));
 }
 
-// `fault` none: it is done, unless it was cancelled.
-void EndJob(ExportJob &job, const WriteFault &fault)
+// `fault` none: it is done, unless it was cancelled. `words`: of what was thrown.
+void EndJob(ExportJob &job, const WriteFault &fault, const QString &words)
 {
     using End = ListExportResult::End;
     ListExportResult &result = job.result;
@@ -106,7 +106,7 @@ void EndJob(ExportJob &job, const WriteFault &fault)
     result.end = job.IsCancelled() ? End::Cancelled : fault.IsNone() ? End::Done : End::Failed;
     if (result.end == End::Failed) {
         result.reason = fault.reason;
-        result.system_text = SystemText(fault.error);
+        result.system_text = fault.error != 0 ? SystemText(fault.error) : words;
     }
     result.can_save_again = result.end == End::Failed && QFile::exists(job.built);
     if (!result.can_save_again) {
@@ -116,14 +116,20 @@ void EndJob(ExportJob &job, const WriteFault &fault)
     job.has_ended = true;
 }
 
+bool HasRow(const ExportJob &job, int row)
+{
+    return job.stream ? job.stream->HasRow(row) : row < job.source->RowCount();
+}
+
 RowSlice ReadSource(const ExportJob &job, int begin)
 {
     RowSlice slice;
-    slice.rows = std::min(kSliceRows, job.source->RowCount() - begin);
-    slice.cells.reserve(slice.rows * job.columns.size());
-    for (int row = begin; row < begin + slice.rows; ++row) {
+    const int end = begin + kSliceRows;
+    slice.cells.reserve(kSliceRows * job.columns.size());
+    for (int row = begin; row < end && !job.IsCancelled() && HasRow(job, row); ++row) {
         for (const int column : job.columns)
             slice.cells.append(job.source->Cell(row, column));
+        ++slice.rows;
     }
     return slice;
 }
@@ -153,9 +159,9 @@ WriteFault AppendAll(ExportJob &job, CRowWriter &writer)
         std::optional<RowSlice> slice;
         if (!job.source)
             slice = job.slices.Take();
-        else if (rows < job.source->RowCount())
+        else
             slice = ReadSource(job, rows);
-        if (!slice)
+        if (!slice || slice->rows == 0)
             break;
         const WriteFault fault = writer.Append(*slice);
         if (!fault.IsNone())
@@ -165,6 +171,7 @@ WriteFault AppendAll(ExportJob &job, CRowWriter &writer)
     }
     if (job.has_thrown)
         return {Reason::ListFailed, 0};
+    job.is_read = true;
     return {job.is_changed ? Reason::ListChanged : Reason::None, 0};
 }
 
@@ -214,16 +221,18 @@ WriteFault Write(ExportJob &job)
 template <class Body> void RunJob(ExportJob &job, Body write)
 {
     WriteFault fault{Reason::ListFailed, 0};
+    QString words;
     try {
         fault = write();
     } catch (const std::bad_alloc &) {
         fault = {Reason::NoMemory, ENOMEM};
     } catch (const std::exception &failure) {
+        words = QString::fromUtf8(failure.what());
         VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING, "Stopped by an exception: %s", failure.what());
     } catch (...) {
         VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING, "Stopped by an unknown exception.");
     }
-    EndJob(job, fault);
+    EndJob(job, fault, words);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "controller/ListExport/RowStream.h"
 #include "controller/ListExport/RowWriter.h"
 
 #include <QtCore/QTemporaryDir>
@@ -47,11 +48,13 @@ struct ExportJob
     ExportTitles titles;
     QVector<int> columns;                     // of the source
     std::shared_ptr<const CRowSource> source; // null: rows come through `slices`
+    const CRowStream *stream = nullptr;       // `source`, if it is one
     QString temporary_folder;
 
     CSliceQueue slices;
     std::atomic<Step> step{Step::Running};
     std::atomic<int> rows{0};              // written so far; by the worker
+    std::atomic<bool> is_read{false};      // by the worker, behind the last row
     std::atomic<bool> has_ended{false};    // by the worker, after `result`
     std::atomic<bool> is_changed{false};   // the list changed while it was read; by the GUI thread
     std::atomic<bool> has_thrown{false};   // the model threw; by the GUI thread

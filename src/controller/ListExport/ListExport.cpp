@@ -114,6 +114,7 @@ struct CListExportDataPtr
 
     void ReadSlices();
     [[nodiscard]] RowSlice ReadSlice(const QElapsedTimer &clock);
+    void FollowStream();
     [[nodiscard]] int SavingRows() const;
     [[nodiscard]] int Done();
 };
@@ -151,6 +152,17 @@ RowSlice CListExportDataPtr::ReadSlice(const QElapsedTimer &clock)
         ++read_;
     }
     return slice;
+}
+
+// The number of rows was a guess, or not known.
+void CListExportDataPtr::FollowStream()
+{
+    const bool is_read = ptr_job_->is_read;
+    const int rows = ptr_job_->rows;
+    if (is_read)
+        total_ = rows;
+    else if (total_ > 0)
+        total_ = std::max(total_, rows + 1);
 }
 
 int CListExportDataPtr::SavingRows() const
@@ -262,6 +274,7 @@ bool CListExport::Start(const QString &path, Format format)
             Fail(*job, Reason::UnknownFormat);
             return;
         }
+        job->stream = dynamic_cast<const CRowStream *>(job->source.get());
         if (job->source)
             d_ptr_->total_ = job->source->RowCount();
         else
@@ -375,7 +388,9 @@ void CListExport::OnTick()
     }
     if (!job->source)
         d_ptr_->ReadSlices();
-    if (d_ptr_->total_ > 0)
+    if (job->stream)
+        d_ptr_->FollowStream();
+    if (d_ptr_->total_ > 0 || job->stream)
         Q_EMIT SignalProgress(d_ptr_->Done(), d_ptr_->total_ + d_ptr_->SavingRows());
 }
 

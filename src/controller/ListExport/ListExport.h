@@ -57,7 +57,8 @@ public:
     /// \brief Export what \a view shows: its model, and the visible columns in the user's order as
     /// they are now. For tables and trees; other views export all columns.
     void SetView(const QAbstractItemView *view);
-    /// \brief Export the rows of \a source instead of a model's; null takes them away.
+    /// \brief Export the rows of \a source instead of a model's; null takes them away. A CRowStream
+    /// is read once, so each Start() wants a new one.
     void SetSource(std::shared_ptr<const CRowSource> source);
     /// \brief The columns to write, in this order; those that the list does not have are skipped.
     /// Empty: all of them.
@@ -88,7 +89,8 @@ public:
 
 Q_SIGNALS:
     /// Emitted now and then while an export runs. Both are in rows; \a total includes a share for
-    /// the time that saving a workbook takes. Cancel() and deletion are fine here.
+    /// the time that saving a workbook takes, and is 0 while a CRowStream does not know it.
+    /// Cancel() and deletion are fine here.
     void SignalProgress(int done, int total);
     /// Emitted once for each Start() and SaveAgain() that returned true, from the event loop.
     void SignalFinished(const Vantor::ListExportResult &result);

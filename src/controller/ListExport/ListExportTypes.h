@@ -66,9 +66,11 @@ struct ListExportResult
 
     End end = End::Failed;        ///< How it ended.
     Reason reason = Reason::None; ///< Why it failed.
-    QString system_text; ///< The system's words for the cause, in the local language; may be empty.
-    QString path;        ///< As given to Start() or SaveAgain().
-    int rows = 0;        ///< Rows that were written.
+    /// The system's words for the cause, in the local language, or those of what a row source
+    /// threw; may be empty.
+    QString system_text;
+    QString path;                ///< As given to Start() or SaveAgain().
+    int rows = 0;                ///< Rows that were written.
     bool can_save_again = false; ///< Whether SaveAgain() has a file to save.
     ExcelCloseNotes notes;       ///< What a workbook could not keep as it was given.
 };

@@ -17,8 +17,9 @@ enum class ExportColumnKind {
 
 /// \brief Rows of the host's for CListExport, where they are in no item model.
 ///
-/// All members are called on the export's worker thread, while the host goes on. So a source is a
-/// snapshot that does not change any more. What it throws ends the export with an error.
+/// All members are called on the export's worker thread, while the host goes on; RowCount() also by
+/// Start(). So a source is a snapshot that does not change any more; CRowStream is one that is read
+/// while it grows. What it throws ends the export with an error.
 class VANTOR_EXPORT CRowSource
 {
 public:
