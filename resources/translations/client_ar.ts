@@ -304,10 +304,26 @@
     </message>
 </context>
 <context>
-    <name>Client::CPageSource</name>
+    <name>ServerPages</name>
     <message>
         <source>The server did not send the page (error %1).</source>
         <translation>لم يُرسل الخادم الصفحة (الخطأ %1).</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached.</source>
+        <translation>يتعذر الوصول إلى الخادم.</translation>
+    </message>
+    <message>
+        <source>The server is busy.</source>
+        <translation>الخادم مشغول.</translation>
+    </message>
+    <message>
+        <source>The search took too long. Search for three characters or more.</source>
+        <translation>استغرق البحث وقتًا طويلًا. ابحث عن ثلاثة أحرف أو أكثر.</translation>
+    </message>
+    <message>
+        <source>The session has ended. Log in again.</source>
+        <translation>انتهت الجلسة. سجّل الدخول مرة أخرى.</translation>
     </message>
 </context>
 <context>
@@ -335,6 +351,64 @@
     <message>
         <source>Incidents</source>
         <translation>الحوادث</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>لم يُعثر على شيء</translation>
+    </message>
+    <message>
+        <source>Rows %1 to %2</source>
+        <translation>الصفوف من %1 إلى %2</translation>
+    </message>
+    <message>
+        <source>%1 of more than %2</source>
+        <translation>%1 من أكثر من %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 من %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln new</source>
+        <translation>
+            <numerusform>لا جديد</numerusform>
+            <numerusform>صف جديد واحد</numerusform>
+            <numerusform>صفان جديدان</numerusform>
+            <numerusform>%Ln صفوف جديدة</numerusform>
+            <numerusform>%Ln صفًا جديدًا</numerusform>
+            <numerusform>%Ln صف جديد</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>More than %Ln new</source>
+        <translation>
+            <numerusform>صفوف جديدة</numerusform>
+            <numerusform>أكثر من صف جديد واحد</numerusform>
+            <numerusform>أكثر من صفين جديدين</numerusform>
+            <numerusform>أكثر من %Ln صفوف جديدة</numerusform>
+            <numerusform>أكثر من %Ln صفًا جديدًا</numerusform>
+            <numerusform>أكثر من %Ln صف جديد</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show the newest rows first</source>
+        <translation>عرض أحدث الصفوف أولًا</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>إعادة المحاولة</translation>
+    </message>
+    <message>
+        <source>Newest first</source>
+        <translation>الأحدث أولًا</translation>
+    </message>
+    <message>
+        <source>Oldest first</source>
+        <translation>الأقدم أولًا</translation>
+    </message>
+    <message>
+        <source>Order: %1</source>
+        <translation>الترتيب: %1</translation>
     </message>
 </context>
 <context>
@@ -1021,6 +1095,10 @@
         <source>Plain text, for other programs.</source>
         <translation>نص عادي، لبرامج أخرى.</translation>
     </message>
+    <message>
+        <source>Rows that the list shows, in its order: more than %1</source>
+        <translation>الصفوف التي تعرضها القائمة بترتيبها: أكثر من %1</translation>
+    </message>
 </context>
 <context>
     <name>Client::CEvidencePage</name>
@@ -1443,6 +1521,35 @@
             <numerusform>%Ln روابط كنص عادي</numerusform>
             <numerusform>%Ln رابطًا كنص عادي</numerusform>
             <numerusform>%Ln رابط كنص عادي</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 %2 was not written.</source>
+        <translation>%1 لم يُكتب %2.</translation>
+    </message>
+</context>
+<context>
+    <name>ServerExport</name>
+    <message>
+        <source>The server sent %1 of %2 rows.</source>
+        <translation>أرسل الخادم %1 من %2 من الصفوف.</translation>
+    </message>
+    <message>
+        <source>The columns of the server's list have changed.</source>
+        <translation>تغيّرت أعمدة قائمة الخادم.</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CProgressDialog</name>
+    <message numerus="yes">
+        <source>%Ln row(s) done</source>
+        <translation>
+            <numerusform>لم يُنجز أي صف</numerusform>
+            <numerusform>أُنجز صف واحد</numerusform>
+            <numerusform>أُنجز صفان</numerusform>
+            <numerusform>أُنجزت %Ln صفوف</numerusform>
+            <numerusform>أُنجز %Ln صفًا</numerusform>
+            <numerusform>أُنجز %Ln صف</numerusform>
         </translation>
     </message>
 </context>

@@ -300,10 +300,26 @@
     </message>
 </context>
 <context>
-    <name>Client::CPageSource</name>
+    <name>ServerPages</name>
     <message>
         <source>The server did not send the page (error %1).</source>
         <translation>The server did not send the page (error %1).</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached.</source>
+        <translation>The server cannot be reached.</translation>
+    </message>
+    <message>
+        <source>The server is busy.</source>
+        <translation>The server is busy.</translation>
+    </message>
+    <message>
+        <source>The search took too long. Search for three characters or more.</source>
+        <translation>The search took too long. Search for three characters or more.</translation>
+    </message>
+    <message>
+        <source>The session has ended. Log in again.</source>
+        <translation>The session has ended. Log in again.</translation>
     </message>
 </context>
 <context>
@@ -331,6 +347,56 @@
     <message>
         <source>Incidents</source>
         <translation>Incidents</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>Nothing found</translation>
+    </message>
+    <message>
+        <source>Rows %1 to %2</source>
+        <translation>Rows %1 to %2</translation>
+    </message>
+    <message>
+        <source>%1 of more than %2</source>
+        <translation>%1 of more than %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 of %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln new</source>
+        <translation>
+            <numerusform>%Ln new</numerusform>
+            <numerusform>%Ln new</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>More than %Ln new</source>
+        <translation>
+            <numerusform>More than %Ln new</numerusform>
+            <numerusform>More than %Ln new</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show the newest rows first</source>
+        <translation>Show the newest rows first</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Try again</translation>
+    </message>
+    <message>
+        <source>Newest first</source>
+        <translation>Newest first</translation>
+    </message>
+    <message>
+        <source>Oldest first</source>
+        <translation>Oldest first</translation>
+    </message>
+    <message>
+        <source>Order: %1</source>
+        <translation>Order: %1</translation>
     </message>
 </context>
 <context>
@@ -1009,6 +1075,10 @@
         <source>Plain text, for other programs.</source>
         <translation>Plain text, for other programs.</translation>
     </message>
+    <message>
+        <source>Rows that the list shows, in its order: more than %1</source>
+        <translation>Rows that the list shows, in its order: more than %1</translation>
+    </message>
 </context>
 <context>
     <name>Client::CEvidencePage</name>
@@ -1411,6 +1481,31 @@
         <translation>
             <numerusform>%Ln link as plain text</numerusform>
             <numerusform>%Ln links as plain text</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 %2 was not written.</source>
+        <translation>%1 %2 was not written.</translation>
+    </message>
+</context>
+<context>
+    <name>ServerExport</name>
+    <message>
+        <source>The server sent %1 of %2 rows.</source>
+        <translation>The server sent %1 of %2 rows.</translation>
+    </message>
+    <message>
+        <source>The columns of the server's list have changed.</source>
+        <translation>The columns of the server's list have changed.</translation>
+    </message>
+</context>
+<context>
+    <name>Client::CProgressDialog</name>
+    <message numerus="yes">
+        <source>%Ln row(s) done</source>
+        <translation>
+            <numerusform>%Ln row done</numerusform>
+            <numerusform>%Ln rows done</numerusform>
         </translation>
     </message>
 </context>

@@ -77,7 +77,7 @@ private Q_SLOTS:
         QSignalSpy csv(&panels, &CPanels::SignalExportCsv);
         QSignalSpy xlsx(&panels, &CPanels::SignalExportXlsx);
         for (const int rows : {0, 5, 5}) { // nothing to export, a workbook, a CSV file
-            panels.ShowExport(rows);
+            panels.ShowExport({rows});
             if (xlsx.size() == 1)
                 Dock()->findChildren<QRadioButton *>().constLast()->setChecked(true);
             Click(Dock(), "DockSaveButton");

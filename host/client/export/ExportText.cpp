@@ -62,8 +62,11 @@ QString FailureText(const ListExportResult &result)
             .arg(Shown(QDir::tempPath()));
     case Reason::NoMemory:
         return Texts::tr("There is not enough memory for this export.");
-    case Reason::ListChanged:
     case Reason::ListFailed:
+        if (!result.system_text.isEmpty())
+            return Texts::tr("%1 %2 was not written.").arg(result.system_text, path);
+        Q_FALLTHROUGH();
+    case Reason::ListChanged:
         return Texts::tr("The list could not be read to its end. %1 was not written.").arg(path);
     case Reason::None:
     case Reason::WriteFailed:

@@ -8,18 +8,8 @@
 #include <Vantor/CListExport>
 #include <Vantor/CRowSource>
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QLocale>
-
-#include <numeric>
-
 namespace Client {
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(XlsxExport)
-};
 
 class CIncidentSource : public Vantor::CRowSource
 {
@@ -47,15 +37,7 @@ void SetIncidents(Vantor::CListExport &job, const IncidentRows &rows)
     job.SetSource(std::make_shared<CIncidentSource>(rows));
     job.SetColumns(rows.columns);
     const XlsxLook cells;
-    Vantor::ListExportLook look;
-    look.header = cells.header;
-    look.number_header = cells.number_header;
-    look.cell = cells.cell;
-    look.number = cells.number;
-    //: Name of a sheet: at most 12 letters that are not Latin, no signs
-    look.sheet_name = Texts::tr("Incidents");
-    look.is_right_to_left = QLocale().textDirection() == Qt::RightToLeft;
-    look.on_sheet = FitToPaper;
+    Vantor::ListExportLook look = ListLook(cells);
     look.on_end = [cells, rows](Vantor::CExcelControllorWithC &writer, const QStringList &sheets) {
         WriteSummary(writer, cells, rows, sheets);
     };

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "export/XlsxLook.h"
 
+#include "export/XlsxSummary.h"
+
+#include <QtCore/QCoreApplication>
 #include <QtCore/QLocale>
 #include <QtCore/QRegularExpression>
 
@@ -26,6 +29,11 @@ constexpr double kCapitalShare = 1.15; // widths count digits, and capitals are 
 constexpr int kFilterButtonChars = 3;
 constexpr int kNarrowestChars = 8;
 constexpr int kWidestChars = 48;
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(XlsxExport)
+};
 
 CellLook MakeLook(int points, bool is_bold, int location)
 {
@@ -80,6 +88,29 @@ XlsxLook::XlsxLook()
     number_header = MakeHeader(end);
     number = MakeLook(kCellPoints, false, end);
     fact = MakeLook(kCellPoints, false, begin);
+}
+
+Vantor::ListExportLook ListLook(const XlsxLook &cells)
+{
+    Vantor::ListExportLook look;
+    look.header = cells.header;
+    look.number_header = cells.number_header;
+    look.cell = cells.cell;
+    look.number = cells.number;
+    //: Name of a sheet: at most 12 letters that are not Latin, no signs
+    look.sheet_name = Texts::tr("Incidents");
+    look.is_right_to_left = QLocale().textDirection() == Qt::RightToLeft;
+    look.on_sheet = FitToPaper;
+    return look;
+}
+
+QVariant CellValue(const QString &text)
+{
+    if (text.isEmpty() || !(text.at(0).isDigit() || text.at(0) == QLatin1Char('-')))
+        return text;
+    const double value = text.toDouble();
+    const QVariant number(value);
+    return std::isfinite(value) && number.toString() == text ? number : QVariant(text);
 }
 
 Vantor::ExportColumnKind KindOf(const CIncidentList &list, int column)

@@ -3,6 +3,7 @@
 
 #include "list/IncidentList.h"
 
+#include <Vantor/CListExport>
 #include <Vantor/CRowSource>
 #include <Vantor/Clxw_format_>
 
@@ -22,6 +23,13 @@ struct XlsxLook
     CellLook number; ///< at the end of its cell in the reading direction
     CellLook fact;   ///< at the beginning, number or text
 };
+
+/// \brief A list's sheets: these looks, a frozen header, the direction of the language.
+[[nodiscard]] Vantor::ListExportLook ListLook(const XlsxLook &cells);
+
+/// \brief \a text as a number when the text comes back from it, else as it is: for a list that
+/// nobody has seen whole.
+[[nodiscard]] QVariant CellValue(const QString &text);
 
 /// \brief Numbers only when each text comes back from its number, so that no leading zero and no
 /// digit behind the fifteenth is lost; links when each text is an address of the web.

@@ -141,7 +141,10 @@ void CListPage::BuildTable()
     connect(table, &QAbstractItemView::clicked, this, &CListPage::SignalRowChosen);
     connect(table, &QAbstractItemView::activated, this, &CListPage::SignalRowChosen);
 
-    columns_ = new CTableColumns(*model_, *table, *this);
+    columns_ = new CTableColumns(
+        QStringLiteral("List"),
+        [this](int column) { return model_->List()->Texts(model_->ListColumn(column)); }, *table,
+        *this);
 
     nothing_found_ = new QLabel(table->viewport());
     nothing_found_->setObjectName(QStringLiteral("NothingFound"));
@@ -162,7 +165,7 @@ void CListPage::SetList(IncidentListPtr list)
     QList<Ravel::CTreeViewItem *> items = model_->NewItems(0, model_->List()->RowCount());
     Paging()->AddTopLevelItems(items); // which also ends an earlier search
     FillTypes();
-    columns_->OnListChanged();
+    columns_->OnListChanged(model_->ViewOrder());
     OnSearch();
     if (is_long)
         QGuiApplication::restoreOverrideCursor();
@@ -281,7 +284,7 @@ void CListPage::OnRebuild()
     delete list_;
     Build(keyword);
     FillTypes();
-    columns_->OnListChanged();
+    columns_->OnListChanged(model_->ViewOrder());
     Paging()->GetItemPerPageComboBox()->setCurrentIndex(choice);
     if (is_keyword) {
         SetFilter(keyword);

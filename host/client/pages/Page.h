@@ -5,7 +5,20 @@
 
 #include <QtWidgets/QWidget>
 
+#include <optional>
+
+namespace Vantor {
+class CListExport;
+}
+
 namespace Client {
+
+/// \brief How many rows a list has.
+struct RowTotal
+{
+    int rows = 0;
+    bool is_exact = true; ///< false: there are more
+};
 
 /// \brief One page of the client beside the list, built when the user first comes to it.
 class CPage : public QWidget
@@ -30,6 +43,12 @@ public:
     virtual void PrepareForPicture() {}
     /// \brief Whether the page still waits for what it shows, from a server for example.
     [[nodiscard]] virtual bool IsLoading() const { return false; }
+
+    /// \brief The rows of the list that the page shows, on all its pages, for an export; without a
+    /// value it has no list of its own.
+    [[nodiscard]] virtual std::optional<RowTotal> Rows() const { return {}; }
+    /// \brief Let \a job export these rows, and the columns that the user sees.
+    virtual void SetRows(Vantor::CListExport &job) { Q_UNUSED(job) }
 
 Q_SIGNALS:
     /// A short text for the status bar.

@@ -1,32 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtCore/QFutureWatcher>
-#include <QtCore/QList>
-#include <QtCore/QObject>
-#include <QtCore/QStringList>
+#include "link/ServerPages.h"
 
-#include <optional>
+#include <QtCore/QFutureWatcher>
+#include <QtCore/QObject>
+#include <QtCore/QThreadPool>
+
+#include <memory>
 
 namespace Client {
-
-/// \brief Which page of the server's list is asked for.
-struct PageQuery
-{
-    int page = 1; ///< from 1
-    int rows_per_page = 100;
-    QString filter; ///< rows that hold this text, in upper or lower case; empty: all
-};
-
-/// \brief A page of the server's list, or why there is none.
-struct ServerPage
-{
-    int page = 1;
-    int total = 0; ///< rows on all pages
-    QStringList titles;
-    QList<QStringList> rows;
-    QString error; ///< for the user; empty: the page is there
-};
 
 /// \brief Fetches pages of the incident list from the management server, on another thread.
 class CPageSource : public QObject
@@ -35,21 +18,23 @@ class CPageSource : public QObject
 
 public:
     explicit CPageSource(QObject *parent = nullptr);
+    ~CPageSource() override;
 
-    /// \brief Ask for a page. While another one is under way only the last one asked for counts.
-    void Ask(const PageQuery &query);
+    /// \brief Send \a request, and break off the one before, whose answer is not emitted any more.
+    void Send(int ticket, const PageRequest &request);
+    /// \brief Break off the request under way, on the wire too.
+    void BreakOff();
 
 Q_SIGNALS:
-    void SignalPage(const Client::ServerPage &page);
+    void SignalAnswered(int ticket, const Client::ServerPage &page);
 
 private:
-    void Start(const PageQuery &query);
     void OnFinished();
 
+    QThreadPool threads_; // a request that is broken off may still end while the next one begins
+    std::shared_ptr<BusinessCommon::CNetStop> stop_; // of the request under way
+    int ticket_ = 0;
     QFutureWatcher<ServerPage> watcher_;
-    std::optional<PageQuery> next_;
 };
 
 } // namespace Client
-
-Q_DECLARE_METATYPE(Client::ServerPage)

@@ -1,64 +1,134 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ServerListPage.h"
 
+#include "export/ServerExport.h"
 #include "link/ServerLink.h"
+#include "look/Theme.h"
 #include "pages/OuterScrollBar.h"
+#include "pages/TableColumns.h"
 
 #include <Ravel/TreeViewItem.h>
 #include <Ravel/TreeViewModel.h>
 #include <Vantor/CFilterTreeViewEx>
+#include <Vantor/CListExport>
 #include <Vantor/CMutiPageWidget>
+#include <Vantor/CStyleManager>
 
 #include <QtCore/QEvent>
+#include <QtCore/QLocale>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QAction>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QShortcut>
 #include <QtWidgets/QVBoxLayout>
 
 #include <algorithm>
+#include <chrono>
+#include <numeric>
 
 namespace Client {
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr int kMarginPx = 16;
 constexpr int kSpacingPx = 12;
 constexpr int kSearchWidthPx = 320;
-constexpr int kWidestColumnPx = 240;
+constexpr int kLongestSearch = 1000; // the server takes no longer text
+constexpr auto kSettleTime = 150ms;
+constexpr auto kLookTime = 15s;
+constexpr auto kRetryTime = 3s;
+
+bool IsWorthAnotherTry(PageError error)
+{
+    return error == PageError::NoReply || error == PageError::Busy || error == PageError::Other;
+}
 
 } // namespace
 
 CServerListPage::CServerListPage(QWidget *parent)
     : CPage(parent), model_(new Ravel::CTreeViewModel(this)), source_(new CPageSource(this)),
-      search_(new QLineEdit(this)), total_known_(new QCheckBox(this)), state_(new QLabel(this))
+      search_(new QLineEdit(this)), search_icon_(new QAction(search_)),
+      order_(new QPushButton(this)), orders_(new QMenu(order_)), total_known_(new QCheckBox(this)),
+      state_(new QLabel(this)), retry_(new QPushButton(this)), new_rows_(new QPushButton(this))
 {
-    search_->setObjectName(QStringLiteral("ServerSearch"));
-    search_->setFixedWidth(kSearchWidthPx);
-    total_known_->setObjectName(QStringLiteral("TotalKnown"));
-    total_known_->setChecked(true);
-    state_->setObjectName(QStringLiteral("ServerState"));
-    auto *const head = new QHBoxLayout;
-    head->setSpacing(kSpacingPx);
-    head->addWidget(search_);
-    head->addWidget(total_known_);
-    head->addStretch(1);
-    head->addWidget(state_);
     auto *const page = new QVBoxLayout(this);
     page->setContentsMargins(kMarginPx, kMarginPx, kMarginPx, 0);
     page->setSpacing(kSpacingPx);
-    page->addLayout(head);
-    connect(search_, &QLineEdit::returnPressed, this, &CServerListPage::OnAskFirst);
-    connect(total_known_, &QCheckBox::toggled, this, &CServerListPage::OnTotalKnown);
-    connect(source_, &CPageSource::SignalPage, this, &CServerListPage::OnPage);
-    if (CServerLink *const link = CServerLink::Current()) {
-        connect(link, &CServerLink::SignalUserChanged, this, &CServerListPage::OnAskFirst);
-        connect(link, &CServerLink::SignalFailed, this, &CServerListPage::OnNoServer);
+    BuildHead();
+    BuildState();
+    settle_.setSingleShot(true);
+    settle_.setInterval(kSettleTime);
+    look_.setSingleShot(true);
+    connect(&settle_, &QTimer::timeout, this, &CServerListPage::OnSettled);
+    connect(&look_, &QTimer::timeout, this, &CServerListPage::OnLook);
+    connect(source_, &CPageSource::SignalAnswered, this, &CServerListPage::OnAnswered);
+    if (const CServerLink *const link = CServerLink::Current()) {
+        connect(link, &CServerLink::SignalUserChanged, this, &CServerListPage::OnUserChanged);
+        connect(link, &CServerLink::SignalFailed, this, &CServerListPage::ShowState);
     }
+    auto *const escape = new QShortcut(Qt::Key_Escape, this);
+    escape->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(escape, &QShortcut::activated, search_, &QLineEdit::clear);
     Build();
     Ask(1);
+}
+
+void CServerListPage::BuildHead()
+{
+    search_->setObjectName(QStringLiteral("ServerSearch"));
+    search_->setMaximumWidth(kSearchWidthPx);
+    search_->setMaxLength(kLongestSearch);
+    search_->setClearButtonEnabled(true);
+    search_->addAction(search_icon_, QLineEdit::LeadingPosition);
+    search_->installEventFilter(this);
+    order_->setObjectName(QStringLiteral("ServerOrder"));
+    order_->setAutoDefault(false);
+    order_->setMenu(orders_);
+    total_known_->setObjectName(QStringLiteral("TotalKnown"));
+    total_known_->setChecked(true);
+    auto *const head = new QHBoxLayout;
+    head->setSpacing(kSpacingPx);
+    head->addWidget(search_, 1);
+    head->addWidget(order_);
+    head->addWidget(total_known_);
+    head->addStretch(0);
+    static_cast<QVBoxLayout *>(layout())->addLayout(head);
+    connect(search_, &QLineEdit::textChanged, this, &CServerListPage::OnTyped);
+    connect(search_, &QLineEdit::returnPressed, this, &CServerListPage::OnSettled);
+    connect(orders_, &QMenu::aboutToShow, this, &CServerListPage::OnOrdersOpen);
+    connect(total_known_, &QCheckBox::toggled, this, &CServerListPage::OnTotalKnown);
+}
+
+// The line keeps its height, so that the rows that fit below do not change with its buttons.
+void CServerListPage::BuildState()
+{
+    state_->setObjectName(QStringLiteral("ServerState"));
+    state_->setMinimumWidth(1); // a long text must not widen the window
+    retry_->setObjectName(QStringLiteral("ServerRetry"));
+    new_rows_->setObjectName(QStringLiteral("NewRows"));
+    auto *const line = new QHBoxLayout;
+    line->setSpacing(kSpacingPx);
+    line->addWidget(state_, 1);
+    for (QPushButton *const button : {retry_, new_rows_}) {
+        QSizePolicy policy = button->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        button->setSizePolicy(policy);
+        button->setAutoDefault(false);
+        button->hide();
+        line->addWidget(button);
+    }
+    static_cast<QVBoxLayout *>(layout())->addLayout(line);
+    connect(retry_, &QPushButton::clicked, this, &CServerListPage::OnRetry);
+    connect(new_rows_, &QPushButton::clicked, this, &CServerListPage::OnNewRows);
 }
 
 void CServerListPage::Build()
@@ -71,70 +141,157 @@ void CServerListPage::Build()
     list_->SetNextByTotal(true);
     list_->SetRecordsVisible(true);
     list_->SetModel(model_);
-    Vantor::CFilterTreeViewEx *const table = list_->GetTreeView();
+    Vantor::CFilterTreeViewEx *const table = Table();
+    table->SetSortByHost(true); // a page sorted by itself would mislead
     table->setAlternatingRowColors(true);
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     new COuterScrollBar(*table);
-    table->header()->setSectionsClickable(false); // a page sorted by itself would mislead
-    table->header()->setSortIndicatorShown(false);
+    columns_ = new CTableColumns(
+        QStringLiteral("Server"), [this](int column) { return TextsOf(column); }, *table, *this);
     connect(list_, &Vantor::CMutiPageWidget::SignalPageChanged, this,
-            &CServerListPage::OnAskCurrent);
+            &CServerListPage::OnPageChosen);
     connect(list_, &Vantor::CMutiPageWidget::SignalErrorInfo, this,
             &CServerListPage::SignalMessage);
     connect(list_->GetItemPerPageComboBox(), qOverload<int>(&QComboBox::currentIndexChanged), this,
-            &CServerListPage::OnAskFirst);
+            &CServerListPage::OnRowsPerPage);
     connect(table, &Vantor::CFilterTreeViewEx::SignalSizeChanged, this,
-            &CServerListPage::OnSizeChanged);
+            &CServerListPage::OnRowsPerPage);
+    connect(table, &Vantor::CFilterTreeViewEx::SignalDataSort, this,
+            &CServerListPage::OnHeaderSorted);
     Retranslate();
+}
+
+Vantor::CFilterTreeViewEx *CServerListPage::Table() const
+{
+    return list_->GetTreeView();
 }
 
 void CServerListPage::Ask(int page)
 {
-    asked_rows_ = list_->GetItemsPerPage();
     const CServerLink *const link = CServerLink::Current();
-    is_waiting_ = link;
-    state_->setText(link ? tr("Loading…") : tr("There is no server."));
     if (link && !link->User().isEmpty()) // else asked when somebody has been let in
-        source_->Ask({page, asked_rows_, search_->text().trimmed()});
+        Do(fetch_.Show(query_, page, list_->GetItemsPerPage()));
+    else
+        Do(fetch_.Forget());
 }
 
-void CServerListPage::OnAskCurrent()
+void CServerListPage::Do(const FetchStep &step)
 {
-    Ask(list_->GetCurrentPage());
+    if (step.is_breaking_off)
+        source_->BreakOff();
+    if (step.sends)
+        source_->Send(step.ticket, *step.sends);
+    if (step.shows && step.shows->error == PageError::None)
+        ShowPage(*step.shows);
+    else if (step.shows)
+        ShowFailure();
+    look_.start(fetch_.Now() == CPageFetch::Phase::Failed ? kRetryTime : kLookTime);
+    ShowState();
 }
 
-void CServerListPage::OnAskFirst()
+void CServerListPage::OnAnswered(int ticket, const ServerPage &page)
 {
+    Do(fetch_.Answer(ticket, page));
+}
+
+void CServerListPage::OnTyped()
+{
+    Do(fetch_.Outdate());
+    settle_.start();
+}
+
+void CServerListPage::OnSettled()
+{
+    settle_.stop();
+    const QString text = search_->text().trimmed();
+    const bool is_other = text != query_.filter;
+    query_.filter = text;
+    Ask(is_other ? 1 : PageOfFirstRow());
+}
+
+// The page that shows, with as many rows as fit now, the row that was on top.
+int CServerListPage::PageOfFirstRow() const
+{
+    const PageRequest &shown = fetch_.Request();
+    return (shown.page - 1) * shown.rows_per_page / list_->GetItemsPerPage() + 1;
+}
+
+void CServerListPage::OnPageChosen()
+{
+    if (settle_.isActive())
+        OnSettled(); // pages of what was searched before are none of what is typed
+    else
+        Ask(list_->GetCurrentPage());
+}
+
+void CServerListPage::OnRowsPerPage()
+{
+    if (list_->GetItemsPerPage() != fetch_.Wanted().rows_per_page)
+        settle_.start();
+}
+
+void CServerListPage::OnHeaderSorted()
+{
+    const QHeaderView &header = *Table()->header();
+    SetOrder(header.sortIndicatorSection(), header.sortIndicatorOrder() == Qt::DescendingOrder);
+}
+
+void CServerListPage::SetOrder(int column, bool is_descending)
+{
+    const ListQuery last = query_;
+    query_.sort_column = column;
+    query_.is_descending = is_descending;
+    if (query_ == last)
+        return; // the header reports what it was told
+    Table()->header()->setSortIndicator(column,
+                                        is_descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    settle_.stop();
+    query_.filter = search_->text().trimmed();
     Ask(1);
 }
 
-void CServerListPage::OnSizeChanged()
+void CServerListPage::OnNewRows()
 {
-    if (list_->GetItemsPerPage() != asked_rows_)
-        Ask(1);
+    query_ = fetch_.Request().query;
+    query_.sort_column = -1;
+    query_.is_descending = true;
+    Table()->header()->setSortIndicator(-1, Qt::DescendingOrder);
+    Do(fetch_.ShowNow(query_, 1, list_->GetItemsPerPage()));
 }
 
-void CServerListPage::OnNoServer()
+void CServerListPage::OnRetry()
 {
-    if (CServerLink::Current()->User().isEmpty()) {
-        is_waiting_ = false;
-        state_->setText(tr("There is no server."));
-    }
+    Do(fetch_.Retry());
 }
 
-void CServerListPage::OnTotalKnown(bool known)
+void CServerListPage::OnLook()
 {
-    list_->SetPageSeen(known);
-    OnAskCurrent();
+    const bool is_failed = fetch_.Now() == CPageFetch::Phase::Failed;
+    if (isVisible())
+        Do(is_failed && IsWorthAnotherTry(fetch_.Error().error) ? fetch_.Retry()
+                                                                : fetch_.LookForNew());
 }
 
-void CServerListPage::OnPage(const ServerPage &page)
+void CServerListPage::OnTotalKnown()
 {
-    is_waiting_ = false;
-    state_->setText(page.error);
-    if (!page.error.isEmpty())
-        return; // what was there stays
+    list_->SetPageSeen(total_known_->isChecked() && fetch_.Page().is_total_exact);
+    ShowBar();
+    ShowState();
+}
+
+void CServerListPage::OnUserChanged()
+{
+    columns_->OnUserChanged();
+    Do(fetch_.Forget());
+    Ask(1);
+}
+
+void CServerListPage::ShowPage(const ServerPage &page)
+{
+    Vantor::CFilterTreeViewEx *const table = Table();
+    const int column = table->currentIndex().column();
+    list_->SetPageSeen(total_known_->isChecked() && page.is_total_exact);
     list_->InitTreeView();
     const bool is_other_list = page.titles != titles_;
     if (is_other_list)
@@ -143,19 +300,170 @@ void CServerListPage::OnPage(const ServerPage &page)
     QList<Ravel::CTreeViewItem *> items;
     for (const QStringList &row : page.rows)
         items.append(new Ravel::CTreeViewItem(row));
-    list_->OnUpdatePageInfo(page.total, page.page);
+    list_->OnUpdatePageInfo(page.total, fetch_.Request().page);
     list_->AddTopLevelItems(items);
-    if (is_other_list)
-        FitColumns();
+    ShowBar();
+    if (is_other_list) {
+        columns_->OnListChanged(AllColumns());
+        // The header is higher with titles, so fewer rows may fit.
+        list_->OnItemPerPageChanged(list_->GetItemPerPageComboBox()->currentIndex());
+        OnRowsPerPage();
+    }
+    // Whoever turns pages with the keyboard goes on from the first row.
+    if (column >= 0 && table->hasFocus())
+        table->setCurrentIndex(table->model()->index(0, column));
 }
 
-void CServerListPage::FitColumns()
+void CServerListPage::ShowFailure()
 {
-    Vantor::CFilterTreeViewEx *const table = list_->GetTreeView();
-    for (int column = 0; column < titles_.size(); ++column) {
-        table->resizeColumnToContents(column);
-        table->setColumnWidth(column, std::min(table->columnWidth(column), kWidestColumnPx));
+    if (fetch_.Wanted().query == fetch_.Request().query) {
+        ShowBar(); // the page that was there stays
+        return;
     }
+    list_->ClearAllItems(); // rows of another search would mislead
+}
+
+void CServerListPage::ShowBar()
+{
+    const ServerPage &page = fetch_.Page();
+    const int number = fetch_.Request().page;
+    list_->OnUpdatePageInfo(page.total, number);
+    const bool is_total_known = total_known_->isChecked() && page.is_total_exact;
+    if (!is_total_known && !page.moment.isEmpty()) // else a full page suggests another one
+        list_->OnUpdateMaxMinPage(number > 1, !page.next.isEmpty());
+}
+
+void CServerListPage::ShowState()
+{
+    const bool is_failed = fetch_.Now() == CPageFetch::Phase::Failed;
+    const ServerPage &page = fetch_.Page();
+    state_->setText(StateText());
+    state_->setToolTip(state_->text()); // in a narrow window its end cannot be seen
+    retry_->setVisible(is_failed && IsWorthAnotherTry(fetch_.Error().error));
+    new_rows_->setVisible(page.new_rows > 0);
+    new_rows_->setText(page.are_new_rows_exact ? tr("%Ln new", nullptr, page.new_rows)
+                                               : tr("More than %Ln new", nullptr, page.new_rows));
+    order_->setText(tr("Order: %1").arg(OrderText()));
+}
+
+QString CServerListPage::StateText() const
+{
+    const CServerLink *const link = CServerLink::Current();
+    switch (fetch_.Now()) {
+    case CPageFetch::Phase::Idle:
+        return link && link->IsConnecting() ? tr("Loading…") : tr("There is no server.");
+    case CPageFetch::Phase::Loading:
+        return tr("Loading…");
+    case CPageFetch::Phase::Failed:
+        return PageErrorText(fetch_.Error());
+    case CPageFetch::Phase::Shown:
+        break;
+    }
+    const int rows = model_->rowCount();
+    if (rows == 0)
+        return tr("Nothing found");
+    const PageRequest &shown = fetch_.Request();
+    const int first = (shown.page - 1) * shown.rows_per_page + 1;
+    const QLocale locale;
+    const QString range =
+        tr("Rows %1 to %2").arg(locale.toString(first), locale.toString(first + rows - 1));
+    if (!fetch_.Page().is_total_exact)
+        return tr("%1 of more than %2").arg(range, locale.toString(fetch_.Page().total));
+    return total_known_->isChecked()
+               ? tr("%1 of %2").arg(range, locale.toString(fetch_.Page().total))
+               : range;
+}
+
+QString CServerListPage::OrderText() const
+{
+    return query_.sort_column < 0 ? query_.is_descending ? tr("Newest first") : tr("Oldest first")
+                                  : titles_.value(query_.sort_column);
+}
+
+void CServerListPage::OnOrdersOpen()
+{
+    orders_->clear();
+    const auto add = [this](const QString &name, const ListQuery &order) {
+        QAction *const action = orders_->addAction(name);
+        action->setCheckable(true);
+        action->setChecked(name == OrderText());
+        connect(action, &QAction::triggered, this,
+                [this, order] { SetOrder(order.sort_column, order.is_descending); });
+    };
+    add(tr("Newest first"), {{}, -1, true});
+    add(tr("Oldest first"), {{}, -1, false});
+    orders_->addSeparator();
+    for (int column = 0; column < titles_.size(); ++column) // again: the other way round
+        add(titles_.at(column),
+            {{}, column, column == query_.sort_column && !query_.is_descending});
+}
+
+bool CServerListPage::IsLoading() const
+{
+    const CServerLink *const link = CServerLink::Current();
+    const auto phase = fetch_.Now();
+    return settle_.isActive() || phase == CPageFetch::Phase::Loading
+           || (phase == CPageFetch::Phase::Idle && link && link->IsConnecting());
+}
+
+std::optional<RowTotal> CServerListPage::Rows() const
+{
+    return RowTotal{fetch_.Page().total, fetch_.Page().is_total_exact};
+}
+
+void CServerListPage::SetRows(Vantor::CListExport &job)
+{
+    if (settle_.isActive())
+        OnSettled();
+    if (fetch_.Now() == CPageFetch::Phase::Shown) {
+        SetServerRows(job, fetch_.Request(), fetch_.Page());
+    } else { // not how many, but what
+        ServerPage unknown;
+        unknown.titles = titles_;
+        unknown.is_total_exact = false;
+        SetServerRows(job, fetch_.Wanted(), unknown);
+    }
+    const QHeaderView &header = *Table()->header();
+    QVector<int> columns;
+    for (int place = 0; place < header.count(); ++place) {
+        const int column = header.logicalIndex(place);
+        if (!header.isSectionHidden(column))
+            columns.append(column);
+    }
+    job.SetColumns(columns);
+}
+
+QVector<int> CServerListPage::AllColumns() const
+{
+    QVector<int> columns(titles_.size());
+    std::iota(columns.begin(), columns.end(), 0);
+    return columns;
+}
+
+QVector<QString> CServerListPage::TextsOf(int column) const
+{
+    QVector<QString> texts;
+    for (int row = 0; row < model_->rowCount(); ++row)
+        texts.append(model_->index(row, column).data().toString());
+    return texts;
+}
+
+void CServerListPage::OnThemeChanged()
+{
+    search_icon_->setIcon(CThemeSwitch::Icon(QStringLiteral("search")));
+    // The text colour of a style sheet is the placeholder's too (Qt 5.15).
+    QPalette palette = search_->palette();
+    palette.setColor(QPalette::PlaceholderText,
+                     Nim::Base::CSingleton<Vantor::CStyleManager>::Instance().TextNeuColorT2());
+    search_->setPalette(palette);
+}
+
+void CServerListPage::showEvent(QShowEvent *event)
+{
+    CPage::showEvent(event);
+    OnThemeChanged(); // the style sheet has been applied to the children just before
+    if (!look_.isActive())
+        OnLook();
 }
 
 void CServerListPage::changeEvent(QEvent *event)
@@ -168,17 +476,34 @@ void CServerListPage::changeEvent(QEvent *event)
         QMetaObject::invokeMethod(this, &CServerListPage::OnRebuild, Qt::QueuedConnection);
 }
 
+bool CServerListPage::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == search_ && event->type() == QEvent::KeyPress
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Down) {
+        Table()->setFocus(Qt::OtherFocusReason);
+        return true;
+    }
+    // A line edit turns itself round after the text that is typed, its icons too, and stays so.
+    if (watched == search_ && event->type() == QEvent::LayoutDirectionChange
+        && search_->testAttribute(Qt::WA_SetLayoutDirection))
+        search_->unsetLayoutDirection();
+    return CPage::eventFilter(watched, event);
+}
+
 void CServerListPage::OnRebuild()
 {
     if (QGuiApplication::layoutDirection() == built_for_)
         return;
     const int choice = list_->GetItemPerPageComboBox()->currentIndex();
-    const QByteArray columns = list_->GetTreeView()->header()->saveState();
     delete list_;
     Build();
-    list_->GetTreeView()->header()->restoreState(columns);
+    Table()->header()->setSortIndicator(
+        query_.sort_column, query_.is_descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    if (!titles_.isEmpty())
+        columns_->OnListChanged(AllColumns());
     list_->GetItemPerPageComboBox()->setCurrentIndex(choice);
-    Ask(1);
+    ShowBar();
+    settle_.start();
 }
 
 void CServerListPage::Retranslate()
@@ -187,9 +512,10 @@ void CServerListPage::Retranslate()
     search_->setAccessibleName(tr("Search on the server"));
     total_known_->setText(tr("Count the pages"));
     total_known_->setToolTip(tr("Off: turn page by page, as with a server that cannot count"));
-    list_->GetTreeView()->setAccessibleName(tr("Incidents"));
-    if (is_waiting_)
-        state_->setText(tr("Loading…"));
+    Table()->setAccessibleName(tr("Incidents"));
+    retry_->setText(tr("Try again"));
+    new_rows_->setToolTip(tr("Show the newest rows first"));
+    ShowState();
 }
 
 } // namespace Client

@@ -2,7 +2,6 @@
 #include "pages/TableColumns.h"
 
 #include "link/ServerLink.h"
-#include "list/IncidentModel.h"
 
 #include <BusinessCommon/AdaptiveLayout.h>
 #include <ErrorText/ErrorText.h>
@@ -36,8 +35,8 @@ const auto kModule = QStringLiteral("Client");
 
 } // namespace
 
-CTableColumns::CTableColumns(const CIncidentModel &model, QTreeView &table, QWidget &room)
-    : QWidget(table.header()), model_(model), table_(table),
+CTableColumns::CTableColumns(const QString &list, TextsOf texts, QTreeView &table, QWidget &room)
+    : QWidget(table.header()), list_(list), texts_(std::move(texts)), table_(table),
       columns_button_(new Vantor::CCustomizeColumnButton(this)),
       width_button_(new QPushButton(this))
 {
@@ -87,20 +86,25 @@ void CTableColumns::BuildWidthChoice(QWidget &room)
             &CTableColumns::OnWidthFailed, Qt::UniqueConnection);
 }
 
-void CTableColumns::OnListChanged()
+QString CTableColumns::TitleOf(int column) const
+{
+    return table_.model()->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+}
+
+void CTableColumns::OnListChanged(const QVector<int> &order)
 {
     QStringList titles;
-    for (const int column : model_.ViewOrder())
-        titles.append(model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+    for (const int column : order)
+        titles.append(TitleOf(column));
     const QByteArray hash =
         QCryptographicHash::hash(titles.join(QLatin1Char('\n')).toUtf8(), QCryptographicHash::Sha1);
-    const QString function = QStringLiteral("List") + QString::fromLatin1(hash.toHex());
-    if (function == function_ && model_.ViewOrder() == order_) {
+    const QString function = list_ + QString::fromLatin1(hash.toHex());
+    if (function == function_ && order == order_) {
         if (columns_button_->property("MainInitialized").toBool())
             OnColumnsSettled(); // the header has forgotten it with the last list
     } else {
         function_ = function;
-        order_ = model_.ViewOrder();
+        order_ = order;
         columns_button_->UnInitCustomizeList();
         ShowColumns(order_.toList());
         Choose();
@@ -123,16 +127,15 @@ void CTableColumns::OnUserChanged()
 void CTableColumns::Choose()
 {
     const CServerLink *const link = CServerLink::Current();
-    if (!link || link->User().isEmpty() || model_.ViewOrder().isEmpty() || function_.isEmpty())
+    if (!link || link->User().isEmpty() || order_.isEmpty())
         return;
     setEnabled(true);
     QVector<Vantor::CColumnInfo> columns;
-    for (const int column : model_.ViewOrder()) {
+    for (const int column : qAsConst(order_)) {
         Vantor::CColumnInfo info;
         info.SetVal_column_No(columns.size());
         info.SetVal_column_id(column);
-        info.SetVal_column_name(
-            model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+        info.SetVal_column_name(TitleOf(column));
         // The first column stays, so that no row is ever without a text.
         info.SetVal_b_manual_check(!columns.isEmpty());
         info.SetVal_b_manual_sort(!columns.isEmpty());
@@ -204,7 +207,7 @@ void CTableColumns::SendWidth(const QString &text)
 void CTableColumns::ShowColumns(const QList<int> &columns)
 {
     QHeaderView *const header = table_.header();
-    for (int column = 0; column < model_.columnCount(); ++column)
+    for (int column = 0; column < header->count(); ++column)
         header->setSectionHidden(column, !columns.contains(column));
     for (int place = 0; place < columns.size(); ++place)
         header->moveSection(header->visualIndex(columns.at(place)), place);
@@ -213,7 +216,7 @@ void CTableColumns::ShowColumns(const QList<int> &columns)
 void CTableColumns::FitColumns()
 {
     QHeaderView *const header = table_.header();
-    for (int column = 0; column < model_.columnCount(); ++column) {
+    for (int column = 0; column < header->count(); ++column) {
         const bool is_hidden = header->isSectionHidden(column);
         header->setSectionHidden(column, false); // a hidden section has no width of its own
         table_.resizeColumnToContents(column);
@@ -227,7 +230,7 @@ void CTableColumns::FitColumns()
 int CTableColumns::WidestTextPx(int column) const
 {
     // A list may hold a million texts; the widest is among the longest.
-    QVector<QString> texts = model_.List()->Texts(model_.ListColumn(column));
+    QVector<QString> texts = texts_(column);
     const int count = std::min(kMeasuredTexts, texts.size());
     std::partial_sort(texts.begin(), texts.begin() + count, texts.end(),
                       [](const QString &a, const QString &b) { return a.size() > b.size(); });

@@ -6,6 +6,8 @@
 #include <QtCore/QVector>
 #include <QtWidgets/QWidget>
 
+#include <functional>
+
 QT_BEGIN_NAMESPACE
 class QPushButton;
 class QTreeView;
@@ -21,8 +23,6 @@ class CCustomizeColumnButton;
 
 namespace Client {
 
-class CIncidentModel;
-
 /// \brief The buttons at the end of a table's header with which a user chooses the columns and how
 /// wide they are. It lays the table out.
 ///
@@ -33,13 +33,18 @@ class CTableColumns : public QWidget
     Q_OBJECT
 
 public:
-    /// \param table owns it.
+    using TextsOf = std::function<QVector<QString>(int column)>;
+
+    /// \param list  names the kind of list on the server.
+    /// \param texts gives the texts of a column, for the width that shows whole texts.
+    /// \param table shows the model; owns this.
     /// \param room  where the width choice drops down.
-    CTableColumns(const CIncidentModel &model, QTreeView &table, QWidget &room);
+    CTableColumns(const QString &list, TextsOf texts, QTreeView &table, QWidget &room);
     ~CTableColumns() override;
 
-    /// \brief The model has another list: show its columns, and ask for what the user chose.
-    void OnListChanged();
+    /// \brief The model has another list: show its columns in \a order, and ask for what the user
+    /// chose.
+    void OnListChanged(const QVector<int> &order);
     /// \brief Another user is logged in.
     void OnUserChanged();
 
@@ -62,7 +67,10 @@ private:
     void KeepToEnd();
     void Retranslate();
 
-    const CIncidentModel &model_;
+    [[nodiscard]] QString TitleOf(int column) const;
+
+    const QString list_;
+    const TextsOf texts_;
     QTreeView &table_;
     Vantor::CCustomizeColumnButton *const columns_button_;
     QPushButton *const width_button_;

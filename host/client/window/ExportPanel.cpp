@@ -48,7 +48,7 @@ CExportPanel::CExportPanel(QWidget *parent)
     Retranslate();
 }
 
-void CExportPanel::SetRowCount(int rows)
+void CExportPanel::SetRowCount(const RowTotal &rows)
 {
     rows_ = rows;
     Retranslate();
@@ -74,9 +74,11 @@ void CExportPanel::Retranslate()
 {
     SetTitleText(tr("Export the list"));
     SetSaveBtnText(tr("Export…"));
-    SetSaveEnabeld(rows_ > 0);
-    summary_->setText(
-        tr("Rows that the list shows, in its order: %1").arg(QLocale().toString(rows_)));
+    SetSaveEnabeld(rows_.rows > 0);
+    const QString text = rows_.is_exact
+                             ? tr("Rows that the list shows, in its order: %1")
+                             : tr("Rows that the list shows, in its order: more than %1");
+    summary_->setText(text.arg(QLocale().toString(rows_.rows)));
     xlsx_->setText(tr("XLSX workbook"));
     xlsx_hint_->setText(tr("With a summary and charts, for a spreadsheet."));
     csv_->setText(tr("CSV file"));

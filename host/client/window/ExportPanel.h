@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "pages/Page.h"
+
 #include <Vantor/CBaseDockFrame>
 
 QT_BEGIN_NAMESPACE
@@ -19,7 +21,7 @@ public:
     explicit CExportPanel(QWidget *parent);
 
     /// \brief Show that \a rows rows would be exported.
-    void SetRowCount(int rows);
+    void SetRowCount(const RowTotal &rows);
 
 Q_SIGNALS:
     void SignalExportCsv();
@@ -39,7 +41,7 @@ private:
     QLabel *const csv_hint_;
     QRadioButton *const xlsx_;
     QLabel *const xlsx_hint_;
-    int rows_ = 0;
+    RowTotal rows_;
 };
 
 } // namespace Client

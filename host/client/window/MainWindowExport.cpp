@@ -3,7 +3,9 @@
 #include "export/ExportText.h"
 #include "export/IncidentExport.h"
 #include "pages/ListPage.h"
+#include "pages/Page.h"
 #include "window/MainWindow.h"
+#include "window/Pages.h"
 #include "window/ProgressDialog.h"
 
 #include <Vantor/CListExport>
@@ -33,7 +35,11 @@ void CMainWindow::ExportTo(const QString &path)
         return;
     }
     auto *const job = new CListExport(this);
-    SetIncidents(*job, page_->Rows());
+    CPage *const page = pages_->CurrentPage();
+    if (page && page->Rows())
+        page->SetRows(*job);
+    else
+        SetIncidents(*job, page_->Rows());
     RunExport(job, [path](CListExport &started) { started.Start(path); });
 }
 

@@ -114,6 +114,11 @@ QString CPages::Current() const
     return QLatin1String(kPages[navigation_->currentRow()].name);
 }
 
+CPage *CPages::CurrentPage() const
+{
+    return qobject_cast<CPage *>(stack_->currentWidget());
+}
+
 void CPages::SetList(const IncidentListPtr &list)
 {
     list_ = list;
@@ -125,13 +130,13 @@ void CPages::SetList(const IncidentListPtr &list)
 
 void CPages::PrepareForPicture()
 {
-    if (auto *const page = qobject_cast<CPage *>(stack_->currentWidget()))
+    if (CPage *const page = CurrentPage())
         page->PrepareForPicture();
 }
 
 bool CPages::IsLoading() const
 {
-    const auto *const page = qobject_cast<CPage *>(stack_->currentWidget());
+    const CPage *const page = CurrentPage();
     return page && page->IsLoading();
 }
 

@@ -35,6 +35,9 @@ public:
     bool Show(const QString &name);
     [[nodiscard]] QString Current() const;
 
+    /// \brief The current page, or null for the first one.
+    [[nodiscard]] CPage *CurrentPage() const;
+
     /// \brief Give all pages the list that the window shows.
     void SetList(const IncidentListPtr &list);
     /// \brief One action for each page, with the shortcuts Ctrl+1, Ctrl+2 and so on, for a menu.

@@ -55,7 +55,7 @@ void CPanels::ShowDetails(const QModelIndex &index)
     Docks().SetDockWidget(details_, kUsualWidth);
 }
 
-void CPanels::ShowExport(int rows)
+void CPanels::ShowExport(const RowTotal &rows)
 {
     export_->SetRowCount(rows);
     OpenExport();

@@ -14,6 +14,7 @@ namespace Client {
 
 class CDetailPanel;
 class CExportPanel;
+struct RowTotal;
 
 /// \brief The panels that slide in at the edge of the window: an incident in full, and the export.
 class CPanels : public QObject
@@ -26,7 +27,7 @@ public:
     ~CPanels() override;
 
     /// \brief Ask how to export \a rows rows.
-    void ShowExport(int rows);
+    void ShowExport(const RowTotal &rows);
 
 public Q_SLOTS:
     /// \brief Show the row of \a index in full.

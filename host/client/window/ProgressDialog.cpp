@@ -42,8 +42,12 @@ CProgressDialog::CProgressDialog(const QString &text, QWidget *parent)
 
 void CProgressDialog::OnProgress(int done, int total)
 {
-    bar_->setMaximum(total);
+    bar_->setMaximum(total); // 0: the bar only moves
     bar_->setValue(done);
+    if (total == 0) {
+        time_left_->setText(tr("%Ln row(s) done", nullptr, done));
+        return;
+    }
     if (done < total) {
         estimate_.Note(since_start_.elapsed(), double(done) / total);
         time_left_->setText(TimeLeftText(estimate_.Seconds()));

@@ -27,6 +27,8 @@ public:
     CProgressDialog(const QString &text, QWidget *parent);
 
 public Q_SLOTS:
+    /// \brief Show how far the work is; with \a total 0, which is not known, how many rows are
+    /// done.
     void OnProgress(int done, int total);
 
 private:
