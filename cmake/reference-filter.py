@@ -40,7 +40,7 @@ def accessors(texts, structure, short, field):
 
 def comment_of(text, function):
     """What the header says about the function, which a property reads."""
-    found = re.search(rf"((?:^ *///.*\n)*)^.*\b{function}\(\) const.*?;(?: ///< (.*))?", text, re.M)
+    found = re.search(rf"((?:^ *///.*\n)*)^.*\b{function}\(\)(?: const)?.*?;(?: ///< (.*))?", text, re.M)
     if not found:
         return "Belongs to the base class."
     return found.group(2) or re.sub(r" *///( \\brief)?", "", found.group(1)).strip().replace("\n", " ")

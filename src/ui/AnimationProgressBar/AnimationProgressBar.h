@@ -120,7 +120,7 @@ public:
     void StopScale();
     /// \brief How long clicks, keys and the wheel animate, in milliseconds; 0: not at all.
     void SetAnimationDuration(int duration_ms);
-    /// \brief In milliseconds; 300 at first.
+    /// \brief In milliseconds; 250 at first.
     [[nodiscard]] int AnimationDuration() const;
 
     // Interaction; the mouse uses these, and so may hosts with a handle of their own.

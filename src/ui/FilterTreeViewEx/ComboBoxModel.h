@@ -51,7 +51,7 @@ public:
     /// \brief Leave out the texts whose place in \a shown is 0; they keep their ticks. For a proxy
     /// to ask: the rows stay.
     void SetShown(std::vector<char> shown);
-    /// \brief Whether SetShown() did not leave out \a row. Row 0 is always shown.
+    /// \brief Whether SetShown() did not leave out \a row; row 0 is shown while another one is.
     [[nodiscard]] bool IsShown(int row) const;
 
     /// \brief How \a text is shown.
