@@ -12,7 +12,7 @@ std::string CConnections::Add(int socket, const std::string &address, const std:
 {
     const std::lock_guard<std::mutex> lock(mutex_);
     const auto is_of_network = [&network](const auto &entry) {
-        return entry.second.network == network && !entry.second.is_closing;
+        return !network.empty() && entry.second.network == network && !entry.second.is_closing;
     };
     const auto is_open = [](const auto &entry) { return !entry.second.is_closing; };
     const auto alike = std::count_if(connections_.begin(), connections_.end(), is_of_network);

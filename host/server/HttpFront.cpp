@@ -83,6 +83,24 @@ void ReadClient(MHD_Connection *connection, std::string &address, std::string &n
         ReadClient(info->client_addr, address, network);
 }
 
+MHD_Result OnForwarded(void *data, MHD_ValueKind /*kind*/, const char *name, const char *value)
+{
+    if (value && strcasecmp(name, "X-Forwarded-For") == 0)
+        *static_cast<std::string *>(data) = value; // the last one is the proxy's
+    return MHD_YES;
+}
+
+// The client that a proxy serves: the proxy appends its address to what the client may have sent.
+void ReadForwarded(MHD_Connection *connection, std::string &address, std::string &network)
+{
+    std::string list;
+    MHD_get_connection_values(connection, MHD_HEADER_KIND, OnForwarded, &list);
+    const QString last = QString::fromLatin1(list.c_str()).section(QLatin1Char(','), -1).trimmed();
+    Address client;
+    if (ReadAddress(last.toStdString(), 0, client))
+        ReadClient(reinterpret_cast<const sockaddr *>(&client.storage), address, network);
+}
+
 int SocketOf(MHD_Connection *connection)
 {
     const auto *const info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD);
@@ -190,6 +208,8 @@ MHD_Result BeginRequest(const CHttpFront &front, MHD_Connection *connection, con
     request.method = method;
     request.path = std::string(path, strnlen(path, kPathBytes));
     ReadClient(connection, request.address, request.network);
+    if (front.IsProxy(request.address))
+        ReadForwarded(connection, request.address, request.network);
     const char *const session = HeaderOf(connection, "Authorization");
     if (session && strncasecmp(session, kBearer, sizeof kBearer - 1) == 0)
         request.session = session + sizeof kBearer - 1;
@@ -265,6 +285,8 @@ void OnConnection(void *data, MHD_Connection *connection, void ** /*context*/,
     std::string address;
     std::string network;
     ReadClient(connection, address, network);
+    if (front.IsProxy(address))
+        network.clear(); // it stands for many
     const std::string closed = front.Connections().Add(socket, address, network);
     if (!closed.empty())
         front.Handler().closed(closed);
@@ -310,8 +332,13 @@ CHttpFront::~CHttpFront()
 QString CHttpFront::Start(const ServerOptions &options)
 {
     Address address;
-    if (!ReadAddress(options.address, options.port, address))
-        return QStringLiteral("%1 is no IP address.").arg(QString::fromStdString(options.address));
+    proxies_ = options.proxies;
+    std::vector<std::string> addresses = proxies_;
+    addresses.push_back(options.address); // the last one is listened on
+    for (const std::string &text : addresses) {
+        if (!ReadAddress(text, options.port, address = {}))
+            return QStringLiteral("%1 is no IP address.").arg(QString::fromStdString(text));
+    }
     unsigned flags = MHD_USE_AUTO | MHD_USE_INTERNAL_POLLING_THREAD | MHD_USE_ERROR_LOG;
     if (address.is_ipv6)
         flags |= MHD_USE_IPv6;
@@ -348,6 +375,11 @@ void CHttpFront::Stop()
     if (daemon_)
         MHD_stop_daemon(daemon_);
     daemon_ = nullptr;
+}
+
+bool CHttpFront::IsProxy(const std::string &address) const
+{
+    return std::find(proxies_.begin(), proxies_.end(), address) != proxies_.end();
 }
 
 int CHttpFront::Port() const

@@ -7,6 +7,8 @@
 
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 struct MHD_Daemon;
 
@@ -45,12 +47,16 @@ public:
     void Stop();
     [[nodiscard]] int Port() const;
 
+    /// \brief Whether \a address is that of a proxy that names its clients.
+    [[nodiscard]] bool IsProxy(const std::string &address) const;
+
     [[nodiscard]] const FrontHandler &Handler() const { return handler_; }
     [[nodiscard]] CConnections &Connections() const { return *connections_; }
 
 private:
     const FrontHandler handler_;
     const std::unique_ptr<CConnections> connections_;
+    std::vector<std::string> proxies_; // from Start() on, unchanged
     MHD_Daemon *daemon_ = nullptr;
 };
 

@@ -227,9 +227,10 @@ void CServerDataPtr::WriteRefusal(const Request &request, int status)
 // What must not be open to other machines unless it is asked for. Empty: all is well.
 QString CServerDataPtr::CheckExposure()
 {
-    if (IsLoopback(options_.address))
+    const bool is_local = IsLoopback(options_.address);
+    if (is_local && options_.proxies.empty())
         return {};
-    const bool is_plain = options_.certificate.empty();
+    const bool is_plain = options_.certificate.empty() && !is_local;
     if (is_plain && !options_.is_plain_allowed)
         return QStringLiteral("Passwords would pass the network in plain text on %1. Use a "
                               "certificate, or allow plain HTTP (--plain-http).")

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace Server {
 
@@ -29,6 +30,9 @@ struct ServerOptions
     QString seed_path;       ///< CSV file for an empty database, with sample accounts; may be empty
     std::string certificate; ///< PEM; with the key: HTTPS
     std::string private_key; ///< PEM
+    /// Addresses of proxies: what they send comes from the client that they name last in
+    /// "X-Forwarded-For".
+    std::vector<std::string> proxies;
     /// Serve plain HTTP on an address that other machines reach. Anybody on the way can then read
     /// passwords.
     bool is_plain_allowed = false;

@@ -75,6 +75,10 @@ struct Options
     QCommandLineOption key{QStringLiteral("key"),
                            QStringLiteral("Private key of the certificate (PEM)."),
                            QStringLiteral("FILE")};
+    QCommandLineOption proxy{
+        QStringLiteral("proxy"),
+        QStringLiteral("Trust this proxy to name its clients in X-Forwarded-For; may be repeated."),
+        QStringLiteral("IP")};
     QCommandLineOption plain{
         QStringLiteral("plain-http"),
         QStringLiteral("Serve other machines without a certificate. Passwords can then be read on "
@@ -207,6 +211,8 @@ int ReadOptions(const QCommandLineParser &parser, const Options &names,
     options.address = parser.value(names.address).toStdString();
     options.database =
         PathOf(parser.value(parser.isSet(names.database) ? names.database : names.data));
+    for (const QString &proxy : parser.values(names.proxy))
+        options.proxies.push_back(proxy.toStdString());
     options.is_plain_allowed = parser.isSet(names.plain);
     options.are_samples_allowed = parser.isSet(names.samples);
     options.audit = WriteAudit;
@@ -244,8 +250,8 @@ int Run()
                                   QStringLiteral("Show this help."));
     parser.addVersionOption();
     parser.addOptions({help, names.port, names.address, names.data, names.database, names.copy,
-                       names.seed, names.account, names.certificate, names.key, names.plain,
-                       names.samples});
+                       names.seed, names.account, names.certificate, names.key, names.proxy,
+                       names.plain, names.samples});
     parser.addPositionalArgument(QStringLiteral("FROM TO"), QStringLiteral("With --copy."),
                                  QStringLiteral("[FROM TO]"));
     parser.process(*qApp);

@@ -29,6 +29,7 @@ ACCOUNTS = [("operator", "Vantor-operator-1"), ("supervisor", "Vantor-supervisor
 WITH_POSTGRES = pathlib.Path(__file__).parent.parent / "support" / "with_postgres"
 POSTGRES = os.environ["VANTOR_TEST_POSTGRES"]
 DATABASE = os.environ["VANTOR_TEST_DATABASE"]
+PROXY = ["--proxy", "127.0.0.1", "--sample-accounts"]
 
 
 class Failed(Exception):
@@ -67,7 +68,7 @@ class Server:
 class Client:
     """One user's program: goes to the other server when its own is gone."""
 
-    def __init__(self, servers, first, source="127.0.0.1"):
+    def __init__(self, servers, first, source):
         self.servers = servers
         self.current = first
         self.source = source
@@ -78,8 +79,11 @@ class Client:
     def send_once(self, method, path, body):
         if self.connection is None:
             port = self.servers[self.current].port
-            self.connection = http.client.HTTPConnection("127.0.0.1", port, 20, (self.source, 0))
-        headers = {"Authorization": f"Bearer {self.session}"} if self.session else {}
+            self.connection = http.client.HTTPConnection("127.0.0.1", port, 20)
+        # As a proxy sends it: its own word is the last one.
+        headers = {"X-Forwarded-For": f"192.0.9.9, {self.source}"}
+        if self.session:
+            headers["Authorization"] = f"Bearer {self.session}"
         self.connection.request(method, BASE + path, json.dumps(body), headers)
         reply = self.connection.getresponse()
         return reply.status, json.loads(reply.read())["ResponseStatus"]
@@ -141,12 +145,12 @@ def guess(servers, url, limit, user, network):
     def work(first):
         for address in range(first, 50, 10):
             for server in range(2):
-                client = Client(servers, server, f"127.0.{network}.{address + 1}")
+                client = Client(servers, server, f"192.0.{network}.{address + 1}")
                 codes.append(client.log_in(user, "wrong")[1]["ErrorCode"])
 
     in_threads([lambda first=first: work(first) for first in range(10)])
     counted = int(query(url, f"SELECT failures FROM attempt WHERE address = '' AND name = '{user}'"))
-    right = Client(servers, 0, f"127.0.{network}.99").log_in(user, dict(ACCOUNTS)[user])
+    right = Client(servers, 0, f"192.0.{network}.99").log_in(user, dict(ACCOUNTS)[user])
     return counted, right[1]["ErrorCode"] == 41050, codes
 
 
@@ -170,7 +174,7 @@ def log_in(client, number):
 def nobody_loses_a_session(servers, seconds):
     is_killed = threading.Event()
     counts = [0] * 16
-    clients = [Client(servers, number % 2, f"127.0.3.{number + 1}") for number in range(16)]
+    clients = [Client(servers, number % 2, f"192.0.3.{number + 1}") for number in range(16)]
 
     def work(number):
         client = clients[number]
@@ -212,7 +216,7 @@ def confirmed_writes_stay(servers, rounds):
     """Each writer has keys of its own, and writes a number that grows."""
     stop = threading.Event()
     written = []
-    clients = [Client(servers, number % 2, f"127.0.4.{number + 1}") for number in range(8)]
+    clients = [Client(servers, number % 2, f"192.0.4.{number + 1}") for number in range(8)]
     in_threads([lambda number=number: log_in(clients[number], number) for number in range(8)])
     refused = [0]
 
@@ -250,7 +254,7 @@ def confirmed_writes_stay(servers, rounds):
     in_threads([lambda number=number: work(number) for number in range(8)] + [kill])
     count = 0
     for number, confirmed, tried in written:
-        reader = Client(servers, 0, f"127.0.5.{number + 1}")
+        reader = Client(servers, 0, f"192.0.5.{number + 1}")
         log_in(reader, number)
         for key, value in confirmed.items():
             status, text = reader.read(key)
@@ -272,7 +276,7 @@ def main():
     with tempfile.TemporaryDirectory() as folder, open(pathlib.Path(folder, "log"), "w+", encoding="utf-8") as log:
         seed = pathlib.Path(folder, "seed.csv")
         seed.write_text("Airport,Note\r\n" + "Gate,calm\r\n" * 100, encoding="utf-8")
-        servers = [Server(options.program, ["--database", url, "--seed", str(seed)], log) for _ in range(2)]
+        servers = [Server(options.program, ["--database", url, "--seed", str(seed), *PROXY], log) for _ in range(2)]
         try:
             for server in servers:
                 server.wait()
