@@ -2,7 +2,7 @@
 # The target docs, where doxygen is installed: the reference of the public classes with the guides, as HTML, as a
 # help file of Qt Assistant and Qt Creator, and as a tag file for the references of other projects.
 find_package(Doxygen 1.9.4 QUIET)
-find_program(VANTOR_QHELPGENERATOR NAMES qhelpgenerator qhelpgenerator-qt5)
+find_program(VANTOR_QHELPGENERATOR NAMES qhelpgenerator HINTS /usr/lib/qt5/bin)
 find_package(Python3 QUIET COMPONENTS Interpreter)
 if(NOT DOXYGEN_FOUND OR NOT VANTOR_QHELPGENERATOR OR NOT Python3_FOUND)
     if(VANTOR_BUILD_DOCS)
