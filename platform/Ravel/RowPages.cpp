@@ -111,6 +111,8 @@ bool CRowPages::CutInOrder(int count, int rows_per_page,
         }
     });
     others_.erase(others_.begin(), others_.begin() + count - in_order_);
+    if (others_.empty())
+        others_.shrink_to_fit();
     in_order_ = count;
     rows_per_page_ = rows_per_page;
     return is_changed;
