@@ -13,7 +13,7 @@ import sys
 RECORD = re.compile(r"class (?:\w+_EXPORT )?(\w+) (?:final )?: public (?:\w+::)*CRecord<((?:\w+::)*(\w+))")
 FIELD = re.compile(r"^(\s*)VANTOR_RECORD_(?:FIELD|SECRET)\((\w+)\)")
 CONSTRUCTOR = re.compile(r"^\s+explicit \w+\((QWidget|QObject) \*parent( = nullptr)?\)")
-PROPERTY = re.compile(r"^\s+Q_PROPERTY\(.* READ (\w+)")
+PROPERTY = re.compile(r"^\s+Q_PROPERTY\(.*? READ (\w+)")
 ALIAS = re.compile(r"namespace (\w+) = ::\1;")
 roots = [pathlib.Path(__file__).resolve().parent.parent / name for name in ("src", "platform")]
 
@@ -51,7 +51,7 @@ def description(text, lines, number):
     line = lines[number]
     if CONSTRUCTOR.match(line):
         return r"/** \brief Belongs to \a parent; without one, to the caller. */ "
-    if found := PROPERTY.match(line):
+    if found := PROPERTY.match(" ".join(lines[number:number + 2])):
         return rf"/** \brief {comment_of(text, found.group(1))} */ "
     if re.match(r"^    [\w\[].*\(", line) and " override" in "".join(lines[number:number + 3]).split(";")[0]:
         return r"/** \brief Reimplements the function of the base class. */ "

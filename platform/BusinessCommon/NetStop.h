@@ -21,6 +21,7 @@ public:
     /// \brief Close the connection of the exchange under way, which ends with kNetBroken at once.
     /// Later ones end so without being sent.
     void Stop();
+    /// \brief Whether Stop() was called. Any thread.
     [[nodiscard]] bool IsStopped() const { return is_stopped_; }
 
 private:
