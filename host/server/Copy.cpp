@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Copy.h"
 
+#include "IncidentLoad.h"
 #include "Store.h"
 
 #include <QtCore/QStringList>
@@ -162,7 +163,16 @@ void CopyRows(CStore &from, CStore &to, const CopyProgress &progress)
                     throw DatabaseError(table.name.toStdString() + ": " + failure.what());
                 }
             }
+            const IncidentState list = ReadIncidentState(from);
+            if (list.row_count > 0)
+                to.Run(QStringLiteral("UPDATE incident_state SET is_ready = 0, row_count = ?, "
+                                      "goal = ?"),
+                       {list.row_count, list.goal});
         });
+    });
+    LoadIncidents(to, {}, [&progress](const char *what, qint64 done, qint64 /*total*/) {
+        if (progress)
+            progress(QLatin1String(what), done);
     });
 }
 

@@ -27,6 +27,11 @@ constexpr Difference kDifferences[] = {
     {"{has table}", "SELECT 1 FROM sqlite_master WHERE name = ?",
      "SELECT 1 FROM pg_class WHERE relname = CAST(? AS TEXT) AND pg_table_is_visible(oid)"},
     // Values.
+    // One process at a time loads a list. Those that share a SQLite file wait for each other anyway.
+    {"{try to load}", "SELECT 1", "SELECT pg_try_advisory_lock(0, 1)"},
+    {"{end loading}", "SELECT 1", "SELECT pg_advisory_unlock(0, 1)"},
+    // A list of numbers that is one value.
+    {"{numbers}", "json_each(?) AS numbers", "unnest(CAST(? AS BIGINT[])) AS numbers(value)"},
     {"{layout bytes}", "length(CAST(text AS BLOB)) + length(CAST(name AS BLOB))",
      "octet_length(text) + octet_length(name)"},
 };

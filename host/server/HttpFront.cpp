@@ -17,6 +17,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <optional>
 
 namespace Server {
 namespace {
@@ -151,8 +152,9 @@ MHD_Result Send(MHD_Connection *connection, const Reply &reply, bool is_xml)
 struct Upload
 {
     Request request;
-    size_t limit = 0; // of the body
-    int refusal = 0;  // a status, when the body is not kept
+    size_t limit = 0;           // of the body
+    int refusal = 0;            // a status, when the body is not kept
+    std::optional<Reply> reply; // that came later, while the connection was suspended
 };
 
 // The size of the header fields, or a status that refuses them.
@@ -179,11 +181,11 @@ int RefusalOfHead(MHD_Connection *connection, const char *path)
     return head.bytes > kHeaderBytes || head.fields > kHeaderFields ? kHeadTooLarge : 0;
 }
 
-// The handler's answer; an exception becomes a status.
-Reply Answer(const FrontHandler &handler, const Request &request)
+// What \a answer returns; an exception becomes a status.
+Reply Answer(const Request &request, const std::function<Reply()> &answer)
 {
     try {
-        return handler.answer(request);
+        return answer();
     } catch (const Refused &refusal) {
         return Reply::Refusal(refusal.status);
     } catch (const std::exception &failure) {
@@ -231,6 +233,28 @@ MHD_Result BeginRequest(const CHttpFront &front, MHD_Connection *connection, con
     return result;
 }
 
+MHD_Result SendReply(const CHttpFront &front, MHD_Connection *connection, const Request &request,
+                     const Reply &reply)
+{
+    const int socket = SocketOf(connection);
+    if (!request.session.empty() && reply.status != kUnauthorized)
+        front.Connections().SetKnown(socket);
+    front.Connections().SetAnswering(socket, false);
+    const bool is_xml = !request.body.empty() && request.body.front() == '<';
+    return Send(connection, reply, is_xml);
+}
+
+// The thread serves others until the reply is there; then the library calls OnRequest() again.
+MHD_Result Suspend(MHD_Connection *connection, Upload &upload, const Reply &reply)
+{
+    MHD_suspend_connection(connection);
+    reply.later([connection, &upload](const std::function<Reply()> &result) {
+        upload.reply = Answer(upload.request, result);
+        MHD_resume_connection(connection);
+    });
+    return MHD_YES;
+}
+
 // Called by the library for the headers, for each piece of the body, and at its end.
 MHD_Result OnRequest(void *data, MHD_Connection *connection, const char *path, const char *method,
                      const char * /*version*/, const char *piece, size_t *piece_size,
@@ -253,14 +277,13 @@ MHD_Result OnRequest(void *data, MHD_Connection *connection, const char *path, c
         }
         if (upload.refusal != 0)
             return Refuse(front, connection, upload);
-        const int socket = SocketOf(connection);
-        front.Connections().SetAnswering(socket, true);
-        const bool is_xml = !request.body.empty() && request.body.front() == '<';
-        const Reply reply = Answer(front.Handler(), request);
-        if (!request.session.empty() && reply.status != kUnauthorized)
-            front.Connections().SetKnown(socket);
-        front.Connections().SetAnswering(socket, false);
-        return Send(connection, reply, is_xml);
+        if (upload.reply)
+            return SendReply(front, connection, request, *upload.reply);
+        front.Connections().SetAnswering(SocketOf(connection), true);
+        const Reply reply = Answer(request, [&] { return front.Handler().answer(request); });
+        if (reply.later)
+            return Suspend(connection, upload, reply);
+        return SendReply(front, connection, request, reply);
     } catch (const std::bad_alloc &) {
         return MHD_NO;
     }
@@ -339,7 +362,8 @@ QString CHttpFront::Start(const ServerOptions &options)
         if (!ReadAddress(text, options.port, address = {}))
             return QStringLiteral("%1 is no IP address.").arg(QString::fromStdString(text));
     }
-    unsigned flags = MHD_USE_AUTO | MHD_USE_INTERNAL_POLLING_THREAD | MHD_USE_ERROR_LOG;
+    unsigned flags = MHD_USE_AUTO | MHD_USE_INTERNAL_POLLING_THREAD | MHD_USE_ERROR_LOG
+                     | MHD_ALLOW_SUSPEND_RESUME;
     if (address.is_ipv6)
         flags |= MHD_USE_IPv6;
     const bool is_tls = !options.certificate.empty();

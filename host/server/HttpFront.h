@@ -20,7 +20,8 @@ struct ServerOptions;
 /// \brief What a front asks of the server behind it. Called on several threads at once.
 struct FrontHandler
 {
-    /// Answers a request.
+    /// Answers a request. The request stays until a reply that comes later is there; all of those
+    /// must be there before the front is stopped.
     std::function<Reply(const Request &)> answer;
     /// The longest body, in bytes, that a request may have; called before the body is read.
     /// Throws Refused when the request is to be refused without its body.

@@ -1,119 +1,130 @@
 // SPDX-License-Identifier: MIT
+#include "IncidentPages.h"
+#include "IncidentTokens.h"
 #include "Records.h"
 #include "Store.h"
 
 #include <ClientComm/RapidJsonProto.h>
 
 #include <QtCore/QJsonArray>
-#include <QtCore/QStringList>
 
 namespace Server {
 namespace {
 
+using ClientComm::CRapidJsonProto;
+
 constexpr int kMaximumPageSize = 1000;
 constexpr int kMaximumFilter = 1000;
+constexpr int kMaximumAppended = 1000;
+constexpr char kAsked[] = "/IncidentListRequest/";
+constexpr char kGivenRows[] = "/IncidentRequest/Rows";
 
-struct PageRequest
+IncidentQuery QueryOf(const CRapidJsonProto &body, int columns)
 {
-    int page = 1; // from 1
-    int size = 100;
-    int sort_column = -1; // -1: as they came
-    bool is_descending = false;
-    QString filter;
-};
-
-PageRequest PageOf(const Request &request, int columns)
-{
-    ClientComm::CRapidJsonProto body;
-    if (!body.Load(request.body))
-        throw Refused(kBadRequest);
-    PageRequest page;
     const auto number = [&body](const std::string &name, int preset) {
         // What is there and is no number must not pass for what is not there.
-        const std::string path = "/IncidentListRequest/" + name;
+        const std::string path = kAsked + name;
         constexpr int kOther = -2;
         return body.GetString(path).empty() ? preset : body.GetInt(path, kOther);
     };
-    page.page = number("Page", page.page);
-    page.size = number("PageSize", page.size);
-    page.sort_column = number("SortColumn", page.sort_column);
+    IncidentQuery query;
+    query.page = number("Page", query.page);
+    query.size = number("PageSize", query.size);
+    query.order.column = number("SortColumn", query.order.column);
     const int descending = number("Descending", 0);
-    page.is_descending = descending == 1;
-    page.filter = QString::fromStdString(body.GetString("/IncidentListRequest/Filter"));
-    if (page.page < 1 || page.size < 1 || page.size > kMaximumPageSize || page.sort_column < -1
-        || page.sort_column >= columns || descending < 0 || descending > 1
-        || page.filter.size() > kMaximumFilter)
+    query.order.is_descending = descending == 1;
+    query.filter = QString::fromStdString(body.GetString(kAsked + std::string("Filter")));
+    if (query.page < 1 || query.size < 1 || query.size > kMaximumPageSize || query.order.column < -1
+        || query.order.column >= std::max(columns, 1) || descending < 0 || descending > 1
+        || query.filter.size() > kMaximumFilter)
         throw Refused(kBadRequest);
-    return page;
+    return query;
 }
 
-QStringList Titles(CStore &store)
+// What the server gave itself, or nothing.
+void ReadTokens(const CRapidJsonProto &body, const QByteArray &secret, IncidentQuery &query)
 {
-    QStringList titles;
-    CRows query = store.Run(QStringLiteral("SELECT title FROM incident_title ORDER BY position"));
-    while (query.Next())
-        titles.append(query.Value(0).toString());
-    return titles;
-}
-
-// The condition that a row holds the filter's text, and the values for it.
-QString WhereOf(const PageRequest &page, int columns, QVariantList &values)
-{
-    if (page.filter.isEmpty())
-        return {};
-    QString pattern = page.filter;
-    for (const QLatin1Char special : {QLatin1Char('\\'), QLatin1Char('%'), QLatin1Char('_')})
-        pattern.replace(special, QLatin1Char('\\') + QString(special));
-    QStringList conditions;
-    for (int column = 0; column < columns; ++column) {
-        conditions.append(QStringLiteral("c%1 LIKE ? ESCAPE '\\'").arg(column));
-        values.append(QLatin1Char('%') + pattern + QLatin1Char('%'));
+    const std::string moment = body.GetString(kAsked + std::string("Moment"));
+    const std::string after = body.GetString(kAsked + std::string("After"));
+    if (!moment.empty()) {
+        query.moment = ReadMomentToken(secret, moment);
+        if (!query.moment)
+            throw Refused(kBadRequest);
     }
-    return QStringLiteral(" WHERE ") + conditions.join(QLatin1String(" OR "));
+    if (!after.empty()) {
+        const auto place = ReadPlaceToken(secret, after, query.order, query.filter);
+        if (!place || (query.moment && *query.moment != place->moment))
+            throw Refused(kBadRequest);
+        query.moment = place->moment;
+        query.after = place->id;
+    }
 }
 
-QString OrderOf(const PageRequest &page)
+QJsonArray ArrayOf(const IncidentRows &rows)
 {
-    if (page.sort_column < 0)
-        return QStringLiteral(" ORDER BY id");
-    // Numbers in order of size, then texts.
-    return QStringLiteral(" ORDER BY CAST(c%1 AS REAL) %2, c%1 COLLATE NOCASE %2, id")
-        .arg(page.sort_column)
-        .arg(page.is_descending ? QLatin1String("DESC") : QLatin1String("ASC"));
+    QJsonArray array;
+    for (const QStringList &row : rows)
+        array.append(QJsonArray::fromStringList(row));
+    return array;
 }
 
 } // namespace
 
-Reply ReadIncidents(CStore &store, const Request &request)
+Reply ReadIncidents(CIncidentPages &pages, CStore &store, const Request &request)
 {
-    const QStringList titles = Titles(store);
-    const PageRequest page = PageOf(request, titles.size());
-    int total = 0;
-    QJsonArray rows;
-    if (!titles.isEmpty()) {
-        QVariantList values;
-        const QString where = WhereOf(page, titles.size(), values);
-        total =
-            store.Value(QStringLiteral("SELECT count(*) FROM incident") + where, values).toInt();
-        values << page.size << qint64(page.page - 1) * page.size;
-        CRows query = store.Run(QStringLiteral("SELECT * FROM incident") + where + OrderOf(page)
-                                    + QStringLiteral(" LIMIT ? OFFSET ?"),
-                                values);
-        while (query.Next()) {
-            QJsonArray row;
-            for (int column = 0; column < titles.size(); ++column)
-                row.append(query.Value(column + 1).toString());
-            rows.append(row);
-        }
+    CRapidJsonProto body;
+    if (!body.Load(request.body))
+        throw Refused(kBadRequest);
+    const QStringList titles = ReadIncidentTitles(store);
+    const QByteArray secret = ReadIncidentState(store).secret;
+    IncidentQuery query = QueryOf(body, titles.size());
+    ReadTokens(body, secret, query);
+    const IncidentPage page = pages.Read(store, query);
+    const QString next =
+        page.next ? PlaceToken(secret, {page.moment, *page.next}, query.order, query.filter)
+                  : QString();
+    Reply reply;
+    reply.data = QJsonObject{
+        {QStringLiteral("IncidentList"),
+         QJsonObject{{QStringLiteral("Total"), page.total.rows},
+                     {QStringLiteral("TotalIsExact"), page.total.is_exact ? 1 : 0},
+                     {QStringLiteral("TotalBound"), pages.Limits().counted},
+                     {QStringLiteral("Page"), query.page},
+                     {QStringLiteral("PageSize"), query.size},
+                     {QStringLiteral("Titles"), QJsonArray::fromStringList(titles)},
+                     {QStringLiteral("Rows"), ArrayOf(page.rows)},
+                     {QStringLiteral("Moment"), MomentToken(secret, page.moment)},
+                     {QStringLiteral("Next"), next},
+                     {QStringLiteral("NewRows"), page.arrived.rows},
+                     {QStringLiteral("NewRowsIsExact"), page.arrived.is_exact ? 1 : 0}}}};
+    return reply;
+}
+
+Reply WriteIncidents(CStore &store, const Request &request)
+{
+    CRapidJsonProto body;
+    const int columns = ReadIncidentTitles(store).size();
+    const bool is_read = body.Load(request.body);
+    const int count = is_read ? body.GetCount(kGivenRows) : 0;
+    if (count < 1 || count > kMaximumAppended)
+        throw Refused(kBadRequest);
+    IncidentRows rows;
+    for (int row = 0; row < count; ++row) {
+        const std::string path = kGivenRows + ('/' + std::to_string(row));
+        if (body.GetCount(path) != columns)
+            throw Refused(kBadRequest);
+        QStringList cells;
+        for (int column = 0; column < columns; ++column)
+            cells.append(
+                QString::fromStdString(body.GetString(path + '/' + std::to_string(column))));
+        rows.push_back(std::move(cells));
     }
+    if (!ReadIncidentState(store).is_ready)
+        throw Refused(kUnavailable);
     Reply reply;
     reply.data =
-        QJsonObject{{QStringLiteral("IncidentList"),
-                     QJsonObject{{QStringLiteral("Total"), total},
-                                 {QStringLiteral("Page"), page.page},
-                                 {QStringLiteral("PageSize"), page.size},
-                                 {QStringLiteral("Titles"), QJsonArray::fromStringList(titles)},
-                                 {QStringLiteral("Rows"), rows}}}};
+        QJsonObject{{QStringLiteral("Incident"),
+                     QJsonObject{{QStringLiteral("Total"), AppendIncidents(store, rows)}}}};
     return reply;
 }
 

@@ -57,6 +57,9 @@ struct Reply
     int module = 0;
     int code = 0;
     QJsonObject data;
+    /// Takes what shall be called with the reply, or with what throws in its place, once and on any
+    /// thread. When it is set, the other members do not count.
+    std::function<void(std::function<void(const std::function<Reply()> &result)> done)> later = {};
 
     static Reply Refusal(int status) { return {status, kModuleHttp, status, {}}; }
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Migrations.h"
 
+#include "IncidentTable.h"
 #include "Store.h"
 
 namespace Server {
@@ -45,7 +46,7 @@ void MakeVerifyCodes(CStore &store)
 }
 
 // In order; the first is number 1. Steps that were released are never changed.
-constexpr void (*kSteps[])(CStore &) = {MakeTables, MakeVerifyCodes};
+constexpr void (*kSteps[])(CStore &) = {MakeTables, MakeVerifyCodes, MigrateIncidents};
 constexpr int kNewest = int(sizeof kSteps / sizeof *kSteps);
 
 int VersionOf(CStore &store)

@@ -6,6 +6,9 @@
 #include "Audit.h"
 #include "Copy.h"
 #include "HttpFront.h"
+#include "IncidentLoad.h"
+#include "IncidentPages.h"
+#include "ListThreads.h"
 #include "Migrations.h"
 #include "Records.h"
 #include "SecuritySettings.h"
@@ -22,6 +25,7 @@ namespace {
 
 constexpr std::string_view kBase = "/Quorra/Brisent/Platform/V0";
 constexpr size_t kFormBytes = 16 << 10;          // a login, a question
+constexpr size_t kListBytes = size_t(2) << 20;   // rows
 constexpr size_t kLayoutBytes = size_t(2) << 20; // a layout text, escaped
 
 QString NoRandomNumbers()
@@ -60,6 +64,7 @@ struct CServerDataPtr
     size_t BodyLimit(const Request &request);
     void WriteRefusal(const Request &request, int status);
     Reply Refuse(const Request &request, int status);
+    Reply Guarded(const Request &request, const std::function<Reply()> &answer);
     void WriteStoreState(const std::string &reason);
     QString CheckExposure();
 
@@ -71,17 +76,26 @@ struct CServerDataPtr
         });
     }
 
-    // On the thread for lists, so that a long search keeps nobody else waiting.
-    template <class Work> Reply ForReader(const Request &request, Work &&work)
+    // On the threads for lists, so that a long search keeps nobody else waiting.
+    template <class Work> Reply ForReader(const Request &request, Work work)
     {
         store_.Do([&](CStore &store) { return accounts_.AccountOf(store, request.session); });
-        return lists_.Do([&](CStore &store) { return work(store, request); });
+        Reply reply;
+        reply.later = [this, &request, work](const auto &done) {
+            lists_.Run(
+                [this, &request, work](CStore &store) { return work(*this, store, request); },
+                [this, &request, done](const std::function<Reply()> &result) {
+                    done([&] { return Guarded(request, result); });
+                });
+        };
+        return reply;
     }
 
     const ServerOptions options_;
     CAudit audit_;
     CStoreThread store_;
-    CStoreThread lists_;
+    CListThreads lists_;
+    CIncidentPages pages_;
     CAccounts accounts_;
     CHttpFront front_;
 };
@@ -131,7 +145,16 @@ constexpr RouteEntry kRoutes[] = {
      }},
     {"GET", "/IncidentList", kFormBytes,
      [](CServerDataPtr &server, const Request &request) {
-         return server.ForReader(request, ReadIncidents);
+         return server.ForReader(request,
+                                 [](CServerDataPtr &data, CStore &store, const Request &asked) {
+                                     return ReadIncidents(data.pages_, store, asked);
+                                 });
+     }},
+    {"POST", "/Incident", kListBytes,
+     [](CServerDataPtr &server, const Request &request) {
+         return server.ForAccount(request, [](CStore &store, qint64, const Request &asked) {
+             return WriteIncidents(store, asked);
+         });
      }},
 };
 
@@ -166,8 +189,14 @@ Reply CServerDataPtr::Answer(const Request &request)
     const Found found = Find(request);
     if (!found.entry)
         return Refuse(request, found.status);
+    return Guarded(request, [&] { return found.entry->route(*this, request); });
+}
+
+// What \a answer returns. What is refused is written to the audit log.
+Reply CServerDataPtr::Guarded(const Request &request, const std::function<Reply()> &answer)
+{
     try {
-        return found.entry->route(*this, request);
+        return answer();
     } catch (const Refused &refusal) {
         WriteRefusal(request, refusal.status);
         throw;
@@ -308,8 +337,12 @@ QString CServer::Start()
             address, [this](const std::string &reason) { d_ptr_->WriteStoreState(reason); });
         d_ptr_->lists_.Start(address);
         d_ptr_->store_.Do(SetDefaults);
-        if (!options.seed_path.isEmpty())
-            d_ptr_->store_.Do([&options](CStore &store) { Seed(store, options.seed_path); });
+        d_ptr_->store_.Do([&options](CStore &store) {
+            if (!options.seed_path.isEmpty())
+                Seed(store, options.seed_path, options.seed_rows, options.progress);
+            else
+                LoadIncidents(store, {}, options.progress);
+        });
         error = d_ptr_->CheckExposure();
         if (error.isEmpty())
             error = d_ptr_->front_.Start(options);
@@ -323,8 +356,8 @@ QString CServer::Start()
 
 void CServer::Stop()
 {
-    d_ptr_->front_.Stop(); // first: its requests wait for the database
-    d_ptr_->lists_.Stop();
+    d_ptr_->lists_.Stop(); // first: the front waits for its replies
+    d_ptr_->front_.Stop(); // its requests wait for the database
     d_ptr_->store_.Stop();
 }
 

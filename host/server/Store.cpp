@@ -3,9 +3,12 @@
 
 #include "Dialect.h"
 
+#include <sqlite3.h>
+
 #include <QtCore/QDateTime>
 #include <QtCore/QFile>
 #include <QtCore/QUuid>
+#include <QtSql/QSqlDriver>
 #include <QtSql/QSqlError>
 
 #include <algorithm>
@@ -112,6 +115,15 @@ CRows::~CRows()
         store_.TakeBack(statement_, std::move(query_));
 }
 
+bool CRows::Next()
+{
+    if (query_->next())
+        return true;
+    if (query_->lastError().isValid())
+        store_.Fail(std::move(query_));
+    return false;
+}
+
 CStore::CStore(const StoreAddress &address)
     : name_(QUuid::createUuid().toString()), engine_(address.engine),
       database_(QSqlDatabase::addDatabase(DriverOf(engine_), name_))
@@ -184,6 +196,8 @@ CRows CStore::Run(const QString &statement, const QVariantList &values)
     for (const QVariant &value : values)
         if (value.type() == QVariant::String && value.toString().contains(QChar(0)))
             throw UnstorableText("a text holds the character U+0000");
+    if (std::chrono::steady_clock::now() > deadline_)
+        throw StoreTimeout("the time limit is over");
     auto query = Prepared(statement);
     for (int i = 0; i < values.size(); ++i)
         query->bindValue(i, values.at(i));
@@ -225,6 +239,28 @@ void CStore::SetPatience(std::chrono::milliseconds patience)
 void CStore::ResetPatience()
 {
     SetPatience(kPatience);
+}
+
+// SQLite asks after every so many steps whether to go on. PostgreSQL's limit is that of a
+// statement.
+void CStore::SetTimeLimit(std::chrono::milliseconds limit)
+{
+    using Clock = std::chrono::steady_clock;
+    deadline_ = limit.count() > 0 ? Clock::now() + limit : Clock::time_point::max();
+    if (engine_ == Engine::Postgres) {
+        if (limit != time_limit_)
+            Execute(QStringLiteral("SET statement_timeout = %1").arg(limit.count()));
+    } else if (time_limit_.count() == 0) {
+        constexpr int kSteps = 10'000;
+        const QVariant handle = database_.driver()->handle();
+        sqlite3_progress_handler(
+            *static_cast<sqlite3 *const *>(handle.constData()), kSteps,
+            [](void *store) {
+                return Clock::now() > static_cast<CStore *>(store)->deadline_ ? 1 : 0;
+            },
+            this);
+    }
+    time_limit_ = limit;
 }
 
 qint64 CStore::Now()

@@ -32,7 +32,7 @@ public:
     ~CRows();
 
     /// \brief Go to the next row, or to the first. \return false behind the last one.
-    bool Next() { return query_->next(); }
+    bool Next();
     [[nodiscard]] QVariant Value(int column) const { return query_->value(column); }
     /// \brief How many rows the statement has changed.
     [[nodiscard]] int Changed() const { return query_->numRowsAffected(); }
@@ -108,6 +108,10 @@ public:
     void SetPatience(std::chrono::milliseconds patience);
     void ResetPatience();
 
+    /// \brief All statements from now on take at most \a limit together, and fail with StoreTimeout
+    /// then; 0: there is no limit, as at first.
+    void SetTimeLimit(std::chrono::milliseconds limit);
+
     /// \brief Seconds since 1970 by the clock of the store: PostgreSQL's, which all servers share,
     /// or with SQLite this machine's.
     [[nodiscard]] qint64 Now();
@@ -156,6 +160,8 @@ private:
     qint64 commits_ = 0;
     qint64 clock_ms_ = 0; // by the store's clock, at that time
     std::chrono::steady_clock::time_point clock_read_;
+    std::chrono::milliseconds time_limit_{0};
+    std::chrono::steady_clock::time_point deadline_ = std::chrono::steady_clock::time_point::max();
 };
 
 } // namespace Server

@@ -32,6 +32,18 @@ void CStoreThread::Stop()
     thread_.join();
 }
 
+void CStoreThread::Post(std::function<void(CStore &)> work,
+                        std::function<void(const std::exception_ptr &)> failed)
+{
+    Add([this, work = std::move(work), failed = std::move(failed)] {
+        try {
+            WithStore(work);
+        } catch (...) {
+            failed(std::current_exception());
+        }
+    });
+}
+
 CStore &CStoreThread::Connected()
 {
     if (store_)

@@ -5,6 +5,7 @@
 
 #include <condition_variable>
 #include <deque>
+#include <exception>
 #include <future>
 #include <mutex>
 #include <string>
@@ -42,6 +43,10 @@ public:
         Add([&task] { task(); });
         return result.get();
     }
+
+    /// \brief Run \a work on the thread without waiting for it, or \a failed with what it threw.
+    void Post(std::function<void(CStore &)> work,
+              std::function<void(const std::exception_ptr &)> failed);
 
 private:
     template <class Work> auto WithStore(Work &work)

@@ -63,6 +63,12 @@ struct Options
         QStringLiteral("seed"),
         QStringLiteral("Fill an empty database with the sample accounts and this list."),
         QStringLiteral("FILE.csv")};
+    QCommandLineOption rows{
+        QStringLiteral("rows"),
+        QStringLiteral(
+            "With --seed: so many incidents, which vary those of the file. Loading that was "
+            "broken off goes on where it was."),
+        QStringLiteral("N")};
     QCommandLineOption account{
         QStringLiteral("account"),
         QStringLiteral("Add this account, or give it a new password: one line of the standard "
@@ -91,6 +97,13 @@ struct Options
 void PrintError(const QString &text)
 {
     std::fprintf(stderr, "vantor-server: %s\n", qPrintable(text));
+}
+
+// One line that is written over.
+void PrintProgress(const char *what, qint64 done, qint64 total)
+{
+    std::fprintf(stderr, "\r%s: %lld of %lld\x1b[K%s", what, static_cast<long long>(done),
+                 static_cast<long long>(total), done == total ? "\n" : "");
 }
 
 // Programs of a session that the journal listens to inherit the variable, also where their standard
@@ -217,6 +230,13 @@ int ReadOptions(const QCommandLineParser &parser, const Options &names,
     options.are_samples_allowed = parser.isSet(names.samples);
     options.audit = WriteAudit;
     options.seed_path = parser.value(names.seed);
+    options.seed_rows = parser.value(names.rows).toLongLong();
+    if (parser.isSet(names.rows) && (options.seed_rows < 1 || options.seed_path.isEmpty())) {
+        PrintError(QStringLiteral("--rows needs --seed, and is at least 1"));
+        return kExitBadUsage;
+    }
+    if (isatty(STDERR_FILENO) != 0)
+        options.progress = PrintProgress;
     if (has_tls) {
         options.certificate = ReadPem(parser.value(names.certificate));
         options.private_key = ReadPem(parser.value(names.key));
@@ -250,8 +270,8 @@ int Run()
                                   QStringLiteral("Show this help."));
     parser.addVersionOption();
     parser.addOptions({help, names.port, names.address, names.data, names.database, names.copy,
-                       names.seed, names.account, names.certificate, names.key, names.proxy,
-                       names.plain, names.samples});
+                       names.seed, names.rows, names.account, names.certificate, names.key,
+                       names.proxy, names.plain, names.samples});
     parser.addPositionalArgument(QStringLiteral("FROM TO"), QStringLiteral("With --copy."),
                                  QStringLiteral("[FROM TO]"));
     parser.process(*qApp);

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Message.h"
+#include "StoreThread.h"
+
+#include <atomic>
+#include <functional>
+#include <mutex>
+
+namespace Server {
+
+/// \brief Two threads that read lists: one for what is quick, and one for what turns out not to be,
+/// so that a long search keeps nobody waiting but other long searches.
+///
+/// Both have a time limit and take only so much work; what is beyond it is refused.
+class CListThreads
+{
+public:
+    using Work = std::function<Reply(CStore &)>;
+    /// Gets the result, which throws what the work threw.
+    using Done = std::function<void(const std::function<Reply()> &result)>;
+
+    void Start(const StoreAddress &address);
+    /// \brief Finish what was handed in. Until the next Start() all work is refused at once.
+    void Stop();
+
+    /// \brief Run \a work, and then \a done on the same thread, once; or \a done at once with a
+    /// refusal. \a work may be begun more than once.
+    void Run(const Work &work, const Done &done);
+
+private:
+    void RunSlowly(const Work &work, const Done &done);
+    static void Refuse(const Done &done);
+
+    CStoreThread quick_;
+    CStoreThread slow_;
+    std::mutex mutex_;
+    bool is_running_ = false; // under the mutex
+    std::atomic<int> quick_count_{0};
+    std::atomic<int> slow_count_{0};
+};
+
+} // namespace Server
