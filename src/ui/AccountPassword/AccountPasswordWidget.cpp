@@ -262,6 +262,11 @@ void CAccountPasswordWidget::SetWaitOutTime(int milliseconds)
     d_ptr_->wait_out_time_ms_ = qMax(milliseconds, 0);
 }
 
+int CAccountPasswordWidget::GetWaitOutTime() const
+{
+    return d_ptr_->wait_out_time_ms_;
+}
+
 void CAccountPasswordWidget::SetMainWidget(QPointer<QWidget> widget)
 {
     d_ptr_->ptr_main_widget_ = std::move(widget);

@@ -31,6 +31,7 @@ struct LoginRelay;
 class VANTOR_EXPORT CAccountPasswordWidget : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(int waitOutTime READ GetWaitOutTime WRITE SetWaitOutTime) // only the host changes it
 
 public:
     /// What LoginIn() came to.
@@ -74,6 +75,7 @@ public:
     /// \param milliseconds the longest time that LoginIn() waits; 10000 by default. Less than 0
     ///                     counts as 0.
     void SetWaitOutTime(int milliseconds);
+    [[nodiscard]] int GetWaitOutTime() const; ///< See SetWaitOutTime().
     /// \brief Set the widget over which LoginIn() shows why it failed; null shows it nowhere.
     void SetMainWidget(QPointer<QWidget> widget);
     /// \brief Let clicks on \a button emit SignalReturnPressed(), unless they were made while a

@@ -35,6 +35,14 @@ struct LineView;
 class VANTOR_EXPORT CAnimationProgressBar : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(qint64 position READ Position WRITE SetPosition NOTIFY SignalPositionChanged)
+    Q_PROPERTY(double unitScaleLength READ UnitScaleLength WRITE SetUnitScaleLength NOTIFY
+                   SignalScaleChanged)
+    Q_PROPERTY(
+        double unitTimeLength READ UnitTimeLength WRITE SetUnitTimeLength NOTIFY SignalScaleChanged)
+    // Only the host changes these two, so they have no signal.
+    Q_PROPERTY(bool simplifyMode READ IsSimplifyMode WRITE SetSimplifyMode)
+    Q_PROPERTY(int animationDuration READ AnimationDuration WRITE SetAnimationDuration)
 
 public:
     /// How a slide runs.
@@ -207,6 +215,8 @@ protected:
 private:
     friend class CTimeLineAccess; // moves the line as the user
 
+    void SetUnitScaleLength(double length_px) { SetUnitScale(length_px, UnitTimeLength()); }
+    void SetUnitTimeLength(double length_s) { SetUnitScale(UnitScaleLength(), length_s); }
     // Zone
     [[nodiscard]] bool IsWithinDST(unsigned int seconds) const;
     void RecalculateDSTSeconds();

@@ -106,6 +106,11 @@ void CAdaptiveColumnWidthWidget::UpdateRaddioButtonState(const int &state)
                                      : QStringLiteral("ptr_max_width_widget_"));
 }
 
+int CAdaptiveColumnWidthWidget::GetColumnWidthState() const
+{
+    return d_ptr_->maxi_.ptr_radio_->isChecked() ? 1 : 0;
+}
+
 void CAdaptiveColumnWidthWidget::SetRelateWidget(QWidget *widget)
 {
     d_ptr_->ptr_relate_widget_ = widget;

@@ -19,6 +19,8 @@ struct CAdaptiveColumnWidthWidgetDataPtr;
 class VANTOR_EXPORT CAdaptiveColumnWidthWidget : public QWidget
 {
     Q_OBJECT
+    // SignalColumnWidthStateChanged() reports the user's choices alone.
+    Q_PROPERTY(int columnWidthState READ GetColumnWidthState WRITE UpdateRaddioButtonState)
 
 public:
     explicit CAdaptiveColumnWidthWidget(QWidget *parent = nullptr);
@@ -27,6 +29,8 @@ public:
     /// \brief Check the choice of \a state, 0 for the minimum width and others for the maximum.
     /// Emits nothing.
     void UpdateRaddioButtonState(const int &state);
+    /// \return 0 for the minimum width, 1 for the maximum.
+    [[nodiscard]] int GetColumnWidthState() const;
 
     /// \brief A press on \a widget, normally the button that opens the drop-down, does not hide it.
     /// Not owned; may be null.

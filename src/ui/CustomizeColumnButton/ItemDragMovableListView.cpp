@@ -76,7 +76,9 @@ void CItemDragMovableListView::CancelDrag()
 
 QSize CItemDragMovableListView::sizeHint() const
 {
-    const int rows = model() ? model()->rowCount() : 0;
+    if (!model())
+        return QListView::sizeHint(); // a form without data needs some room for it
+    const int rows = model()->rowCount();
     const int frame = 2 * frameWidth();
     return {sizeHintForColumn(0) + frame, rows * std::max(0, sizeHintForRow(0)) + frame};
 }

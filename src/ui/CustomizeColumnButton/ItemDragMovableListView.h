@@ -37,7 +37,7 @@ public:
     /// \brief Let the row that hangs at the mouse go back to its place.
     void CancelDrag();
 
-    /// \brief All rows at their full width.
+    /// \brief All rows at their full width; without a model, that of QListView.
     [[nodiscard]] QSize sizeHint() const override;
 
 Q_SIGNALS:

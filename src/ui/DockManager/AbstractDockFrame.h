@@ -20,6 +20,7 @@ struct CAbstractDockFramePtr;
 class VANTOR_EXPORT CAbstractDockFrame : public QFrame
 {
     Q_OBJECT
+    Q_PROPERTY(bool autoHide READ IsAutoHide WRITE SetAutoHide) // only the host changes it
 
 public:
     explicit CAbstractDockFrame(QWidget *parent = nullptr);

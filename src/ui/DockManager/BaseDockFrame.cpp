@@ -156,6 +156,41 @@ void CBaseDockFrame::SetHideEmit(bool emits)
     d_ptr_->b_hide_emit_ = emits;
 }
 
+QString CBaseDockFrame::GetTitleText() const
+{
+    return d_ptr_->ptr_title_->text();
+}
+
+QString CBaseDockFrame::GetSaveBtnText() const
+{
+    return d_ptr_->str_save_text_;
+}
+
+bool CBaseDockFrame::IsSaveEnabled() const
+{
+    return d_ptr_->ptr_save_->isEnabledTo(this);
+}
+
+bool CBaseDockFrame::IsBottomFrameVisible() const
+{
+    return !d_ptr_->ptr_buttons_->isHidden();
+}
+
+bool CBaseDockFrame::IsResetButtonVisible() const
+{
+    return !d_ptr_->ptr_reset_->isHidden();
+}
+
+bool CBaseDockFrame::IsCancelButtonVisible() const
+{
+    return !d_ptr_->ptr_cancel_->isHidden();
+}
+
+bool CBaseDockFrame::IsHideEmit() const
+{
+    return d_ptr_->b_hide_emit_;
+}
+
 QWidget *CBaseDockFrame::GetSetUpUiWidget() const
 {
     return d_ptr_->ptr_ui_;

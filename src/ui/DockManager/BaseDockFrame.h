@@ -19,6 +19,14 @@ struct CBaseDockFramePtr;
 class VANTOR_EXPORT CBaseDockFrame : public CAbstractDockFrame
 {
     Q_OBJECT
+    // Only the host changes these.
+    Q_PROPERTY(QString titleText READ GetTitleText WRITE SetTitleText)
+    Q_PROPERTY(QString saveBtnText READ GetSaveBtnText WRITE SetSaveBtnText)
+    Q_PROPERTY(bool saveEnabled READ IsSaveEnabled WRITE SetSaveEnabeld)
+    Q_PROPERTY(bool bottomFrameVisible READ IsBottomFrameVisible WRITE SetBottomFrameVisible)
+    Q_PROPERTY(bool resetButtonVisible READ IsResetButtonVisible WRITE SetResetButtonVisible)
+    Q_PROPERTY(bool cancelButtonVisible READ IsCancelButtonVisible WRITE SetCancelButtonVisible)
+    Q_PROPERTY(bool hideEmit READ IsHideEmit WRITE SetHideEmit)
 
 public:
     /// \param parent of the frame whenever no dock shows it; it owns the frame.
@@ -42,6 +50,14 @@ public:
     void SetSaveEnabeld(bool enabled);
     /// \brief Whether signalCancel() is emitted when the dock lets the frame go; off by default.
     void SetHideEmit(bool emits);
+
+    [[nodiscard]] QString GetTitleText() const;       ///< See SetTitleText().
+    [[nodiscard]] QString GetSaveBtnText() const;     ///< As it was set; empty at first.
+    [[nodiscard]] bool IsSaveEnabled() const;         ///< See SetSaveEnabeld().
+    [[nodiscard]] bool IsBottomFrameVisible() const;  ///< As it was set, also before showing.
+    [[nodiscard]] bool IsResetButtonVisible() const;  ///< As it was set, also before showing.
+    [[nodiscard]] bool IsCancelButtonVisible() const; ///< As it was set, also before showing.
+    [[nodiscard]] bool IsHideEmit() const;            ///< See SetHideEmit().
 
     [[nodiscard]] QWidget *GetSetUpUiWidget() const;  ///< Carries title, content and buttons.
     [[nodiscard]] QFrame *GetTitleFrame() const;      ///< Carries the title.

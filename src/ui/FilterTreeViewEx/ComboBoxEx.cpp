@@ -187,6 +187,16 @@ void CComboBoxEx::SetInBackground(bool in_background)
     d_ptr_->b_in_background_ = in_background;
 }
 
+int CComboBoxEx::GetMainColumn() const
+{
+    return d_ptr_->main_column_;
+}
+
+bool CComboBoxEx::IsInBackground() const
+{
+    return d_ptr_->b_in_background_;
+}
+
 QStringList CComboBoxEx::GetSelectedStringItems() const
 {
     const_cast<CComboBoxEx *>(this)->FinishReading(); // the rows that are asked about

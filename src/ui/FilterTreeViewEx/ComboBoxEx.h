@@ -27,6 +27,9 @@ struct CComboBoxExDataPtr;
 class VANTOR_EXPORT CComboBoxEx : public Ravel::CLocationComboBox
 {
     Q_OBJECT
+    // Only the host changes these.
+    Q_PROPERTY(int mainColumn READ GetMainColumn WRITE SetMainColumn)
+    Q_PROPERTY(bool inBackground READ IsInBackground WRITE SetInBackground)
 
 public:
     explicit CComboBoxEx(QWidget *parent = nullptr);
@@ -38,6 +41,7 @@ public:
     /// \brief The column whose texts OnFilterByMainType() goes by; -1, the default: the rows' own
     /// texts.
     void SetMainColumn(int column);
+    [[nodiscard]] int GetMainColumn() const; ///< See SetMainColumn().
     /// \brief Filter by the ticked texts of \a main, each compared whole, instead of by the text
     /// that OnFilterByMainType() is given; null, the default, goes by that text.
     void SetMainTypes(const CComboBoxEx *main);
@@ -45,6 +49,7 @@ public:
     /// The list is as it was until they are there; a question about what is ticked waits for them.
     /// Off by default.
     void SetInBackground(bool in_background);
+    [[nodiscard]] bool IsInBackground() const; ///< See SetInBackground().
 
     /// \brief The texts that are ticked, also those that OnFilterByMainType() left out; the empty
     /// text of cells is an empty string here and "Blank" for the user.

@@ -41,6 +41,8 @@ struct CFilterTreeViewExDataPtr;
 class VANTOR_EXPORT CFilterTreeViewEx : public Ravel::CTableView
 {
     Q_OBJECT
+    // It follows the height, too. SignalPageReset() reports each change that cuts the list anew.
+    Q_PROPERTY(int itemsPerPage READ GetItemsPerPage WRITE SetTreeViewItemPerPage)
 
 public:
     /// Paging is on and the page size follows the height.

@@ -32,6 +32,9 @@ struct CFilterWidgetExDataPtr;
 class VANTOR_EXPORT CFilterWidgetEx : public QFrame
 {
     Q_OBJECT
+    // No signals: what the user enters is reported when it is asked for.
+    Q_PROPERTY(QString keyWord READ GetKeyWord WRITE SetKeyWord)
+    Q_PROPERTY(bool byKeyWord READ IsKeyWord WRITE SetByKeyWord)
 
 public:
     explicit CFilterWidgetEx(QWidget *parent = nullptr);

@@ -144,6 +144,11 @@ void CMutiPageWidget::SetPageSeen(bool seen)
     SetTotalWidgetsVisible(seen);
 }
 
+bool CMutiPageWidget::IsPageSeen() const
+{
+    return d_ptr_->page_.IsTotalKnown() && !d_ptr_->form_.ptr_home_btn_->isHidden();
+}
+
 void CMutiPageWidget::SetTotalWidgetsVisible(bool visible)
 {
     const CMutiPageForm &form = d_ptr_->form_;
@@ -157,6 +162,11 @@ void CMutiPageWidget::SetTotalWidgetsVisible(bool visible)
 void CMutiPageWidget::SetConfirmBtnVisible(bool visible)
 {
     d_ptr_->form_.ptr_wig_batch_alarms_->setVisible(visible);
+}
+
+bool CMutiPageWidget::IsConfirmBtnVisible() const
+{
+    return !d_ptr_->form_.ptr_wig_batch_alarms_->isHidden();
 }
 
 void CMutiPageWidget::SetBatchAlarmsConfirmEnable(bool enable)
@@ -186,6 +196,11 @@ void CMutiPageWidget::SetJumpFuncVisible(bool visible)
     d_ptr_->form_.ptr_page_holder_->setVisible(visible);
     d_ptr_->form_.ptr_jump_btn_->setVisible(visible);
     d_ptr_->form_.SetJumpRoom(visible);
+}
+
+bool CMutiPageWidget::IsJumpFuncVisible() const
+{
+    return !d_ptr_->form_.ptr_jump_btn_->isHidden();
 }
 
 void CMutiPageWidget::ClearAllItems()

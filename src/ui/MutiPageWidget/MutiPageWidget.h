@@ -50,6 +50,14 @@ struct CMutiPageWidgetDataPtr;
 class VANTOR_EXPORT CMutiPageWidget : public QWidget
 {
     Q_OBJECT
+    // SignalPageChanged() reports the user's steps alone, so it is no notification of currentPage.
+    // What changes itemsPerPage, CFilterTreeViewEx::SignalPageReset() reports. Only the host
+    // changes the others.
+    Q_PROPERTY(bool pageSeen READ IsPageSeen WRITE SetPageSeen)
+    Q_PROPERTY(int itemsPerPage READ GetItemsPerPage WRITE SetItemsPerPage)
+    Q_PROPERTY(int currentPage READ GetCurrentPage)
+    Q_PROPERTY(bool confirmBtnVisible READ IsConfirmBtnVisible WRITE SetConfirmBtnVisible)
+    Q_PROPERTY(bool jumpFuncVisible READ IsJumpFuncVisible WRITE SetJumpFuncVisible)
 
 public:
     explicit CMutiPageWidget(QWidget *parent = nullptr);
@@ -69,10 +77,14 @@ public:
     /// \brief Page with a known total and show those seven widgets, or page open-ended without
     /// them. The bar follows at the next page update.
     void SetPageSeen(bool seen);
+    /// \brief Whether SetPageSeen(true) is in force.
+    [[nodiscard]] bool IsPageSeen() const;
     /// \brief Keep \a column of the tree view at its present width.
     void SetCustomColumnFixedWidth(const int &column);
     /// \brief Show the batch-confirm button and the room around it, hidden at first.
     void SetConfirmBtnVisible(bool visible);
+    /// \brief Whether the batch-confirm button is there; it is not at first.
+    [[nodiscard]] bool IsConfirmBtnVisible() const;
     /// \brief Enable or disable the batch-confirm button.
     void SetBatchAlarmsConfirmEnable(bool enable);
     /// \brief Show the record count in a sentence instead of behind a word; from the next page
@@ -84,6 +96,8 @@ public:
     void HideBottomPageWidget();
     /// \brief Show or hide the page edit and the jump button.
     void SetJumpFuncVisible(bool visible);
+    /// \brief Whether the jump button is there.
+    [[nodiscard]] bool IsJumpFuncVisible() const;
 
     /// \brief Show \a model, which stays the host's; a null one is ignored.
     void SetModel(Ravel::CTreeViewModel *model);
@@ -112,6 +126,9 @@ public:
     [[nodiscard]] QAbstractItemModel *GetBackupModel();
     /// \brief Rows per page, at least 1.
     [[nodiscard]] int GetItemsPerPage();
+    /// \brief Set the rows per page; 0, and anything below, is as many as fit. The chooser shows
+    /// \a count if it is one of its items.
+    void SetItemsPerPage(int count);
     /// \brief Whether the tree view pages its rows itself.
     ///
     /// Each call with true also connects SignalPageChanged() to the bar once more; false does not

@@ -34,6 +34,10 @@ struct CMutiPageWidgetExDataPtr;
 class VANTOR_EXPORT CMutiPageWidgetEx : public QWidget
 {
     Q_OBJECT
+    // Only the host changes whether the bar is there; the user's keyword is reported when it is
+    // asked for.
+    Q_PROPERTY(bool filterWidgetShow READ IsFilterWidgetShow WRITE SetFilterWidgetShow)
+    Q_PROPERTY(QString keyWord READ GetKeyWord WRITE SetKeyWord)
 
 public:
     explicit CMutiPageWidgetEx(QWidget *parent = nullptr);

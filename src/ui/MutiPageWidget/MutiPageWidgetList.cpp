@@ -6,7 +6,9 @@
 #include "ui/MutiPageWidget/MutiPageWidget_p.h"
 
 #include <QtCore/QItemSelectionModel>
+#include <QtWidgets/QComboBox>
 
+#include <algorithm>
 #include <limits>
 
 namespace Vantor {
@@ -36,6 +38,16 @@ QAbstractItemModel *CMutiPageWidget::GetBackupModel()
 int CMutiPageWidget::GetItemsPerPage()
 {
     return GetTreeView()->GetItemsPerPage();
+}
+
+void CMutiPageWidget::SetItemsPerPage(int count)
+{
+    QComboBox *const chooser = GetItemPerPageComboBox();
+    const int index = chooser->findData(std::max(0, count));
+    if (index < 0 || index == chooser->currentIndex())
+        GetTreeView()->SetTreeViewItemPerPage(count);
+    else
+        chooser->setCurrentIndex(index);
 }
 
 void CMutiPageWidget::SetFilterEnabled(bool enabled)
