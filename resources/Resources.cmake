@@ -61,10 +61,42 @@ function(vantor_pictures sources)
     set(${sources} ${CMAKE_CURRENT_BINARY_DIR}/qrc_ovrin.cpp PARENT_SCOPE)
 endfunction()
 
+# The theme of high contrast is the dark one in other colours: each text has 7:1 to what is behind it.
+# Gives in `sources` what adds it to a target, as :/Vantor/Themes/contrast.qss.
+function(vantor_contrast_theme sources)
+    set(dark ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/themes/dark.qss)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${dark})
+    file(READ ${dark} sheet)
+    foreach(pair
+            # backgrounds
+            12171E=000000 0C1016=000000 1A212B=000000 1E2630=0A0A0A 232D3A=101010 28323F=1E1E1E
+            212E3E=1E1E1E 303B4A=1E1E1E 24405F=003C8F 274A7A=003C8F 3A2022=3A0000 2A3340=595959
+            # borders and handles
+            3B4656=B0B0B0 4A586B=FFFFFF 465262=B0B0B0 5A687A=FFFFFF E5675C=FF9EA3
+            # texts
+            E7ECF3=FFFFFF A3B0C0=EDEDED 677486=C8C8C8 F2F7FF=FFFFFF D6E6FF=FFFFFF FF7B84=FF9EA3
+            FFD9D5=FFFFFF
+            # accents
+            5B9BFF=FFE100 7BB0FF=FFF07A 36C2AE=4DFFE0)
+        string(REPLACE "=" ";" pair ${pair})
+        list(GET pair 0 from)
+        list(GET pair 1 to)
+        string(REPLACE "#${from}" "#${to}" sheet "${sheet}")
+    endforeach()
+    set(qss ${CMAKE_CURRENT_BINARY_DIR}/contrast.qss)
+    file(CONFIGURE OUTPUT ${qss} CONTENT "${sheet}" @ONLY)
+    set(qrc ${CMAKE_CURRENT_BINARY_DIR}/contrast.qrc)
+    file(CONFIGURE OUTPUT ${qrc} @ONLY CONTENT
+        "<RCC><qresource prefix=\"/Vantor/Themes\"><file alias=\"contrast.qss\">${qss}</file></qresource></RCC>\n")
+    qt5_add_resources(result ${qrc})
+    set(${sources} ${result} PARENT_SCOPE)
+endfunction()
+
 # Everything the library itself shows and offers.
 function(vantor_resources target)
     vantor_translations(translations vantor)
     vantor_pictures(pictures)
     qt5_add_resources(resources ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/vantor.qrc)
-    target_sources(${target} PRIVATE ${resources} ${translations} ${pictures})
+    vantor_contrast_theme(contrast)
+    target_sources(${target} PRIVATE ${resources} ${translations} ${pictures} ${contrast})
 endfunction()

@@ -247,6 +247,10 @@
         <translation>&amp;داكنة</translation>
     </message>
     <message>
+        <source>High &amp;contrast</source>
+        <translation>&amp;تباين عالٍ</translation>
+    </message>
+    <message>
         <source>Switch theme</source>
         <translation>تبديل السمة</translation>
     </message>
@@ -770,6 +774,10 @@
     <message>
         <source>Keyboard on the screen</source>
         <translation>لوحة مفاتيح على الشاشة</translation>
+    </message>
+    <message>
+        <source>Camera picture</source>
+        <translation>صورة الكاميرا</translation>
     </message>
     <message>
         <source>Commands</source>

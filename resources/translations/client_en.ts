@@ -243,6 +243,10 @@
         <translation>&amp;Dark</translation>
     </message>
     <message>
+        <source>High &amp;contrast</source>
+        <translation>High &amp;contrast</translation>
+    </message>
+    <message>
         <source>Switch theme</source>
         <translation>Switch theme</translation>
     </message>
@@ -750,6 +754,10 @@
     <message>
         <source>Keyboard on the screen</source>
         <translation>Keyboard on the screen</translation>
+    </message>
+    <message>
+        <source>Camera picture</source>
+        <translation>Camera picture</translation>
     </message>
     <message>
         <source>Commands</source>

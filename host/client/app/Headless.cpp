@@ -119,9 +119,7 @@ Pictures TakePictures(CMainWindow &window, const QString &list_name, CThemeSwitc
             theme.Apply(worn);
             Settle();
             const QString name =
-                QStringLiteral("%1-%2.png")
-                    .arg(worn == Theme::Dark ? QStringLiteral("dark") : QStringLiteral("light"),
-                         QLatin1String(spoken.code));
+                QStringLiteral("%1-%2.png").arg(ThemeName(worn), QLatin1String(spoken.code));
             pictures.emplace_back(QStringLiteral("client-") + name, window.grab());
             TakeOtherPages(window, name, pictures);
         }

@@ -71,9 +71,7 @@ int RunWindow(const Options &options, const ReadResult &loaded, CThemeSwitch &th
     QObject::connect(&window, &CMainWindow::SignalStopped, &QCoreApplication::exit);
     const int status = QApplication::exec();
     settings.setValue(QStringLiteral("geometry"), window.saveGeometry());
-    settings.setValue(QStringLiteral("theme"), theme.Current() == Theme::Dark
-                                                   ? QStringLiteral("dark")
-                                                   : QStringLiteral("light"));
+    settings.setValue(QStringLiteral("theme"), ThemeName(theme.Current()));
     settings.setValue(QStringLiteral("language"), language.Current());
     if (!link.User().isEmpty())
         settings.setValue(user, link.User());
@@ -102,8 +100,7 @@ int Run(bool has_window)
         return kExitFileFailed;
 
     CThemeSwitch theme;
-    theme.Apply(setting(QStringLiteral("theme"), {}) == QLatin1String("dark") ? Theme::Dark
-                                                                              : Theme::Light);
+    theme.Apply(ThemeOf(setting(QStringLiteral("theme"), {})));
     if (has_window)
         return RunWindow(line.options, loaded, theme, language, settings);
     if (!line.options.export_path.isEmpty())

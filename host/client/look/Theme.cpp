@@ -52,6 +52,28 @@ QPalette MakePalette(const Vantor::CStyleManager &colours)
 
 } // namespace
 
+QString ThemeName(Theme theme)
+{
+    switch (theme) {
+    case Theme::Light:
+        return QStringLiteral("light");
+    case Theme::Dark:
+        return QStringLiteral("dark");
+    case Theme::Contrast:
+        return QStringLiteral("contrast");
+    }
+    return {};
+}
+
+Theme ThemeOf(const QString &name)
+{
+    for (const Theme theme : kThemes) {
+        if (name == ThemeName(theme))
+            return theme;
+    }
+    return Theme::Light;
+}
+
 CThemeSwitch::CThemeSwitch(QObject *parent) : QObject(parent)
 {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
@@ -81,8 +103,7 @@ bool CThemeSwitch::eventFilter(QObject *watched, QEvent *event)
 void CThemeSwitch::Apply(Theme theme)
 {
     theme_ = theme;
-    const QString path = theme == Theme::Dark ? QStringLiteral(":/Vantor/Themes/dark.qss")
-                                              : QStringLiteral(":/Vantor/Themes/light.qss");
+    const QString path = QStringLiteral(":/Vantor/Themes/%1.qss").arg(ThemeName(theme));
     const QString sheet = QString::fromUtf8(ReadResource(path));
     // The palette comes first, because polishing for the style sheet copies its colours into the
     // widgets. The palette's colours are defined in the sheet.

@@ -6,7 +6,14 @@
 
 namespace Client {
 
-enum class Theme { Light, Dark };
+enum class Theme { Light, Dark, Contrast };
+
+constexpr Theme kThemes[] = {Theme::Light, Theme::Dark, Theme::Contrast};
+
+/// \brief The name of \a theme in settings, file names and resources.
+[[nodiscard]] QString ThemeName(Theme theme);
+/// \brief The theme of that name; the light one for others.
+[[nodiscard]] Theme ThemeOf(const QString &name);
 
 /// \brief Applies a theme file: style sheet, palette, fonts and the colours of the library's style
 /// manager.

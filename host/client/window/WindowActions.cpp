@@ -50,6 +50,7 @@ const std::array<CWindowActions::Entry, CWindowActions::kActionCount> &CWindowAc
         {kViewMenu, true, {}, QT_TR_NOOP("&Original order")},
         {kThemeMenu, false, {}, QT_TR_NOOP("&Light")},
         {kThemeMenu, false, {}, QT_TR_NOOP("&Dark")},
+        {kThemeMenu, false, {}, QT_TR_NOOP("High &contrast")},
         {kNoMenu, false, {}, QT_TR_NOOP("Switch theme"), QT_TR_NOOP("Theme"), "theme"},
         {kHelpMenu, false, {}, QT_TR_NOOP("&About")},
     }};
@@ -124,15 +125,20 @@ void CWindowActions::AddUsers(CServerLink &link)
     menus_[kUserMenu]->menuAction()->setVisible(true);
 }
 
+QAction *CWindowActions::ThemeAction(Theme theme) const
+{
+    static_assert(kDark - kLight == int(Theme::Dark) && kContrast - kLight == int(Theme::Contrast));
+    return actions_[size_t(kLight) + size_t(theme)];
+}
+
 void CWindowActions::BuildThemeMenu()
 {
     auto *const group = new QActionGroup(this);
-    for (const Id id : {kLight, kDark}) {
-        actions_[id]->setCheckable(true);
-        group->addAction(actions_[id]);
-        const Theme chosen = id == kLight ? Theme::Light : Theme::Dark;
-        connect(actions_[id], &QAction::triggered, &theme_,
-                [this, chosen] { theme_.Apply(chosen); });
+    for (const Theme theme : kThemes) {
+        QAction *const action = ThemeAction(theme);
+        action->setCheckable(true);
+        group->addAction(action);
+        connect(action, &QAction::triggered, &theme_, [this, theme] { theme_.Apply(theme); });
     }
 }
 
@@ -171,7 +177,7 @@ void CWindowActions::OnToggleTheme()
 
 void CWindowActions::OnThemeChanged()
 {
-    actions_[theme_.Current() == Theme::Light ? kLight : kDark]->setChecked(true);
+    ThemeAction(theme_.Current())->setChecked(true);
     for (size_t id = 0; id < actions_.size(); ++id) {
         if (Entries()[id].icon)
             actions_[id]->setIcon(CThemeSwitch::Icon(QLatin1String(Entries()[id].icon)));

@@ -18,6 +18,7 @@ namespace Client {
 class CLanguageSwitch;
 class CServerLink;
 class CThemeSwitch;
+enum class Theme;
 
 /// \brief The menus and the tool bar of the window. This class switches theme and language; the
 /// window connects the other actions.
@@ -39,6 +40,7 @@ public:
         kFileOrder,
         kLight,
         kDark,
+        kContrast,
         kToggleTheme,
         kAbout,
         kActionCount
@@ -84,6 +86,7 @@ private:
 
     [[nodiscard]] static const std::array<Entry, kActionCount> &Entries();
     void BuildMenus(QMainWindow &window);
+    [[nodiscard]] QAction *ThemeAction(Theme theme) const;
     void BuildThemeMenu();
     void BuildLanguageMenu();
     void BuildToolBar(QMainWindow &window);
