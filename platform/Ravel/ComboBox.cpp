@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Ravel/ComboBox.h"
 
+#include "Ravel/ComboBoxAccess.h"
+
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QListView>
 
@@ -13,6 +15,7 @@ CComboBox::CComboBox(QWidget *parent) : QComboBox(parent)
     list->setUniformItemSizes(true);
     setView(list);
     setFocusPolicy(Qt::StrongFocus);
+    InstallComboBoxAccess();
 }
 
 CComboBox::~CComboBox() = default;

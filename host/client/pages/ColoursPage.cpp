@@ -29,6 +29,12 @@ QRect SwatchAt(int index, int count, QSize size, Qt::LayoutDirection direction)
     return {size.width() - place.right() - 1, place.top(), width, height};
 }
 
+QString Caption(const QMetaProperty &property, const Vantor::CStyleManager &manager)
+{
+    return QLatin1String(property.name()) + QStringLiteral("  ")
+           + property.read(&manager).value<QColor>().name().toUpper();
+}
+
 } // namespace
 
 CColoursPage::CColoursPage(QWidget *parent) : CPage(parent)
@@ -39,6 +45,16 @@ CColoursPage::CColoursPage(QWidget *parent) : CPage(parent)
 void CColoursPage::OnThemeChanged()
 {
     update();
+}
+
+QString CColoursPage::Text() const
+{
+    const Vantor::CStyleManager &manager = Nim::Base::CSingleton<Vantor::CStyleManager>::Instance();
+    const QMetaObject &meta = Vantor::CStyleManager::staticMetaObject;
+    QStringList captions;
+    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i)
+        captions.append(Caption(meta.property(i), manager));
+    return captions.join(QStringLiteral(", "));
 }
 
 void CColoursPage::paintEvent(QPaintEvent * /*event*/)
@@ -60,10 +76,9 @@ void CColoursPage::paintEvent(QPaintEvent * /*event*/)
         painter.setBrush(colour);
         painter.drawRoundedRect(place, kRadiusPx, kRadiusPx);
         painter.setPen(manager.TextNeuColor());
-        const QString text =
-            QLatin1String(property.name()) + QStringLiteral("  ") + colour.name().toUpper();
         painter.drawText(caption, Qt::AlignCenter | Qt::TextSingleLine,
-                         painter.fontMetrics().elidedText(text, Qt::ElideRight, caption.width()));
+                         painter.fontMetrics().elidedText(Caption(property, manager),
+                                                          Qt::ElideRight, caption.width()));
     }
 }
 

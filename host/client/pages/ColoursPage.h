@@ -14,6 +14,8 @@ public:
     explicit CColoursPage(QWidget *parent = nullptr);
 
     void OnThemeChanged() override;
+    /// \brief Names and values of the colours, as they are in the picture.
+    [[nodiscard]] QString Text() const;
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -271,6 +271,7 @@ void CDevicesPage::Retranslate()
     displays_title_->setText(tr("Displays"));
     commands_->setAccessibleName(commands_title_->text());
     displays_->setAccessibleName(displays_title_->text());
+    view_->setAccessibleName(tr("Camera picture"));
     UpdateStatus();
     ShowDisplays(Nim::Base::MonitorDriveUtil::PresentScreens());
 }

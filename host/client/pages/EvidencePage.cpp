@@ -32,6 +32,7 @@ namespace {
 constexpr int kMarginPx = 16;
 constexpr int kGapPx = 12;
 constexpr int kNameWidthPx = 320;
+constexpr char kPictureFolder[] = "/media/evidence/2026-11";
 
 QIcon ResultIcon(bool has_arrived)
 {
@@ -299,6 +300,7 @@ void CEvidencePage::dropEvent(QDropEvent *event)
 void CEvidencePage::PrepareForPicture()
 {
     OnAddSamples();
+    folder_->setText(QLatin1String(kPictureFolder)); // no path of this machine
 }
 
 void CEvidencePage::OnThemeChanged()

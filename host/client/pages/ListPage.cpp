@@ -396,6 +396,7 @@ void CListPage::Retranslate()
     Search()->setToolTip(tr("Shows the incidents that hold this text. Escape clears it."));
     Table()->setAccessibleName(tr("Incidents"));
     total_->setAccessibleName(tr("Shown incidents"));
+    share_->setAccessibleName(total_->accessibleName());
     nothing_found_->setText(tr("No incident matches"));
     OnPageReset(Paging()->TopLevelItemCount());
 }

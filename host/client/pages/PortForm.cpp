@@ -158,6 +158,7 @@ void CPortForm::Retranslate()
     target_label_->setText(is_camera ? tr("&To") : tr("&Port"));
     target_->lineEdit()->setPlaceholderText(is_camera ? tr("Port, path or host:port")
                                                       : tr("Port or path"));
+    target_->lineEdit()->setAccessibleName(target_label_->text().remove(QLatin1Char('&')));
     baud_rate_label_->setText(is_camera ? tr("Ba&ud") : tr("&Baud"));
     address_label_->setText(tr("Camera &address"));
     connect_->setText(connect_->isChecked() ? tr("Disconnect") : tr("Connect"));

@@ -163,20 +163,23 @@ void CPtzView::OnTick()
     update();
 }
 
+QString CPtzView::Text() const
+{
+    return tr("Pan %1°  Tilt %2°  Zoom %3×")
+        .arg(locale().toString(aim_.pan, 'f', 0), locale().toString(aim_.tilt, 'f', 0),
+             locale().toString(aim_.zoom, 'f', 1));
+}
+
 void CPtzView::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     PaintScene(painter, Lens(aim_, size()), size());
-    const QString text =
-        tr("Pan %1°  Tilt %2°  Zoom %3×")
-            .arg(locale().toString(aim_.pan, 'f', 0), locale().toString(aim_.tilt, 'f', 0),
-                 locale().toString(aim_.zoom, 'f', 1));
     const int height = painter.fontMetrics().height();
     QRect bar = rect();
     bar.setTop(bar.bottom() - 2 * height);
     painter.fillRect(bar, QColor(0, 0, 0, 150));
     painter.setPen(Qt::white);
-    painter.drawText(bar.adjusted(height, 0, -height, 0), Qt::AlignVCenter, text);
+    painter.drawText(bar.adjusted(height, 0, -height, 0), Qt::AlignVCenter, Text());
 }
 
 } // namespace Client

@@ -35,6 +35,8 @@ public:
     /// \brief Begin \a operation at \a speed, or end it. What moves nothing is left out.
     void Control(int operation, bool is_stop, int speed);
     [[nodiscard]] CameraAim Aim() const { return aim_; }
+    /// \brief The aim in words, as it is in the picture.
+    [[nodiscard]] QString Text() const;
 
     [[nodiscard]] QSize sizeHint() const override;
 

@@ -16,6 +16,7 @@ public:
 
     /// \param share 0 to 1.
     void SetShare(double share);
+    [[nodiscard]] double Share() const { return share_; }
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:

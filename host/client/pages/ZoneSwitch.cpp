@@ -228,6 +228,7 @@ void CZoneSwitch::Retranslate()
 {
     title_->setText(tr("Time &zone"));
     names_->setAccessibleName(tr("Time zone"));
+    names_->lineEdit()->setAccessibleName(names_->accessibleName());
     earlier_->setText(tr("&Earlier change"));
     later_->setText(tr("&Later change"));
     earlier_->setToolTip(tr("Go to where the clocks of this zone were changed last"));

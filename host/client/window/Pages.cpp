@@ -7,6 +7,7 @@
 #include "pages/EvidencePage.h"
 #include "pages/LoginPage.h"
 #include "pages/Page.h"
+#include "pages/PaintedAccess.h"
 #include "pages/ServerListPage.h"
 #include "pages/TimeLinePage.h"
 
@@ -64,6 +65,7 @@ CPages::CPages(QWidget *first, QWidget *parent)
     : QWidget(parent), navigation_(new QListWidget(this)), stack_(new QStackedWidget(this)),
       pages_(kPageCount, nullptr)
 {
+    InstallPaintedAccess();
     navigation_->setObjectName(QStringLiteral("Navigation"));
     navigation_->setIconSize({kIconSidePx, kIconSidePx});
     navigation_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -146,6 +148,7 @@ CPage *CPages::Build(int row)
     connect(page, &CPage::SignalMessage, this, &CPages::SignalMessage);
     connect(page, &CPage::SignalWork, this, &CPages::OnWork);
     pages_[size_t(row)] = page;
+    page->setAccessibleName(Title(row));
     stack_->addWidget(page);
     if (list_)
         page->SetList(list_);
@@ -209,6 +212,8 @@ void CPages::Retranslate()
     for (int row = 0; row < kPageCount; ++row) {
         navigation_->item(row)->setText(Title(row));
         actions_[row]->setText(Title(row));
+        if (pages_[size_t(row)])
+            pages_[size_t(row)]->setAccessibleName(Title(row));
     }
     navigation_->setFixedWidth(navigation_->sizeHintForColumn(0) + 2 * kMarginPx);
 }

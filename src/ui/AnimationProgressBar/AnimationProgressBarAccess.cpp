@@ -2,6 +2,7 @@
 #include "common/Translate.h"
 #include "ui/AnimationProgressBar/AnimationProgressBar_p.h"
 
+#include <QtGui/QTextDocumentFragment>
 #include <QtWidgets/QAccessibleWidget>
 #include <QtWidgets/QLabel>
 
@@ -31,6 +32,8 @@ public:
         QString given = QAccessibleWidget::text(kind);
         if (kind == QAccessible::Name && given.isEmpty())
             return Translate(QStringLiteral("Time line"), "Vantor::CAnimationProgressBar");
+        if (kind == QAccessible::Description && given.isEmpty())
+            return UnderCursorLine();
         return given;
     }
 
@@ -52,6 +55,14 @@ public:
     [[nodiscard]] QVariant minimumStepSize() const override { return 1; }
 
 private:
+    // The tip of a recording, but not of a time alone, because that is the value.
+    [[nodiscard]] QString UnderCursorLine() const
+    {
+        const QString tip = Bar().TipAtCursorLine();
+        return tip == Bar().CAnimationProgressBar::TipAtCursorLine()
+                   ? QString()
+                   : QTextDocumentFragment::fromHtml(tip).toPlainText();
+    }
     [[nodiscard]] CAnimationProgressBar &Bar() const
     {
         return *static_cast<CAnimationProgressBar *>(widget());

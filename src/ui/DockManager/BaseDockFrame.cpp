@@ -108,6 +108,7 @@ void CBaseDockFrame::SetTitleText(const QString &title)
 {
     d_ptr_->ptr_title_->setText(title);
     setWindowTitle(title); // the dock takes it over: screen readers announce it
+    d_ptr_->ptr_scroll_area_->setAccessibleName(title); // the keys scroll it
 }
 
 void CBaseDockFrame::SetContentWnd(QWidget *content)

@@ -20,11 +20,19 @@ namespace {
 
 constexpr int kMargin_px = 8;
 constexpr int kSpacing_px = 8;
+constexpr int kShortestType = 8; // letters
 constexpr int kKeyWordStretch = 2; // beside a list of types
 
 QString Text(const char *key)
 {
     return Translate(QString::fromLatin1(key), "SimpleMutiPageWidgetUi");
+}
+
+// The field inside is a control of its own for screen readers.
+void Name(QComboBox &combo, const QString &name)
+{
+    combo.setAccessibleName(name);
+    combo.lineEdit()->setAccessibleName(name);
 }
 
 } // namespace
@@ -91,6 +99,11 @@ CFilterWidgetEx::~CFilterWidgetEx()
 
 void CFilterWidgetEx::Arrange()
 {
+    for (CComboBoxEx *const combo : {d_ptr_->ptr_main_combo_, d_ptr_->ptr_sub_combo_}) {
+        // The longest type must not widen the window.
+        combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        combo->setMinimumContentsLength(kShortestType);
+    }
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(kMargin_px, kMargin_px, kMargin_px, kMargin_px);
     layout->setSpacing(kSpacing_px);
@@ -131,8 +144,8 @@ void CFilterWidgetEx::OnHeaderChanged()
     const QString sub = title(d_ptr_->sub_column_);
     d_ptr_->ptr_main_label_->setText(main + QLatin1Char(':'));
     d_ptr_->ptr_sub_label_->setText(sub + QLatin1Char(':'));
-    d_ptr_->ptr_main_combo_->setAccessibleName(main);
-    d_ptr_->ptr_sub_combo_->setAccessibleName(sub);
+    Name(*d_ptr_->ptr_main_combo_, main);
+    Name(*d_ptr_->ptr_sub_combo_, sub);
 }
 
 void CFilterWidgetEx::AddTopLevelItems()
