@@ -280,7 +280,7 @@ QString CServerDataPtr::CheckExposure()
 QString SetAccount(const QString &database, const QString &name,
                    const Nim::Base::SecretText &password)
 {
-    const QString error = NoRandomNumbers();
+    QString error = NoRandomNumbers();
     if (!error.isEmpty())
         return error;
     try {

@@ -56,7 +56,7 @@ void MakePrivate(const QString &path)
 
 QString DriverOf(Engine engine)
 {
-    const QString driver =
+    QString driver =
         engine == Engine::Sqlite ? QStringLiteral("QSQLITE") : QStringLiteral("QPSQL");
     if (!QSqlDatabase::isDriverAvailable(driver))
         throw DatabaseError(engine == Engine::Sqlite
