@@ -192,7 +192,7 @@ QString tst_incidents::Compare(const IncidentQuery &query, const IncidentPage &p
 void tst_incidents::aRandomWalkAgreesWithAPlainList()
 {
     const QTemporaryDir folder;
-    const auto opened = OpenStore(ReadStoreAddress(folder.filePath("list.sqlite")));
+    const auto opened = OpenStore(ReadStoreAddress(NewDatabase(folder.path())));
     CStore &store = *opened;
     rows_ = NewRows(150);
     store.Write([&] { CreateIncidents(store, {"a", "b", "c"}, 150); });
