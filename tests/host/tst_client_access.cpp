@@ -12,10 +12,12 @@
 #include "window/Pages.h"
 
 #include <Vantor/CBaseFileProgressBar>
+#include <Vantor/CDockWidget>
 
 #include <QtCore/QRegularExpression>
 #include <QtGui/QAccessible>
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 
@@ -147,6 +149,15 @@ private Q_SLOTS:
             Show(page);
             CollectUnheard(*QAccessible::queryAccessibleInterface(window_.get()), faults);
         }
+        Show("list");
+        const auto actions = window_->findChildren<QAction *>();
+        for (QAction *const action : actions) {
+            if (action->shortcut() == QKeySequence("Ctrl+Alt+E"))
+                action->trigger(); // a docked panel
+        }
+        auto *const panel = window_->findChild<Vantor::CDockWidget *>();
+        QVERIFY(panel && panel->isVisible());
+        CollectUnheard(*QAccessible::queryAccessibleInterface(panel), faults);
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
     }
 
