@@ -60,13 +60,7 @@ QStringList RandomFields(QRandomGenerator &random)
 
 enum class Stream { Fresh, Append, Pipe };
 
-struct Cell
-{
-    const char *name;
-    QString separator;
-    QString cell;
-    QByteArray written;
-};
+using Cell = Row<QString, QString, QByteArray>; // separator, cell, written
 
 struct Line
 {
@@ -77,13 +71,8 @@ struct Line
     QByteArray row;
 };
 
-struct Search
-{
-    const char *name;
-    QByteArray content;
-    QStringList keys;
-    QStringList found; // "-" when the line stays as it was
-};
+// found: "-" when the line stays as it was
+using Search = Row<QByteArray, QStringList, QStringList>; // content, keys, found
 
 } // namespace
 
@@ -234,20 +223,6 @@ private Q_SLOTS:
         QCOMPARE(bytes, kMarkAndZero + "\"'=A\",\"B\"\r\n");
     }
 
-    void appendingLeavesEarlierBytesAndAddsNoMark()
-    {
-        Export([](CCSVParser &parser) { parser.AppendLine({"1"}); });
-
-        const QByteArray bytes = Export(
-            [](CCSVParser &parser) {
-                parser.AppendLine({"2", "3"});
-            },
-            Stream::Append);
-
-        // Nothing at the end of such a file can be overwritten, so the last separator stays.
-        QCOMPARE(bytes, kMark + "\"1\"\r\n\"2\",\"3\",\r\n");
-    }
-
     void aWriteForgetsItsLinesAndTheParserIsReadyForMore()
     {
         const QByteArray bytes = Export([](CCSVParser &parser) {
@@ -328,20 +303,20 @@ private Q_SLOTS:
 
     void aLineIsFoundFromWhereTheLastSearchEnded()
     {
-        const auto &row = FetchRow<Search>();
-        const QString path = folder_.Put("a.csv", row.content);
+        const auto &[name, content, keys, found] = FetchRow<Search>();
+        const QString path = folder_.Put("a.csv", content);
         CCSVParser parser(nullptr);
         QVERIFY(parser.OpenFileWithAppendMode(path));
 
         QStringList lines;
-        for (const QString &key : row.keys) {
+        for (const QString &key : keys) {
             QString line = "-";
             parser.ReadOneline(line, key);
             lines.append(line);
         }
 
         parser.CloseFile();
-        QCOMPARE(lines, row.found);
+        QCOMPARE(lines, found);
     }
 
     void searchAndWriteMayAlternate()

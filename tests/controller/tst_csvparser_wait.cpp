@@ -184,20 +184,6 @@ private Q_SLOTS:
         QVERIFY(QThreadPool::globalInstance()->waitForDone());
         delete window;
     }
-
-    void aWriteErrorOnThePoolIsSeenAfterwards()
-    {
-        guard_.AnnounceLogLines();
-        CCSVParser parser(nullptr);
-        QVERIFY(parser.OpenFile("/dev/full"));
-        Fill(parser);
-
-        parser.WriteCSVFileWithChase();
-
-        QVERIFY(parser.HasWriteError());
-        parser.CloseFile();
-        QCOMPARE(guard_.LogLines().size(), 1);
-    }
 };
 
 QTEST_MAIN(TestCsvParserWait)

@@ -105,22 +105,11 @@ template <class KeyType> Operation Translated(KeyType key)
 // What devices send, as "s3021:3 k5101:5:2 j1305:3": device, code, second and third parameter;
 // "end" ends the devices. Expected are commands as "operation stop speed index window-control",
 // with commas.
-struct SequenceRow
-{
-    const char *name;
-    const char *sent;
-    const char *commands;
-};
+using SequenceRow = Row<const char *, const char *>; // sent, commands
 
 // The operations of a device's codes from `first` on: 0 for a code that emits nothing, negative for
 // a stop.
-struct CodesRow
-{
-    const char *name;
-    char device;
-    int first;
-    QVector<int> operations;
-};
+using CodesRow = Row<char, int, QVector<int>>; // device, first, operations
 
 } // namespace
 
@@ -207,16 +196,16 @@ private Q_SLOTS:
     }
     void everyCodeHasItsOperation()
     {
-        const auto &row = FetchRow<CodesRow>();
+        const auto &[name, device, first, operations] = FetchRow<CodesRow>();
         QVERIFY(Start());
-        for (int i = 0; i < row.operations.size(); ++i) {
-            const int operation = row.operations.at(i);
+        for (int i = 0; i < operations.size(); ++i) {
+            const int operation = operations.at(i);
             const QString expected =
                 operation ? QString("%1 %2").arg(qAbs(operation)).arg(operation < 0) : QString();
-            QCOMPARE(Run(QString("%1%2:5").arg(row.device).arg(row.first + i)).section(' ', 0, 1),
+            QCOMPARE(Run(QString("%1%2:5").arg(device).arg(first + i)).section(' ', 0, 1),
                      expected);
         }
-        QCOMPARE(Coordinator()->GetEventStatus(), row.operations.size() > 1);
+        QCOMPARE(Coordinator()->GetEventStatus(), operations.size() > 1);
     }
 
     void codesBecomeCommandsUnlessTheyRepeat_data()
@@ -259,10 +248,10 @@ private Q_SLOTS:
     }
     void codesBecomeCommandsUnlessTheyRepeat()
     {
-        const auto &row = FetchRow<SequenceRow>();
+        const auto &[name, sent, commands] = FetchRow<SequenceRow>();
         LetKeyTenMean(Operation(119));
         QVERIFY(Start());
-        QCOMPARE(Run(row.sent), QString(row.commands));
+        QCOMPARE(Run(sent), QString(commands));
     }
 
     void everyMoveGetsOneStopWhenTheHostWantsThat_data()
@@ -282,13 +271,13 @@ private Q_SLOTS:
     }
     void everyMoveGetsOneStopWhenTheHostWantsThat()
     {
-        const auto &row = FetchRow<SequenceRow>();
+        const auto &[name, sent, commands] = FetchRow<SequenceRow>();
         LetKeyTenMean(Operation(112));
         QVERIFY(Start());
         Coordinator()->SetStopsAlwaysSent(true);
 
-        QCOMPARE(Run(row.sent).section(", ", -1), QString(row.commands));
-        QCOMPARE(Run(QString(row.sent).section(' ', -1)), QString()); // nothing is left to stop
+        QCOMPARE(Run(sent).section(", ", -1), QString(commands));
+        QCOMPARE(Run(QString(sent).section(' ', -1)), QString()); // nothing is left to stop
     }
 
     void devicesThatComeAndGoAreReported()
@@ -352,11 +341,11 @@ private Q_SLOTS:
     void deletionInEachCallIsClean()
     {
         using Manager = CJoystickKeyboardControlManager;
-        const auto &row = FetchRow<SequenceRow>();
+        const auto &[name, sent, commands] = FetchRow<SequenceRow>();
         QVERIFY(Start());
         Coordinator()->SetStopsAlwaysSent(true);
         Run("j1306:3 s3022:3");
-        if (*row.commands) {
+        if (*commands) {
             Faceplate::CNewInfoDlg::SetPresenter([](const Faceplate::CStruInfoTipsData &) {
                 QEventLoop loop;
                 QTimer::singleShot(0, &loop, [&loop] {
@@ -376,7 +365,7 @@ private Q_SLOTS:
                     &CZellUSBKeyboardControlManager::SignalSwitchToUsbKeyboardMode,
                     &Manager::DeleteInstance);
         }
-        Run(row.sent);
+        Run(sent);
         QVERIFY(!Coordinator() && !CUSBJoystickControlManager::Instance());
     }
 

@@ -255,21 +255,6 @@ private Q_SLOTS:
         QVERIFY(Read().value(kSheet).contains("<autoFilter ref=\"C2:E4\"/>"));
     }
 
-    void aLongNameIsFoundWhole()
-    {
-        const std::string name(40, 'n');
-        Written(
-            [&name](CExcelControllorWithC &writer) {
-                lxw_worksheet *const sheet = writer.GetWorkSheet(name);
-                writer.AddSheetByName("other");
-                writer.AddSheetByName(name);
-                QVERIFY(sheet && writer.GetWorkSheet(name) == sheet);
-                QCOMPARE(writer.GetWorkSheet(name.substr(0, 31)), nullptr);
-                QCOMPARE(writer.GetSheetCount(), 2);
-            },
-            name);
-    }
-
     void hiddenSheetsStayInTheFile_data()
     {
         AddRows<Hidden>({{"the last", {"C"}, "vvh", ""},
@@ -455,30 +440,6 @@ private Q_SLOTS:
 
         QVERIFY2(parts["xl/styles.xml"].contains(row.wanted), parts["xl/styles.xml"]);
         QVERIFY2(!parts["xl/styles.xml"].contains(row.unwanted), parts["xl/styles.xml"]);
-    }
-
-    void equalLooksShareOneFormatAndAChangedRecordGetsItsOwn()
-    {
-        const Parts parts = Written([](CExcelControllorWithC &writer) {
-            auto look = AnyLook();
-            for (int round = 0; round < 2; ++round) {
-                for (int size = 10; size < 40; ++size) { // more than are remembered as given
-                    look->SetVal_font_size(size);
-                    look->SetVal_cell_type(round);
-                    writer.SetCellString(round, size, "x", look);
-                }
-            }
-            look->SetVal_is_need_wrap(true);
-            writer.MergeCells(3, 0, 3, 1, "never wrapped", look);
-            writer.SetCellString(4, 0, "x", nullptr);
-            int formats = 0;
-            lxw_format *format = nullptr;
-            STAILQ_FOREACH(format, writer.GetWorkBook()->formats, list_pointers)++ formats;
-            QCOMPARE(formats, 2 + 30); // two are the workbook's own
-        });
-
-        QVERIFY(!parts["xl/styles.xml"].contains("wrapText"));
-        QVERIFY(parts[kSheet].contains("<c r=\"A5\" t=\"s\">"));
     }
 
 private:

@@ -77,21 +77,11 @@ Act PictureWith(const std::function<void(Vantor::lxw_image_options_ &)> &change)
     };
 }
 
-struct Joined
-{
-    const char *name;
-    int cells, step, validations, left_out;
-};
+using Joined = Row<int, int, int, int>; // cells, step, validations, left_out
 
-struct Input
-{
-    const char *name;
-    Act act; // done twice
-    QString part;
-    QByteArray wanted; // empty: there is no such part
-    QByteArray unwanted;
-    QString logged; // once, however often it happens
-};
+// act: done twice; wanted: empty: there is no such part; logged: once, however often it happens
+using Input =
+    Row<Act, QString, QByteArray, QByteArray, QString>; // act, part, wanted, unwanted, logged
 
 } // namespace
 
@@ -231,19 +221,6 @@ private Q_SLOTS:
         QVERIFY(
             sheet.contains("<dataValidations count=\"" + QByteArray::number(validations) + '"'));
         QCOMPARE(writer.LastCloseNotes().lists_left_out, left_out);
-    }
-
-    void mergesBehindTheLimitOfASheetKeepTheirText()
-    {
-        guard_.AnnounceLogLines();
-        const Parts parts = Written([](CExcelControllorWithC &writer) {
-            for (int row = 0; row < 65540; ++row)
-                writer.MergeCells(row, 0, row, 1, "x", nullptr);
-        });
-
-        QVERIFY(parts[kSheet].contains("<mergeCells count=\"65535\">"));
-        QCOMPARE(parts[kSheet].count("t=\"s\""), 65540);
-        QCOMPARE(guard_.LogLines().filter("beyond the 65,535th").size(), 1);
     }
 
     void looksBehindTheLimitTakeTheNearest()

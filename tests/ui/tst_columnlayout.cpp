@@ -50,30 +50,12 @@ QString Text(const Columns &columns)
     return words.join(' ');
 }
 
-struct Layout
-{
-    const char *name;
-    QByteArray items;
-    QString expected;
-};
+using Layout = Row<QByteArray, QString>; // items, expected
 
-struct Move
-{
-    const char *name;
-    QString movable; // one letter a column
-    int from;
-    int to;
-    bool is_possible;
-};
+// movable: one letter a column
+using Move = Row<QString, int, int, bool>; // movable, from, to, is_possible
 
-struct Place
-{
-    const char *name;
-    QRect button;
-    QSize size;
-    bool is_mirrored;
-    QRect expected;
-};
+using Place = Row<QRect, QSize, bool, QRect>; // button, size, is_mirrored, expected
 
 // A button, a user and a server that fails now and then, around a CColumnSync.
 class CWalk
@@ -239,9 +221,9 @@ private Q_SLOTS:
 
     void aLayoutIsPutBackEntryByEntry()
     {
-        const auto &row = FetchRow<Layout>();
-        const QString layout = "{\"CustomizeListItems\":[" + QString::fromUtf8(row.items) + "]}";
-        QCOMPARE(Text(Vantor::WithColumnLayout(Parse("0:2:y:y 1:2:y:y"), layout)), row.expected);
+        const auto &[name, items, expected] = FetchRow<Layout>();
+        const QString layout = "{\"CustomizeListItems\":[" + QString::fromUtf8(items) + "]}";
+        QCOMPARE(Text(Vantor::WithColumnLayout(Parse("0:2:y:y 1:2:y:y"), layout)), expected);
     }
 
     void aMoveLeavesColumnsInPlaceThatKeepTheirs_data()
@@ -258,13 +240,13 @@ private Q_SLOTS:
 
     void aMoveLeavesColumnsInPlaceThatKeepTheirs()
     {
-        const auto &row = FetchRow<Move>();
+        const auto &[name, movable, from, to, is_possible] = FetchRow<Move>();
         Columns columns = Parse("3:2:y:y 2:2:y:y 1:2:y:y 0:2:y:y"); // shown in reverse
         const QVector<int> order = Vantor::ColumnOrder(columns);
         for (int place = 0; place < 4; ++place)
-            columns[order.at(place)].SetVal_b_manual_sort(row.movable.at(place) == 'y');
+            columns[order.at(place)].SetVal_b_manual_sort(movable.at(place) == 'y');
 
-        QCOMPARE(Vantor::CanMoveColumn(columns, order, row.from, row.to), row.is_possible);
+        QCOMPARE(Vantor::CanMoveColumn(columns, order, from, to), is_possible);
     }
 
     void aDropDownStaysInsideOnEveryEdge_data()
@@ -283,10 +265,10 @@ private Q_SLOTS:
 
     void aDropDownStaysInsideOnEveryEdge()
     {
-        const auto &row = FetchRow<Place>();
-        const auto direction = row.is_mirrored ? Qt::RightToLeft : Qt::LeftToRight;
+        const auto &[name, button, size, is_mirrored, expected] = FetchRow<Place>();
+        const auto direction = is_mirrored ? Qt::RightToLeft : Qt::LeftToRight;
         const QRect room(100, 100, 800, 600);
-        QCOMPARE(Vantor::DropDownPlace(row.button, row.size, room, direction), row.expected);
+        QCOMPARE(Vantor::DropDownPlace(button, size, room, direction), expected);
     }
 
     void anyEventsKeepTheUsersColumnsAndTheServersInAgreement()

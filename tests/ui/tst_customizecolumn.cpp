@@ -9,13 +9,8 @@ namespace {
 
 const QString kAnnasKey = QStringLiteral("anna/") + kColumnKey;
 
-struct Refusal
-{
-    const char *name;
-    QList<int> clicks; // rows, one change each
-    int refusals;      // of the first changes
-    QString shown;
-};
+// clicks: rows, one change each; refusals: of the first changes
+using Refusal = Row<QList<int>, int, QString>; // clicks, refusals, shown
 
 enum class Way { Destroyed, Uninitialised, Stopped, DestroyedInTheSignal, DestroyedInADrag };
 
@@ -57,23 +52,23 @@ private Q_SLOTS:
 
     void aRefusedChangeIsTakenBackWithOneMessage()
     {
-        const auto &row = FetchRow<Refusal>();
+        const auto &[name, clicks, refusals, shown] = FetchRow<Refusal>();
         CTable table(MakeColumns(4));
         table.Open();
         QTRY_COMPARE(table.settled, 1);
         store_->Hold();
-        for (const int clicked : row.clicks)
+        for (const int clicked : clicks)
             table.ClickRow(clicked);
-        store_->refusals = row.refusals;
+        store_->refusals = refusals;
 
         store_->AnswerAll();
 
-        QTRY_COMPARE(table.settled, 1 + row.clicks.size());
-        QCOMPARE(table.shown, row.shown);
-        QCOMPARE(table.Rows(), row.shown);
-        QCOMPARE(messages_.size(), row.refusals);
+        QTRY_COMPARE(table.settled, 1 + clicks.size());
+        QCOMPARE(table.shown, shown);
+        QCOMPARE(table.Rows(), shown);
+        QCOMPARE(messages_.size(), refusals);
         table.ClickRow(3); // the next change works
-        QTRY_COMPARE(table.shown, QString(row.shown).remove('D'));
+        QTRY_COMPARE(table.shown, QString(shown).remove('D'));
         QCOMPARE(Stored(store_->texts.value(kAnnasKey), MakeColumns(4)), table.shown);
     }
 

@@ -71,19 +71,11 @@ public:
     }
 };
 
-struct Corner
-{
-    const char *name;
-    Vantor::DockSituation situation;
-    QPoint expected; // null: the dock is left alone
-};
+// expected: null: the dock is left alone
+using Corner = Row<Vantor::DockSituation, QPoint>; // situation, expected
 
-struct Trace
-{
-    const char *name;
-    QString trace; // that the log shows
-    bool is_found;
-};
+// trace: that the log shows
+using Trace = Row<QString, bool>; // trace, is_found
 
 struct Target
 {
@@ -138,8 +130,8 @@ private Q_SLOTS:
 
     void theCornerFollowsFromTheSituation()
     {
-        const auto &row = FetchRow<Corner>();
-        QCOMPARE(Vantor::DockPosition(row.situation).value_or(QPoint()), row.expected);
+        const auto &[name, situation, expected] = FetchRow<Corner>();
+        QCOMPARE(Vantor::DockPosition(situation).value_or(QPoint()), expected);
     }
 
     void aPanelSlidesInAndOut()

@@ -27,13 +27,7 @@ QList<CTreeViewItem *> Items(int count)
     return items;
 }
 
-struct Hit
-{
-    const char *name;
-    QStringList texts;
-    QString keyword;
-    bool is_shown;
-};
+using Hit = Row<QStringList, QString, bool>; // texts, keyword, is_shown
 
 } // namespace
 

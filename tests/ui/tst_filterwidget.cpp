@@ -16,13 +16,7 @@ using Vantor::CFilterWidgetEx;
 
 namespace {
 
-struct MainTypes
-{
-    const char *name;
-    QStringList main;
-    bool is_exact;
-    QString field, subs;
-};
+using MainTypes = Row<QStringList, bool, QString, QString>; // main, is_exact, field, subs
 
 } // namespace
 
@@ -53,17 +47,6 @@ protected:
     }
 
 private Q_SLOTS:
-    void typesAreListedOnceInOrderAndTicked()
-    {
-        QCOMPARE(Rows(bar_->GetMainTypeComboBox()), QString("All|Blank|Bat|Bird|Bird (big)"));
-        QCOMPARE(Rows(bar_->GetSubTypeComboBox()), QString()); // no main type holds "All"
-        QCOMPARE(bar_->GetSelectedSubType(), QStringList({"crow", "Gull", "Red bat", "unknown"}));
-        QCOMPARE(bar_->GetSelectedMainType(), QStringList({"", "Bat", "Bird", "Bird (big)"}));
-        QCOMPARE(bar_->GetMainTypeComboBox()->currentText(), QString("All"));
-        QCOMPARE(bar_->findChild<QLabel *>("pMainTypeLabel")->text(), QString("Kind:"));
-        QCOMPARE(bar_->findChild<QLabel *>("pSubTypeLabel")->text(), QString("Species:"));
-    }
-
     void subTypesFollowTheMainTypes_data()
     {
         AddRows<MainTypes>(
@@ -78,18 +61,18 @@ private Q_SLOTS:
 
     void subTypesFollowTheMainTypes()
     {
-        const auto &row = FetchRow<MainTypes>();
-        if (row.is_exact)
+        const auto &[name, main, is_exact, field, subs] = FetchRow<MainTypes>();
+        if (is_exact)
             bar_->GetSubTypeComboBox()->SetMainTypes(bar_->GetMainTypeComboBox());
 
-        bar_->SetSelectedMainType(row.main);
+        bar_->SetSelectedMainType(main);
 
-        QCOMPARE(bar_->GetSelectedMainType(), row.main);
-        QCOMPARE(bar_->GetMainTypeComboBox()->currentText(), row.field);
-        QCOMPARE(Rows(bar_->GetSubTypeComboBox()), row.subs);
+        QCOMPARE(bar_->GetSelectedMainType(), main);
+        QCOMPARE(bar_->GetMainTypeComboBox()->currentText(), field);
+        QCOMPARE(Rows(bar_->GetSubTypeComboBox()), subs);
         bar_->OnClearFilter();
         QCOMPARE(Rows(bar_->GetSubTypeComboBox()),
-                 row.is_exact ? QString("All|crow|Gull|Red bat|unknown") : QString());
+                 is_exact ? QString("All|crow|Gull|Red bat|unknown") : QString());
     }
 
     void newRowsBringTheirTypesTickedAndKeepWhatIsUnticked()

@@ -25,20 +25,10 @@ QList<Ravel::CTreeViewItem *> Items(int count)
     return items;
 }
 
-struct Delivery
-{
-    const char *name;
-    int per_page, records, page;
-    QString total, enabled;
-};
+using Delivery = Row<int, int, int, QString, QString>; // per_page, records, page, total, enabled
 
-struct Jump
-{
-    const char *name;
-    QString typed;
-    int page; // afterwards, from page 2 of 3
-    int signalled;
-};
+// page: afterwards, from page 2 of 3
+using Jump = Row<QString, int, int>; // typed, page, signalled
 
 } // namespace
 

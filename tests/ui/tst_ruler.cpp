@@ -35,15 +35,8 @@ const RulerStep kDays{kDay, 6 * kHour, 0, 0, RulerLabel::Day};
 const RulerStep kWeeks{7 * kDay, kDay, 0, 0, RulerLabel::Day};
 const RulerStep kQuarters{kYear / 4, kYear / 12, 3, 1, RulerLabel::Month};
 
-struct MarkRow
-{
-    const char *name;
-    TimeZoneParam zone;
-    RulerStep step;
-    const char *from;
-    qint64 length;
-    QString labels;
-};
+using MarkRow = Row<TimeZoneParam, RulerStep, const char *, qint64,
+                    QString>; // zone, step, from, length, labels
 
 } // namespace
 
@@ -79,21 +72,19 @@ private Q_SLOTS:
 
     void marksAreAtRoundTimesOfTheWallClock()
     {
-        const auto &row = FetchRow<MarkRow>();
-        const qint64 from_s = Utc(row.from);
+        const auto &[name, zone, step, from, length, labels] = FetchRow<MarkRow>();
+        const qint64 from_s = Utc(from);
         QStringList shown;
         qint64 previous = from_s - 1;
 
-        for (const auto &mark :
-             Vantor::RulerMarks(row.zone, from_s, from_s + row.length, row.step)) {
-            QVERIFY(mark.seconds > previous && mark.seconds <= from_s + row.length);
+        for (const auto &mark : Vantor::RulerMarks(zone, from_s, from_s + length, step)) {
+            QVERIFY(mark.seconds > previous && mark.seconds <= from_s + length);
             previous = mark.seconds;
             if (mark.is_major)
-                shown.append(
-                    Vantor::RulerText(row.zone, mark.seconds, row.step.label, QLocale::c()));
+                shown.append(Vantor::RulerText(zone, mark.seconds, step.label, QLocale::c()));
         }
 
-        QCOMPARE(shown.join(','), row.labels);
+        QCOMPARE(shown.join(','), labels);
     }
 
     void labelsAlwaysHaveRoom()

@@ -116,14 +116,7 @@ QString FaultAt(const CTimeBarDelegate &ours, Letter::TimeBars &plain, qint64 se
     return found_top != top || (found && !Covers(*found, seconds)) ? "another bar" : "";
 }
 
-struct FarRow
-{
-    const char *name;
-    qint64 start;
-    qint64 end;
-    bool has_left;
-    bool has_right;
-};
+using FarRow = Row<qint64, qint64, bool, bool>; // start, end, has_left, has_right
 
 } // namespace
 
@@ -228,7 +221,7 @@ private Q_SLOTS:
 
     void farTimesPaintWhatIsInTheMiddle()
     {
-        const auto &row = FetchRow<FarRow>();
+        const auto &[name, start, end, has_left, has_right] = FetchRow<FarRow>();
         CAnimationProgressBar line;
         line.resize(200, 50);
         line.SetUnitScale(1, 1);
@@ -237,18 +230,18 @@ private Q_SLOTS:
         line.AppendDelegate(&delegate);
         delegate.InitTypes({1});
 
-        delegate.AppendTimeBar({Bar(1, row.start, row.end)});
+        delegate.AppendTimeBar({Bar(1, start, end)});
 
         for (const bool is_antialiased : {false, true}) {
             const QImage image = Painted(
                 {200, 50},
                 [&](QPainter &p) { p.setRenderHint(QPainter::Antialiasing, is_antialiased); },
                 [&](QPainter &p) { delegate.Paint(&p); });
-            QCOMPARE(image.pixelColor(0, 30) == QColor(Qt::red), row.has_left);
-            QCOMPARE(image.pixelColor(199, 30) == QColor(Qt::red), row.has_right);
+            QCOMPARE(image.pixelColor(0, 30) == QColor(Qt::red), has_left);
+            QCOMPARE(image.pixelColor(199, 30) == QColor(Qt::red), has_right);
         }
-        QCOMPARE(delegate.FindTimeBar({20, 30}).has_value(), row.has_left);
-        QCOMPARE(delegate.FindTimeBarAt(kNow - 80).has_value(), row.has_left);
+        QCOMPARE(delegate.FindTimeBar({20, 30}).has_value(), has_left);
+        QCOMPARE(delegate.FindTimeBarAt(kNow - 80).has_value(), has_left);
     }
 
     void listsOfTheCallerStayAsTheyAre()

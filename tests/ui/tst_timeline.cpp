@@ -135,14 +135,9 @@ struct Host
     bool is_setting = false;
 };
 
-struct KeyRow
-{
-    const char *name;
-    Qt::Key key;
-    Qt::KeyboardModifiers modifiers;
-    qint64 from_ms; // after noon
-    qint64 to_ms;
-};
+// from_ms: after noon
+using KeyRow =
+    Row<Qt::Key, Qt::KeyboardModifiers, qint64, qint64>; // key, modifiers, from_ms, to_ms
 
 } // namespace
 
@@ -290,20 +285,6 @@ private Q_SLOTS:
         }
     }
 
-    void aPositionThatIsSetDuringAZoomStays()
-    {
-        const auto bar = NewBar(100);
-        const QSignalSpy stops(bar.get(), &CBar::SignalStopAtTime);
-        bar->ZoomBy(2, 150);
-
-        bar->SetPosition((kNoon + 7 * 24 * kHour) * 1000);
-
-        QTRY_COMPARE(bar->PixelsPerSecond(), 2 * 60.0 / kHour);
-        QVERIFY(std::abs(bar->GetCurrentUTCTime() - kNoon - 7 * 24 * kHour) < 3 * kHour);
-        QTRY_COMPARE(stops.size(), 1); // the zoom has moved the line on
-        QCOMPARE(stops.at(0).at(0).toDateTime(), bar->GetCurrentDateTime());
-    }
-
     void theWheelKeepsTheTimeUnderThePointerAndReportsOneStop()
     {
         const auto bar = NewBar();
@@ -341,19 +322,19 @@ private Q_SLOTS:
 
     void keysMoveTheLine()
     {
-        const auto &row = FetchRow<KeyRow>();
+        const auto &[name, key, modifiers, from_ms, to_ms] = FetchRow<KeyRow>();
         const auto bar = NewBar();
         bar->SetFiles({NewFile(kNoon - 9000, kNoon - 8000), NewFile(kNoon - 500, kNoon), nullptr,
                        NewFile(kNoon, kNoon + 5), NewFile(kNoon + 90, kNoon + 95),
                        NewFile(kNoon + 50, kNoon + 60, 1)}, // a type that is not drawn
                       true);
-        bar->SetPosition(kNoon * 1000 + row.from_ms);
+        bar->SetPosition(kNoon * 1000 + from_ms);
         const QSignalSpy stops(bar.get(), &CBar::SignalStopAtTime);
 
-        Key(bar.get(), row.key, row.modifiers);
+        Key(bar.get(), key, modifiers);
 
-        QCOMPARE(bar->Position() - kNoon * 1000, row.to_ms);
-        QCOMPARE(stops.size(), row.from_ms == row.to_ms ? 0 : 1);
+        QCOMPARE(bar->Position() - kNoon * 1000, to_ms);
+        QCOMPARE(stops.size(), from_ms == to_ms ? 0 : 1);
     }
 
     void draggingPansAndEscapeTakesItBack()

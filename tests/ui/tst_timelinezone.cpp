@@ -100,23 +100,6 @@ private Q_SLOTS:
         QCOMPARE(bar.GetCurrentUTCTime(), qint64(-1));
     }
 
-    void aSlotMaySetAnotherTime()
-    {
-        CAnimationProgressBar bar;
-        int calls = 0;
-        connect(&bar, &CAnimationProgressBar::SignalStopAtTime, this, [&] {
-            if (++calls > 1)
-                return;
-            bar.SetTimeZoneInfor(Berlin());
-            bar.SetCurrentDateTime(Fields(1, 2, 12));
-        });
-
-        bar.SetCurrentDateTime(Fields(7, 1, 12));
-
-        QCOMPARE(bar.GetCurrentUTCTime(), Fields(7, 1, 12).toSecsSinceEpoch()); // as in UTC
-        QCOMPARE(calls, 2);
-    }
-
     void positionsHaveFixedZones()
     {
         CAnimationProgressBar bar;
