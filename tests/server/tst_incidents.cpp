@@ -12,14 +12,17 @@
 
 #include <QtCore/QRegularExpression>
 
+#include <atomic>
+#include <chrono>
 #include <random>
+#include <thread>
 
 namespace {
 
 using namespace Server;
 
 constexpr int kColumns = 3;
-constexpr int kSteps = 700;
+constexpr int kSteps = 500;
 constexpr IncidentLimits kShortLists{20, 3, 7, 40};
 
 const QStringList kCells{"",
@@ -131,6 +134,18 @@ std::vector<int> Expected(const IncidentRows &rows, qint64 begin, qint64 end,
     return found;
 }
 
+Answered AskPage(const std::string &members)
+{
+    return Ask("GET", "/IncidentList", "{\"IncidentListRequest\":{" + members + "}}");
+}
+
+std::string Member(const char *name, const std::string &value)
+{
+    return std::string(",\"") + name + "\":\"" + value + '"';
+}
+
+constexpr char kList[] = "/Data/IncidentList/";
+
 } // namespace
 
 class tst_incidents : public CGuardedTest
@@ -146,6 +161,8 @@ private:
 
 private Q_SLOTS:
     void aRandomWalkAgreesWithAPlainList();
+    void pagesHoldStillWhileRowsArrive();
+    void onlyItsOwnTextsAreTakenBack();
 };
 
 IncidentRows tst_incidents::NewRows(int count)
@@ -242,6 +259,80 @@ void tst_incidents::aRandomWalkAgreesWithAPlainList()
             following->after = page.next;
         }
     }
+}
+
+// Rows arrive, 1,000 a second, while every page of one moment is read by number and by following.
+void tst_incidents::pagesHoldStillWhileRowsArrive()
+{
+    CTestServer server;
+    QCOMPARE(server.Start(), QString());
+    QVERIFY(LogIn(kSampleAccounts[0].name, kSampleAccounts[0].password));
+    std::atomic<bool> is_over{false};
+    std::atomic<int> stored{0};
+    std::thread writer([&] {
+        std::string rows;
+        for (int row = 0; row < 50; ++row)
+            rows += std::string(row == 0 ? "" : ",") + R"(["Gate 0","0","new, all"])";
+        while (!is_over) {
+            const Answered reply =
+                Ask("POST", "/Incident", R"({"IncidentRequest":{"Rows":[)" + rows + "]}}");
+            stored += reply.Int("/Data/Incident/Total") > 0 ? 50 : 0;
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        }
+    });
+    const std::string order = R"("PageSize":20,"SortColumn":1,"Descending":0,"Filter":"GATE")";
+    const Answered first = AskPage(order);
+    const std::string moment = Member("Moment", first.Text(std::string(kList) + "Moment"));
+    const int total = first.Int(std::string(kList) + "Total");
+    QStringList by_number;
+    QStringList followed;
+    const auto add = [](const Answered &page, QStringList &cells) {
+        const int count = page.document->GetCount(std::string("/ResponseStatus") + kList + "Rows");
+        for (int row = 0; row < count; ++row)
+            cells.append(
+                QString::fromStdString(page.Text(kList + ("Rows/" + std::to_string(row)) + "/0")));
+    };
+    for (int page = 1; page <= (total + 19) / 20; ++page)
+        add(AskPage(order + moment + ",\"Page\":" + std::to_string(page)), by_number);
+    Answered page = AskPage(order + moment);
+    add(page, followed);
+    for (std::string next = page.Text(std::string(kList) + "Next"); !next.empty();
+         next = page.Text(std::string(kList) + "Next")) {
+        page = AskPage(order + moment + Member("After", next));
+        add(page, followed);
+    }
+    QTRY_VERIFY(stored >= 500);
+    const int arrived = AskPage(order + moment).Int(std::string(kList) + "NewRows");
+    is_over = true;
+    writer.join();
+
+    QCOMPARE(by_number.size(), total);
+    QCOMPARE(followed, by_number);
+    QCOMPARE(QSet<QString>(by_number.begin(), by_number.end()).size(), 250 + int(total > 250));
+    QVERIFY(arrived >= 500);
+}
+
+void tst_incidents::onlyItsOwnTextsAreTakenBack()
+{
+    CTestServer server;
+    QCOMPARE(server.Start(), QString());
+    QVERIFY(LogIn(kSampleAccounts[0].name, kSampleAccounts[0].password));
+    const Answered page = AskPage(R"("PageSize":10,"Filter":"gate")");
+    const std::string moment = page.Text(std::string(kList) + "Moment");
+    const std::string next = page.Text(std::string(kList) + "Next");
+    const auto status = [](const std::string &members) {
+        return AskPage(members).error.error_code;
+    };
+
+    QCOMPARE(status(R"("Filter":"gate")" + Member("After", next)), 0);
+    QCOMPARE(status(R"("Filter":"Gate 1")" + Member("After", next)), 400);
+    QCOMPARE(status(R"("Filter":"gate","Descending":1)" + Member("After", next)), 400);
+    QCOMPARE(status("\"Page\":1" + Member("Moment", "9" + moment)), 400);
+    QCOMPARE(status("\"Page\":1" + Member("Moment", moment + "0")), 400);
+    QCOMPARE(status("\"Page\":1" + Member("After", moment)), 400);
+    QCOMPARE(Ask("POST", "/Incident", R"({"IncidentRequest":{"Rows":[["too","few"]]}})")
+                 .error.error_code,
+             400);
 }
 
 QTEST_MAIN(tst_incidents)
