@@ -316,11 +316,18 @@ void CServerListPage::ShowPage(const ServerPage &page)
 
 void CServerListPage::ShowFailure()
 {
-    if (fetch_.Wanted().query == fetch_.Request().query) {
+    if (IsSameSearch()) {
         ShowBar(); // the page that was there stays
         return;
     }
     list_->ClearAllItems(); // rows of another search would mislead
+    list_->OnUpdateMaxMinPage(false, false);
+}
+
+// Whether the rows that are shown are those that the user asks for.
+bool CServerListPage::IsSameSearch() const
+{
+    return fetch_.Wanted().query == fetch_.Request().query;
 }
 
 void CServerListPage::ShowBar()
@@ -340,7 +347,7 @@ void CServerListPage::ShowState()
     state_->setText(StateText());
     state_->setToolTip(state_->text()); // in a narrow window its end cannot be seen
     retry_->setVisible(is_failed && IsWorthAnotherTry(fetch_.Error().error));
-    new_rows_->setVisible(page.new_rows > 0);
+    new_rows_->setVisible(page.new_rows > 0 && IsSameSearch());
     new_rows_->setText(page.are_new_rows_exact ? tr("%Ln new", nullptr, page.new_rows)
                                                : tr("More than %Ln new", nullptr, page.new_rows));
     order_->setText(tr("Order: %1").arg(OrderText()));
@@ -481,6 +488,12 @@ bool CServerListPage::eventFilter(QObject *watched, QEvent *event)
     if (watched == search_ && event->type() == QEvent::KeyPress
         && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Down) {
         Table()->setFocus(Qt::OtherFocusReason);
+        return true;
+    }
+    // On X11 a line edit would take Ctrl+E for the end of the line, and the menu never hear of it.
+    if (watched == search_ && event->type() == QEvent::ShortcutOverride
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_E) {
+        event->ignore();
         return true;
     }
     // A line edit turns itself round after the text that is typed, its icons too, and stays so.

@@ -80,6 +80,7 @@ private:
     void SetOrder(int column, bool is_descending);
     void ShowPage(const ServerPage &page);
     void ShowFailure();
+    [[nodiscard]] bool IsSameSearch() const;
     void ShowBar();
     void ShowState();
     [[nodiscard]] QString StateText() const;
