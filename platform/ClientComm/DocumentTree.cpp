@@ -19,7 +19,7 @@ void CDocumentTree::Clear()
 {
     nodes_.assign(1, {});
     Nim::Base::Encrypt::Wipe(characters_);
-    cursor_ = {};
+    cursors_ = {};
 }
 
 void CDocumentTree::Reserve(size_t size)
@@ -105,12 +105,18 @@ int CDocumentTree::CountNamed(int parent, std::string_view name) const
 
 int CDocumentTree::FindNumber(int parent, int number) const
 {
-    const bool is_ahead = cursor_.parent == parent && cursor_.number <= number;
-    Cursor found = is_ahead ? cursor_ : Cursor{parent, 0, FirstChild(parent)};
+    const auto latest = cursors_.begin();
+    const auto known = std::find_if(
+        latest, cursors_.end(), [parent](const Cursor &cursor) { return cursor.parent == parent; });
+    const auto place = known != cursors_.end() ? known : cursors_.end() - 1;
+    const bool is_ahead = known != cursors_.end() && known->number <= number;
+    Cursor found = is_ahead ? *known : Cursor{parent, 0, FirstChild(parent)};
     for (; found.node != kNone && found.number < number; ++found.number)
         found.node = NextSibling(found.node);
-    if (found.node != kNone)
-        cursor_ = found;
+    if (found.node != kNone) {
+        *place = found;
+        std::rotate(latest, place, place + 1);
+    }
     return found.node;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -74,7 +75,7 @@ private:
         Kind kind = Kind::Object;
     };
 
-    // Where the last search by number ended.
+    // Where a search by number ended.
     struct Cursor
     {
         int parent = kNone;
@@ -93,7 +94,8 @@ private:
 
     std::vector<Node> nodes_;
     std::string characters_;
-    mutable Cursor cursor_;
+    // Latest first, because rows and the cells of a row are searched in turns.
+    mutable std::array<Cursor, 4> cursors_;
 };
 
 } // namespace ClientComm
