@@ -432,6 +432,29 @@ private Q_SLOTS:
         QCOMPARE(Status(Ask("GET", "/Permission/SecuritySetting")), 401);
     }
 
+    void serversThatCountAtOnceLockAtTheExactTry()
+    {
+        const auto address = Server::ReadStoreAddress(NewDatabase(folder_.Path()));
+        const Server::LockSettings settings{true, 5, 600};
+        const auto guess = [&] { // as a server does
+            const auto store = Server::OpenStore(address);
+            for (int i = 0; i < 200; ++i) {
+                const Server::Trier trier{QString::number(i / 10),
+                                          "operator" + QString::number(i / 10)};
+                store->Write([&] {
+                    Server::LockCounters(*store, trier);
+                    if (Server::StandingOf(*store, settings, trier, 1).lock == Server::Lock::None)
+                        Server::CountTry(*store, settings, trier, 1);
+                });
+            }
+        };
+        std::thread other(guess);
+        guess();
+        other.join();
+        const auto store = Server::OpenStore(address);
+        QCOMPARE(store->Value("SELECT max(failures) FROM attempt").toInt(), 5);
+    }
+
     void aStoreOfTheFirstVersionOpens()
     {
         const QString path = folder_.Path("old.sqlite");
