@@ -23,6 +23,8 @@ namespace Server {
 namespace {
 
 constexpr char kAnswer[] = "Server::CHttpFront::Answer";
+constexpr unsigned kFlags =
+    MHD_USE_AUTO | MHD_USE_INTERNAL_POLLING_THREAD | MHD_USE_ERROR_LOG | MHD_ALLOW_SUSPEND_RESUME;
 constexpr unsigned kThreads = 4; // a password check keeps one busy
 // Beyond CConnections::kMaximum those that wait are closed; this is for the time until they are.
 constexpr unsigned kConnections = 2 * CConnections::kMaximum;
@@ -362,8 +364,7 @@ QString CHttpFront::Start(const ServerOptions &options)
         if (!ReadAddress(text, options.port, address = {}))
             return QStringLiteral("%1 is no IP address.").arg(QString::fromStdString(text));
     }
-    unsigned flags = MHD_USE_AUTO | MHD_USE_INTERNAL_POLLING_THREAD | MHD_USE_ERROR_LOG
-                     | MHD_ALLOW_SUSPEND_RESUME;
+    unsigned flags = kFlags;
     if (address.is_ipv6)
         flags |= MHD_USE_IPv6;
     const bool is_tls = !options.certificate.empty();

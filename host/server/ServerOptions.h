@@ -27,10 +27,10 @@ struct ServerOptions
     QString database;
     std::string address = "127.0.0.1"; ///< IPv4 or IPv6 address to listen on
     int port = 0;                      ///< 0: any that is free
-    QString seed_path;       ///< CSV file for an empty database, with sample accounts; may be empty
+    QString seed_path;    ///< CSV file for an empty database, with sample accounts; may be empty
     qint64 seed_rows = 0; ///< so many incidents, which vary those of the file; 0: as it has them
-    /// Hears how far Start() is while it loads the list: what is done, and how much of it. Empty: it
-    /// is not heard. One thread.
+    /// Hears how far Start() is while it loads the list: what is done, and how much of it. Empty:
+    /// it is not heard. One thread.
     std::function<void(const char *what, qint64 done, qint64 total)> progress;
     std::string certificate; ///< PEM; with the key: HTTPS
     std::string private_key; ///< PEM

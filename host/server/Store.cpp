@@ -56,8 +56,7 @@ void MakePrivate(const QString &path)
 
 QString DriverOf(Engine engine)
 {
-    QString driver =
-        engine == Engine::Sqlite ? QStringLiteral("QSQLITE") : QStringLiteral("QPSQL");
+    QString driver = engine == Engine::Sqlite ? QStringLiteral("QSQLITE") : QStringLiteral("QPSQL");
     if (!QSqlDatabase::isDriverAvailable(driver))
         throw DatabaseError(engine == Engine::Sqlite
                                 ? "Qt's driver for SQLite is missing: install libqt5sql5-sqlite"
