@@ -1,10 +1,12 @@
 # SPDX-License-Identifier: MIT
 # Themes, icons, the waiting animation and translations, compiled into the program that uses them.
 
+set_property(GLOBAL PROPERTY VANTOR_LANGUAGES en ar zh_CN)
+
 # Compiles translations/<catalogue>_<language>.ts of every language and gives in `sources` what adds
 # them to a target, below :/Vantor/Translations.
 function(vantor_translations sources catalogue)
-    set(ts_files en ar)
+    get_property(ts_files GLOBAL PROPERTY VANTOR_LANGUAGES)
     list(TRANSFORM ts_files PREPEND ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/translations/${catalogue}_)
     list(TRANSFORM ts_files APPEND .ts)
     qt5_add_translation(qm_files ${ts_files})
@@ -99,4 +101,8 @@ function(vantor_resources target)
     qt5_add_resources(resources ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/vantor.qrc)
     vantor_contrast_theme(contrast)
     target_sources(${target} PRIVATE ${resources} ${translations} ${pictures} ${contrast})
+    get_property(languages GLOBAL PROPERTY VANTOR_LANGUAGES)
+    list(JOIN languages "\",\"" languages)
+    set_property(SOURCE common/Translate.cpp APPEND PROPERTY
+        COMPILE_DEFINITIONS "VANTOR_LANGUAGES=\"${languages}\"")
 endfunction()

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Connections.h"
 
-#include <sys/socket.h>
+#include "Sockets.h"
 
 #include <algorithm>
 #include <tuple>

@@ -3,13 +3,12 @@
 
 #include "Connections.h"
 #include "ServerOptions.h"
+#include "Sockets.h"
 
 #include <ClientComm/RapidJsonProto.h>
 #include <Nim/Base/Log.h>
 
-#include <arpa/inet.h>
 #include <microhttpd.h>
-#include <netinet/in.h>
 #include <strings.h>
 
 #include <QtCore/QJsonDocument>

@@ -186,7 +186,9 @@ int Copy(const QStringList &databases)
 
 int Serve(Server::ServerOptions options)
 {
+#ifdef SIGHUP
     std::signal(SIGHUP, SIG_IGN); // a terminal that closes, or an unwary reload, changes nothing
+#endif
     for (const int signal : {SIGINT, SIGTERM})
         std::signal(signal, OnSignal);
     Server::CServer server(std::move(options));

@@ -4,10 +4,6 @@
 <context>
     <name>Batch</name>
     <message>
-        <source>Writing: %1</source>
-        <translation>الكتابة: %1</translation>
-    </message>
-    <message>
         <source>Reading %1: %2</source>
         <translation>قراءة ‎%1: %2</translation>
     </message>
@@ -840,11 +836,11 @@
     </message>
     <message>
         <source>&amp;To</source>
-        <translation>إلى</translation>
+        <translation>إ&amp;لى</translation>
     </message>
     <message>
         <source>&amp;Port</source>
-        <translation>المنفذ</translation>
+        <translation>المن&amp;فذ</translation>
     </message>
     <message>
         <source>Port, path or host:port</source>
@@ -856,15 +852,15 @@
     </message>
     <message>
         <source>Ba&amp;ud</source>
-        <translation>السرعة</translation>
+        <translation>الس&amp;رعة</translation>
     </message>
     <message>
         <source>&amp;Baud</source>
-        <translation>السرعة</translation>
+        <translation>الس&amp;رعة</translation>
     </message>
     <message>
         <source>Camera &amp;address</source>
-        <translation>عنوان الكاميرا</translation>
+        <translation>عنوان ال&amp;كاميرا</translation>
     </message>
     <message>
         <source>Disconnect</source>
@@ -1020,7 +1016,7 @@
     </message>
     <message>
         <source>Time &amp;zone</source>
-        <translation>المنطقة الزمنية</translation>
+        <translation>المنطقة ال&amp;زمنية</translation>
     </message>
     <message>
         <source>Time zone</source>
@@ -1028,11 +1024,11 @@
     </message>
     <message>
         <source>&amp;Earlier change</source>
-        <translation>التغيير السابق</translation>
+        <translation>التغيير السا&amp;بق</translation>
     </message>
     <message>
         <source>&amp;Later change</source>
-        <translation>التغيير اللاحق</translation>
+        <translation>التغيير اللا&amp;حق</translation>
     </message>
     <message>
         <source>Go to where the clocks of this zone were changed last</source>
@@ -1127,16 +1123,16 @@
         <translation>سيتوقف بعد الملف الحالي…</translation>
     </message>
     <message>
-        <source>%1 of %2 files, %3 of %4</source>
-        <translation>%1 من %2 ملفات، %3 من %4</translation>
+        <source>Files: %1 of %2, %3 of %4</source>
+        <translation>الملفات: %1 من %2، %3 من %4</translation>
     </message>
     <message>
-        <source>All %1 files have arrived.</source>
-        <translation>وصلت كل الملفات (%1).</translation>
+        <source>All files have arrived: %1.</source>
+        <translation>وصلت كل الملفات: %1.</translation>
     </message>
     <message>
-        <source>%1 of %2 files have arrived; the others are listed with the reason.</source>
-        <translation>وصل %1 من %2 ملفات؛ والبقية مدرجة مع السبب.</translation>
+        <source>Files that have arrived: %1 of %2. The others are listed with the reason.</source>
+        <translation>الملفات التي وصلت: %1 من %2. والبقية مدرجة مع السبب.</translation>
     </message>
     <message>
         <source>Copied as %1</source>
@@ -1152,7 +1148,7 @@
     </message>
     <message>
         <source>&amp;Remove</source>
-        <translation>إزالة</translation>
+        <translation>إ&amp;زالة</translation>
     </message>
     <message>
         <source>Copy &amp;to</source>
@@ -1160,7 +1156,7 @@
     </message>
     <message>
         <source>&amp;Browse…</source>
-        <translation>استعراض…</translation>
+        <translation>استعرا&amp;ض…</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
@@ -1168,7 +1164,7 @@
     </message>
     <message>
         <source>&amp;Stop</source>
-        <translation>إيقاف</translation>
+        <translation>إي&amp;قاف</translation>
     </message>
     <message>
         <source>Progress of the copy</source>
@@ -1200,15 +1196,15 @@
     </message>
     <message>
         <source>&amp;Open folder</source>
-        <translation>فتح المجلد</translation>
+        <translation>&amp;فتح المجلد</translation>
     </message>
     <message>
         <source>Add &amp;samples</source>
-        <translation>إضافة عيّنات</translation>
+        <translation>إضافة ع&amp;يّنات</translation>
     </message>
     <message>
-        <source>Copying: %1 of %2 files</source>
-        <translation>النسخ: %1 من %2 ملفات</translation>
+        <source>Copying files: %1 of %2</source>
+        <translation>نسخ الملفات: %1 من %2</translation>
     </message>
     <message numerus="yes">
         <source>%Ln of them are not files and were left out.</source>
@@ -1229,7 +1225,7 @@
         <translation>جارٍ إعداد التسجيلات …</translation>
     </message>
     <message>
-        <source>%1 recordings</source>
+        <source>Recordings: %1</source>
         <translation>التسجيلات: ‎%1</translation>
     </message>
     <message>
@@ -1242,11 +1238,11 @@
     </message>
     <message>
         <source>&amp;Time</source>
-        <translation>الوقت</translation>
+        <translation>الو&amp;قت</translation>
     </message>
     <message>
         <source>&amp;Recordings</source>
-        <translation>التسجيلات</translation>
+        <translation>التسج&amp;يلات</translation>
     </message>
     <message>
         <source>Day by day</source>
@@ -1254,7 +1250,7 @@
     </message>
     <message>
         <source>&amp;Second camera</source>
-        <translation>الكاميرا الثانية</translation>
+        <translation>الكاميرا ال&amp;ثانية</translation>
     </message>
     <message>
         <source>Recordings</source>
@@ -1354,8 +1350,8 @@
         <translation>قفل العنوان</translation>
     </message>
     <message>
-        <source>%1 tries, %2 min</source>
-        <translation>%1 محاولات، %2 دقيقة</translation>
+        <source>Tries: %1, %2 min</source>
+        <translation>المحاولات: %1، %2 دقيقة</translation>
     </message>
     <message>
         <source>Password strength</source>
@@ -1369,9 +1365,16 @@
         <source>Password expiry</source>
         <translation>انتهاء صلاحية كلمة المرور</translation>
     </message>
-    <message>
-        <source>after %1 days</source>
-        <translation>بعد %1 يوم</translation>
+    <message numerus="yes">
+        <source>after %Ln day(s)</source>
+        <translation>
+            <numerusform>بعد %Ln يوم</numerusform>
+            <numerusform>بعد يوم واحد</numerusform>
+            <numerusform>بعد يومين</numerusform>
+            <numerusform>بعد %Ln أيام</numerusform>
+            <numerusform>بعد %Ln يومًا</numerusform>
+            <numerusform>بعد %Ln يوم</numerusform>
+        </translation>
     </message>
     <message>
         <source>Lock of the client</source>
@@ -1539,7 +1542,7 @@
 <context>
     <name>ServerExport</name>
     <message>
-        <source>The server sent %1 of %2 rows.</source>
+        <source>Rows that the server sent: %1 of %2.</source>
         <translation>أرسل الخادم %1 من %2 من الصفوف.</translation>
     </message>
     <message>

@@ -4,10 +4,6 @@
 <context>
     <name>Batch</name>
     <message>
-        <source>Writing: %1</source>
-        <translation>Writing: %1</translation>
-    </message>
-    <message>
         <source>Reading %1: %2</source>
         <translation>Reading %1: %2</translation>
     </message>
@@ -1107,16 +1103,16 @@
         <translation>Stopping after the current file…</translation>
     </message>
     <message>
-        <source>%1 of %2 files, %3 of %4</source>
-        <translation>%1 of %2 files, %3 of %4</translation>
+        <source>Files: %1 of %2, %3 of %4</source>
+        <translation>Files: %1 of %2, %3 of %4</translation>
     </message>
     <message>
-        <source>All %1 files have arrived.</source>
-        <translation>All %1 files have arrived.</translation>
+        <source>All files have arrived: %1.</source>
+        <translation>All files have arrived: %1.</translation>
     </message>
     <message>
-        <source>%1 of %2 files have arrived; the others are listed with the reason.</source>
-        <translation>%1 of %2 files have arrived; the others are listed with the reason.</translation>
+        <source>Files that have arrived: %1 of %2. The others are listed with the reason.</source>
+        <translation>Files that have arrived: %1 of %2. The others are listed with the reason.</translation>
     </message>
     <message>
         <source>Copied as %1</source>
@@ -1187,8 +1183,8 @@
         <translation>Add &amp;samples</translation>
     </message>
     <message>
-        <source>Copying: %1 of %2 files</source>
-        <translation>Copying: %1 of %2 files</translation>
+        <source>Copying files: %1 of %2</source>
+        <translation>Copying files: %1 of %2</translation>
     </message>
     <message numerus="yes">
         <source>%Ln of them are not files and were left out.</source>
@@ -1205,8 +1201,8 @@
         <translation>Making the recordings …</translation>
     </message>
     <message>
-        <source>%1 recordings</source>
-        <translation>%1 recordings</translation>
+        <source>Recordings: %1</source>
+        <translation>Recordings: %1</translation>
     </message>
     <message>
         <source>Nothing was recorded at this time.</source>
@@ -1330,8 +1326,8 @@
         <translation>Lock of an address</translation>
     </message>
     <message>
-        <source>%1 tries, %2 min</source>
-        <translation>%1 tries, %2 min</translation>
+        <source>Tries: %1, %2 min</source>
+        <translation>Tries: %1, %2 min</translation>
     </message>
     <message>
         <source>Password strength</source>
@@ -1345,9 +1341,12 @@
         <source>Password expiry</source>
         <translation>Password expiry</translation>
     </message>
-    <message>
-        <source>after %1 days</source>
-        <translation>after %1 days</translation>
+    <message numerus="yes">
+        <source>after %Ln day(s)</source>
+        <translation>
+            <numerusform>after %Ln day</numerusform>
+            <numerusform>after %Ln days</numerusform>
+        </translation>
     </message>
     <message>
         <source>Lock of the client</source>
@@ -1499,8 +1498,8 @@
 <context>
     <name>ServerExport</name>
     <message>
-        <source>The server sent %1 of %2 rows.</source>
-        <translation>The server sent %1 of %2 rows.</translation>
+        <source>Rows that the server sent: %1 of %2.</source>
+        <translation>Rows that the server sent: %1 of %2.</translation>
     </message>
     <message>
         <source>The columns of the server's list have changed.</source>

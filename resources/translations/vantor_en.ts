@@ -5,7 +5,7 @@
     <name>SimpleMutiPageWidgetUi</name>
     <message>
         <source>TheTotalNumberOf%ruHYFtyFtVv</source>
-        <translation>%1 records in total</translation>
+        <translation>Records in total: %1</translation>
     </message>
     <message>
         <source>Total</source>
@@ -136,7 +136,7 @@
     </message>
     <message>
         <source>RemainingLEesrBBJA</source>
-        <translation> %1 attempts are left.</translation>
+        <translation> Attempts left: %1.</translation>
     </message>
     <message>
         <source>Peltra.ee229a03a27748f2bb7b3e2a08484b6a.msg</source>

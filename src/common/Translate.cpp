@@ -2,8 +2,75 @@
 #include "common/Translate.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QPointer>
+#include <QtCore/QTranslator>
+
+#include <algorithm>
+#include <iterator>
+
+// A program may load the library late, and then this file's start may come before the texts'.
+static void AddTexts()
+{
+    Q_INIT_RESOURCE(vantor_translations);
+}
 
 namespace Vantor {
+namespace {
+
+// Made by CMake from the list of languages.
+constexpr const char *kLanguages[] = {VANTOR_LANGUAGES};
+
+bool g_are_translations_wanted = true;
+
+// The library's translator of this application object, which owns it.
+QPointer<QTranslator> &Installed()
+{
+    static auto *const translator = new QPointer<QTranslator>;
+    return *translator;
+}
+
+// The language for `wanted`, or an empty text when there is none.
+QString LanguageFor(const QLocale &wanted)
+{
+    const auto find = [](const QString &code) {
+        const bool is_there =
+            std::any_of(std::begin(kLanguages), std::end(kLanguages),
+                        [&](const char *known) { return code == QLatin1String(known); });
+        return is_there ? code : QString();
+    };
+    // Singapore writes what China writes, but Taiwan does not.
+    if (wanted.language() == QLocale::Chinese)
+        return wanted.script() == QLocale::SimplifiedHanScript ? find(QStringLiteral("zh_CN"))
+                                                               : find(wanted.name());
+    const QString with_country = find(wanted.name());
+    return with_country.isEmpty() ? find(wanted.name().section(QLatin1Char('_'), 0, 0))
+                                  : with_country;
+}
+
+// The first of the user's languages that the library has.
+QString BestLanguage(const QLocale &locale)
+{
+    QString language = LanguageFor(locale);
+    if (!language.isEmpty())
+        return language;
+    const QStringList wanted = locale.uiLanguages();
+    for (const QString &name : wanted) {
+        language = LanguageFor(QLocale(name));
+        if (!language.isEmpty())
+            return language;
+    }
+    return QStringLiteral("en");
+}
+
+void InstallAtStart()
+{
+    if (g_are_translations_wanted)
+        InstallTranslations();
+}
+
+} // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(InstallAtStart)
 
 QString Translate(const QString &key, const char *context)
 {
@@ -27,6 +94,29 @@ QString FillArgument(const QString &text, const QString &argument)
 {
     QString filled = text;
     return filled.replace(QLatin1String("%1"), argument);
+}
+
+QString InstallTranslations(const QLocale &locale)
+{
+    g_are_translations_wanted = true;
+    QString language = BestLanguage(locale);
+    QCoreApplication *const application = QCoreApplication::instance();
+    if (!application)
+        return language;
+    delete Installed().data();
+    auto *const translator = new QTranslator(application);
+    Installed() = translator;
+    AddTexts();
+    if (translator->load(QStringLiteral("vantor_") + language,
+                         QStringLiteral(":/Vantor/Translations")))
+        QCoreApplication::installTranslator(translator);
+    return language;
+}
+
+void RemoveTranslations()
+{
+    g_are_translations_wanted = false;
+    delete Installed().data(); // uninstalls it
 }
 
 } // namespace Vantor

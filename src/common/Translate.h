@@ -3,6 +3,7 @@
 
 #include <VantorExport.h>
 
+#include <QtCore/QLocale>
 #include <QtCore/QString>
 
 namespace Vantor {
@@ -17,5 +18,19 @@ namespace Vantor {
 /// \brief \a text with "%1" replaced by \a argument; a text without "%1" is returned unchanged,
 /// without a warning.
 [[nodiscard]] VANTOR_EXPORT QString FillArgument(const QString &text, const QString &argument);
+
+/// \brief Show the library's texts in the language of \a locale, or else in English, in place of
+/// the language before.
+///
+/// Each application object begins with the user's language, so only a program that lets the user
+/// choose has to call this. Windows follow on QEvent::LanguageChange. Translators that the host
+/// installs later are asked first. GUI thread; without an application object nothing happens.
+/// \return The language that is shown now, as in a file name: "en", "ar" or "zh_CN".
+VANTOR_EXPORT QString InstallTranslations(const QLocale &locale = QLocale());
+
+/// \brief Leave the texts to the host: a key that its translators do not know is shown as it is.
+///
+/// Called before the application object is made, or after. GUI thread.
+VANTOR_EXPORT void RemoveTranslations();
 
 } // namespace Vantor

@@ -32,6 +32,13 @@ struct Text
     QString text;
 };
 
+struct Spoken
+{
+    const char *name;
+    const char *locale;
+    const char *language;
+};
+
 } // namespace
 
 class TestTranslate : public CGuardedTest
@@ -64,6 +71,26 @@ private Q_SLOTS:
         QCOMPARE(Vantor::FillArgument("%1 of %1", "7"), QString("7 of 7"));
         QCOMPARE(Vantor::FillArgument("no place: %r", "7"), QString("no place: %r"));
         QCOMPARE(Vantor::FillArgument("%1", "%1"), QString("%1"));
+    }
+
+    void theLibraryBringsItsTexts_data()
+    {
+        AddRows<Spoken>({{"a country of a language", "ar_EG", "ar"},
+                         {"Singapore writes simplified Chinese", "zh_SG", "zh_CN"},
+                         {"Taiwan does not", "zh_TW", "en"},
+                         {"a language that is not there", "fi_FI", "en"}});
+    }
+
+    void theLibraryBringsItsTexts()
+    {
+        const auto &row = FetchRow<Spoken>();
+        QCOMPARE(Translate("Jumpxomgyeiu"), QString("Jump")); // from the start
+        QCOMPARE(Vantor::InstallTranslations(QLocale(row.locale)), QString(row.language));
+        QCOMPARE(Translate("Jumpxomgyeiu") == "Jump", QString(row.language) == "en");
+        Vantor::RemoveTranslations();
+        Vantor::RemoveTranslations();
+        QCOMPARE(Translate("Jumpxomgyeiu"), QString("Jumpxomgyeiu"));
+        QCOMPARE(Vantor::InstallTranslations(QLocale("en")), QString("en"));
     }
 
     void threadsMayTranslateWhileTheLanguageChanges()

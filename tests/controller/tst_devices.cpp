@@ -11,6 +11,7 @@
 #include <Vantor/CUpdateEvent>
 #include <Vantor/CZellSerialKeyboardControlManager>
 #include <Vantor/CZellUSBKeyboardControlManager>
+#include <common/Translate.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>
@@ -119,6 +120,7 @@ class tst_devices : public CGuardedTest
 
     void SetUp() override
     {
+        Vantor::RemoveTranslations(); // the keys
         driver_ = std::make_unique<CTestDriver>();
         KeyBoard_SetDriver(driver_.get());
         tips_.clear();

@@ -143,7 +143,7 @@ private Q_SLOTS:
         page->OnCopy();
         const auto *const work = window.findChild<QLabel *>("WorkElsewhere");
         window.Pages().Show("list");
-        QTRY_COMPARE(work->text(), QString("Copying: 0 of 3 files"));
+        QTRY_COMPARE(work->text(), QString("Copying files: 0 of 3"));
 
         for (const char *const answer : {"&Go on copying", "&Stop and quit"}) {
             window.close();

@@ -10,6 +10,7 @@
 #include <Vantor/CAccountPasswordWidget>
 #include <Vantor/CPasswordFrame>
 #include <Vantor/CVerifyCodeWidget>
+#include <common/Translate.h>
 
 #include <QtCore/QBuffer>
 #include <QtCore/QProcess>
@@ -391,6 +392,7 @@ private Q_SLOTS:
 protected:
     void SetUp() override
     {
+        Vantor::RemoveTranslations();                          // the keys
         guard_.AnnounceWarnings("Could not parse stylesheet"); // of the Caps Lock tip
         tips_.clear();
         entered_ = 0;

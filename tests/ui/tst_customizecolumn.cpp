@@ -4,6 +4,7 @@
 #include "support/Test.h"
 
 #include <Faceplate/GUIMessageTipManager.h>
+#include <common/Translate.h>
 
 namespace {
 
@@ -29,6 +30,7 @@ class TestCustomizeColumn : public CGuardedTest
 protected:
     void SetUp() override
     {
+        Vantor::RemoveTranslations(); // the keys
         messages_.clear();
         Faceplate::CGUIMessageTipManager::SetPresenter(
             [this](QWidget *, const QString &text, int, int, int) { messages_.append(text); });

@@ -7,6 +7,7 @@
 #include <Vantor/CFilterWidgetEx>
 #include <Vantor/CMutiPageWidget>
 #include <Vantor/CMutiPageWidgetEx>
+#include <common/Translate.h>
 
 #include <QtGui/QCursor>
 #include <QtWidgets/QLayout>
@@ -37,7 +38,11 @@ class TestMutiPageWidget : public CGuardedTest
     Q_OBJECT
 
 protected:
-    void SetUp() override { NewPage(Qt::LeftToRight); }
+    void SetUp() override
+    {
+        Vantor::RemoveTranslations(); // the keys
+        NewPage(Qt::LeftToRight);
+    }
 
     void TearDown() override
     {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/Console.h"
 
-#include <fcntl.h>
+#include "app/Descriptors.h"
+
 #include <unistd.h>
 
 #include <QtCore/QCoreApplication>
@@ -29,8 +30,8 @@ std::FILE *Errors()
 COwnErrors::COwnErrors()
 {
     std::fflush(stderr);
-    const int copy = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0);
-    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    const int copy = CopyDescriptor(STDERR_FILENO);
+    const int nowhere = OpenNowhere();
     std::FILE *const errors = copy >= 0 && nowhere >= 0 ? fdopen(copy, "w") : nullptr;
     if (errors && dup2(nowhere, STDERR_FILENO) == STDERR_FILENO) {
         std::setvbuf(errors, nullptr, _IONBF, 0);

@@ -5,7 +5,8 @@
 
 namespace Client {
 
-/// \brief Turns SIGHUP, SIGINT and SIGTERM into a Qt signal.
+/// \brief Turns SIGHUP, SIGINT and SIGTERM (on Windows: the events of the console) into a Qt
+/// signal.
 ///
 /// While it exists, these signals do not end the program. A signal that was ignored before stays
 /// ignored. One object at a time, on the GUI thread.
@@ -24,9 +25,10 @@ Q_SIGNALS:
     /// Emitted from the event loop, for the first signal only.
     void SignalStop(int status);
 
-private:
-    void OnReadable();
+private Q_SLOTS:
+    void OnStop(int number);
 
+private:
     int status_ = 0;
 };
 

@@ -79,7 +79,7 @@ private:
     [[nodiscard]] bool IsComplete(int rows) const
     {
         if (is_total_sure_ && rows != total_)
-            Fail(Texts::tr("The server sent %1 of %2 rows.")
+            Fail(Texts::tr("Rows that the server sent: %1 of %2.")
                      .arg(QLocale().toString(rows), QLocale().toString(total_)));
         return false;
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "look/Language.h"
 
+#include <common/Translate.h>
+
 #include <QtCore/QLibraryInfo>
 #include <QtCore/QLocale>
 #include <QtWidgets/QApplication>
@@ -25,15 +27,14 @@ void CLanguageSwitch::Apply(const QString &code)
     code_ = QLatin1String(language.code);
     QLocale::setDefault(QLocale(code_));
 
+    Vantor::InstallTranslations(QLocale(code_));
     const QString ours = QStringLiteral(":/Vantor/Translations");
     const QString qt = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
     const struct
     {
         QString name;
         QString folder;
-    } files[] = {{QStringLiteral("qtbase_"), qt},
-                 {QStringLiteral("vantor_"), ours},
-                 {QStringLiteral("client_"), ours}};
+    } files[] = {{QStringLiteral("qtbase_"), qt}, {QStringLiteral("client_"), ours}};
     for (size_t i = 0; i < translators_.size(); ++i) {
         QCoreApplication::removeTranslator(&translators_[i]);
         // Qt's own texts are a separate Debian package; without it, standard buttons stay English.
@@ -46,8 +47,7 @@ void CLanguageSwitch::Apply(const QString &code)
 
 QString CLanguageSwitch::SystemCode()
 {
-    const QString system = QLocale::system().name().section(QLatin1Char('_'), 0, 0);
-    return QLatin1String(FindLanguage(system).code);
+    return QLatin1String(FindLanguage(Vantor::InstallTranslations(QLocale::system())).code);
 }
 
 QString Isolated(const QString &text)

@@ -20,6 +20,7 @@ struct Language
 constexpr Language kLanguages[] = {
     {"en", u"English", Qt::LeftToRight},
     {"ar", u"العربية", Qt::RightToLeft},
+    {"zh_CN", u"简体中文", Qt::LeftToRight},
 };
 
 /// \brief Switches texts, numbers and reading direction of the application while it runs.
@@ -32,13 +33,13 @@ public:
     /// \brief Switch to the language \a code, or to English if the client does not have it.
     void Apply(const QString &code);
 
-    /// \brief The code of the system's language.
+    /// \brief The code of the user's language, which the library has found at its start.
     [[nodiscard]] static QString SystemCode();
 
 private:
     QString code_;
-    // Of the library, of the client and of Qt's own dialogs.
-    std::array<QTranslator, 3> translators_;
+    // Of Qt's own dialogs and of the client.
+    std::array<QTranslator, 2> translators_;
 };
 
 /// \brief Keep the order within \a text, a name or a date, in a sentence of the other direction

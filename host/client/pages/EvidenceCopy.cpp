@@ -77,12 +77,12 @@ void CEvidencePage::ShowProgress()
     const QString left = share < 1 ? TimeLeftText(estimate.Seconds()) : QString();
     state_->setText(is_stopping
                         ? tr("Stopping after the current file…")
-                        : tr("%1 of %2 files, %3 of %4")
+                        : tr("Files: %1 of %2, %3 of %4")
                                   .arg(locale.toString(files_done), locale.toString(files_total),
                                        locale.formattedDataSize(bytes_done),
                                        locale.formattedDataSize(bytes_total))
                               + (left.isEmpty() ? QString() : QStringLiteral(" – ") + left));
-    Q_EMIT SignalWork(tr("Copying: %1 of %2 files")
+    Q_EMIT SignalWork(tr("Copying files: %1 of %2")
                           .arg(locale.toString(files_done), locale.toString(files_total)));
 }
 
@@ -121,8 +121,8 @@ QString CEvidencePage::Report() const
     if (total == 0)
         return {};
     return arrived == total
-               ? tr("All %1 files have arrived.").arg(locale.toString(total))
-               : tr("%1 of %2 files have arrived; the others are listed with the reason.")
+               ? tr("All files have arrived: %1.").arg(locale.toString(total))
+               : tr("Files that have arrived: %1 of %2. The others are listed with the reason.")
                      .arg(locale.toString(arrived), locale.toString(total));
 }
 

@@ -129,14 +129,13 @@ void CLoginPage::FillSettings()
     const QLocale locale;
     const auto &ip = all.stru_ip_lock.Read();
     add(tr("Lock of an address"), ip.enum_enable,
-        tr("%1 tries, %2 min")
+        tr("Tries: %1, %2 min")
             .arg(locale.toString(ip.failed_count), locale.toString(ip.duration_time)));
     const auto &strength = all.stru_pwd_strength.Read();
     add(tr("Password strength"), strength.enum_enable,
         tr("level %1").arg(locale.toString(int(strength.enum_password_strength))));
     const auto &expiry = all.stru_pwd_expirty.Read();
-    add(tr("Password expiry"), expiry.enum_enable,
-        tr("after %1 days").arg(locale.toString(expiry.days)));
+    add(tr("Password expiry"), expiry.enum_enable, tr("after %Ln day(s)", nullptr, expiry.days));
     const auto &lock = all.stru_client_lock.Read();
     add(tr("Lock of the client"), lock.enum_enable,
         tr("after %1 min").arg(locale.toString(lock.duration_time)));

@@ -243,7 +243,8 @@ void CTimeLinePage::OnManyMade()
     amount_->setEnabled(true);
     CopyToOverview();
     Q_EMIT SignalMessage(
-        tr("%1 recordings").arg(QLocale().toString(line_->TimeBarDelegate()->GetTimeBar().size())));
+        tr("Recordings: %1")
+            .arg(QLocale().toString(line_->TimeBarDelegate()->GetTimeBar().size())));
 }
 
 void CTimeLinePage::OnZoneApplied()

@@ -57,6 +57,15 @@ int RenameFile(const char *source, const char *target)
     }
 }
 
+bool IsDiskFullError(int error)
+{
+#ifdef EDQUOT // Windows has no name for it
+    if (error == EDQUOT)
+        return true;
+#endif
+    return error == ENOSPC;
+}
+
 int DeleteFileW(const char *path)
 {
     try {

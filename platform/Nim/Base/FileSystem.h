@@ -25,6 +25,10 @@ VANTOR_BASE_EXPORT bool MakeDir(const std::string &path);
 /// \return 0, or -1 with the reason in errno, and both names as they were.
 VANTOR_BASE_EXPORT int RenameFile(const char *source, const char *target);
 
+/// \brief Whether the errno \a error says that there is no room, on the disk or in the user's
+/// quota.
+[[nodiscard]] VANTOR_BASE_EXPORT bool IsDiskFullError(int error);
+
 /// \brief Delete a file; directories are refused.
 /// \return 0, or -1 with the reason in errno.
 VANTOR_BASE_EXPORT int DeleteFileW(const char *path);

@@ -34,14 +34,14 @@ bool FollowLinks(fs::path &path)
 CWholeFile::Obstacle ObstacleOf(const fs::path &target)
 {
     std::error_code error;
-    if (!fs::is_directory(FileSystem::FolderOf(target.c_str()), error))
+    if (!fs::is_directory(FileSystem::FolderOf(target.string().c_str()), error))
         return CWholeFile::Obstacle::NoFolder;
     const fs::file_status status = fs::status(target, error);
     if (fs::is_directory(status))
         return CWholeFile::Obstacle::Folder;
     if (fs::exists(status) && !fs::is_regular_file(status))
         return CWholeFile::Obstacle::Device;
-    return fs::exists(status) && !FileSystem::IsWritable(target.c_str())
+    return fs::exists(status) && !FileSystem::IsWritable(target.string().c_str())
                ? CWholeFile::Obstacle::WriteProtected
                : CWholeFile::Obstacle::None;
 }

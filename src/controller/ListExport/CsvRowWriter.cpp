@@ -2,6 +2,8 @@
 #include "controller/CSV/CSVParser.h"
 #include "controller/ListExport/RowWriter.h"
 
+#include <Nim/Base/FileSystem.h>
+
 #include <cerrno>
 
 namespace Vantor {
@@ -60,7 +62,7 @@ private:
         const int error = parser_.WriteErrno();
         if (error == 0)
             return {};
-        if (error == ENOSPC || error == EDQUOT)
+        if (Nim::Base::FileSystem::IsDiskFullError(error))
             return {Reason::DiskFull, error};
         return {error == ENOMEM ? Reason::NoMemory : Reason::WriteFailed, error};
     }

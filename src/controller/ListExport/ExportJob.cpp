@@ -71,7 +71,8 @@ WriteFault MoveBeside(const QString &built, const CWholeFile &file)
         fs::permissions(file.TemporaryPath(), permissions, error);
         return {};
     }
-    return {result == -ENOSPC || result == -EDQUOT ? Reason::DiskFull : Reason::WriteFailed,
+    return {Nim::Base::FileSystem::IsDiskFullError(-result) ? Reason::DiskFull
+                                                            : Reason::WriteFailed,
             -result};
 }
 
