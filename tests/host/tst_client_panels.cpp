@@ -106,7 +106,7 @@ private Q_SLOTS:
         Click(&page, "EvidenceCopy");
 
         QTRY_COMPARE(copied.size(), 1);
-        QVERIFY(!copied.at(0).at(0).toBool() && state->text().startsWith("2 of 3"));
+        QVERIFY(!copied.at(0).at(0).toBool() && state->text().contains("2 of 3"));
         const auto *const list = page.findChild<QTreeWidget *>("EvidenceFiles");
         QStringList results;
         for (int row = 0; row < list->topLevelItemCount(); ++row) {
@@ -120,7 +120,7 @@ private Q_SLOTS:
         for (const char *const code : {"ar", "en"}) { // in the middle of the work, and back
             language.Apply(code);
             QCoreApplication::processEvents();
-            QCOMPARE(state->text().startsWith("2 of 3"), code[0] == 'e');
+            QCOMPARE(state->text().contains("2 of 3"), code[0] == 'e');
             QCOMPARE(list->topLevelItem(0)->text(2).startsWith("Copied"), code[0] == 'e');
         }
         page.OnCopy(); // again, and is closed while it runs

@@ -345,7 +345,7 @@ private Q_SLOTS:
             QCOMPARE(written, QByteArray("earlier"));
             QCOMPARE(result.system_text, row.lost == 0
                                              ? QString("The server cannot be reached.")
-                                             : QString("The server sent 4,320 of 4,321 rows."));
+                                             : QString("Rows that the server sent: 4,320 of 4,321."));
         }
     }
 };
