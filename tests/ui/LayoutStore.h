@@ -6,6 +6,7 @@
 #include <QtCore/QHash>
 #include <QtCore/QString>
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 
@@ -35,6 +36,12 @@ public:
         is_holding_ = false;
         while (!waiting_.empty())
             AnswerNext();
+    }
+    /// Answer the last request before the others.
+    void AnswerNewest()
+    {
+        std::rotate(waiting_.begin(), waiting_.end() - 1, waiting_.end());
+        AnswerNext();
     }
     void AnswerNext()
     {

@@ -126,6 +126,8 @@ private Q_SLOTS:
 
         QCOMPARE(form.error, row.text);
         QCOMPARE(form.AsksForCode(), row.asks_for_code);
+        auto *const edit = form.GetPasswordEditWidget()->GetPasswordLineEdit();
+        QCOMPARE(edit->hasSelectedText(), !is_right); // typing replaces it
         const QStringList tips = {"window||11|15", QString("window|%1|11|15").arg(row.text)};
         QCOMPARE(tips_, is_right ? QStringList() : tips);
         QCOMPARE(asked.str_name, std::string("\u00c4nne \"\\"));
@@ -303,9 +305,11 @@ private Q_SLOTS:
             Qt::QueuedConnection);
 
         for (int attempt = 1; attempt <= 2; ++attempt) {
-            QTest::keyClick(form->User(), Qt::Key_Return);
+            QTest::keyClick(form->User(), attempt == 1 ? Qt::Key_Return : Qt::Key_Enter);
             Settle();
             QCOMPARE(entered_.load(), attempt);
+            QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+            QCoreApplication::sendEvent(form->User(), &held);
         }
         button->click();
         Settle();

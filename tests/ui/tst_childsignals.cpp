@@ -22,6 +22,7 @@
 #include <Vantor/CVerifyCodeWidget>
 
 #include <QtCore/QMetaMethod>
+#include <QtCore/QTranslator>
 #include <QtWidgets/QTreeView>
 
 using namespace Vantor;
@@ -74,6 +75,28 @@ private:
     QStringList signals_;
 };
 
+class CCapitals : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *text, const char *, int) const override
+    {
+        return QString(text).toUpper() + '.';
+    }
+};
+
+// All texts of the widget and its children that a user reads or hears.
+QStringList TextsOf(const QWidget &widget)
+{
+    QStringList texts;
+    const auto all = widget.findChildren<const QWidget *>() << &widget;
+    for (const QWidget *const one : all) {
+        for (const char *const property : {"text", "toolTip", "placeholderText", "accessibleName"})
+            texts << one->property(property).toString();
+    }
+    return texts;
+}
+
 struct Widget
 {
     const char *name;
@@ -121,6 +144,24 @@ private Q_SLOTS:
             {"CPasswordFrame", Make<CPasswordFrame>},
             {"CVerifyCodeWidget", Make<CVerifyCodeWidget>},
         });
+    }
+
+    void eachFollowsTheLanguageAsAFreshOneDoes_data()
+    {
+        noneReachesAWidgetWithoutItsPrivateData_data();
+    }
+
+    void eachFollowsTheLanguageAsAFreshOneDoes()
+    {
+        guard_.AnnounceWarnings("Could not parse stylesheet");
+        const auto &row = FetchRow<Widget>();
+        const std::unique_ptr<QWidget> widget(row.make());
+        CCapitals capitals;
+        QCoreApplication::installTranslator(&capitals);
+        QCoreApplication::processEvents();
+        const std::unique_ptr<QWidget> fresh(row.make());
+        QCOMPARE(TextsOf(*widget), TextsOf(*fresh));
+        QCoreApplication::removeTranslator(&capitals);
     }
 
     void noneReachesAWidgetWithoutItsPrivateData()

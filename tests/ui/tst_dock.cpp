@@ -345,6 +345,11 @@ private Q_SLOTS:
         Manager().SetDockWidget(&frame, RulePointer(&rule_), 300);
         QCoreApplication::processEvents();
         QVERIFY(Dock()->isVisible() && frame.window() == Dock());
+        Finish();
+        Manager().HideDockWidget(); // it is leaving, so it does not come back
+        window_->hide();
+        window_->show();
+        QTRY_VERIFY(frame.parentWidget() == window_.get() && Dock()->isHidden());
     }
 
     void unusedKeysAreTheWindows()
@@ -486,6 +491,10 @@ private Q_SLOTS:
         dock->hide();
         dock->SetDockWidget(&other, 100, false);
         QVERIFY(dock->pos() != QPoint(50, 60)); // the rule is forgotten
+        const int updates = rule_.updates;
+        dock->ShowInAnimation();
+        Finish();
+        QCOMPARE(rule_.updates, updates);
     }
 
     void thePanelsButtonsEmitAndTabEndsAtThem()

@@ -87,6 +87,13 @@ private Q_SLOTS:
         QCOMPARE(bar_->GetSelectedSubType(), QStringList({"Auk", "crow", "Gull", "Stork"}));
         bar_->SetSelectedMainType({"All"}); // a type, not everything
         QCOMPARE(Rows(&sub), QString("All|Auk"));
+        QVERIFY(model_->setData(model_->index(6, 2), "Kea"));
+        bar_->AddTopLevelItems();
+        QCOMPARE(Rows(&sub), QString("All|Kea"));
+        QSignalSpy changed(sub.model(), &QAbstractItemModel::dataChanged);
+        QEvent language(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(&sub, &language);
+        QVERIFY(!changed.isEmpty()); // "All" is in another language
         QVERIFY(model_->removeRows(5, 2));
         bar_->AddTopLevelItems();
         QVERIFY(!Rows(bar_->GetMainTypeComboBox()).contains("All|All"));
@@ -146,6 +153,7 @@ private Q_SLOTS:
         QCOMPARE(types.count(), 1);
         bar_->findChild<QCheckBox *>("pKeyWordCheckBtn")->click();
         QVERIFY(edit->isEnabled() && bar_->IsKeyWord());
+        QCOMPARE(bar_->findChild<QLabel *>("pSubTypeLabel")->text(), QString("Species:"));
         QTest::keyClicks(edit, " two words ");
         QTest::keyClick(edit, Qt::Key_Return);
         QCOMPARE(keyword.count(), 1);
