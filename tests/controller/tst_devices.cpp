@@ -316,6 +316,8 @@ private Q_SLOTS:
                             &CJoystickKeyboardControlManager::SignalControlModeSwitched);
         LetKeyTenMean(Operation(119));
         QVERIFY(Start());
+        Run("k5209 j1313");
+        QVERIFY(!Coordinator()->GetEventStatus()); // a stop is no use of the devices
         QVERIFY(!CUSBJoystickControlManager::Instance()->IsWindowControl());
         QCOMPARE(Run("j1305:3 j1305:9 k5201:3"),
                  QString("100 0 3 -1 0, 100 0 9 -1 0, 100 0 3 0 0"));

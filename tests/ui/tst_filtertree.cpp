@@ -108,6 +108,9 @@ private Q_SLOTS:
         proxy.setSourceModel(&plain);
         proxy.SetKeyWordFilter(keyword);
         QCOMPARE(proxy.rowCount() == 1, is_shown);
+        proxy.setDynamicSortFilter(true);
+        plain.setData(plain.index(0, 1), keyword);
+        QCOMPARE(proxy.rowCount(), 1);
     }
 
     void textsSortAsQStringDoesWithoutCase()

@@ -433,7 +433,7 @@ public:
             return "keyword";
         }
         case 5: {
-            const std::vector<QStringList> lists = {{"", "h"}, Names().mid(Below(5), 6)};
+            const std::vector<QStringList> lists = {{"", "gate 10"}, Names().mid(Below(5), 6)};
             ours_.SetKeyWordsFilter(lists);
             qts_.SetKeyWordsFilter(lists);
             Reapply();

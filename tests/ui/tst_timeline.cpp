@@ -337,6 +337,14 @@ private Q_SLOTS:
         QCOMPARE(stops.size(), from_ms == to_ms ? 0 : 1);
     }
 
+    void aKeyThatIsHeldDownRunsAheadOfTheSlide()
+    {
+        const auto bar = NewBar(100);
+        Key(bar.get(), Qt::Key_PageDown);
+        Key(bar.get(), Qt::Key_PageDown);
+        QTRY_COMPARE(bar->GetCurrentUTCTime(), kNoon + 20 * kHour);
+    }
+
     void draggingPansAndEscapeTakesItBack()
     {
         const auto bar = NewBar();
@@ -350,6 +358,14 @@ private Q_SLOTS:
 
         QCOMPARE(bar->GetCurrentUTCTime(), kNoon);
         QVERIFY(!bar->IsPressed() && !bar->IsMoving());
+        Drag(bar.get(), 300, 240, false);
+        const QSignalSpy stops(bar.get(), &CBar::SignalStopAtTime);
+        bar->hide();
+        QTRY_VERIFY(!bar->IsPressed());
+        bar->show();
+        bar->hide();
+        QCoreApplication::processEvents();
+        QCOMPARE(stops.size(), 1); // where it was let go, once
     }
 
     void aTipIsTrueAtOddWidthsAndForEndlessFiles()
