@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "HttpFront.h"
 
+#include "Addresses.h"
 #include "Connections.h"
 #include "ServerOptions.h"
-#include "Sockets.h"
 
 #include <ClientComm/RapidJsonProto.h>
 #include <Nim/Base/Log.h>
@@ -37,47 +37,8 @@ constexpr size_t kConnectionBytes = 48 << 10; // beyond it the library refuses, 
 constexpr size_t kDrainedBody = size_t(16) << 20;
 constexpr char kRetryAfter_s[] = "1"; // when the database cannot be reached
 constexpr char kBearer[] = "Bearer "; // in upper or lower case
-constexpr size_t kNetworkBytes = 8;   // of an IPv6 address
 
-struct Address
-{
-    sockaddr_storage storage{};
-    bool is_ipv6 = false;
-};
-
-bool ReadAddress(const std::string &text, int port, Address &address)
-{
-    auto *const v4 = reinterpret_cast<sockaddr_in *>(&address.storage);
-    auto *const v6 = reinterpret_cast<sockaddr_in6 *>(&address.storage);
-    if (inet_pton(AF_INET, text.c_str(), &v4->sin_addr) == 1) {
-        v4->sin_family = AF_INET;
-        v4->sin_port = htons(static_cast<uint16_t>(port));
-        return true;
-    }
-    address.is_ipv6 = inet_pton(AF_INET6, text.c_str(), &v6->sin6_addr) == 1;
-    v6->sin6_family = AF_INET6;
-    v6->sin6_port = htons(static_cast<uint16_t>(port));
-    return address.is_ipv6;
-}
-
-void ReadClient(const sockaddr *client, std::string &address, std::string &network)
-{
-    char text[INET6_ADDRSTRLEN] = "";
-    if (client->sa_family == AF_INET) {
-        const auto *const v4 = reinterpret_cast<const sockaddr_in *>(client);
-        inet_ntop(AF_INET, &v4->sin_addr, text, sizeof text);
-        address = network = text;
-    } else if (client->sa_family == AF_INET6) {
-        in6_addr v6 = reinterpret_cast<const sockaddr_in6 *>(client)->sin6_addr;
-        inet_ntop(AF_INET6, &v6, text, sizeof text);
-        address = text;
-        std::fill(std::begin(v6.s6_addr) + kNetworkBytes, std::end(v6.s6_addr), 0);
-        inet_ntop(AF_INET6, &v6, text, sizeof text);
-        network = text;
-    }
-}
-
-void ReadClient(MHD_Connection *connection, std::string &address, std::string &network)
+void ReadPeer(MHD_Connection *connection, std::string &address, std::string &network)
 {
     const auto *const info =
         MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CLIENT_ADDRESS);
@@ -210,7 +171,7 @@ MHD_Result BeginRequest(const CHttpFront &front, MHD_Connection *connection, con
     Request &request = upload->request;
     request.method = method;
     request.path = std::string(path, strnlen(path, kPathBytes));
-    ReadClient(connection, request.address, request.network);
+    ReadPeer(connection, request.address, request.network);
     if (front.IsProxy(request.address))
         ReadForwarded(connection, request.address, request.network);
     const char *const session = HeaderOf(connection, "Authorization");
@@ -308,7 +269,7 @@ void OnConnection(void *data, MHD_Connection *connection, void ** /*context*/,
     }
     std::string address;
     std::string network;
-    ReadClient(connection, address, network);
+    ReadPeer(connection, address, network);
     if (front.IsProxy(address))
         network.clear(); // it stands for many
     const std::string closed = front.Connections().Add(socket, address, network);
@@ -334,15 +295,6 @@ __attribute__((format(printf, 2, 0))) void OnLibraryMessage(void * /*data*/, con
 }
 
 } // namespace
-
-bool IsLoopback(const std::string &address)
-{
-    in6_addr v6{};
-    in_addr v4{};
-    if (inet_pton(AF_INET, address.c_str(), &v4) == 1)
-        return ntohl(v4.s_addr) >> 24 == 127;
-    return inet_pton(AF_INET6, address.c_str(), &v6) == 1 && IN6_IS_ADDR_LOOPBACK(&v6);
-}
 
 CHttpFront::CHttpFront(FrontHandler handler)
     : handler_(std::move(handler)), connections_(std::make_unique<CConnections>())

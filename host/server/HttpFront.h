@@ -61,7 +61,4 @@ private:
     MHD_Daemon *daemon_ = nullptr;
 };
 
-/// \brief Whether \a address, IPv4 or IPv6, is reached from this machine only.
-[[nodiscard]] bool IsLoopback(const std::string &address);
-
 } // namespace Server

@@ -3,6 +3,7 @@
 
 #include "AccountRecords.h"
 #include "Accounts.h"
+#include "Addresses.h"
 #include "Audit.h"
 #include "Copy.h"
 #include "HttpFront.h"

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Ravel/ComboBoxAccess.h"
 
-#include "Ravel/ComboBox.h"
-
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QAccessibleWidget>
+#include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
 
 namespace Ravel {
@@ -15,7 +14,7 @@ namespace {
 class CComboBoxAccess : public QAccessibleWidget
 {
 public:
-    explicit CComboBoxAccess(CComboBox *box) : QAccessibleWidget(box, QAccessible::ComboBox) {}
+    explicit CComboBoxAccess(QComboBox *box) : QAccessibleWidget(box, QAccessible::ComboBox) {}
 
     [[nodiscard]] QString text(QAccessible::Text kind) const override
     {
@@ -59,13 +58,13 @@ public:
     }
 
 private:
-    [[nodiscard]] CComboBox &Box() const { return *static_cast<CComboBox *>(widget()); }
+    [[nodiscard]] QComboBox &Box() const { return *static_cast<QComboBox *>(widget()); }
 };
 
 QAccessibleInterface *NewAccess(const QString & /*class_name*/, QObject *object)
 {
-    auto *const box = qobject_cast<CComboBox *>(object);
-    return box ? new CComboBoxAccess(box) : nullptr;
+    const bool is_ours = object && object->inherits("Ravel::CComboBox");
+    return is_ours ? new CComboBoxAccess(static_cast<QComboBox *>(object)) : nullptr;
 }
 
 } // namespace

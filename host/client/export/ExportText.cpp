@@ -32,6 +32,14 @@ QString WriteFailedText(const ListExportResult &result)
     return Texts::tr("Writing failed: %1. %2 was not written.").arg(result.system_text, path);
 }
 
+QString UnreadText(const ListExportResult &result)
+{
+    const QString path = Shown(result.path);
+    if (result.reason == ListExportResult::Reason::ListFailed && !result.system_text.isEmpty())
+        return Texts::tr("%1 %2 was not written.").arg(result.system_text, path);
+    return Texts::tr("The list could not be read to its end. %1 was not written.").arg(path);
+}
+
 QString FailureText(const ListExportResult &result)
 {
     using Reason = ListExportResult::Reason;
@@ -63,11 +71,8 @@ QString FailureText(const ListExportResult &result)
     case Reason::NoMemory:
         return Texts::tr("There is not enough memory for this export.");
     case Reason::ListFailed:
-        if (!result.system_text.isEmpty())
-            return Texts::tr("%1 %2 was not written.").arg(result.system_text, path);
-        Q_FALLTHROUGH();
     case Reason::ListChanged:
-        return Texts::tr("The list could not be read to its end. %1 was not written.").arg(path);
+        return UnreadText(result);
     case Reason::None:
     case Reason::WriteFailed:
         break;

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "export/XlsxLook.h"
 
-#include "export/XlsxSummary.h"
+#include <Vantor/CExcelControllorWithC>
+
+#include <xlsxwriter.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QLocale>
@@ -130,6 +132,15 @@ int ColumnWidth(const IncidentRows &rows, int column)
         widest = std::max(widest, rows.list->Text(rows.rows.at(i), column).size());
     const int chars = static_cast<int>(std::ceil(widest * kCapitalShare)) + kPaddingChars;
     return std::clamp(chars, kNarrowestChars, kWidestChars);
+}
+
+void FitToPaper(Vantor::CExcelControllorWithC &writer)
+{
+    lxw_worksheet *const sheet = writer.GetWorkSheet(writer.CurrentSheetName());
+    if (!sheet)
+        return;
+    worksheet_set_landscape(sheet);
+    worksheet_fit_to_pages(sheet, 1, 0);
 }
 
 } // namespace Client

@@ -7,6 +7,10 @@
 #include <Vantor/CRowSource>
 #include <Vantor/Clxw_format_>
 
+namespace Vantor {
+class CExcelControllorWithC;
+}
+
 namespace Client {
 
 using CellLook = std::shared_ptr<Vantor::Clxw_format_>;
@@ -26,6 +30,9 @@ struct XlsxLook
 
 /// \brief A list's sheets: these looks, a frozen header, the direction of the language.
 [[nodiscard]] Vantor::ListExportLook ListLook(const XlsxLook &cells);
+
+/// \brief Make the columns of the current sheet fit on the paper.
+void FitToPaper(Vantor::CExcelControllorWithC &writer);
 
 /// \brief \a text as a number when the text comes back from it, else as it is: for a list that
 /// nobody has seen whole.

@@ -127,15 +127,6 @@ QVector<ValueCount> MostFrequent(const IncidentRows &rows, int column, int most)
     return result;
 }
 
-void FitToPaper(Vantor::CExcelControllorWithC &writer)
-{
-    lxw_worksheet *const sheet = writer.GetWorkSheet(writer.CurrentSheetName());
-    if (!sheet)
-        return;
-    worksheet_set_landscape(sheet);
-    worksheet_fit_to_pages(sheet, 1, 0);
-}
-
 void WriteSummary(Vantor::CExcelControllorWithC &writer, const XlsxLook &look,
                   const IncidentRows &rows, const QStringList &sheets)
 {

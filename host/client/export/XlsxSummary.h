@@ -18,9 +18,6 @@ struct XlsxLook;
 /// do not count.
 [[nodiscard]] QVector<ValueCount> MostFrequent(const IncidentRows &rows, int column, int most);
 
-/// \brief Make the columns of the current sheet fit on the paper.
-void FitToPaper(Vantor::CExcelControllorWithC &writer);
-
 /// \brief Add a last sheet that sums up \a rows: how many, how found, when, links to their \a
 /// sheets, and the most frequent values with charts.
 void WriteSummary(Vantor::CExcelControllorWithC &writer, const XlsxLook &look,

@@ -242,9 +242,7 @@ void CTimeLinePage::OnManyMade()
     line_->TimeBarDelegate()->AppendSyncTimeBar(bars.mid(0, bars.size() / 2));
     amount_->setEnabled(true);
     CopyToOverview();
-    Q_EMIT SignalMessage(
-        tr("Recordings: %1")
-            .arg(QLocale().toString(line_->TimeBarDelegate()->GetTimeBar().size())));
+    Q_EMIT SignalMessage(tr("Recordings: %1").arg(QLocale().toString(bars.size())));
 }
 
 void CTimeLinePage::OnZoneApplied()

@@ -53,11 +53,7 @@ CMainWindow::CMainWindow(CThemeSwitch &theme, CLanguageSwitch &language, QWidget
     on(CWindowActions::kOpen, this, &CMainWindow::OnOpen);
     on(CWindowActions::kExportCsv, this, &CMainWindow::OnExportCsv);
     on(CWindowActions::kExportXlsx, this, &CMainWindow::OnExportXlsx);
-    on(CWindowActions::kExportPanel, this, [this] {
-        const CPage *const page = pages_->CurrentPage();
-        const auto rows = page ? page->Rows() : std::nullopt;
-        panels_->ShowExport(rows.value_or(RowTotal{page_->Rows().rows.size()}));
-    });
+    on(CWindowActions::kExportPanel, this, &CMainWindow::OnExportPanel);
     connect(panels_, &CPanels::SignalExportCsv, this, &CMainWindow::OnExportCsv);
     connect(panels_, &CPanels::SignalExportXlsx, this, &CMainWindow::OnExportXlsx);
     connect(panels_, &CPanels::SignalMessage, this, &CMainWindow::OnMessage);

@@ -82,6 +82,7 @@ private Q_SLOTS:
     void OnOpen();
     void OnExportCsv();
     void OnExportXlsx();
+    void OnExportPanel();
     void OnEditMenuOpens();
     void OnFind();
     void OnMessage(const QString &text);

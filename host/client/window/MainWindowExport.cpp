@@ -6,6 +6,7 @@
 #include "pages/Page.h"
 #include "window/MainWindow.h"
 #include "window/Pages.h"
+#include "window/Panels.h"
 #include "window/ProgressDialog.h"
 
 #include <Vantor/CListExport>
@@ -119,6 +120,13 @@ void CMainWindow::OnExportCsv()
 void CMainWindow::OnExportXlsx()
 {
     AskWhereToExport(tr("Export as XLSX"), tr("XLSX workbooks (*.xlsx)"), QStringLiteral("xlsx"));
+}
+
+void CMainWindow::OnExportPanel()
+{
+    const CPage *const page = pages_->CurrentPage();
+    const auto rows = page ? page->Rows() : std::nullopt;
+    panels_->ShowExport(rows.value_or(RowTotal{page_->Rows().rows.size()}));
 }
 
 void CMainWindow::AskWhereToExport(const QString &title, const QString &filter,

@@ -3,13 +3,12 @@
 
 #include "common/Guard.h"
 #include "controller/ListExport/ExportJob.h"
+#include "controller/ListExport/ExportWorkers.h"
 
 #include <QtConcurrent/QtConcurrentRun>
 #include <QtCore/QAbstractItemModel>
-#include <QtCore/QCoreApplication>
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QPointer>
-#include <QtCore/QThreadPool>
 #include <QtCore/QTimer>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QTableView>
@@ -27,8 +26,7 @@ using Reason = ListExportResult::Reason;
 constexpr auto kTick = 10ms;
 constexpr qint64 kBudgetNs = 6'000'000; // of a tick, for reading: a frame has 16 ms
 constexpr int kSliceRows = 2000;
-constexpr int kRowsPerLook = 8;  // rows between two looks at the clock
-constexpr int kMostExports = 16; // at the same time; more wait
+constexpr int kRowsPerLook = 8; // rows between two looks at the clock
 // Packing a workbook takes this many times the time that its rows took, on any machine: both are
 // work for the processor alone.
 constexpr double kSavingShare = 1.3;
@@ -40,26 +38,6 @@ constexpr struct
     CListExport::Format format;
     const char *suffix;
 } kSuffixes[] = {{CListExport::Format::Csv, ".csv"}, {CListExport::Format::Xlsx, ".xlsx"}};
-
-void AwaitExports();
-
-// Never destroyed: a worker may outlive its CListExport. The process waits for it at its end, so
-// that no temporary files stay.
-QThreadPool &Workers()
-{
-    static QThreadPool *const pool = [] {
-        auto *const made = new QThreadPool;
-        made->setMaxThreadCount(kMostExports);
-        qAddPostRoutine(AwaitExports);
-        return made;
-    }();
-    return *pool;
-}
-
-void AwaitExports()
-{
-    Workers().waitForDone();
-}
 
 // Ends a job that no worker has begun.
 void Fail(ExportJob &job, Reason reason)
@@ -279,7 +257,7 @@ bool CListExport::Start(const QString &path, Format format)
             d_ptr_->total_ = job->source->RowCount();
         else
             PrepareModel();
-        QtConcurrent::run(&Workers(), [job] { WriteList(*job); });
+        QtConcurrent::run(&ExportWorkers(), [job] { WriteList(*job); });
     });
     return true;
 }
@@ -297,7 +275,7 @@ bool CListExport::SaveAgain(const QString &path)
     job->rows = int(built.rows);
     job->result.notes = built.result.notes;
     d_ptr_->ptr_job_ = job;
-    Launch([job] { QtConcurrent::run(&Workers(), [job] { SaveBuilt(*job); }); });
+    Launch([job] { QtConcurrent::run(&ExportWorkers(), [job] { SaveBuilt(*job); }); });
     return true;
 }
 

@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "controller/ListExport/RowSource.h"
 
-#include "controller/ListExport/RowStream.h"
-
 namespace Vantor {
 
 CRowSource::~CRowSource() = default;
-
-CRowStream::~CRowStream() = default;
 
 ExportColumnKind CRowSource::Kind(int) const
 {

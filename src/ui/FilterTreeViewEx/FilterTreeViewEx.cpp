@@ -16,7 +16,6 @@
 #include <QtGui/QStandardItemModel>
 #include <QtWidgets/QHeaderView>
 
-#include <functional>
 #include <utility>
 
 namespace Vantor {

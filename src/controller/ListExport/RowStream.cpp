@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include "controller/ListExport/RowStream.h"
+
+namespace Vantor {
+
+CRowStream::~CRowStream() = default;
+
+} // namespace Vantor
