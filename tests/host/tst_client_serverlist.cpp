@@ -343,9 +343,9 @@ private Q_SLOTS:
             QVERIFY(written.contains("#4320"));
         } else {
             QCOMPARE(written, QByteArray("earlier"));
-            QCOMPARE(result.system_text, row.lost == 0
-                                             ? QString("The server cannot be reached.")
-                                             : QString("Rows that the server sent: 4,320 of 4,321."));
+            QCOMPARE(result.system_text,
+                     row.lost == 0 ? QString("The server cannot be reached.")
+                                   : QString("Rows that the server sent: 4,320 of 4,321."));
         }
     }
 };

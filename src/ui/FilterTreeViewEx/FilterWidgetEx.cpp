@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kMargin_px = 8;
 constexpr int kSpacing_px = 8;
-constexpr int kShortestType = 8; // letters
+constexpr int kShortestType = 8;   // letters
 constexpr int kKeyWordStretch = 2; // beside a list of types
 
 QString Text(const char *key)
