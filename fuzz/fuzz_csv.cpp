@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Bytes become the cells of a few lines; both ways of writing must survive them. The classic way
 // must give the bytes of the plain form, the RFC 4180 way must give every cell back.
+#include "Require.h"
 #include "letter/CsvLetter.h"
 
 #include <CsvParse/CsvParse.h>
@@ -12,21 +13,12 @@
 #include <QtCore/QTemporaryDir>
 
 #include <cstdio>
-#include <cstdlib>
 
 namespace {
 
 constexpr int kMarkBytes = 3;
 
 using Rows = QList<QStringList>;
-
-void Require(bool holds, const char *what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 // Byte 0 ends a field, byte 1 a row; the first byte chooses the separator.
 Rows RowsOf(const QByteArray &input)

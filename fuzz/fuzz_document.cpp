@@ -1,24 +1,16 @@
 // SPDX-License-Identifier: MIT
 // Bytes become a document, JSON or XML, and then paths into it. Whatever is read is written and
 // read again; both forms must give the same values.
+#include "Require.h"
+
 #include <ClientComm/RapidJsonProto.h>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 
 namespace {
 
 using ClientComm::CRapidJsonProto;
-
-void Require(bool holds, const char *what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 // The first line is a path, the second a text to set there, the rest the document.
 std::string TakeLine(std::string &input)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Bytes are what a server sends in answer to a request. Whatever they are, the exchange ends in
 // time, keeps to its limits, and the next one works.
+#include "Require.h"
 #include "support/RawServer.h"
 
 #include <BusinessCommon/NetCommManager.h>
@@ -11,8 +12,6 @@
 #include <unistd.h>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -22,14 +21,6 @@ namespace {
 using BusinessCommon::CNetCommManager;
 
 constexpr int kTimeMs = 2000;
-
-void Require(bool holds, const char *what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 // Answers one connection after another. CRawServer would keep a thread for each.
 class CServer

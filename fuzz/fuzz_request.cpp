@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Bytes are what a client sends. Whatever they are, the server answers with HTTP or hangs up, hands
 // out nothing without a session, and goes on serving.
+#include "Require.h"
+
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <server/Server.h>
@@ -12,19 +14,9 @@
 #include <QtGui/QGuiApplication>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 
 namespace {
-
-void Require(bool holds, const char *what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 Server::CServer &TheServer()
 {

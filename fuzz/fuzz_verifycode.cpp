@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Bytes become a reply with a verification code, and the image in it: bounded, or none. What is not
 // a reply goes to the image reader as it is, which base64 would keep a fuzzer from.
+#include "Require.h"
+
 #include <Nim/Base/Log.h>
 #include <controller/SecondAuthentication/VerifyCodeReply.h>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 
 namespace {
@@ -16,10 +16,8 @@ constexpr int kMaximumSide = 256;
 void Decode(const std::string &bytes)
 {
     const QImage image = Vantor::DecodeVerifyCode(bytes, kMaximumSide);
-    if (image.width() <= kMaximumSide && image.height() <= kMaximumSide)
-        return;
-    std::fprintf(stderr, "the image is as small as it was asked to be\n");
-    std::abort();
+    Require(image.width() <= kMaximumSide && image.height() <= kMaximumSide,
+            "the image is as small as it was asked to be");
 }
 
 } // namespace
