@@ -13,10 +13,10 @@
 struct ServerFault
 {
     const char *name;
-    std::string bytes;         // sent once
-    std::string repeated;      // then sent again and again until the client goes
-    int pause_ms = 0;          // before each repetition
+    std::string bytes{};       // sent once
     bool is_hanging_up = true; // after the bytes; otherwise it waits until the client goes
+    std::string repeated{};    // then sent again and again until the client goes
+    int pause_ms = 0;          // before each repetition
 };
 
 /// \brief A listening socket on 127.0.0.1 whose connections are answered byte by byte.

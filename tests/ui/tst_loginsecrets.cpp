@@ -79,10 +79,8 @@ private Q_SLOTS:
         server_ = fork(); // its memory is not searched
         if (server_ == 0) {
             const ServerFault passed{
-                "",
-                CRawServer::ReplyWith(
-                    R"({"ResponseStatus":{"ErrorCode":0,"Data":{"CheckResult":9}}})"),
-                {}};
+                "", CRawServer::ReplyWith(
+                        R"({"ResponseStatus":{"ErrorCode":0,"Data":{"CheckResult":9}}})")};
             const CRawServer server(passed);
             const int number = server.Port();
             _exit(write(port[1], &number, sizeof number) == sizeof number ? pause() : 1);
