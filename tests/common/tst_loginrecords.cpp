@@ -30,12 +30,7 @@ QString Text(const CLoginSettingStruct &setting)
 
 const char *const kDefaults = "0 5 10 0 0 0 0 0 0 0 10";
 
-struct Reply
-{
-    const char *name;
-    const char *setting;
-    const char *numbers;
-};
+using Reply = Row<const char *, const char *>; // setting, numbers
 
 } // namespace
 
@@ -66,7 +61,7 @@ private Q_SLOTS:
         CNetCommManager::SetTransport([&](auto &recv, const auto &send) {
             url = send.GetVal_URL();
             recv.SetVal_Receive_Data(std::string(R"({"ResponseStatus":{"Data":{"SecuritySetting":)")
-                                     + row.setting + "}}}");
+                                     + std::get<1>(row) + "}}}");
             return true;
         });
         CDaxPwdResponse response;
@@ -74,7 +69,7 @@ private Q_SLOTS:
 
         QVERIFY(Vantor::RequestLoginSetting(response, setting));
 
-        QCOMPARE(Text(setting), QString(row.numbers));
+        QCOMPARE(Text(setting), QString(std::get<2>(row)));
         QCOMPARE(url, std::string("/Quorra/Brisent/Platform/V0/Permission/SecuritySetting"));
     }
 

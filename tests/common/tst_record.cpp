@@ -72,43 +72,30 @@ private Q_SLOTS:
         QCOMPARE(copy.GetVal_inner().GetVal_number(), 1);
     }
 
-    void assignmentFillsTheStructureThatExists()
+    void assignmentFillsTheStructureThatExistsOrSharesIt()
     {
         COuter target;
         const std::shared_ptr<Outer> kept = target.GetDataPtr();
         COuter source;
         source.SetVal_name("assigned");
-
         target = source;
         target = *&target;
         source.SetVal_name("later");
-
         QCOMPARE(kept, target.GetDataPtr());
         QCOMPARE(kept->name, QString("assigned"));
-    }
 
-    void aSharedPointerIsAdoptedAndNullIsAFreshStructure()
-    {
-        const auto structure = std::make_shared<Inner>();
-        CInner adopting(structure);
-
-        adopting.SetVal_number(3);
-
-        QCOMPARE(structure->number, 3);
-        QCOMPARE(CInner(std::shared_ptr<Inner>()).GetVal_number(), 1);
-    }
-
-    void sharingRecordsShareByAssignmentOnly()
-    {
         CShared first;
-        CShared copy(first);
+        const CShared copy(first);
         CShared assigned;
         assigned = first;
-
         first.SetVal_number(5);
-
         QCOMPARE(copy.GetVal_number(), 1);
         QCOMPARE(assigned.GetVal_number(), 5);
+
+        const auto structure = std::make_shared<Inner>();
+        CInner(structure).SetVal_number(3); // which adopts it
+        QCOMPARE(structure->number, 3);
+        QCOMPARE(CInner(std::shared_ptr<Inner>()).GetVal_number(), 1);
     }
 
     // A zone holds its rule by value: copying the zone copies the rule, setting the rule shares it.

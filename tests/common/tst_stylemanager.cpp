@@ -38,13 +38,7 @@ QStringList Wrong(const CStyleManager &manager, int shift)
     return wrong;
 }
 
-struct Opacity
-{
-    const char *name;
-    QColor stored;
-    float opacity;
-    int alpha;
-};
+using Opacity = Row<QColor, float, int>; // stored, opacity, alpha
 
 } // namespace
 
@@ -64,42 +58,35 @@ private Q_SLOTS:
 
     void opacityGoesToTheCopyOnly()
     {
-        const auto &row = FetchRow<Opacity>();
+        const auto &[name, stored, opacity, alpha] = FetchRow<Opacity>();
         guard_.AnnounceWarnings("QColor::setAlphaF");
         CStyleManager manager;
-        manager.SetNeuColor(row.stored);
-        manager.SetNeuColorT2(row.stored);
-        manager.SetTextNeuColor(row.stored);
-        manager.SetTextNeuColorT2(row.stored);
+        manager.SetNeuColor(stored);
+        manager.SetNeuColorT2(stored);
+        manager.SetTextNeuColor(stored);
+        manager.SetTextNeuColorT2(stored);
 
         for (const QColor &color :
-             {manager.GetNeuColor(row.opacity), manager.GetNeuColorT2(row.opacity),
-              manager.GetTextNeuColor(row.opacity), manager.GetTextNeuColorT2(row.opacity)}) {
-            QCOMPARE(color.alpha(), row.alpha);
-            QCOMPARE(color.isValid(), row.stored.isValid());
+             {manager.GetNeuColor(opacity), manager.GetNeuColorT2(opacity),
+              manager.GetTextNeuColor(opacity), manager.GetTextNeuColorT2(opacity)}) {
+            QCOMPARE(color.alpha(), alpha);
+            QCOMPARE(color.isValid(), stored.isValid());
         }
 
-        QCOMPARE(manager.NeuColor(), row.stored);
-        QCOMPARE(manager.TextNeuColorT2(), row.stored);
+        QCOMPARE(manager.NeuColor(), stored);
+        QCOMPARE(manager.TextNeuColorT2(), stored);
     }
 
-    void aSheetInForceBeforeTheFirstInstanceFillsIt()
+    void aSheetFillsTheFirstInstanceAndIsFollowedWhenTheHostPolishes()
     {
+        CStyleManager manager;
         qApp->setStyleSheet(SheetOf(40));
 
         QCOMPARE(Wrong(Nim::Base::CSingleton<CStyleManager>::Instance(), 40), QStringList());
-    }
-
-    void aSheetThatComesLaterIsFollowedWhenTheHostPolishes()
-    {
-        CStyleManager manager;
-        qApp->setStyleSheet(SheetOf(80));
-        QVERIFY(!manager.NeuColor().isValid());
-
+        QVERIFY(!manager.NeuColor().isValid()); // it was there before the sheet
         manager.style()->unpolish(&manager);
         manager.style()->polish(&manager);
-
-        QCOMPARE(Wrong(manager, 80), QStringList());
+        QCOMPARE(Wrong(manager, 40), QStringList());
     }
 
 protected:

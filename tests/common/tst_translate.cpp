@@ -25,12 +25,7 @@ public:
     bool isEmpty() const override { return false; }
 };
 
-struct Text
-{
-    const char *name;
-    QString key;
-    QString text;
-};
+using Text = Row<QString, QString>; // key, text
 
 struct Spoken
 {
@@ -62,8 +57,8 @@ private Q_SLOTS:
 
     void contextsAreAskedInOrder()
     {
-        const auto &row = FetchRow<Text>();
-        QCOMPARE(Translate(row.key, "Own"), row.text);
+        const auto &[name, key, text] = FetchRow<Text>();
+        QCOMPARE(Translate(key, "Own"), text);
     }
 
     void anArgumentIsFilledOnlyWhereItHasAPlace()

@@ -94,29 +94,12 @@ constexpr TimeZoneParam kBerlin{1711846800, 1729990800, -60, -60, true};  // 202
 constexpr TimeZoneParam kSydney{1728144000, 1712419200, -600, -60, true}; // 2024, wraps
 constexpr TimeZoneParam kBogota{0, 0, 300, 0, false};
 
-struct BoundRow
-{
-    const char *name;
-    TimeZoneParam zone;
-    qint64 seconds;
-    bool is_period;
-    qint64 corrected; // seconds read as standard time
-};
+// corrected: seconds read as standard time
+using BoundRow = Row<TimeZoneParam, qint64, bool, qint64>; // zone, seconds, is_period, corrected
 
-struct FarRow
-{
-    const char *name;
-    TimeZoneParam zone;
-    qint64 seconds;
-    QDateTime wall_clock;
-};
+using FarRow = Row<TimeZoneParam, qint64, QDateTime>; // zone, seconds, wall_clock
 
-struct MovedRow
-{
-    const char *name;
-    int daylight_bias;
-    int hours;
-};
+using MovedRow = Row<int, int>; // daylight_bias, hours
 
 QDateTime Utc(int year, int month, int day, int hour, int minute = 0, int second = 0)
 {
@@ -199,6 +182,11 @@ private Q_SLOTS:
 
         QVERIFY2(irregular * 50 < years,
                  qPrintable(QStringLiteral("%1 of %2").arg(irregular).arg(years)));
+        // Years before the tables are not guessed.
+        QVERIFY(!BusinessCommon::ZoneYearOf(QTimeZone("Antarctica/Rothera"), 1974));
+        QVERIFY(BusinessCommon::ZoneYearOf(QTimeZone("Antarctica/Rothera"), 1978));
+        QVERIFY(!BusinessCommon::ZoneYearOf(QTimeZone("America/Inuvik"), 1950));
+        QVERIFY(BusinessCommon::ZoneYearOf(QTimeZone("UTC"), 1950));
     }
 
     void theTestsForDaylightSavingDifferAtTheirBounds_data()
@@ -225,13 +213,13 @@ private Q_SLOTS:
 
     void theTestsForDaylightSavingDifferAtTheirBounds()
     {
-        const auto &row = FetchRow<BoundRow>();
-        const int daylight_min = row.zone.b_dst && row.is_period ? row.zone.daylight_bias : 0;
+        const auto &[name, zone, seconds, is_period, corrected] = FetchRow<BoundRow>();
+        const int daylight_min = zone.b_dst && is_period ? zone.daylight_bias : 0;
 
-        QCOMPARE(Vantor::IsInDstPeriod(row.zone, row.seconds), row.is_period);
-        QCOMPARE(Vantor::WallClockOffset(row.zone, row.seconds),
-                 qint64(-60) * (row.zone.utc_bias + daylight_min));
-        QCOMPARE(Vantor::CorrectForDst(row.zone, row.seconds), row.corrected);
+        QCOMPARE(Vantor::IsInDstPeriod(zone, seconds), is_period);
+        QCOMPARE(Vantor::WallClockOffset(zone, seconds),
+                 qint64(-60) * (zone.utc_bias + daylight_min));
+        QCOMPARE(Vantor::CorrectForDst(zone, seconds), corrected);
     }
 
     void farTimesDoNotWrap_data()
@@ -248,9 +236,9 @@ private Q_SLOTS:
 
     void farTimesDoNotWrap()
     {
-        const auto &row = FetchRow<FarRow>();
-        QCOMPARE(Vantor::WallClockOf(row.zone, row.seconds), row.wall_clock);
-        QCOMPARE(SecondsOf(row.zone, row.wall_clock), row.seconds);
+        const auto &[name, zone, seconds, wall_clock] = FetchRow<FarRow>();
+        QCOMPARE(Vantor::WallClockOf(zone, seconds), wall_clock);
+        QCOMPARE(SecondsOf(zone, wall_clock), seconds);
     }
 
     void absurdZonesDoNotOverflow()
@@ -270,14 +258,6 @@ private Q_SLOTS:
                  std::string("2024-01-01T00:00:00+35791394:08"));
     }
 
-    void yearsBeforeTheTablesAreNotGuessed()
-    {
-        QVERIFY(!BusinessCommon::ZoneYearOf(QTimeZone("Antarctica/Rothera"), 1974));
-        QVERIFY(BusinessCommon::ZoneYearOf(QTimeZone("Antarctica/Rothera"), 1978));
-        QVERIFY(!BusinessCommon::ZoneYearOf(QTimeZone("America/Inuvik"), 1950));
-        QVERIFY(BusinessCommon::ZoneYearOf(QTimeZone("UTC"), 1950));
-    }
-
     // Runs once more in each of several zones of the client, see CMakeLists.txt: whether a local
     // time exists is for the system's C library to say.
     void hoursThatTheClientsClocksLeaveOutAreMoved_data()
@@ -291,7 +271,7 @@ private Q_SLOTS:
 
     void hoursThatTheClientsClocksLeaveOutAreMoved()
     {
-        const auto &row = FetchRow<MovedRow>();
+        const auto &[name, daylight_bias, hours] = FetchRow<MovedRow>();
         int moved = 0;
         for (QDateTime fields = YearStart(2011); fields < YearStart(2012);
              fields = fields.addSecs(kHour / 2)) {
@@ -307,10 +287,10 @@ private Q_SLOTS:
             const bool exists = local.tm_hour == asked.tm_hour && local.tm_min == asked.tm_min
                                 && local.tm_mday == asked.tm_mday;
             moved += exists ? 0 : 1;
-            const QDateTime expected = exists ? fields : fields.addSecs(row.hours * kHour);
+            const QDateTime expected = exists ? fields : fields.addSecs(hours * kHour);
 
             const std::string text = Vantor::IsoTextOfWallClock(
-                {0, 0, -480, row.daylight_bias, true}, QDateTime(fields.date(), fields.time()));
+                {0, 0, -480, daylight_bias, true}, QDateTime(fields.date(), fields.time()));
 
             QCOMPARE(QString::fromStdString(text),
                      expected.toString("yyyy-MM-ddThh:mm:ss") + "+8:00");

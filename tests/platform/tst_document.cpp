@@ -23,21 +23,8 @@ const std::string kXml =
     "<?xml version=\"1.0\"?><R a='b'> <n>-7</n><s>12</s><e/><o><a>1</a><b>2</b></o>"
     "<l><x>p</x></l><l><x>q&amp;<!-- -->&#x20AC;</x></l></R>\n";
 
-struct Value
-{
-    const char *name;
-    const std::string &text;
-    const char *path;
-    int number;
-    const char *string;
-    int count;
-};
-
-struct Refused
-{
-    const char *name;
-    std::string text;
-};
+// document, path, its number, text ("none": none) and count
+using Value = Row<std::string, const char *, int, const char *, int>;
 
 } // namespace
 
@@ -75,13 +62,13 @@ private Q_SLOTS:
 
     void valuesAreReadByPath()
     {
-        const auto &row = FetchRow<Value>();
+        const auto &[name, text, path, number, string, count] = FetchRow<Value>();
         CRapidJsonProto document;
-        QVERIFY(document.Load(row.text));
+        QVERIFY(document.Load(text));
 
-        QCOMPARE(document.GetInt(row.path), row.number);
-        QCOMPARE(document.GetString(row.path, "none"), std::string(row.string));
-        QCOMPARE(document.GetCount(row.path), row.count);
+        QCOMPARE(document.GetInt(path), number);
+        QCOMPARE(document.GetString(path, "none"), std::string(string));
+        QCOMPARE(document.GetCount(path), count);
     }
 
     void whatIsNoDocumentIsRefused_data()
@@ -89,7 +76,7 @@ private Q_SLOTS:
         std::string attributes;
         for (int i = 0; i < 65; ++i)
             attributes += " a" + std::to_string(i) + "=''";
-        AddRows<Refused>(
+        AddRows<Row<std::string>>(
             {{"nothing", {}},
              {"blanks", " \r\n\t"},
              {"a bare value", "7"},
@@ -116,10 +103,11 @@ private Q_SLOTS:
 
     void whatIsNoDocumentIsRefused()
     {
+        const auto &[name, text] = FetchRow<Row<std::string>>();
         CRapidJsonProto document;
         QVERIFY(document.SetString("/a", "kept from before"));
 
-        QVERIFY(!document.Load(FetchRow<Refused>().text));
+        QVERIFY(!document.Load(text));
 
         QCOMPARE(document.GetCount("/"), 0);
         QVERIFY(document.SetString("/a/b", "usable again"));

@@ -39,12 +39,7 @@ template <class Call> Call Next(Call, const char *name)
     return reinterpret_cast<Call>(dlsym(RTLD_NEXT, name));
 }
 
-struct Poor
-{
-    const char *name;
-    QHash<QByteArray, int> faults;
-    int expected;
-};
+using Poor = Row<QHash<QByteArray, int>, int>; // faults, expected
 
 } // namespace
 
@@ -134,14 +129,14 @@ private Q_SLOTS:
 
     void poorFileSystemsAreServedToo()
     {
-        const auto &row = FetchRow<Poor>();
+        const auto &[name, faults, expected] = FetchRow<Poor>();
         const QByteArray bytes(20 * 1024 * 1024 + 1, 'x'); // more than one call copies
         const QByteArray source = folder_.Put("source", bytes).toLocal8Bit();
         const QByteArray old = folder_.Put("old", {}).toLocal8Bit();
         const QByteArray fresh = folder_.Path("fresh").toLocal8Bit();
         qint64 reported = 0;
 
-        broken = row.faults;
+        broken = faults;
         const int refused = FileSystem::CopyFileW(source.constData(), old.constData(), 1);
         const int made =
             FileSystem::CopyFileWithProgress(source.constData(), fresh.constData(), 1,
@@ -152,12 +147,12 @@ private Q_SLOTS:
 
         QCOMPARE(refused, -EEXIST);
         QVERIFY(old_bytes.isEmpty());
-        QCOMPARE(made, row.expected);
-        QCOMPARE(replaced, row.expected);
-        QCOMPARE(FileBytes(fresh), row.expected == 0 ? bytes : QByteArray());
-        QCOMPARE(FileBytes(old), row.expected == 0 ? bytes : QByteArray());
-        QVERIFY(row.expected != 0 || reported >= bytes.size());
-        QCOMPARE(folder_.Files().size(), row.expected == 0 ? 3 : 2);
+        QCOMPARE(made, expected);
+        QCOMPARE(replaced, expected);
+        QCOMPARE(FileBytes(fresh), expected == 0 ? bytes : QByteArray());
+        QCOMPARE(FileBytes(old), expected == 0 ? bytes : QByteArray());
+        QVERIFY(expected != 0 || reported >= bytes.size());
+        QCOMPARE(folder_.Files().size(), expected == 0 ? 3 : 2);
     }
 
     void numbersEndWhereEveryNameIsReportedAsTaken()

@@ -82,20 +82,11 @@ QStringList Codes(const QVector<std::array<int, 3>> &polls)
     return sent;
 }
 
-struct CommandRow
-{
-    const char *name;
-    int operation, speed, index; // operation 0: the client sends no such frame
-    const char *bytes;           // empty: the protocol has no such command
-    const char *code;            // that a keyboard's frame of these bytes has
-};
+// operation, speed, index; operation 0: the client sends no such frame
+// bytes, "": the protocol has no such command; the code that a keyboard's frame of these bytes has
+using CommandRow = Row<int, int, int, const char *, const char *>;
 
-struct MotionRow
-{
-    const char *name;
-    int right, down, zoom;
-    const char *code;
-};
+using MotionRow = Row<int, int, int, const char *>; // right, down, zoom, code
 
 struct StickRow
 {
@@ -171,16 +162,16 @@ private Q_SLOTS:
     }
     void operationsBecomeFramesAndFramesCodes()
     {
-        const auto &row = FetchRow<CommandRow>();
-        const auto frame = KeyBoard::PelcoCommand(1, row.operation, row.speed, row.index);
-        if (row.operation)
-            QCOMPARE(frame ? EncodePelco(*frame).toHex() : QByteArray(), QByteArray(row.bytes));
+        const auto &[name, operation, speed, index, bytes, expected] = FetchRow<CommandRow>();
+        const auto frame = KeyBoard::PelcoCommand(1, operation, speed, index);
+        if (operation)
+            QCOMPARE(frame ? EncodePelco(*frame).toHex() : QByteArray(), QByteArray(bytes));
         KeyBoard::DeviceCode code;
-        KeyBoard::CPelcoReader().Read(QByteArray::fromHex(row.bytes), [&](const PelcoFrame &read) {
+        KeyBoard::CPelcoReader().Read(QByteArray::fromHex(bytes), [&](const PelcoFrame &read) {
             code = KeyBoard::TranslatePelco(read);
         });
-        QCOMPARE(*row.bytes ? QString("%1 %2").arg(code.code).arg(code.value) : QString(),
-                 QString(row.code));
+        QCOMPARE(*bytes ? QString("%1 %2").arg(code.code).arg(code.value) : QString(),
+                 QString(expected));
     }
 
     void readerFindsEveryWholeFrameInNoise()
@@ -233,9 +224,9 @@ private Q_SLOTS:
     }
     void stickMovesInEightDirectionsBeyondTheDeadZone()
     {
-        const auto &row = FetchRow<MotionRow>();
-        const std::array<int, 3> held{row.right, row.down, row.zoom};
-        QCOMPARE(Codes({held, held}).join(';'), QString(row.code));
+        const auto &[name, right, down, zoom, code] = FetchRow<MotionRow>();
+        const std::array<int, 3> held{right, down, zoom};
+        QCOMPARE(Codes({held, held}).join(';'), QString(code));
     }
 
     // Half a percent of noise, as a worn stick has it.
@@ -250,12 +241,12 @@ private Q_SLOTS:
     }
     void noiseAtABorderChangesNothing()
     {
-        const auto &row = FetchRow<MotionRow>();
+        const auto &[name, right, down, zoom, code] = FetchRow<MotionRow>();
         std::mt19937 random(1);
         const auto noisy = [&](int value) { return value ? value + int(random() % 329) - 164 : 0; };
         QVector<std::array<int, 3>> polls;
         for (int poll = 0; poll < 1000; ++poll)
-            polls << std::array<int, 3>{noisy(row.right), noisy(row.down), noisy(row.zoom)};
+            polls << std::array<int, 3>{noisy(right), noisy(down), noisy(zoom)};
         polls << std::array<int, 3>{};
         const QStringList sent = Codes(polls);
         QVERIFY2(sent.size() == 2, qPrintable(sent.join(';')));

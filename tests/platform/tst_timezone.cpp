@@ -69,22 +69,9 @@ private:
     bool is_broken_;
 };
 
-struct TextRow
-{
-    const char *name;
-    QByteArray text;
-    qint64 seconds;
-};
+using TextRow = Row<QByteArray, qint64>; // text, seconds
 
-struct DstRow
-{
-    const char *name;
-    int utc_bias;
-    int daylight_bias;
-    int year;
-    qint64 begin;
-    qint64 end;
-};
+using DstRow = Row<int, int, int, qint64, qint64>; // utc_bias, daylight_bias, year, begin, end
 
 } // namespace
 
@@ -121,8 +108,8 @@ private Q_SLOTS:
 
     void isoTextIsReadAsFarAsItFits()
     {
-        const auto &row = FetchRow<TextRow>();
-        QCOMPARE(The<CTimeZoneManager>().ISOTimeToTimeT(row.text.toStdString()), row.seconds);
+        const auto &[name, text, seconds] = FetchRow<TextRow>();
+        QCOMPARE(The<CTimeZoneManager>().ISOTimeToTimeT(text.toStdString()), seconds);
     }
 
     void dstDatesComeFromTheSystemsZones_data()
@@ -139,19 +126,19 @@ private Q_SLOTS:
 
     void dstDatesComeFromTheSystemsZones()
     {
-        const auto &row = FetchRow<DstRow>();
+        const auto &[name, utc_bias, daylight_bias, year, begin, end] = FetchRow<DstRow>();
 
-        const DstDate date = Ask(row.year, Infor(row.utc_bias, true, row.daylight_bias));
+        const DstDate date = Ask(year, Infor(utc_bias, true, daylight_bias));
 
         QVERIFY(date.is_known);
-        QCOMPARE(date.begin_s, row.begin);
-        QCOMPARE(date.end_s, row.end);
+        QCOMPARE(date.begin_s, begin);
+        QCOMPARE(date.end_s, end);
         std::tm copy = date.begin;
-        QCOMPARE(qint64(timegm(&copy)), row.begin); // which fills in the days
+        QCOMPARE(qint64(timegm(&copy)), begin); // which fills in the days
         QCOMPARE(date.begin.tm_wday, copy.tm_wday);
         QCOMPARE(date.begin.tm_yday, copy.tm_yday);
         copy = date.end;
-        QCOMPARE(qint64(timegm(&copy)), row.end);
+        QCOMPARE(qint64(timegm(&copy)), end);
     }
 
     void noDaylightSavingIsKnownAndUnknownIsNot()
