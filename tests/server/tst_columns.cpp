@@ -35,11 +35,6 @@ QByteArray StoredText()
         Ask("GET", "/AdaptiveLayout", body.ToJson()).Text("/Data/AdaptiveLayout/LayoutData"));
 }
 
-struct Row
-{
-    const char *name; // of a fault of CRawServer
-};
-
 } // namespace
 
 class TestColumns : public CGuardedTest
@@ -82,13 +77,13 @@ private Q_SLOTS:
 
     void aServerThatFailsLeavesASettledTable_data()
     {
-        AddRows<Row>({{"says nothing"}, {"does not speak HTTP"}, {"gives a text for a number"}});
+        AddRows<Row<>>({{"says nothing"}, {"does not speak HTTP"}, {"gives a text for a number"}});
     }
 
     // First while reading, then while writing; each time there is one message, and work goes on.
     void aServerThatFailsLeavesASettledTable()
     {
-        CRawServer bad(CRawServer::Fault(FetchRow<Row>().name));
+        CRawServer bad(CRawServer::Fault(QTest::currentDataTag()));
         const auto fail = [&bad] {
             CNetCommManager::SetTimeouts(1000, 400);
             CNetCommManager::SetServer("127.0.0.1", bad.Port());
