@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/CommandLine.h"
 #include "link/ServerLink.h"
 #include "look/Language.h"
 #include "look/Theme.h"
+#include "support/Widgets.h"
 #include "window/MainWindow.h"
-
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
+#include "window/Pages.h"
 
 /// \brief A data folder for the client and the server in its process.
 ///

@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ClientSession.h"
 #include "list/CsvFile.h"
-#include "support/Test.h"
 
 #include <Vantor/CCustomizeColumnButton>
 #include <Vantor/CItemDragMovableListView>
-
-#include <QtWidgets/QHeaderView>
-#include <QtWidgets/QRadioButton>
 
 using namespace Client;
 

@@ -4,21 +4,15 @@
 #include "pages/LockWindow.h"
 #include "pages/LoginPage.h"
 #include "server/ServerHarness.h"
-#include "support/Widgets.h"
 #include "window/DetailPanel.h"
-#include "window/Pages.h"
 #include "window/Panels.h"
 
 #include <server/SampleAccounts.h>
 
 #include <QtCore/QProcess>
-#include <QtGui/QClipboard>
 #include <QtGui/QScreen>
-#include <QtGui/QStandardItemModel>
 #include <QtGui/QWindow>
-#include <QtWidgets/QAction>
 #include <QtWidgets/QFileDialog>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QToolTip>
 #include <QtWidgets/QTreeWidget>
 
@@ -117,7 +111,7 @@ private Q_SLOTS:
         QTRY_COMPARE(changed.size(), 1);
         auto *const settings = page.findChild<QTreeWidget *>("SecuritySettings");
         QTRY_COMPARE(settings->topLevelItemCount(), 4);
-        QVERIFY(settings->topLevelItem(0)->text(2).startsWith("5 tries, "));
+        QVERIFY(settings->topLevelItem(0)->text(2).startsWith("Tries: 5, "));
         auto *const password = page.findChild<QLineEdit *>("ptr_base_frame_lineedit");
         QVERIFY(password->text().isEmpty());
         password->setText("secret");

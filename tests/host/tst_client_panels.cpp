@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "look/Language.h"
-#include "look/Theme.h"
+#include "ClientSession.h"
 #include "pages/EvidencePage.h"
-#include "support/Widgets.h"
 #include "window/DetailPanel.h"
-#include "window/MainWindow.h"
-#include "window/Pages.h"
 #include "window/Panels.h"
 
 #include <Vantor/CDockManager>
@@ -16,11 +12,7 @@
 
 #include <QtCore/QMimeData>
 #include <QtCore/QUrl>
-#include <QtGui/QClipboard>
 #include <QtGui/QDropEvent>
-#include <QtGui/QStandardItemModel>
-#include <QtWidgets/QMessageBox>
-#include <QtWidgets/QRadioButton>
 #include <QtWidgets/QTreeWidget>
 
 #include <csignal>
@@ -132,9 +124,8 @@ private Q_SLOTS:
         const int lease = open(qPrintable(held), O_RDWR | O_CLOEXEC);
         const auto before = std::signal(SIGIO, SIG_IGN);
         QCOMPARE(fcntl(lease, F_SETLEASE, F_WRLCK), 0);
-        CThemeSwitch theme;
-        CLanguageSwitch language;
-        CMainWindow window(theme, language);
+        ClientSession session;
+        CMainWindow &window = session.window;
         window.show();
         QVERIFY(window.Pages().Show("evidence"));
         auto *const page = window.findChild<CEvidencePage *>();

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ClientSession.h"
-#include "app/CommandLine.h"
-#include "support/Test.h"
 
 #include <BusinessCommon/NetCommManager.h>
 
-#include <QtWidgets/QAction>
 #include <QtWidgets/QStatusBar>
 
 using namespace Client;
@@ -13,12 +10,7 @@ using BusinessCommon::CNetCommManager;
 
 namespace {
 
-struct Address
-{
-    const char *name;
-    QString address;
-    bool is_one;
-};
+using Address = Row<QString, bool>; // address, is_one
 
 // Whether the server still takes a session.
 bool IsOpen(const std::string &session)
@@ -85,9 +77,9 @@ private Q_SLOTS:
 
     void addressesAreChecked()
     {
-        const auto &row = FetchRow<Address>();
-        QCOMPARE(CServerLink::IsAddress(row.address), row.is_one);
-        QCOMPARE(ReadCommandLine({"client", "--server", row.address}).error.isEmpty(), row.is_one);
+        const auto &[name, address, is_one] = FetchRow<Address>();
+        QCOMPARE(CServerLink::IsAddress(address), is_one);
+        QCOMPARE(ReadCommandLine({"client", "--server", address}).error.isEmpty(), is_one);
     }
 
 private:

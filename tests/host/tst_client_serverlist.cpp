@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "link/ServerLink.h"
+#include "ClientSession.h"
 #include "pages/PageFetch.h"
 #include "pages/ServerListPage.h"
 #include "support/RawServer.h"
-#include "support/Widgets.h"
 
 #include <ClientComm/RapidJsonProto.h>
 #include <Vantor/CFilterTreeViewEx>
@@ -13,8 +12,6 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <QtCore/QRandomGenerator>
-#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QScrollBar>
 
 using namespace Client;
@@ -127,15 +124,8 @@ struct Shown
     Vantor::CMutiPageWidget *const list = page.findChild<Vantor::CMutiPageWidget *>();
 };
 
-struct ExportEnd
-{
-    const char *name;
-    int total;
-    int last_page;
-    int is_exact;
-    int lost;
-    Vantor::ListExportResult::Reason reason;
-};
+using ExportEnd = Row<int, int, int, int,
+                      Vantor::ListExportResult::Reason>; // total, last_page, is_exact, lost, reason
 
 } // namespace
 
@@ -319,12 +309,12 @@ private Q_SLOTS:
 
     void exportsEnd()
     {
-        const auto &row = FetchRow<ExportEnd>();
+        const auto &[name, total, last_page, is_exact, lost, reason] = FetchRow<ExportEnd>();
         Shown shown;
-        shown.server.total = row.total;
-        shown.server.is_exact = row.is_exact;
-        shown.server.last_page = row.last_page;
-        shown.server.lost = row.lost;
+        shown.server.total = total;
+        shown.server.is_exact = is_exact;
+        shown.server.last_page = last_page;
+        shown.server.lost = lost;
         guard_.AnnounceLogLines();
         QTRY_COMPARE(shown.Cell(0), QString("#0"));
         const QString path = folder_.Put("list.csv", "earlier");
@@ -336,16 +326,16 @@ private Q_SLOTS:
 
         QTRY_COMPARE_WITH_TIMEOUT(ends.size(), 1, 20000);
         const auto result = ends.constFirst().constFirst().value<Vantor::ListExportResult>();
-        QCOMPARE(result.reason, row.reason);
+        QCOMPARE(result.reason, reason);
         const QByteArray written = folder_.Bytes("list.csv");
-        if (row.reason == Vantor::ListExportResult::Reason::None) {
-            QCOMPARE(written.count("\r\n"), 1 + row.total);
+        if (reason == Vantor::ListExportResult::Reason::None) {
+            QCOMPARE(written.count("\r\n"), 1 + total);
             QVERIFY(written.contains("#4320"));
         } else {
             QCOMPARE(written, QByteArray("earlier"));
             QCOMPARE(result.system_text,
-                     row.lost == 0 ? QString("The server cannot be reached.")
-                                   : QString("Rows that the server sent: 4,320 of 4,321."));
+                     lost == 0 ? QString("The server cannot be reached.")
+                               : QString("Rows that the server sent: 4,320 of 4,321."));
         }
     }
 };

@@ -26,12 +26,8 @@ Client::IncidentListPtr NewList()
         {"Time of day", {"Night", "", "later"}, {0, 1, 2}}});
 }
 
-struct TextRow
-{
-    const char *name;
-    QString text;
-    QDateTime time; // null: refused
-};
+// time: null: refused
+using TextRow = Row<QString, QDateTime>; // text, time
 
 } // namespace
 
@@ -58,21 +54,20 @@ private Q_SLOTS:
 
     void timesAreReadWhole()
     {
-        const auto &row = FetchRow<TextRow>();
+        const auto &[name, text, time] = FetchRow<TextRow>();
         const QSignalSpy messages(page_.get(), &CTimeLinePage::SignalMessage);
         auto *const entry = page_->findChild<Client::CTimeEntry *>("TypedTime");
         entry->selectAll();
-        entry->insert(row.text); // as a paste does
+        entry->insert(text); // as a paste does
         entry->setModified(true);
         line_->SetPosition(line_->Position() + 1000); // leaves what is being typed alone
         line_->SetPosition(line_->Position() - 1000);
 
         QTest::keyClick(entry, Qt::Key_Return);
 
-        const QDateTime expected =
-            row.time.isNull() ? QDateTime({1991, 3, 5}, {12, 0}, Qt::UTC) : row.time;
+        const QDateTime expected = time.isNull() ? QDateTime({1991, 3, 5}, {12, 0}, Qt::UTC) : time;
         QTRY_COMPARE(line_->GetCurrentDateTime(), expected);
-        QCOMPARE(messages.size(), row.time.isNull() ? 1 : 0);
+        QCOMPARE(messages.size(), time.isNull() ? 1 : 0);
         entry->setCursorPosition(0);
         QTest::keyClick(entry, Qt::Key_Up);
         QTRY_COMPARE(line_->GetCurrentDateTime(), expected.addYears(1));

@@ -1,11 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/CommandLine.h"
-#include "export/ExportText.h"
-#include "look/Language.h"
-#include "look/Theme.h"
-#include "support/Widgets.h"
-#include "window/MainWindow.h"
-#include "window/Pages.h"
+#include "ClientSession.h"
 #include "window/ProgressDialog.h"
 #include "window/WindowActions.h"
 
@@ -14,11 +8,8 @@
 #include <Vantor/CMutiPageWidgetEx>
 #include <Vantor/CStyleManager>
 
-#include <QtGui/QClipboard>
-#include <QtWidgets/QAction>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMenuBar>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QToolButton>
 
@@ -96,20 +87,7 @@ struct Bench
     QLabel *total = nullptr;
 };
 
-struct Count
-{
-    const char *name;
-    const char *language;
-    int rows;
-    const char *text;
-};
-
-struct ExportKey
-{
-    const char *name;
-    Qt::KeyboardModifiers modifiers;
-    const char *ending;
-};
+using ExportKey = Row<Qt::KeyboardModifiers, const char *>; // modifiers, ending
 
 } // namespace
 
@@ -161,15 +139,15 @@ private Q_SLOTS:
 
     void exportKeysWorkWhileSearching()
     {
-        const auto &row = FetchRow<ExportKey>();
+        const auto &[name, modifiers, ending] = FetchRow<ExportKey>();
         bench_->Search()->setFocus();
 
-        QTest::keyClick(bench_->Search(), Qt::Key_E, row.modifiers);
+        QTest::keyClick(bench_->Search(), Qt::Key_E, modifiers);
 
         auto *const dialog = bench_->Child<QFileDialog>();
         QVERIFY(dialog && dialog->isVisible());
         QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
-        QCOMPARE(dialog->defaultSuffix(), QString(row.ending));
+        QCOMPARE(dialog->defaultSuffix(), QString(ending));
     }
 
     void languageChangesInTheOpenWindow()
@@ -200,30 +178,6 @@ private Q_SLOTS:
         bench_->language.Apply("en");
         QTRY_COMPARE(first_menu(), QString("&File"));
         QTRY_COMPARE(bench_->Search()->layoutDirection(), Qt::LeftToRight);
-    }
-
-    void countsFollowTheLanguage_data()
-    {
-        AddRows<Count>({{"English, one", "en", 1, "1 incident exported to f"},
-                        {"English, many", "en", 10000, "10,000 incidents exported to f"},
-                        {"Arabic, none", "ar", 0, u8"لم يُصدَّر أي حادث إلى \u200Ef"},
-                        {"Arabic, one", "ar", 1, u8"صُدِّر حادث واحد إلى \u200Ef"},
-                        {"Arabic, two", "ar", 2, u8"صُدِّر حادثان إلى \u200Ef"},
-                        {"Arabic, a few", "ar", 3, u8"صُدِّرت ٣ حوادث إلى \u200Ef"},
-                        {"Arabic, many", "ar", 11, u8"صُدِّر ١١ حادثًا إلى \u200Ef"},
-                        {"Arabic, hundreds", "ar", 100, u8"صُدِّر ١٠٠ حادث إلى \u200Ef"}});
-    }
-
-    void countsFollowTheLanguage()
-    {
-        const auto &row = FetchRow<Count>();
-        bench_->language.Apply(row.language);
-        Vantor::ListExportResult result;
-        result.end = Vantor::ListExportResult::End::Done;
-        result.rows = row.rows;
-        result.path = "f";
-
-        QCOMPARE(ExportText(result), QString(row.text));
     }
 
     void openedFileIsShown()
