@@ -316,14 +316,16 @@ private Q_SLOTS:
                             &CJoystickKeyboardControlManager::SignalControlModeSwitched);
         LetKeyTenMean(Operation(119));
         QVERIFY(Start());
-        Run("k5209 j1313");
-        QVERIFY(!Coordinator()->GetEventStatus()); // a stop is no use of the devices
         QVERIFY(!CUSBJoystickControlManager::Instance()->IsWindowControl());
         QCOMPARE(Run("j1305:3 j1305:9 k5201:3"),
                  QString("100 0 3 -1 0, 100 0 9 -1 0, 100 0 3 0 0"));
         Run("j1304:3");
         QVERIFY(CUSBJoystickControlManager::Instance()->IsWindowControl());
         QCOMPARE(switched.count(), 1);
+        Run("s3013");
+        Coordinator()->SetEventStatus(false);
+        QCOMPARE(Run("s3030"), QString("112 1 0 0 0"));
+        QVERIFY(!Coordinator()->GetEventStatus()); // a stop is no use of the devices
     }
 
     // A slot, and a presenter that runs an event loop, may delete the coordinator and all devices.

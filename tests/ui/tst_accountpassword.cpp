@@ -358,7 +358,7 @@ private Q_SLOTS:
         };
         test([](CForm *form, auto end) {
             connect(form, &Widget::SignalReturnPressed, form, end);
-            QTest::keyPress(form->User(), Qt::Key_Return);
+            QTest::keyPress(form->User(), Qt::Key_Enter);
         });
         test([](CForm *form, auto end) {
             connect(form->findChild<Vantor::CVerifyCodeWidget *>(),

@@ -339,8 +339,10 @@ private Q_SLOTS:
 
     void aKeyThatIsHeldDownRunsAheadOfTheSlide()
     {
-        const auto bar = NewBar(100);
+        const auto bar = NewBar(300);
+        QSignalSpy steps(bar.get(), &CBar::SignalPositionChanged);
         Key(bar.get(), Qt::Key_PageDown);
+        QVERIFY(steps.wait());
         Key(bar.get(), Qt::Key_PageDown);
         QTRY_COMPARE(bar->GetCurrentUTCTime(), kNoon + 20 * kHour);
     }
