@@ -3,7 +3,9 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
+#include <QtCore/QThread>
 #include <QtCore/QTranslator>
+#include <QtGui/QGuiApplication>
 
 #include <algorithm>
 #include <iterator>
@@ -62,11 +64,36 @@ QString BestLanguage(const QLocale &locale)
     return QStringLiteral("en");
 }
 
-void InstallAtStart()
+// The user's language, unless the host has chosen one meanwhile.
+void InstallFirst()
 {
-    if (g_are_translations_wanted)
+    if (g_are_translations_wanted && !Installed())
         InstallTranslations();
 }
+
+// Runs where the library is loaded, which a program may leave to another thread.
+void InstallAtStart()
+{
+    QCoreApplication *const application = QCoreApplication::instance();
+    if (application->thread() == QThread::currentThread())
+        InstallFirst();
+    else
+        QMetaObject::invokeMethod(application, &InstallFirst, Qt::QueuedConnection);
+}
+
+// Qt sets a direction of its own whenever a translator comes or goes. The host's stays.
+class CDirectionKeeper
+{
+public:
+    ~CDirectionKeeper()
+    {
+        if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()))
+            QGuiApplication::setLayoutDirection(direction_);
+    }
+
+private:
+    const Qt::LayoutDirection direction_ = QGuiApplication::layoutDirection();
+};
 
 } // namespace
 
@@ -103,19 +130,25 @@ QString InstallTranslations(const QLocale &locale)
     QCoreApplication *const application = QCoreApplication::instance();
     if (!application)
         return language;
-    delete Installed().data();
+    AddTexts();
+    const QString file = QStringLiteral(":/Vantor/Translations/vantor_%1.qm").arg(language);
+    QTranslator *const before = Installed();
+    if (before && before->filePath() == file)
+        return language;
+    const CDirectionKeeper keeper;
     auto *const translator = new QTranslator(application);
     Installed() = translator;
-    AddTexts();
-    if (translator->load(QStringLiteral("vantor_") + language,
-                         QStringLiteral(":/Vantor/Translations")))
+    // The language before goes last, so that no widget ever asks and gets a key.
+    if (translator->load(file))
         QCoreApplication::installTranslator(translator);
+    delete before; // uninstalls it
     return language;
 }
 
 void RemoveTranslations()
 {
     g_are_translations_wanted = false;
+    const CDirectionKeeper keeper;
     delete Installed().data(); // uninstalls it
 }
 

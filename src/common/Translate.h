@@ -23,8 +23,9 @@ namespace Vantor {
 /// the language before.
 ///
 /// Each application object begins with the user's language, so only a program that lets the user
-/// choose has to call this. Windows follow on QEvent::LanguageChange. Translators that the host
-/// installs later are asked first. GUI thread; without an application object nothing happens.
+/// choose has to call this. Windows follow on QEvent::LanguageChange; the layout direction stays
+/// the host's. Translators that the host installs later are asked first. GUI thread; without an
+/// application object nothing happens.
 /// \return The language that is shown now, as in a file name: "en", "ar" or "zh_CN".
 VANTOR_EXPORT QString InstallTranslations(const QLocale &locale = QLocale());
 

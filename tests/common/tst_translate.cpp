@@ -5,6 +5,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QTranslator>
+#include <QtGui/QGuiApplication>
 
 #include <cstring>
 
@@ -80,12 +81,14 @@ private Q_SLOTS:
     {
         const auto &row = FetchRow<Spoken>();
         QCOMPARE(Translate("Jumpxomgyeiu"), QString("Jump")); // from the start
+        QGuiApplication::setLayoutDirection(Qt::RightToLeft);
         QCOMPARE(Vantor::InstallTranslations(QLocale(row.locale)), QString(row.language));
         QCOMPARE(Translate("Jumpxomgyeiu") == "Jump", QString(row.language) == "en");
         Vantor::RemoveTranslations();
         Vantor::RemoveTranslations();
         QCOMPARE(Translate("Jumpxomgyeiu"), QString("Jumpxomgyeiu"));
         QCOMPARE(Vantor::InstallTranslations(QLocale("en")), QString("en"));
+        QCOMPARE(QGuiApplication::layoutDirection(), Qt::RightToLeft); // the host's stays
     }
 
     void threadsMayTranslateWhileTheLanguageChanges()
@@ -120,5 +123,5 @@ private:
     CContextTranslator translator_;
 };
 
-QTEST_GUILESS_MAIN(TestTranslate)
+QTEST_MAIN(TestTranslate)
 #include "tst_translate.moc"
