@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Checks the documents: relative links lead somewhere, known-behaviour.md has a contents, README's example is tests/package."""
+"""Checks the documents: relative links lead somewhere, known-behaviour.md has a contents, README's example is tests/package, README names the packages of tools/setup."""
 
 import pathlib
 import re
@@ -25,8 +25,21 @@ def anchors(document):
     return {anchor_of(h) for h in re.findall(r"^#+ (.+)$", document.read_text(encoding="utf-8"), re.M)}
 
 
+def packages_named_once():
+    """The faults of README's table of Debian packages against tools/setup."""
+    setup = (root / "tools/setup").read_text(encoding="utf-8")
+    installed = {name for listed in re.findall(r"^\w+_packages=\((.*?)^\)", setup, re.M | re.S)
+                 for name in re.findall(r"^ +([\w.+-]+)", listed, re.M)}
+    readme = (root / "README.md").read_text(encoding="utf-8")
+    table = readme.split("| Need | Debian package |")[1].split("\n\n")[0]
+    named = {name for row in table.splitlines()[2:]
+             for name in re.findall(r"[\w.+-]+", re.sub(r"\(.*?\)", "", row.split("|")[2]))}
+    return ([f"README.md: its table lacks the package {name}" for name in installed - named] +
+            [f"tools/setup does not install {name}, which README.md names" for name in named - installed])
+
+
 def main():
-    faults = []
+    faults = packages_named_once()
     for document in our_documents():
         # Code may look like a link: [](int level) is a lambda.
         text = re.sub(r"```.*?```|`[^`\n]*`", "", document.read_text(encoding="utf-8"), flags=re.S)
