@@ -59,6 +59,9 @@ def is_for_windows(source):
 def main():
     every = "--all" in sys.argv[1:]
     named = [ROOT / name for name in sys.argv[1:] if name != "--all"]
+    if not (BUILD / "compile_commands.json").exists():
+        print("tools/check-windows.py: first cmake --preset asan")
+        return 1
     commands = {pathlib.Path(entry["file"]): entry["command"]
                 for entry in json.loads((BUILD / "compile_commands.json").read_text())}
     ours = {}
@@ -75,6 +78,10 @@ def main():
             source = twin
         if source in named or (not named and (every or is_for_windows(source))):
             ours[source] = command
+    lost = [str(source) for source in named if source not in ours]
+    if lost or not ours:
+        print(f"no target compiles {', '.join(lost) or 'any source'}")
+        return 1
     with tempfile.TemporaryDirectory() as folder:
         link_headers(pathlib.Path(folder))
 
