@@ -115,7 +115,7 @@ Pictures TakePictures(CMainWindow &window, const QString &list_name, CThemeSwitc
     const QString first_language = language.Current();
     for (const Language &spoken : kLanguages) {
         language.Apply(QLatin1String(spoken.code));
-        for (const Theme worn : {Theme::Dark, Theme::Light}) {
+        for (const Theme worn : {Theme::Contrast, Theme::Dark, Theme::Light}) {
             theme.Apply(worn);
             Settle();
             const QString name =
