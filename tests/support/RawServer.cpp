@@ -52,7 +52,7 @@ CRawServer::~CRawServer()
         for (const int socket : open_)
             shutdown(socket, SHUT_RDWR);
     }
-    for (std::thread &thread : threads_)
+    for (auto &[socket, thread] : threads_)
         thread.join();
 }
 
@@ -65,7 +65,10 @@ void CRawServer::Listen()
         ++connections_;
         const std::lock_guard<std::mutex> lock(mutex_);
         open_.insert(socket);
-        threads_.emplace_back([this, socket] {
+        std::thread &thread = threads_[socket];
+        if (thread.joinable())
+            thread.join(); // an earlier connection's, which has closed this socket
+        thread = std::thread([this, socket] {
             serve_(socket);
             const std::lock_guard<std::mutex> closing(mutex_);
             open_.erase(socket);

@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <functional>
+#include <map>
 #include <mutex>
 #include <set>
 #include <string>
@@ -56,7 +57,7 @@ private:
     int port_ = 0;
     std::atomic<int> connections_{0};
     std::mutex mutex_;
-    std::set<int> open_; // under the mutex, as are the threads
-    std::vector<std::thread> threads_;
+    std::set<int> open_;                 // under the mutex, as are the threads
+    std::map<int, std::thread> threads_; // by socket
     std::thread thread_;
 };
