@@ -185,18 +185,12 @@ void tst_incidents::aRandomWalkAgreesWithAPlainList()
         const IncidentPage page = pages.Read(store, query);
 
         const QString difference = Compare(query, page);
-        QVERIFY2(difference.isEmpty(),
-                 qPrintable(QString("step %1, page %2 of %3, column %4 %5, filter '%6', moment %7, "
-                                    "after %8: %9")
-                                .arg(step)
-                                .arg(query.page)
-                                .arg(query.size)
-                                .arg(query.order.column)
-                                .arg(query.order.is_descending)
-                                .arg(query.filter)
-                                .arg(page.moment)
-                                .arg(query.after.value_or(0))
-                                .arg(difference)));
+        QString place;
+        QDebug(&place) << "step" << step << "page" << query.page << "of" << query.size << "column"
+                       << query.order.column << query.order.is_descending << "filter"
+                       << query.filter << "moment" << page.moment << "after"
+                       << query.after.value_or(0) << difference;
+        QVERIFY2(difference.isEmpty(), qPrintable(place));
         following.reset();
         if (page.next) {
             following = query;
