@@ -987,6 +987,10 @@
         <translation>The clocks do not change.</translation>
     </message>
     <message>
+        <source>d MMM yyyy HH:mm</source>
+        <translation>d MMM yyyy HH:mm</translation>
+    </message>
+    <message>
         <source>The clocks go forward on %1.</source>
         <translation>The clocks go forward on %1.</translation>
     </message>
@@ -1247,6 +1251,10 @@
     <message>
         <source>&quot;%1&quot; is not a time such as 2026-03-29 14:30:00.</source>
         <translation>&quot;%1&quot; is not a time such as 2026-03-29 14:30:00.</translation>
+    </message>
+    <message>
+        <source>d MMM yyyy</source>
+        <translation>d MMM yyyy</translation>
     </message>
     <message>
         <source>Recordings of %1: %2</source>

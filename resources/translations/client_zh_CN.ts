@@ -982,6 +982,10 @@
         <translation>不调整时钟。</translation>
     </message>
     <message>
+        <source>d MMM yyyy HH:mm</source>
+        <translation>yyyy年M月d日 HH:mm</translation>
+    </message>
+    <message>
         <source>The clocks go forward on %1.</source>
         <translation>时钟于 %1 拨快。</translation>
     </message>
@@ -1241,6 +1245,10 @@
     <message>
         <source>&quot;%1&quot; is not a time such as 2026-03-29 14:30:00.</source>
         <translation>“%1”不是形如 2026-03-29 14:30:00 的时间。</translation>
+    </message>
+    <message>
+        <source>d MMM yyyy</source>
+        <translation>yyyy年M月d日</translation>
     </message>
     <message>
         <source>Recordings of %1: %2</source>

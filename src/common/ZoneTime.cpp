@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "common/ZoneTime.h"
 
+#include "common/DateText.h"
 #include "common/TimeZoneRecords.h"
 
 #include <Nim/Base/TimeUnits.h>
@@ -90,7 +91,7 @@ QString WallClockText(const TimeZoneParam &zone, qint64 seconds, const QLocale &
     const QDateTime wall = WallClockOf(zone, seconds);
     if (!wall.isValid())
         return QStringLiteral("–");
-    return locale.toString(wall.date(), QStringLiteral("d MMM yyyy")) + QLatin1Char(' ')
+    return DateText(locale, wall.date(), DateParts::DayMonthYear) + QLatin1Char(' ')
            + locale.toString(wall.time(), QStringLiteral("HH:mm:ss")) + QLatin1Char(' ')
            + OffsetText(WallClockOffset(zone, seconds), locale);
 }

@@ -338,9 +338,9 @@ void CTimeLinePage::UpdateTable()
         return;
     table_day_ = day;
     auto recordings = RecordingsInTable(*line_->TimeBarDelegate(), day, zone_->Applied());
-    table_title_->setText(tr("Recordings of %1: %2")
-                              .arg(QLocale().toString(day, QStringLiteral("d MMM yyyy")),
-                                   QLocale().toString(recordings.size())));
+    table_title_->setText(
+        tr("Recordings of %1: %2")
+            .arg(QLocale().toString(day, tr("d MMM yyyy")), QLocale().toString(recordings.size())));
     table_->SetRecordings(recordings, zone_->Applied());
 }
 

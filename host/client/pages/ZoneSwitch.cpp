@@ -211,8 +211,7 @@ void CZoneSwitch::ShowState()
     const int before_s = zone_.offsetFromUtc(change.addMSecs(-1));
     const bool is_forward = zone_.offsetFromUtc(change) > before_s;
     // The time that the clocks show when they are changed.
-    const QString when =
-        QLocale().toString(change.addSecs(before_s), QStringLiteral("d MMM yyyy HH:mm"));
+    const QString when = QLocale().toString(change.addSecs(before_s), tr("d MMM yyyy HH:mm"));
     state_->setText(is_forward ? tr("The clocks go forward on %1.").arg(when)
                                : tr("The clocks go back on %1.").arg(when));
 }

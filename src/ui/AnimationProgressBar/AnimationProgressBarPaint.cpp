@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "common/DateText.h"
 #include "common/Guard.h"
 #include "common/StyleManager.h"
 #include "common/ZoneTime.h"
@@ -151,7 +152,7 @@ void CAnimationProgressBar::RefreshCalendarLabel(qint64 seconds)
     const QLocale locale = LocaleOf(*this);
     const QDateTime wall = WallClockOf(d_ptr_->zone_.Read(), seconds);
     const QString text =
-        locale.toString(wall.date(), QStringLiteral("ddd d MMM yyyy")) + QStringLiteral("   ")
+        DateText(locale, wall.date(), DateParts::WeekdayDayMonthYear) + QStringLiteral("   ")
         + locale.toString(wall.time(), QStringLiteral("HH:mm:ss")) + QStringLiteral("   ")
         + OffsetText(WallClockOffset(d_ptr_->zone_.Read(), seconds), locale);
     if (d_ptr_->ptr_calendar_->text() == text)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/AnimationProgressBar/Ruler.h"
 
+#include "common/DateText.h"
 #include "common/ZoneTime.h"
 
 #include <QtCore/QDateTime>
@@ -158,11 +159,11 @@ QString RulerText(const TimeZoneParam &zone, qint64 seconds, RulerLabel label,
     case RulerLabel::Day:
         break;
     case RulerLabel::Month:
-        return locale.toString(wall.date(), QStringLiteral("MMM yyyy"));
+        return DateText(locale, wall.date(), DateParts::MonthYear);
     case RulerLabel::Year:
         return locale.toString(wall.date(), QStringLiteral("yyyy"));
     }
-    return locale.toString(wall.date(), QStringLiteral("d MMM"));
+    return DateText(locale, wall.date(), DateParts::DayMonth);
 }
 
 } // namespace Vantor
