@@ -33,6 +33,9 @@ constexpr Difference kDifferences[] = {
     {"{end loading}", "SELECT 1", "SELECT pg_advisory_unlock(0, 1)"},
     // A list of numbers that is one value.
     {"{numbers}", "json_each(?) AS numbers", "unnest(CAST(? AS BIGINT[])) AS numbers(value)"},
+    // Whether the bit of a row is set: a number of rows, and their bits.
+    {"{has bit}", "(+id <= ? AND unicode(substr(?, (id >> 2) + 1, 1)) >> (id & 3) & 1)",
+     "get_bit(CASE WHEN id <= ? THEN CAST(? AS BYTEA) END, id) = 1"},
     {"{layout bytes}", "length(CAST(text AS BLOB)) + length(CAST(name AS BLOB))",
      "octet_length(text) + octet_length(name)"},
 };

@@ -13,8 +13,17 @@ namespace {
 constexpr int kMostArrived = 1000;    // so many new rows are counted
 constexpr int kMostSearched = 10'000; // new rows, for a text that no index helps with
 constexpr int kSkippedAtOnce = 2000;
-constexpr size_t kMostHits = 64; // lists of at most so many rows as are counted
-constexpr size_t kMostEnds = 1000;
+constexpr int kMostCompared = 16; // times as many rows of an order as are compared first
+constexpr size_t kMostHits = 64;  // lists of at most so many rows as are counted
+constexpr size_t kMostStarts = 1000;
+
+std::vector<qint64> IdsOf(const IncidentKeys &keys, size_t skipped = 0)
+{
+    std::vector<qint64> ids;
+    for (size_t i = skipped; i < keys.size(); ++i)
+        ids.push_back(keys[i].id);
+    return ids;
+}
 
 // A list of numbers as one value.
 QString ListOf(const std::vector<qint64> &ids, Engine engine)
@@ -74,6 +83,26 @@ std::vector<qint64> Search(CStore &store, const IncidentFilter &filter, qint64 a
     return ids;
 }
 
+// Those of \a keys whose rows pass.
+IncidentKeys Passing(CStore &store, const IncidentFilter &filter, const IncidentKeys &keys)
+{
+    std::vector<qint64> ids = IdsOf(keys);
+    CRows rows = store.Run(QStringLiteral("SELECT incident.id FROM {numbers} CROSS JOIN incident "
+                                          "WHERE incident.id = numbers.value%1")
+                               .arg(filter.condition),
+                           QVariantList{ListOf(ids, store.Kind())} + filter.values);
+    ids.clear();
+    while (rows.Next())
+        ids.push_back(rows.Value(0).toLongLong());
+    std::sort(ids.begin(), ids.end());
+    IncidentKeys passing;
+    std::copy_if(keys.begin(), keys.end(), std::back_inserter(passing),
+                 [&ids](const IncidentKey &key) {
+                     return std::binary_search(ids.begin(), ids.end(), key.id);
+                 });
+    return passing;
+}
+
 IncidentCount Arrived(CStore &store, const IncidentFilter &filter, qint64 moment, qint64 now)
 {
     if (filter.text.isEmpty() || moment == now)
@@ -87,14 +116,6 @@ QString KeyOf(const IncidentFilter &filter, qint64 moment, const IncidentOrder &
 {
     return QStringLiteral("%1 %2 %3 ").arg(moment).arg(order.column).arg(int(order.is_descending))
            + filter.text;
-}
-
-std::vector<qint64> IdsOf(const IncidentKeys &keys, size_t skipped = 0)
-{
-    std::vector<qint64> ids;
-    for (size_t i = skipped; i < keys.size(); ++i)
-        ids.push_back(keys[i].id);
-    return ids;
 }
 
 } // namespace
@@ -197,32 +218,72 @@ CIncidentPages::Ids CIncidentPages::Filtered(CStore &store, const IncidentQuery 
     return {begin, begin + std::min<qint64>(query.size + 1, ids->end() - begin)};
 }
 
-// Many rows pass: a page of them is soon found in the order's index.
+// The next keys in an order when many rows pass. Mostly a page is full after a few rows of the
+// order. Where it is not, the rows that pass may all stand at its far end, so then only rows that
+// the text index names are read.
+IncidentKeys CIncidentPages::NextPassing(CStore &store, const IncidentOrder &order, qint64 moment,
+                                         const IncidentFilter &filter,
+                                         std::optional<IncidentKey> from, int count)
+{
+    if (order.column < 0)
+        return CIncidentWalk(store, order, moment, filter).Next(from, count);
+    IncidentKeys passing;
+    CIncidentWalk all(store, order, moment);
+    for (qint64 compared = limits_.compared;
+         compared <= limits_.compared * kMostCompared && !candidates_.Knows(filter, moment);
+         compared *= 2) {
+        const IncidentKeys keys = all.Next(from, int(compared));
+        const IncidentKeys more = Passing(store, filter, keys);
+        passing.insert(passing.end(), more.begin(), more.end());
+        if (passing.size() >= size_t(count)) {
+            passing.resize(size_t(count));
+            return passing;
+        }
+        if (qint64(keys.size()) < compared)
+            return passing;
+        from = keys.back();
+    }
+    CIncidentWalk walk(store, order, moment, candidates_.Narrowed(store, filter, moment));
+    const IncidentKeys more = walk.Next(from, count - int(passing.size()));
+    passing.insert(passing.end(), more.begin(), more.end());
+    return passing;
+}
+
+// Many rows pass: they are read in the order, page by page.
 CIncidentPages::Ids CIncidentPages::FilteredFromIndex(CStore &store, const IncidentQuery &query,
                                                       qint64 moment, const IncidentFilter &filter)
 {
-    CIncidentWalk walk(store, query.order, moment, filter);
+    CIncidentWalk walk(store, query.order, moment);
     const int wanted = query.size + 1;
     if (query.after)
-        return IdsOf(walk.Next(walk.KeyOf(*query.after), wanted));
+        return IdsOf(
+            NextPassing(store, query.order, moment, filter, walk.KeyOf(*query.after), wanted));
     const QString key = KeyOf(filter, moment, query.order);
     const qint64 position = qint64(query.page - 1) * query.size;
-    auto [reached, id] = EndBefore(key, position);
+    auto [reached, id] = StartBefore(key, position);
+    const qint64 step = query.order.column < 0 && query.order.is_descending ? -1 : 1;
     std::optional<IncidentKey> from;
+    const auto begin_at = [&](IncidentKey row) {
+        row.id -= step;
+        from = row;
+    };
     if (id > 0)
-        from = walk.KeyOf(id);
+        begin_at(walk.KeyOf(id));
     while (reached < position) {
         const int skipped = int(std::min<qint64>(position - reached, kSkippedAtOnce));
-        const IncidentKeys keys = walk.Next(from, skipped);
-        if (keys.size() < size_t(skipped))
+        const IncidentKeys keys =
+            NextPassing(store, query.order, moment, filter, from, skipped + 1);
+        if (keys.size() <= size_t(skipped))
             return {};
-        from = keys.back();
+        begin_at(keys.back());
         reached += skipped;
-        KeepEnd(key, reached, from->id);
+        KeepStart(key, reached, keys.back().id);
     }
-    Ids ids = IdsOf(walk.Next(from, wanted));
+    Ids ids = IdsOf(NextPassing(store, query.order, moment, filter, from, wanted));
+    if (!ids.empty())
+        KeepStart(key, position, ids.front());
     if (ids.size() == size_t(wanted))
-        KeepEnd(key, position + query.size, ids[size_t(query.size) - 1]);
+        KeepStart(key, position + query.size, ids.back());
     return ids;
 }
 
@@ -286,22 +347,22 @@ void CIncidentPages::Remember(const QString &key, SharedIds ids)
         hits_.pop_back();
 }
 
-// The last position up to \a position whose row is known, and the row before it; 0: the beginning.
-std::pair<qint64, qint64> CIncidentPages::EndBefore(const QString &key, qint64 position)
+// The last position up to \a position whose row is known, and that row; 0: none is.
+std::pair<qint64, qint64> CIncidentPages::StartBefore(const QString &key, qint64 position)
 {
     const std::lock_guard<std::mutex> lock(mutex_);
     for (const Hits &hits : hits_) {
         if (hits.key != key)
             continue;
-        const auto behind = std::upper_bound(hits.ends.begin(), hits.ends.end(),
+        const auto behind = std::upper_bound(hits.starts.begin(), hits.starts.end(),
                                              std::pair(position + 1, qint64(0)));
-        if (behind != hits.ends.begin())
+        if (behind != hits.starts.begin())
             return *std::prev(behind);
     }
     return {0, 0};
 }
 
-void CIncidentPages::KeepEnd(const QString &key, qint64 position, qint64 id)
+void CIncidentPages::KeepStart(const QString &key, qint64 position, qint64 id)
 {
     const std::lock_guard<std::mutex> lock(mutex_);
     auto found = std::find_if(hits_.begin(), hits_.end(),
@@ -312,10 +373,10 @@ void CIncidentPages::KeepEnd(const QString &key, qint64 position, qint64 id)
             hits_.pop_back();
         found = hits_.begin();
     }
-    const std::pair<qint64, qint64> end(position, id);
-    const auto place = std::lower_bound(found->ends.begin(), found->ends.end(), end);
-    if (found->ends.size() < kMostEnds && (place == found->ends.end() || *place != end))
-        found->ends.insert(place, end);
+    const std::pair<qint64, qint64> start(position, id);
+    const auto place = std::lower_bound(found->starts.begin(), found->starts.end(), start);
+    if (found->starts.size() < kMostStarts && (place == found->starts.end() || *place != start))
+        found->starts.insert(place, start);
 }
 
 } // namespace Server

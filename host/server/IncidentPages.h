@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "IncidentCandidates.h"
 #include "IncidentPlaces.h"
 #include "IncidentTable.h"
 
@@ -64,8 +65,7 @@ private:
     {
         QString key;
         SharedIds ids; // the first ones, one more than the bound when there are more
-        std::vector<std::pair<qint64, qint64>>
-            ends; // positions, and the row before each; ascending
+        std::vector<std::pair<qint64, qint64>> starts; // positions, and the row at each; ascending
     };
 
     Ids Unfiltered(CStore &store, const IncidentQuery &query, qint64 moment);
@@ -73,18 +73,22 @@ private:
                  const IncidentFilter &filter, IncidentCount &total);
     Ids FilteredFromIndex(CStore &store, const IncidentQuery &query, qint64 moment,
                           const IncidentFilter &filter);
+    IncidentKeys NextPassing(CStore &store, const IncidentOrder &order, qint64 moment,
+                             const IncidentFilter &filter, std::optional<IncidentKey> from,
+                             int count);
     IncidentKey KeyBefore(CIncidentWalk &ascending, const IncidentOrder &order, qint64 moment,
                           qint64 position);
     SharedIds HitsOf(CStore &store, qint64 moment, const IncidentFilter &filter);
     SharedIds SortedHits(CStore &store, const IncidentOrder &order, qint64 moment,
                          const IncidentFilter &filter, const SharedIds &ids);
-    std::pair<qint64, qint64> EndBefore(const QString &key, qint64 position);
-    void KeepEnd(const QString &key, qint64 position, qint64 id);
+    std::pair<qint64, qint64> StartBefore(const QString &key, qint64 position);
+    void KeepStart(const QString &key, qint64 position, qint64 id);
     SharedIds Remembered(const QString &key);
     void Remember(const QString &key, SharedIds ids);
 
     const IncidentLimits limits_;
     CIncidentPlaces places_;
+    CIncidentCandidates candidates_;
     std::mutex mutex_;
     std::list<Hits> hits_; // under the mutex; the last one used is first
 };

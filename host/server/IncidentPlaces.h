@@ -18,6 +18,7 @@ struct IncidentLimits
     qint64 skipped = 1'000;   ///< rows that are quicker to skip than to look up
     qint64 distance = 2'048;  ///< at least so many rows are between two keys that are kept
     qint64 between = 100'000; ///< rows between two moments that are quicker to read than an index
+    qint64 compared = 500;    ///< rows of an order that are first compared with a filter
 };
 
 /// \brief Every so manieth key of a column in ascending order, with its position at one moment: so
