@@ -4,6 +4,7 @@
 #include "list/IncidentModel.h"
 #include "look/Theme.h"
 #include "pages/MatchDelegate.h"
+#include "pages/PaintedAccess.h"
 #include "pages/ShareBar.h"
 #include "pages/TableColumns.h"
 
@@ -52,6 +53,7 @@ CListPage::CListPage(QWidget *parent)
     : QWidget(parent), model_(new CIncidentModel(this)), delegate_(new CMatchDelegate(this)),
       totals_(new QWidget(this)), share_(new CShareBar(totals_)), total_(new QLabel(totals_))
 {
+    InstallPaintedAccess(); // this page is made before the other ones
     total_->setObjectName(QStringLiteral("TotalLabel"));
     auto *const totals = new QHBoxLayout(totals_);
     totals->setContentsMargins(kMarginPx, 0, kMarginPx, 0);

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ShareBar.h"
 
-#include "pages/PaintedAccess.h"
-
 #include <Vantor/CStyleManager>
 
 #include <QtGui/QPainter>
@@ -23,7 +21,6 @@ QRect FilledRect(const QRect &bar, double share, Qt::LayoutDirection direction)
 
 CShareBar::CShareBar(QWidget *parent) : QWidget(parent)
 {
-    InstallPaintedAccess(); // the list's page, and with it this bar, is made before the other pages
     setFixedSize(kSizePx);
 }
 
