@@ -11,6 +11,7 @@
 #include <QtCore/QLocale>
 
 #include <chrono>
+#include <future>
 #include <stdexcept>
 #include <thread>
 #include <utility>
@@ -47,6 +48,9 @@ public:
         request_.rows_per_page = kMostRowsPerPage;
         request_.after.clear();
     }
+    ~CServerRows() override { stop_->Stop(); } // before the page on its way is waited for
+    CServerRows(const CServerRows &) = delete;
+    CServerRows &operator=(const CServerRows &) = delete;
 
     int RowCount() const override { return total_; }
     int ColumnCount() const override { return titles_.size(); }
@@ -86,11 +90,7 @@ private:
 
     void Fetch() const
     {
-        ServerPage page = FetchPage(request_, *stop_);
-        for (int tries = 1; tries < kTries && IsWorthAnotherTry(page); ++tries) {
-            std::this_thread::sleep_for(kPause);
-            page = FetchPage(request_, *stop_);
-        }
+        ServerPage page = next_.valid() ? next_.get() : FetchPatiently(request_, *stop_);
         if (page.error != PageError::None)
             Fail(PageErrorText(page));
         if (page.titles != titles_)
@@ -100,11 +100,26 @@ private:
         request_.after = page_.next;
         if (!page_.moment.isEmpty())
             request_.moment = page_.moment;
+        // The server works on the next page while this one is written.
+        if (!IsLast())
+            next_ = std::async(std::launch::async, [request = request_, stop = stop_] {
+                return FetchPatiently(request, *stop);
+            });
     }
 
-    [[nodiscard]] bool IsWorthAnotherTry(const ServerPage &page) const
+    static ServerPage FetchPatiently(const PageRequest &request, const CNetStop &stop)
     {
-        return !stop_->IsStopped()
+        ServerPage page = FetchPage(request, stop);
+        for (int tries = 1; tries < kTries && IsWorthAnotherTry(page, stop); ++tries) {
+            std::this_thread::sleep_for(kPause);
+            page = FetchPage(request, stop);
+        }
+        return page;
+    }
+
+    static bool IsWorthAnotherTry(const ServerPage &page, const CNetStop &stop)
+    {
+        return !stop.IsStopped()
                && (page.error == PageError::NoReply || page.error == PageError::Busy);
     }
 
@@ -115,6 +130,7 @@ private:
     mutable PageRequest request_; // of the next page
     mutable ServerPage page_;
     mutable int first_row_ = 0; // of page_
+    mutable std::future<ServerPage> next_;
 };
 
 // Goes with the export, so that its worker does not wait for a server that nobody needs any more.
