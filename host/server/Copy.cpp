@@ -164,7 +164,7 @@ void CopyRows(CStore &from, CStore &to, const CopyProgress &progress)
                 }
             }
             const IncidentState list = ReadIncidentState(from);
-            if (list.row_count > 0)
+            if (!ReadIncidentTitles(from).isEmpty())
                 to.Run(QStringLiteral("UPDATE incident_state SET is_ready = 0, row_count = ?, "
                                       "goal = ?"),
                        {list.row_count, list.goal});

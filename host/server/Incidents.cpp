@@ -106,7 +106,7 @@ Reply WriteIncidents(CStore &store, const Request &request)
     const int columns = ReadIncidentTitles(store).size();
     const bool is_read = body.Load(request.body);
     const int count = is_read ? body.GetCount(kGivenRows) : 0;
-    if (count < 1 || count > kMaximumAppended)
+    if (columns == 0 || count < 1 || count > kMaximumAppended)
         throw Refused(kBadRequest);
     IncidentRows rows;
     for (int row = 0; row < count; ++row) {
