@@ -27,8 +27,7 @@ constexpr Difference kDifferences[] = {
     {"{has table}", "SELECT 1 FROM sqlite_master WHERE name = ?",
      "SELECT 1 FROM pg_class WHERE relname = CAST(? AS TEXT) AND pg_table_is_visible(oid)"},
     // Values.
-    // One process at a time loads a list. Those that share a SQLite file wait for each other
-    // anyway.
+    // One process at a time loads a list. Those that share a SQLite file take turns.
     {"{try to load}", "SELECT 1", "SELECT pg_try_advisory_lock(0, 1)"},
     {"{end loading}", "SELECT 1", "SELECT pg_advisory_unlock(0, 1)"},
     // A list of numbers that is one value.

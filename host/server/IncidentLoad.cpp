@@ -26,19 +26,19 @@ QString Moved(const QString &cell, qint64 days)
     return date.isValid() ? date.addDays(days).toString(Qt::ISODate) : cell;
 }
 
-void AddRows(CStore &store, const IncidentRows &sample, const IncidentProgress &progress)
+// \return false when all rows are there. The state is read in the transaction, because another process
+// may be loading into the same SQLite file.
+bool AddSomeRows(CStore &store, const IncidentRows &sample, const IncidentProgress &progress)
 {
-    for (;;) {
-        const IncidentState state = ReadIncidentState(store);
-        if (state.row_count >= state.goal)
-            return;
-        progress("loading rows", state.row_count, state.goal);
-        IncidentRows rows;
-        for (qint64 row = state.row_count; row < std::min(state.goal, state.row_count + kBatch);
-             ++row)
-            rows.push_back(IncidentSampleRow(sample, row));
-        AddIncidents(store, rows);
-    }
+    const IncidentState state = ReadIncidentState(store);
+    if (state.row_count >= state.goal)
+        return false;
+    progress("loading rows", state.row_count, state.goal);
+    IncidentRows rows;
+    for (qint64 row = state.row_count; row < std::min(state.goal, state.row_count + kBatch); ++row)
+        rows.push_back(IncidentSampleRow(sample, row));
+    AddIncidents(store, rows);
+    return true;
 }
 
 } // namespace
@@ -101,8 +101,9 @@ void LoadIncidents(CStore &store, const IncidentRows &sample, const IncidentProg
     if (state.is_ready || !store.Value(QStringLiteral("{try to load}")).toBool())
         return;
     try {
-        if (sample.size() > 1)
-            AddRows(store, sample, report);
+        while (sample.size() > 1
+               && store.Write([&] { return AddSomeRows(store, sample, report); })) {
+        }
         state = ReadIncidentState(store);
         if (state.row_count >= state.goal)
             FinishIncidents(store, report);

@@ -105,14 +105,17 @@ void MakeTextIndex(CStore &store, int columns, qint64 rows, const IncidentProgre
             QStringLiteral("ALTER INDEX incident_text ALTER COLUMN 1 SET STATISTICS 1000"));
         return;
     }
-    for (;;) {
+    const auto add_some = [&] {
+        // Read in the transaction, because another process may be at it, too.
         const qint64 done =
             store.Value(QStringLiteral("SELECT text_count FROM incident_state")).toLongLong();
-        if (done == rows)
-            break;
-        if (progress)
+        if (progress && done < rows)
             progress("indexing texts", done, rows);
-        store.Write([&] { AddTexts(store, done, std::min(done + kTextsAtOnce, rows), columns); });
+        if (done < rows)
+            AddTexts(store, done, std::min(done + kTextsAtOnce, rows), columns);
+        return done < rows;
+    };
+    while (store.Write(add_some)) {
     }
 }
 
