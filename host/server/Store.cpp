@@ -3,10 +3,14 @@
 
 #include "Dialect.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <QtCore/QDateTime>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QUuid>
 #include <QtSql/QSqlDriver>
 #include <QtSql/QSqlError>
@@ -25,6 +29,7 @@ constexpr int kAttempts = 8;   // of a transaction that meets others
 constexpr auto kPatience = 3s; // of a statement that waits for others
 constexpr size_t kIdleStatements = 100;
 constexpr auto kClockAge = 10s; // then it is read again
+constexpr mode_t kPrivate = 0600;
 
 // Write-ahead log: readers of other processes are not kept out, and a killed process leaves a file
 // that opens as it was after the last commit. Synchronous "full" makes that true of a power cut
@@ -45,13 +50,24 @@ const char *const kPostgresSetUp[] = {
     "SET plan_cache_mode = 'force_custom_plan'",
 };
 
-// Only the owner may read hashes and layouts. SQLite gives its other files the mode of this one.
+// Only the owner may read hashes and layouts, from the file's first moment on. SQLite gives its
+// other files the mode of this one.
+void MakePrivately(const QString &path)
+{
+    const int made = ::open(QFile::encodeName(path).constData(),
+                            O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, kPrivate);
+    if (made >= 0)
+        ::close(made);
+}
+
+// The files of a database that was there; what is no database and was named by mistake keeps its
+// mode. Nobody but SQLite may open them, because its locks end when any descriptor is closed.
 void MakePrivate(const QString &path)
 {
-    QFile file(path);
-    const bool is_there = file.exists();
-    if (is_there || file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    if (!QFileInfo(path).isFile())
+        return;
+    for (const char *const ending : {"", "-wal", "-shm"})
+        ::chmod((QFile::encodeName(path) + ending).constData(), kPrivate);
 }
 
 QString DriverOf(Engine engine)
@@ -147,7 +163,7 @@ CStore::~CStore()
 void CStore::Open(const StoreAddress &address)
 {
     if (engine_ == Engine::Sqlite)
-        MakePrivate(address.name);
+        MakePrivately(address.name);
     database_.setDatabaseName(address.name);
     if (engine_ == Engine::Postgres) {
         database_.setHostName(address.host);
@@ -165,6 +181,7 @@ void CStore::Open(const StoreAddress &address)
     if (engine_ == Engine::Sqlite) {
         for (const char *const statement : kSqliteSetUp)
             Execute(QLatin1String(statement));
+        MakePrivate(address.name);
         return;
     }
     for (const char *const statement : kPostgresSetUp)

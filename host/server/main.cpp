@@ -27,7 +27,6 @@ constexpr int kExitFailed = 1;
 constexpr int kExitBadUsage = 2;
 constexpr int kLastPort = 65535;
 constexpr auto kSignalLook = 50ms;
-constexpr mode_t kPrivate = 077; // files are the owner's
 constexpr char kDataName[] = "vantor-server.sqlite";
 
 volatile std::sig_atomic_t stop_signal = 0;
@@ -297,7 +296,6 @@ int Run()
 
 int main(int argc, char **argv)
 {
-    umask(kPrivate);
     // It draws, but it has no window.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
