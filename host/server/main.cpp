@@ -27,6 +27,7 @@ constexpr int kExitFailed = 1;
 constexpr int kExitBadUsage = 2;
 constexpr int kLastPort = 65535;
 constexpr auto kSignalLook = 50ms;
+constexpr unsigned kGraceSeconds = 5;
 constexpr char kDataName[] = "vantor-server.sqlite";
 
 volatile std::sig_atomic_t stop_signal = 0;
@@ -204,7 +205,11 @@ int Serve(Server::ServerOptions options)
             QCoreApplication::quit();
     });
     look.start(kSignalLook);
-    return QGuiApplication::exec();
+    const int status = QGuiApplication::exec();
+    // A thread may wait for a database that hangs. What it has confirmed is stored.
+    std::signal(SIGALRM, [](int) { _exit(kExitFailed); });
+    alarm(kGraceSeconds);
+    return status;
 }
 
 // 0, or the exit status, with an error printed.
