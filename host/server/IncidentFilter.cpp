@@ -34,13 +34,18 @@ QString Folded(QString text)
 // several times as large.
 QString TrigramsOf(const QString &text)
 {
-    const QVector<uint> characters = text.toUcs4();
-    const int count = characters.size() - kTrigram + 1;
+    QVector<int> begins; // of characters, whose surrogates come in pairs here
+    for (int i = 0; i < text.size(); ++i)
+        if (!text.at(i).isLowSurrogate())
+            begins.append(i);
+    begins.append(text.size());
+    const int count = begins.size() - kTrigram;
     const int taken = std::min(count, kMostTrigrams);
     QStringList all;
     for (int i = 0; i < taken; ++i) {
-        const int begin = taken == 1 ? 0 : i * (count - 1) / (taken - 1);
-        QString trigram = QString::fromUcs4(characters.constData() + begin, kTrigram);
+        const int first = taken == 1 ? 0 : i * (count - 1) / (taken - 1);
+        const int begin = begins.at(first);
+        QString trigram = text.mid(begin, begins.at(first + kTrigram) - begin);
         trigram.replace(QLatin1Char('"'), QLatin1String("\"\""));
         all.append(QLatin1Char('"') + trigram + QLatin1Char('"'));
     }

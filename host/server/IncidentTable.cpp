@@ -149,6 +149,13 @@ void CloseGaps(CStore &store)
 
 QString StoredCell(QString text)
 {
+    // SQLite takes these for marks of a byte order: it drops the first, and turns all bytes round
+    // behind the second at the beginning of a text.
+    constexpr ushort kByteOrderMark = 0xfeff;
+    constexpr ushort kTurnedMark = 0xfffe;
+    constexpr ushort kNoCharacter = 0xffff;
+    while (text.startsWith(QChar(kByteOrderMark)))
+        text.remove(0, 1);
     if (text.isEmpty())
         return QStringLiteral(""); // not null, which would be NULL
     for (int i = 0; i < text.size(); ++i) {
@@ -157,7 +164,8 @@ QString StoredCell(QString text)
             unit.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
         if (is_pair)
             ++i;
-        else if (unit.isNull() || unit.isSurrogate())
+        else if (unit.isNull() || unit.isSurrogate() || unit == QChar(kTurnedMark)
+                 || unit == QChar(kNoCharacter))
             text[i] = QChar::ReplacementCharacter;
     }
     return text;

@@ -28,13 +28,13 @@ constexpr IncidentLimits kShortLists{20, 3, 7, 40, 2};
 const QStringList kCells =
     QString(u8",0,5,05,-3.5e2,1e400,-1e999,.5, 7,1.e1,+9x,0x10,abc,ABC,abcd,B-52,\u00e4rger,"
             u8"\u00c4RGER,50% off,a_b,a\\b,\"q\",it's,a\nb,\U0001F426\U0001F427\U0001F426,\u212A,"
-            u8"None,none,2026-11-22,turkey vulture,\x1f-x,1e-400,9007199254740993")
+            u8"None,none,2026-11-22,turkey vulture,\x1f-x,x\ufeffyz,1e-400,9007199254740993")
         .split(',')
     << QString(300, 'L') + "1" << QString(300, 'l') + "0";
 const QStringList kFilters =
     QString(u8",,,a,ab,abc,ABC,%,_,\\,',\",\"q\",0,50%,a_b,a\\b,e,none,zzz,\u00e4rg,"
             u8"\U0001F427\U0001F426,\U0001F426\U0001F427\U0001F426,k,b\n,a\nb,key vul,c\x1f,\x1f-x,"
-            u8"vulturex,9007199254740993")
+            u8"vulturex,\ufeffyz,9007199254740993")
         .split(',');
 
 double NumberOf(const QString &cell)
