@@ -29,7 +29,7 @@ constexpr double kSmallBar = 1 / 1.4;
 constexpr double kSameNameBar = 1 / 3.0;
 constexpr double kEmptyBar = 1 / 1.05; // as fast as one-byte files, but for the noise
 
-// On a real disk: what is measured is the way through its file system, from a warm cache.
+// On a real disk, to measure the way through its file system, from a warm cache.
 class CFolders
 {
 public:

@@ -28,7 +28,7 @@ constexpr double kMemoryBar = 1.0;
 // The longest field is short, so its double does not count.
 constexpr long kMemoryLimitKb = 2L * 1024;
 
-// Memory-backed, so that the disk is not what is measured.
+// Memory-backed, so that the disk's speed does not count.
 QString FastFolder()
 {
     const QString shared_memory = QStringLiteral("/dev/shm");
@@ -43,7 +43,7 @@ QStringList RowTexts(int row)
             QStringLiteral("operator"),     QStringLiteral("seen and noted")};
 }
 
-// Hands out the texts it holds: what it costs itself counts for both sides.
+// Hands out the texts it holds; its own cost counts for both sides.
 class CTextModel : public QAbstractTableModel
 {
 public:
@@ -85,8 +85,8 @@ void WriteTask(benchmark::State &state)
         lines.append(Letter::JoinLine(RowTexts(row), true, Vantor::GetLocalListSperator));
     Vantor::CCSVParser parser(nullptr);
     std::FILE *plain = nullptr;
-    // Lines are collected, and streams opened, outside what is timed: WriteCSVFile() forgets its
-    // lines.
+    // Lines are collected, and streams opened, outside the timed part, because WriteCSVFile()
+    // forgets its lines.
     const auto collect = [&parser] {
         for (int row = 0; row < kWrittenRows; ++row)
             parser.AppendLine(RowTexts(row));

@@ -37,7 +37,7 @@ public:
 
     void Send(int round) const
     {
-        // Two moves in turn, of which none is a repeat.
+        // Two moves in turn, so that no move is a repeat.
         callback_(kJoystick, round % 2 ? 1305 : 1306, 10, 0, nullptr, nullptr, user_data_);
     }
 

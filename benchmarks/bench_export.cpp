@@ -103,7 +103,7 @@ void WholeList(benchmark::State &state, const char *suffix)
     const std::string what = "export_" + std::string(suffix + 1);
     long few_kb = 0;
     long many_kb = 0;
-    int written = Export(kFewRows, suffix); // what is made once does not count
+    int written = Export(kFewRows, suffix); // one-time costs do not count
     for (auto _ : state) {
         few_kb = Memory::AddedKb([&] { written += Export(kFewRows, suffix); });
         CTimedApplication::longest_ms = 0;

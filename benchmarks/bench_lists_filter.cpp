@@ -171,7 +171,7 @@ double SortNumbers(int count)
     return CpuSecondsOf([&] { std::sort(numbers.begin(), numbers.end()); });
 }
 
-// From the model's order each time; what was worked out for the sort before is forgotten.
+// From the model's order each time, without the results of the earlier sort.
 double SortOurs(CBoth &both, int column)
 {
     both.view.header()->setSortIndicator(-1, Qt::AscendingOrder);

@@ -12,7 +12,7 @@ using namespace ListsUnderTest;
 
 namespace {
 
-// Before the big lists: the child processes share what is there.
+// Runs before the big lists exist, because the child processes share the memory of this one.
 void MemoryPerRow(benchmark::State &state)
 {
     long plain_kb = 0;

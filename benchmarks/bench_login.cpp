@@ -14,7 +14,7 @@ namespace {
 constexpr int kWaitTimeMs = 100;
 constexpr int kAttempts = 10;
 
-// How much longer than its wait time LoginIn() keeps the GUI thread when nobody answers.
+// How much longer than its wait time LoginIn() keeps the GUI thread when no server answers.
 void Overshoot(benchmark::State &state)
 {
     static int argc = 1;

@@ -166,7 +166,7 @@ void Append(benchmark::State &state)
             QVector<CTimeBarParam> plain;
             Vantor::CTimeBarDelegate ours(nullptr);
             plain += bars;
-            plain.detach(); // from the set: that copy is not what is measured
+            plain.detach(); // from the set, because that copy must not count
             for (int i = 0; i < bars.size(); i += kMillion / 4) // as a search gives them
                 ours.AppendTimeBar(bars.mid(i, kMillion / 4));
             plain_s.push_back(Pairs::SecondsOf([&] {

@@ -65,7 +65,7 @@ struct CInput
         return folder.filePath(QLatin1String(name)).toStdString();
     }
 
-    // Memory-backed, so that the disk is not what is measured.
+    // Memory-backed, so that the disk's speed does not count.
     QTemporaryDir folder{QFile::exists(QStringLiteral("/dev/shm"))
                              ? QStringLiteral("/dev/shm/bench_xlsx")
                              : QDir::tempPath() + QStringLiteral("/bench_xlsx")};

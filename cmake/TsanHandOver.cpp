@@ -73,7 +73,7 @@ VANTOR_SEEN void QFutureInterfaceBase::waitForFinished()
     __tsan_acquire(&task_finished);
 }
 
-// The results belong to whoever gives them up last, the task or a future on another thread.
+// The results belong to the last owner, the task or a future on another thread.
 VANTOR_SEEN bool QFutureInterfaceBase::derefT() const
 {
     static const auto next =

@@ -34,7 +34,7 @@ public:
     [[nodiscard]] QString group() const override { return QLatin1String(entry_.group); }
     [[nodiscard]] QString toolTip() const override { return QLatin1String(entry_.hint); }
     [[nodiscard]] QString whatsThis() const override { return toolTip(); }
-    // Pixmaps, because Designer's widget box takes an icon without fixed sizes for none.
+    // Pixmaps, because Designer's widget box shows nothing for an icon without fixed sizes.
     [[nodiscard]] QIcon icon() const override
     {
         const QIcon drawing(

@@ -3,8 +3,8 @@
 """Prints the ratios that benchmark programs counted: bench-table.py [--strict] RESULT.json ...
 
 A benchmark sets a counter `ratio_<what>`, the median of interleaved pairs, baseline over ours, so
-that more is better; and, where a bar is set, a counter `bar_<what>`, the least it has to be. One
-whose label begins with "skipped: " is told and is no failure.
+that more is better; and, where a bar is set, a counter `bar_<what>`, the least it has to be. A
+benchmark whose label begins with "skipped: " is listed and is no failure.
 """
 
 import json

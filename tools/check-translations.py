@@ -86,7 +86,7 @@ def check_file(file, english):
 
 
 def check_sources_of_client(english):
-    """The client's texts stand in its sources, where lupdate finds them."""
+    """The client's texts are in its sources, where lupdate finds them."""
     with tempfile.TemporaryDirectory() as folder:
         found_file = pathlib.Path(folder) / "found_en.ts"
         subprocess.run(["lupdate", "-silent", "-locations", "none", str(ROOT / "host/client"),
@@ -101,7 +101,7 @@ def check_sources_of_client(english):
 
 
 def check_sources_of_library(english):
-    """The library's texts are keys, which stand in its sources as literals."""
+    """The library's texts are keys, which are literals in its sources."""
     sources = "\n".join(path.read_text(encoding="utf-8") for folder in ("src", "platform")
                         for path in sorted((ROOT / folder).rglob("*.cpp")))
     file = FOLDER / "vantor_en.ts"

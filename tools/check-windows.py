@@ -3,7 +3,7 @@
 """Compiles sources for Windows with mingw-w64, without code: tools/check-windows.py [--all | SOURCE …]
 
 Without --all: the sources that hold code for Windows, a few seconds. Qt and the other libraries are
-those of this machine, because only their declarations count; what is linked and run is not shown.
+those of this machine, because only their declarations count; nothing is linked or run.
 Takes the options from build/asan, whose moc files must be made. Exits with 1 when one fails.
 """
 import concurrent.futures

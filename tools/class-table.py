@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Compares docs/classes.md with the list of forwarding headers: tools/class-table.py [--update]
 
-The table has each class, by task, with the first sentence of its header. --update writes it anew.
+The table has each class, by task, with the first sentence of its header. --update writes it.
 """
 
 import pathlib
@@ -44,7 +44,7 @@ HEAD = """# All classes by task
 
 `#include <Vantor/CName>` for each. The table is made from the headers: `tools/class-table.py --update`.
 
-| Task | Class | What it is |
+| Task | Class | Purpose |
 |---|---|---|
 """
 

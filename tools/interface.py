@@ -6,7 +6,7 @@
 
 The file lists, class by class and in the order of declaration: bases, size, functions with their types,
 fields, enumerators, and what Qt's meta-object system knows. Hosts compile, link and connect against all of
-it. After a change that is meant, --update writes the file anew; its diff belongs into the same commit.
+it. After a change that is meant, --update writes the file; its diff belongs in the same commit.
 Every function that is declared in an exported class must also be defined in its library.
 """
 

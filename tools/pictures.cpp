@@ -41,7 +41,7 @@ class CPhotographer
 public:
     explicit CPhotographer(const QString &folder) : folder_(folder) {}
 
-    // A window of its own for each picture, so that none shows what another one left.
+    // A new window for each picture, so that no picture depends on an earlier one.
     void Take(const QString &name, const char *page, Theme theme, const char *language,
               const std::function<void(CMainWindow &)> &prepare = {})
     {
@@ -83,7 +83,7 @@ private:
     }
 
     const QDir folder_;
-    QTemporaryDir data_; // of the server: nobody's own columns are in the pictures
+    QTemporaryDir data_; // of the server; without columns that a user has chosen
     CServerLink link_;
     CThemeSwitch theme_;
     CLanguageSwitch language_;

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Reads the workbooks of write_workbooks with openpyxl and LibreOffice: read-xlsx.py FOLDER
 
-Both have to open each file without repairing it, and to find what was written.
+Both must open each file without repairing it, and find the written values.
 """
 
 import csv
@@ -173,7 +173,7 @@ def main():
     if len(sys.argv) != 2:
         sys.exit(__doc__)
     folder = sys.argv[1]
-    warnings.simplefilter("error")  # openpyxl warns where it drops what it cannot read
+    warnings.simplefilter("error")  # openpyxl warns where it drops something
     try:
         for name in ("memory.xlsx", "constant.xlsx"):
             check_book(os.path.join(folder, name))

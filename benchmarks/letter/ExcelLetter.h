@@ -13,7 +13,7 @@ struct lxw_worksheet;
 /// new format for each cell: what the tests compare parts with.
 namespace Letter {
 
-/// The colour of a text such as "#FA3239"; 0, which is none, without "#" or number.
+/// The colour of a text such as "#FA3239"; 0, which means no colour, without "#" or number.
 unsigned ColorOf(const std::string &text);
 
 /// A new format in \a workbook for one cell.

@@ -24,7 +24,7 @@ struct TimeBars
     QMap<int, bool> visible;
     bool has_sync = false;
 
-    /// What the owning time line tells.
+    /// The values that the owning time line sets.
     struct Line
     {
         int width;

@@ -152,7 +152,7 @@ Reply CAccounts::Check(const Request &request, bool is_login)
     return {kOk, attempt.code == 0 ? 0 : kModuleServer, attempt.code, data};
 }
 
-// Whether the password is to be looked at. The try is then counted and on the disk.
+// Whether the password may be checked. The try is then counted and on the disk.
 bool CAccounts::Begin(CStore &store, Attempt &attempt)
 {
     DropExpiredAtTimes(store);

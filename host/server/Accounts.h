@@ -46,7 +46,7 @@ public:
     [[nodiscard]] Reply LogOut(const Request &request);
 
     /// \brief The account that \a session belongs to, called on the store's thread. Throws Refused
-    /// when there is none.
+    /// for an unknown session.
     [[nodiscard]] qint64 AccountOf(CStore &store, const std::string &session) const;
 
 private:

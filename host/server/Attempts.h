@@ -35,11 +35,11 @@ struct Standing
     qint64 lock_left_s = 0; ///< of a lock, in seconds
 };
 
-/// \param own how many tries that were counted are to be left out: 1 for the one under way.
+/// \param own how many of the newest counted tries to ignore: 1 for the one under way.
 [[nodiscard]] Standing StandingOf(CStore &store, const LockSettings &settings, const Trier &trier,
                                   qint64 now, int own = 0);
-/// \brief Until the end of the transaction no other server counts for this address or this user, so
-/// that a try and the standing before it belong together.
+/// \brief Until the end of the transaction no other server counts for this address or this user,
+/// so that the state read before a try still holds when the try is counted.
 void LockCounters(CStore &store, const Trier &trier);
 void CountTry(CStore &store, const LockSettings &settings, const Trier &trier, qint64 now);
 /// \brief The password was right: the user's failures from this address are forgotten, also those

@@ -16,8 +16,8 @@ public:
     static constexpr size_t kMaximum = 128;
     static constexpr size_t kMaximumOfNetwork = 64;
 
-    /// \brief A new one. An empty \a network, a proxy's, has no limit of its own. \return the
-    /// address of a connection that was closed for it; empty: none.
+    /// \brief Add a connection. An empty \a network, a proxy's, has no limit of its own.
+    /// \return the address of a connection that was closed to make room, or an empty text.
     std::string Add(int socket, const std::string &address, const std::string &network);
     void Remove(int socket);
     /// \brief A whole request has come in, or was answered.

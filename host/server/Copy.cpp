@@ -131,7 +131,7 @@ void CopyTable(CStore &from, CStore &to, const Table &table, const CopyProgress 
         if (progress && copied / kRowsPerReport != reports)
             progress(table.name, copied);
     }
-    // What was given a number does not move the counter that gives the next ones.
+    // Rows that come with a number do not move PostgreSQL's counter for the next number.
     if (to.Kind() == Engine::Postgres && table.columns.constFirst() == QLatin1String("id"))
         to.Run(QStringLiteral("SELECT setval(pg_get_serial_sequence('%1', 'id'), "
                               "(SELECT max(id) FROM %1))")

@@ -7,7 +7,7 @@ namespace Server {
 
 class CStore;
 
-/// \brief Copy all rows of \a from into \a to, which must have none, in one transaction. Throws
+/// \brief Copy all rows of \a from into \a to, which must be empty, in one transaction. Throws
 /// DatabaseError; nothing is then copied.
 void CopyRows(CStore &from, CStore &to, const CopyProgress &progress);
 

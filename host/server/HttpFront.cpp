@@ -271,13 +271,13 @@ void OnConnection(void *data, MHD_Connection *connection, void ** /*context*/,
     std::string network;
     ReadPeer(connection, address, network);
     if (front.IsProxy(address))
-        network.clear(); // it stands for many
+        network.clear(); // a proxy has many networks behind it
     const std::string closed = front.Connections().Add(socket, address, network);
     if (!closed.empty())
         front.Handler().closed(closed);
 }
 
-// The library's reason why it does not start. What it says later is about clients that went away.
+// The library's reason why it does not start. Later messages are only about clients that have gone.
 struct StartMessage
 {
     std::string text;

@@ -24,7 +24,7 @@ struct FrontHandler
     /// must be there before the front is stopped.
     std::function<Reply(const Request &)> answer;
     /// The longest body, in bytes, that a request may have; called before the body is read.
-    /// Throws Refused when the request is to be refused without its body.
+    /// Throws Refused to refuse the request without reading its body.
     std::function<size_t(const Request &)> body_limit;
     /// Hears of each request that is refused without being handed over.
     std::function<void(const Request &, int status)> refused;

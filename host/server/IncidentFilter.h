@@ -8,14 +8,14 @@
 
 namespace Server {
 
-/// \brief What is asked of rows: one of the cells holds a text, without regard to the case of the
+/// \brief Selects the rows of which one cell contains a text, without regard to the case of the
 /// letters A to Z.
 struct IncidentFilter
 {
-    QString text;           ///< empty: every row passes
-    QString condition;      ///< SQL on the columns of "incident", with "AND" before it; empty: none
-    QVariantList values;    ///< of the condition
-    QString trigrams;       ///< for SQLite's text index, which then names candidates; empty: no use
+    QString text;        ///< empty: every row passes
+    QString condition;   ///< SQL on the columns of "incident", with "AND" before it; may be empty
+    QVariantList values; ///< of the condition
+    QString trigrams;    ///< for SQLite's text index, which then names candidates; empty: no use
     bool is_indexed = true; ///< there is an index that helps
 };
 

@@ -14,8 +14,8 @@ namespace Server {
 
 /// \brief Fill the list that CreateIncidents() has begun, up to its goal, and make its indexes.
 ///
-/// Each batch is stored when it is added; what was broken off goes on from there. Nothing happens
-/// when the list is ready, or when another process is at it.
+/// Each batch is stored when it is added, so an interrupted load continues after the last batch.
+/// Nothing happens when the list is ready, or while another process fills it.
 /// \param sample may be empty: then only indexes are made, when all rows are there.
 void LoadIncidents(CStore &store, const IncidentRows &sample, const IncidentProgress &progress);
 

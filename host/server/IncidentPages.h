@@ -60,7 +60,7 @@ private:
     using Ids = std::vector<qint64>;
     using SharedIds = std::shared_ptr<const Ids>;
 
-    // What is known of a filter at a moment, in an order.
+    // The known hits of a filter at a moment, in an order.
     struct Hits
     {
         QString key;

@@ -100,7 +100,7 @@ void MakeTextIndex(CStore &store, int columns, qint64 rows, const IncidentProgre
         store.Execute(QStringLiteral("CREATE INDEX IF NOT EXISTS incident_text ON incident USING "
                                      "gin ((%1) gin_trgm_ops)")
                           .arg(IncidentCells(columns)));
-        // More samples tell rare texts from frequent ones.
+        // More samples let the planner distinguish rare texts from frequent ones.
         store.Execute(
             QStringLiteral("ALTER INDEX incident_text ALTER COLUMN 1 SET STATISTICS 1000"));
         return;

@@ -40,8 +40,8 @@ void MigrateIncidents(CStore &store);
 using IncidentProgress = std::function<void(const char *what, qint64 done, qint64 total)>;
 
 /// \brief Begin a list: tables without indexes, which AddIncidents() fills quickly.
-/// \a titles has 1 to kMaximumIncidentColumns texts; \a goal is how many rows shall follow, so that
-/// a load that was broken off is known. It is called in a transaction. Throws DatabaseError.
+/// \a titles has 1 to kMaximumIncidentColumns texts; \a goal is the number of rows to come; an
+/// interrupted load has fewer. It is called in a transaction. Throws DatabaseError.
 void CreateIncidents(CStore &store, const QStringList &titles, qint64 goal);
 /// \brief Add rows to a list that is not finished, in one transaction.
 void AddIncidents(CStore &store, const IncidentRows &rows);
@@ -62,9 +62,9 @@ constexpr int kMaximumIncidentColumns = 100;
 
 /// \brief SQL that is the same in tables, indexes and questions.
 ///
-/// A cell's place in an order is that of the number it begins with (none: 0), then that of its text
-/// without regard to case, by code points. The first 256 characters decide, because PostgreSQL
-/// limits the size of an index entry.
+/// Cells are ordered by the number they begin with (0 if they begin with no number), then by their
+/// text, without regard to case, by code points. The first 256 characters decide, because
+/// PostgreSQL limits the size of an index entry.
 [[nodiscard]] QString IncidentNumber(Engine engine, int column);
 [[nodiscard]] QString IncidentText(int column);
 /// \brief The cells of a row as one text, in lower case, with U+001F between them.

@@ -34,15 +34,15 @@ using IncidentKeys = std::vector<IncidentKey>;
 /// \brief Reads the rows of one moment in one order, from any key on, at the cost of the rows that
 /// it gives.
 ///
-/// SQLite does not seek by a comparison of several expressions at once, so what is behind a key is
-/// asked for in pieces: the rest of the equal rows, the rest of the number, the other numbers.
+/// SQLite does not seek by a comparison of several expressions at once, so the rows behind a key
+/// are read in pieces: the rest of the equal rows, the rest of the number, the other numbers.
 class CIncidentWalk
 {
 public:
     /// \param moment the number of rows that the list had then
     CIncidentWalk(CStore &store, IncidentOrder order, qint64 moment, IncidentFilter filter = {});
 
-    /// \brief The key of the row with the number \a id. Throws Refused when there is none.
+    /// \brief The key of the row with the number \a id. Throws Refused for an unknown row.
     [[nodiscard]] IncidentKey KeyOf(qint64 id);
 
     /// \brief The first \a count keys behind \a from; without \a from the first ones of all.

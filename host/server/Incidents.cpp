@@ -22,7 +22,7 @@ constexpr char kGivenRows[] = "/IncidentRequest/Rows";
 IncidentQuery QueryOf(const CRapidJsonProto &body, int columns)
 {
     const auto number = [&body](const std::string &name, int preset) {
-        // What is there and is no number must not pass for what is not there.
+        // A member that is no number must not count as missing.
         const std::string path = kAsked + name;
         constexpr int kOther = -2;
         return body.GetString(path).empty() ? preset : body.GetInt(path, kOther);

@@ -10,10 +10,10 @@
 
 namespace Server {
 
-/// \brief Two threads that read lists: one for what is quick, and one for what turns out not to be,
-/// so that a long search keeps nobody waiting but other long searches.
+/// \brief Two threads that read lists: one for quick requests and one for those that turn out to be
+/// slow, so that a long search delays only other long searches.
 ///
-/// Both have a time limit and take only so much work; what is beyond it is refused.
+/// Both have a time limit and take only so much work and refuse more.
 class CListThreads
 {
 public:
@@ -22,7 +22,7 @@ public:
     using Done = std::function<void(const std::function<Reply()> &result)>;
 
     void Start(const StoreAddress &address);
-    /// \brief Finish what was handed in. Until the next Start() all work is refused at once.
+    /// \brief Finish the accepted work. Until the next Start() all new work is refused at once.
     void Stop();
 
     /// \brief Run \a work, and then \a done on the same thread, once; or \a done at once with a

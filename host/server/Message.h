@@ -35,7 +35,7 @@ struct Request
 {
     std::string method;
     std::string path;    ///< without the query
-    std::string session; ///< the token; empty: none
+    std::string session; ///< the token, or empty
     std::string address; ///< of the client
     std::string network; ///< the same, but for IPv6 only its first 64 bits, which one site has
     std::string body;
@@ -57,8 +57,8 @@ struct Reply
     int module = 0;
     int code = 0;
     QJsonObject data;
-    /// Takes what shall be called with the reply, or with what throws in its place, once and on any
-    /// thread. When it is set, the other members do not count.
+    /// Answers later. It is called with a function that must be called once, on any thread, with a
+    /// callable that returns the reply or throws. When it is set, the other members are ignored.
     std::function<void(std::function<void(const std::function<Reply()> &result)> done)> later = {};
 
     static Reply Refusal(int status) { return {status, kModuleHttp, status, {}}; }

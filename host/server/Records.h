@@ -13,7 +13,7 @@ class CStore;
 
 // What the database keeps for clients. All of it is called on the store's thread.
 
-/// \brief The layout text that \a account has stored, empty when there is none.
+/// \brief The layout text that \a account has stored, or an empty text.
 [[nodiscard]] Reply ReadLayout(CStore &store, qint64 account, const Request &request);
 /// \brief Store a layout text for \a account; the last one wins. Each account has a quota.
 [[nodiscard]] Reply WriteLayout(CStore &store, qint64 account, const Request &request);

@@ -6,8 +6,8 @@
 
 namespace Server {
 
-/// \brief BLAKE2b of \a secret, which nobody can guess. The store keeps these, because who reads it
-/// must not be able to use what clients hold. Any thread.
+/// \brief BLAKE2b of \a secret, which must be too long to guess. The store keeps only hashes, so
+/// that a reader of the database cannot use the secrets of clients. Any thread.
 [[nodiscard]] QByteArray HashOf(const QByteArray &secret);
 
 /// \brief 256 random bits, in the letters of URLs. Any thread.

@@ -77,7 +77,7 @@ struct CServerDataPtr
         });
     }
 
-    // On the threads for lists, so that a long search keeps nobody else waiting.
+    // On the threads for lists, so that a long search does not delay other requests.
     template <class Work> Reply ForReader(const Request &request, Work work)
     {
         store_.Do([&](CStore &store) { return accounts_.AccountOf(store, request.session); });
@@ -193,7 +193,7 @@ Reply CServerDataPtr::Answer(const Request &request)
     return Guarded(request, [&] { return found.entry->route(*this, request); });
 }
 
-// What \a answer returns. What is refused is written to the audit log.
+// Returns the reply of \a answer, and writes refusals to the audit log.
 Reply CServerDataPtr::Guarded(const Request &request, const std::function<Reply()> &answer)
 {
     try {
@@ -330,7 +330,7 @@ QString CServer::Start()
     QString error = NoRandomNumbers();
     if (!error.isEmpty())
         return error;
-    Stop(); // a second start begins anew
+    Stop(); // a second start stops the first
     const ServerOptions &options = d_ptr_->options_;
     try {
         const StoreAddress address = ReadStoreAddress(options.database);

@@ -29,8 +29,8 @@ struct ServerOptions
     int port = 0;                      ///< 0: any that is free
     QString seed_path;    ///< CSV file for an empty database, with sample accounts; may be empty
     qint64 seed_rows = 0; ///< so many incidents, which vary those of the file; 0: as it has them
-    /// Hears how far Start() is while it loads the list: what is done, and how much of it. Empty:
-    /// it is not heard. One thread.
+    /// Called while Start() loads the list, with the step, and the rows done and in all. May be
+    /// empty. Called on one thread.
     std::function<void(const char *what, qint64 done, qint64 total)> progress;
     std::string certificate; ///< PEM; with the key: HTTPS
     std::string private_key; ///< PEM

@@ -101,8 +101,8 @@ Failure FailureOfSqlite(int code)
                                      : Failure::Other;
 }
 
-// By the codes of PostgreSQL (appendix "Error Codes" of its manual). A message of the client
-// library has none: the connection broke off.
+// By the codes of PostgreSQL (appendix "Error Codes" of its manual). An error of the client
+// library itself has no code and means that the connection broke off.
 Failure FailureOfPostgres(const QString &code)
 {
     if (StartsWithOneOf(code, {"40001", "40P01"})) // serialization, deadlock

@@ -70,7 +70,7 @@ public:
     /// is used once. Throws DatabaseError.
     void Execute(const QString &statement);
 
-    /// \brief The first column of the first row; invalid when there is none.
+    /// \brief The first column of the first row; invalid without a row.
     [[nodiscard]] QVariant Value(const QString &statement, const QVariantList &values = {});
 
     [[nodiscard]] bool HasTable(const QString &name);

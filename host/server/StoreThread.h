@@ -33,8 +33,8 @@ public:
     /// \brief Finish the work that was handed in, disconnect and end.
     void Stop();
 
-    /// \brief Run \a work on the thread and return, or throw, what it does. When the connection
-    /// breaks off before \a work has stored anything, it is run once more on a new one.
+    /// \brief Run \a work on the thread, and return its result or throw its exception. When the
+    /// connection breaks off before \a work has stored anything, it is run once more on a new one.
     template <class Work> auto Do(Work &&work)
     {
         using Result = decltype(work(std::declval<CStore &>()));
@@ -44,7 +44,8 @@ public:
         return result.get();
     }
 
-    /// \brief Run \a work on the thread without waiting for it, or \a failed with what it threw.
+    /// \brief Run \a work on the thread without waiting for it. If it throws, \a failed gets the
+    /// exception.
     void Post(std::function<void(CStore &)> work,
               std::function<void(const std::exception_ptr &)> failed);
 

@@ -29,7 +29,7 @@ enum class CodeOutcome { Right, Wrong, Unknown };
                                         const QString &text);
 
 /// \brief Use the code with \a mark up. Upper and lower case are the same.
-/// \return Unknown when there is none of this user, or it has expired.
+/// \return Unknown when this user has no code, or it has expired.
 [[nodiscard]] CodeOutcome TakeVerifyCode(CStore &store, const QString &user, const QString &mark,
                                          const QString &text, qint64 now);
 

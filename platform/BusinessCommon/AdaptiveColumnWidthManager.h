@@ -16,7 +16,7 @@ struct CAdaptiveColumnWidthManagerDataPtr;
 /// session is set when the request is made. Answers come on the GUI thread, in the order of the
 /// manager's requests, never from within the request; a request that is refused, lost or broken off
 /// gives an answer too. When a server does not answer one request in time, or cannot be reached,
-/// the reads that already wait behind it fail with it: nobody waits for the sum of the timeouts.
+/// the reads that already wait behind it fail with it, so that their timeouts do not add up.
 /// When the manager is destroyed its writes are still sent, its answers are
 /// dropped. All operations belong to the GUI thread.
 class VANTOR_BASE_EXPORT CAdaptiveColumnWidthManager
@@ -33,8 +33,8 @@ public:
     CAdaptiveColumnWidthManager(const CAdaptiveColumnWidthManager &) = delete;
     CAdaptiveColumnWidthManager &operator=(const CAdaptiveColumnWidthManager &) = delete;
 
-    /// \brief Tell \a observer of each answer; it is not owned and must unregister before it goes.
-    /// A second registration of the same one changes nothing.
+    /// \brief Notify \a observer of each answer. It is not owned and must unregister before it is
+    /// destroyed. A second registration of the same one changes nothing.
     void RegisterObserver(CAdaptiveColumnWidthObserver *observer);
     /// \brief Forget \a observer; one that is not registered is ignored.
     void UnRegisterObserver(CAdaptiveColumnWidthObserver *observer);

@@ -19,7 +19,7 @@ struct AdaptiveLayout
 /// \brief What the server has kept.
 struct AdaptiveLayoutResponse
 {
-    std::string receive_data; ///< the layout text, UTF-8; empty when none is stored
+    std::string receive_data; ///< the stored layout text, UTF-8; may be empty
 };
 
 /// \brief An AdaptiveLayout as a record.

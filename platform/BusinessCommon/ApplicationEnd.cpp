@@ -21,7 +21,7 @@ struct Application
     std::mutex mutex;
     Phase phase = Phase::None;                // under the mutex, as are the tasks
     std::deque<std::function<void()>> tasks;  // for the GUI thread
-    std::array<void (*)(), kSteps> actions{}; // by step; null: none
+    std::array<void (*)(), kSteps> actions{}; // by step; may be null
 };
 
 Application &CurrentApplication()

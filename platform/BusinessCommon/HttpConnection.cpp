@@ -355,7 +355,7 @@ bool CHttpConnection::Exchange(ClientComm::ClientRecvInfo &recv,
         curl_multi_add_handle(multi_, easy.get());
         code = Run(transfer);
         curl_easy_getinfo(easy.get(), CURLINFO_RESPONSE_CODE, &status);
-        curl_multi_remove_handle(multi_, easy.get()); // closes what was not read to its end
+        curl_multi_remove_handle(multi_, easy.get()); // closes an unfinished exchange
     }
     if (code != 0) {
         recv.Error_code = {kModuleNetwork, code, kNetSubSystem};

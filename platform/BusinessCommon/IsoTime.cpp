@@ -56,7 +56,7 @@ bool ReadNumber(const char *&text, Reading &reading)
     return true;
 }
 
-// One number behind each character of `separators`; the year has none in front.
+// One number behind each character of `separators`; the year comes without a separator.
 Reading Read(const char *text, const char *separators)
 {
     Reading reading;

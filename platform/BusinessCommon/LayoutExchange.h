@@ -35,7 +35,7 @@ public:
     static CLayoutQueue &Instance();
 
     void Add(const AdaptiveLayout &layout, Answer answer);
-    /// \brief Wait for the writes so far; give up what is then left.
+    /// \brief Wait for the writes so far, for a limited time; drop the rest.
     bool FinishWrites(std::chrono::milliseconds time);
 
 private:

@@ -60,8 +60,8 @@ public:
     bool ClientSynSendAs(const std::string &session, ClientComm::CClientRecvInfo &recv,
                          const ClientComm::CClientSendInfo &send);
 
-    /// \brief The same, until \a stop breaks it off. A transport that the host has set ends by
-    /// itself; what it brought is dropped then.
+    /// \brief The same, until \a stop breaks it off. A transport that the host has set cannot
+    /// be stopped: it runs to its end, and its reply is dropped.
     bool ClientSynSendUntil(const CNetStop &stop, ClientComm::CClientRecvInfo &recv,
                             const ClientComm::CClientSendInfo &send);
 
@@ -70,8 +70,8 @@ public:
     static void SetServer(const std::string &host, int port, bool tls = false,
                           const std::string &ca_file = {});
 
-    /// \brief Check the server's certificate and host name (the default), or do not: only for a
-    /// network where nobody can get in between.
+    /// \brief Whether to check the server's certificate and host name; true by default. Pass
+    /// false only in a network without attackers.
     static void SetCertificateCheck(bool is_checked);
 
     /// \brief Longest times in milliseconds: to look up the host, connect and agree on TLS (default
@@ -80,7 +80,7 @@ public:
     static void SetTimeouts(int connect_ms, int read_ms);
 
     /// \brief The session that later requests belong to, sent as "Authorization: Bearer token" (RFC
-    /// 6750); empty: none.
+    /// 6750). An empty \a token sends no such header.
     static void SetSession(const std::string &token);
     /// \brief The token of SetSession(); empty without a session.
     [[nodiscard]] static std::string Session();

@@ -22,7 +22,7 @@ enum NetErrorCode : int {
     kNetTooLarge = 25,    ///< the reply or its head is larger than the limits below
     kNetBadRequest = 26,  ///< the URL, the method or the session cannot be sent
     kNetFailed = 27,      ///< anything else
-    kNetBadReply = 28,    ///< the reply is no document, or lacks what was asked for
+    kNetBadReply = 28,    ///< the reply is no document, or lacks a needed member
 };
 
 constexpr int kNetSubSystem = 2000;

@@ -13,7 +13,7 @@ class CNetStop;
 /// \brief On whose behalf an exchange happens.
 struct NetTask
 {
-    Nim::Base::SecretText session;  ///< whatever is set by now; empty: none
+    Nim::Base::SecretText session;  ///< the current session; may be empty
     const CNetStop *stop = nullptr; ///< breaks it off; may be null
 };
 

@@ -21,8 +21,8 @@ extern template class VANTOR_BASE_EXPORT Nim::Base::CSingleton<BusinessCommon::C
 
 namespace BusinessCommon {
 
-/// \brief What CTimeZoneManager stands on; each operation as it is described there. Called on any
-/// thread, an exception counts as failure.
+/// \brief The operations behind CTimeZoneManager, described there. Called on any thread; an
+/// exception counts as failure.
 class VANTOR_BASE_EXPORT ITimeZoneService
 {
 public:

@@ -36,8 +36,8 @@ struct ZoneYear
 [[nodiscard]] VANTOR_BASE_EXPORT std::optional<ZoneYear> FindZoneYear(const TimeZoneInfor &infor,
                                                                       int year);
 
-/// \brief The next entry of \a zone after \a after; its time is invalid when there is none. Unlike
-/// QTimeZone::nextTransition() it finds the one behind the end of the zone's tables.
+/// \brief The next entry of \a zone after \a after; its time is invalid after the last entry.
+/// Unlike QTimeZone::nextTransition() it finds the one behind the end of the zone's tables.
 [[nodiscard]] VANTOR_BASE_EXPORT QTimeZone::OffsetData NextTransition(const QTimeZone &zone,
                                                                       const QDateTime &after);
 

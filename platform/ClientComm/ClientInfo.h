@@ -9,14 +9,14 @@
 
 namespace ClientComm {
 
-/// \brief What is asked of the server. Texts are UTF-8.
+/// \brief A request to the server. Texts are UTF-8.
 ///
 /// The body may hold a password: it is overwritten when the structure goes.
 struct VANTOR_BASE_EXPORT ClientSendInfo
 {
     std::string URL;          ///< path and query, such as "/Quorra/…/SecuritySetting"
     std::string Method;       ///< "GET", "PUT", "POST" or "DELETE"; each may have a body
-    std::string Request_Data; ///< the body; empty: none
+    std::string Request_Data; ///< the body; may be empty
     int Pattern = 0;          ///< how the body is written: 2 is XML, anything else JSON
 
     ClientSendInfo() = default;                                       ///< All empty.
@@ -25,7 +25,7 @@ struct VANTOR_BASE_EXPORT ClientSendInfo
     ~ClientSendInfo();
 };
 
-/// \brief What came back.
+/// \brief The server's reply.
 struct VANTOR_BASE_EXPORT ClientRecvInfo
 {
     /// All 0 when the server has answered with success, whatever its answer says. See

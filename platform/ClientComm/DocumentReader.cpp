@@ -21,7 +21,7 @@ namespace {
 
 using Kind = CDocumentTree::Kind;
 
-// Grows a tree and refuses what is beyond the limits.
+// Builds a tree and refuses one beyond the limits.
 class CTreeBuilder
 {
 public:

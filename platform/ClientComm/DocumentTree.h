@@ -43,7 +43,7 @@ public:
     [[nodiscard]] int FirstChild(int node) const { return At(node).first_child; }
     [[nodiscard]] int NextSibling(int node) const { return At(node).next; }
     [[nodiscard]] int CountChildren(int node) const;
-    /// \brief The child of that name; of several the one with that number. kNone if there is none.
+    /// \brief The child of that name; of several the one with that number. kNone if it is missing.
     [[nodiscard]] int FindNamed(int parent, std::string_view name, int number = 0) const;
     [[nodiscard]] int CountNamed(int parent, std::string_view name) const;
     /// \brief The child of that number, whatever its name. Reading the children in order is linear.

@@ -19,7 +19,8 @@ using Kind = CDocumentTree::Kind;
 constexpr char kDeclaration[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 constexpr char kReplacement[] = "\xEF\xBF\xBD"; // U+FFFD
 
-// A text that overwrites what it grows out of. RapidJSON writes to it character by character.
+// A text that overwrites its old memory when it grows. RapidJSON writes to it character by
+// character.
 class CTextSink
 {
 public:

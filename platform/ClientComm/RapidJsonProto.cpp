@@ -21,7 +21,7 @@ namespace {
 using Kind = CDocumentTree::Kind;
 using Parts = std::vector<std::string_view>;
 
-// The parts of a path; none at all for a malformed one, but for "/", which is the document.
+// The parts of a path, empty for "/", which is the document. Returns false for a malformed path.
 bool SplitPath(const std::string &path, Parts &parts)
 {
     if (path.empty() || path.front() != '/')

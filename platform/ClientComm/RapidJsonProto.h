@@ -41,23 +41,23 @@ public:
     /// \brief Replace the document by \a text: XML when its first character that is no blank is
     /// "<", else JSON, an object or an array.
     ///
-    /// JSON is UTF-8, XML what it declares. A document type is refused, and with it every entity
-    /// but the five of XML.
+    /// JSON is UTF-8; XML has the encoding that it declares. A document type is refused, and with
+    /// it every entity but the five of XML.
     /// \return false for anything that is not well-formed or beyond a limit, and for two members of
     /// one name; the document is then empty. It takes time linear in \a text.
     bool Load(const std::string &text);
 
-    /// \brief Put \a text at \a path and make what is missing on the way.
+    /// \brief Put \a text at \a path and add missing members on the way.
     /// \return false when the path is malformed or too deep, leads through a text, an array or
-    /// several elements of one name, or ends at what is no text.
+    /// several elements of one name, or ends at something other than a text.
     bool SetString(const std::string &path, const std::string &text);
 
     /// \brief The whole number at \a path, or written in its text in decimal digits.
-    /// \return \a preset when there is none, also for one that does not fit or has a fraction.
+    /// \return \a preset when it is missing, does not fit an int or has a fraction.
     [[nodiscard]] int GetInt(const std::string &path, int preset = -1) const;
 
     /// \brief The text at \a path, UTF-8; of a number or a Boolean what JSON writes.
-    /// \return \a preset when there is none; a null counts as none.
+    /// \return \a preset when it is missing or null.
     [[nodiscard]] std::string GetString(const std::string &path,
                                         const std::string &preset = {}) const;
 
@@ -72,8 +72,8 @@ public:
     /// in the order in which they were set or read, and a line feed.
     ///
     /// Characters that XML cannot hold become U+FFFD.
-    /// \return an empty text when there is not exactly one outermost member, or a name is none for
-    /// an element.
+    /// \return an empty text unless there is exactly one outermost member and every name is valid
+    /// for an XML element.
     [[nodiscard]] std::string ToXml() const;
 
 private:

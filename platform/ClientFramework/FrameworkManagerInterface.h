@@ -14,17 +14,17 @@ namespace ClientFramework {
 
 class CFrameworkManagerInterface;
 
-/// \brief Whose password is to be checked. Texts are UTF-8; the password is overwritten when the
-/// structure goes.
+/// \brief A user and the password to check. Texts are UTF-8; the password is overwritten when
+/// the structure is destroyed.
 struct CheckPwdRequestParam
 {
     std::string str_name;               ///< the user name
     Nim::Base::SecretText str_password; ///< as typed
-    std::string str_verify_code;        ///< typed by the user; empty when none was asked for
+    std::string str_verify_code;        ///< typed by the user; empty if it was not asked for
     std::string str_verify_mark;        ///< of the image that was shown
 };
 
-/// \brief What came of it.
+/// \brief The result of the check.
 struct CheckPwdResultParam
 {
     int check_result = 0;                   ///< 9: the password is right

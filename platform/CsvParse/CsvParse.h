@@ -9,7 +9,7 @@
 /// \brief State of one CSV parser (RFC 4180, lenient), stored by value by the caller.
 /// csvparse_init() comes first.
 ///
-/// Plain memory: the parser that works in it is none of the caller's business, nor is its header.
+/// Plain memory, so that callers need not include the header of the parser that works in it.
 struct csvparse_parser
 {
     /// \brief The memory of the parser, not to be read or written by the caller.

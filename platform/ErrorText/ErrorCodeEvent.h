@@ -16,7 +16,7 @@ public:
     /// \brief The error \a code, as the server or a library reported it.
     explicit CErrorCodeEvent(const Nim::Base::Error::ErrorCode &code) : code_(code) {}
 
-    /// \brief The numbers of the error; all 0 if there is none.
+    /// \brief The numbers of the error; all 0 without an error.
     [[nodiscard]] Nim::Base::Error::ErrorCode GetErrorCode() const { return code_; }
     /// \brief The text for the user, see GetErrorInfoByErrorCode(); empty if there is no error.
     [[nodiscard]] QString GetErrorText() const;

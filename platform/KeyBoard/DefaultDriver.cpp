@@ -36,8 +36,9 @@ void ReportPort(const KeyBoardPortNews &news)
     }
 }
 
-// Ends the threads when the process exits and nobody called Uninit(): exit() then destroys the
-// static objects that the threads use. A callback that calls exit() cannot wait for its own thread.
+// Ends the threads when the process exits without a call of Uninit(), because exit() destroys
+// the static objects that the threads use. A callback that calls exit() cannot wait for its own
+// thread.
 struct EndAtExit
 {
     ~EndAtExit()

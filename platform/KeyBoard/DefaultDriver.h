@@ -9,7 +9,7 @@
 
 namespace KeyBoard {
 
-/// \brief The driver of the devices that need none of their own; one in the process.
+/// \brief The driver of the devices that need no special one; one in the process.
 [[nodiscard]] KeyBoardDriver &DefaultDriver();
 
 /// \brief See KeyBoard_SetSerialPorts().

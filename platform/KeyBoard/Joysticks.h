@@ -20,7 +20,7 @@ namespace KeyBoard {
 /// \brief All joysticks of the machine, through SDL, which the client may use at the same time.
 ///
 /// SDL's events are left to the client: a poll reads the state of each joystick, and an event watch
-/// sees the buttons, whoever pumps the events. So no press is lost between two polls.
+/// sees the buttons, no matter which code pumps the events. So no press is lost between two polls.
 ///
 /// Several joysticks share one stream of codes. The one that moves first steers until it rests.
 class CJoysticks
@@ -78,11 +78,12 @@ private:
     std::map<Id, Stick> sticks_;
     std::set<Id> refused_;      // could not be opened; each is reported once
     int polls_without_sdl_ = 0; // since the client ended SDL as a whole
-    Id steering_ = -1;          // the stick that moves, -1 for none
+    Id steering_ = -1;          // the stick that moves, or -1
     JoystickMotion sent_;       // the motion that was sent last
     std::vector<Code> codes_;   // of this poll; delivered when SDL is unlocked again
     std::mutex edges_mutex_;
-    std::vector<ButtonEdge> edges_; // under the mutex: written by whoever pumps SDL's events
+    std::vector<ButtonEdge>
+        edges_; // under the mutex; written by the thread that pumps SDL's events
 };
 
 } // namespace KeyBoard

@@ -56,7 +56,7 @@ PelcoCommand(quint8 address, int operation, int speed, int index);
 /// \brief The frame that ends everything that moves in the camera at \a address.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT PelcoFrame PelcoStop(quint8 address);
 
-/// \brief The code of \a frame by the table in docs/devices.md; code 0 for a frame that has none.
+/// \brief The code of \a frame by the table in docs/devices.md; code 0 for a frame without one.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT DeviceCode TranslatePelco(const PelcoFrame &frame);
 
 /// \brief Finds the frames in a stream of bytes: sync 0xFF, address, two command bytes, two data

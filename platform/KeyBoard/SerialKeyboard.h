@@ -25,7 +25,7 @@ public:
     using Take = std::function<void(const DeviceCode &code)>;
     using Listener = std::function<void(const KeyBoardPortNews &news)>;
 
-    /// \brief Open \a path as \a param says; IsOpen() then tells whether that worked.
+    /// \brief Open \a path as \a param says; IsOpen() returns whether that worked.
     CSerialKeyboard(const QString &path, const KeyBoardSerialParam &param, Take take,
                     Listener listener);
     ~CSerialKeyboard() override;
@@ -50,7 +50,7 @@ private:
     // The thread's.
     std::unique_ptr<QSerialPort> port_;
     CPelcoReader reader_;
-    quint32 motion_ = 0; // the code of the motion that runs, 0 for none
+    quint32 motion_ = 0; // the code of the motion that runs, or 0
 };
 
 /// \brief The system's path of "COM1" to "COM4": of \a paths, or else of the machine's ports in the

@@ -13,7 +13,7 @@ constexpr int kPageTagRole = Qt::UserRole + 100;
 /// \brief "Page" and \a page in decimal with at least 3 digits: "Page001", "Page1234".
 [[nodiscard]] VANTOR_PLATFORM_EXPORT QString PageTag(int page);
 
-/// \brief The page that \a tag stands for, or 0 when PageTag() writes \a tag for no page from 1 up.
+/// \brief The page for which PageTag() returns \a tag, or 0 if there is no such page.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT int PageOfTag(const QString &tag);
 
 } // namespace Ravel

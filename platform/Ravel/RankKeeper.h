@@ -43,7 +43,7 @@ public:
     void Forget();
 
 private:
-    // The ranks of all columns, or none when the texts changed while they were being read.
+    // The ranks of all columns; empty when the texts changed while they were read.
     using RankedColumns = std::vector<Ranks>;
 
     static RankedColumns RankAll(const CTextReader &reader, int columns);
@@ -51,7 +51,7 @@ private:
     void OnRanked();
 
     const std::function<Source()> source_;
-    RankedColumns ranks_; // by column, null where nobody has asked yet
+    RankedColumns ranks_; // by column; null before the first request
     bool is_wanted_ = false;
     std::optional<CTextReader> reader_; // of the last run
     QFutureWatcher<RankedColumns> run_;

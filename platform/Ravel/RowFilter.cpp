@@ -79,7 +79,8 @@ struct CNeedle
     std::string latin;
 };
 
-// A hit that runs over the end of its column is none: columns stand side by side.
+// The columns of a row follow each other in memory, so a hit that crosses the end of its column
+// does not count.
 template <class View> bool HasInOneColumn(const CTextBlock &texts, View row, const CNeedle &needle)
 {
     const size_t length = needle.wide.size();

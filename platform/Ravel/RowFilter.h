@@ -15,7 +15,7 @@ struct CRowFilterPtr;
 
 /// \brief What a row of a CTreeViewModel has to hold to be shown, prepared for a million rows.
 ///
-/// Copies share what was prepared and may be used on any thread.
+/// Copies share the prepared data and may be used on any thread.
 class VANTOR_PLATFORM_EXPORT CRowFilter
 {
 public:

@@ -22,7 +22,7 @@ public:
     CRowOrder() = default; ///< No rows.
     /// \brief \a count rows from \a first on.
     static CRowOrder Range(int first, int count);
-    /// \brief \a rows as they are; none may appear twice.
+    /// \brief \a rows as they are; each row at most once.
     explicit CRowOrder(std::vector<int> rows, bool is_ascending = false);
 
     /// \brief The number of places.

@@ -41,7 +41,7 @@ public:
     }
     [[nodiscard]] int Count() const { return count_; } ///< How many rows were added.
 
-    /// \brief Add \a rows, none of which may be in the set yet.
+    /// \brief Add \a rows, which must not be in the set yet.
     void Add(const CRowSet &rows)
     {
         Q_ASSERT(rows.words_.size() <= words_.size());

@@ -13,7 +13,7 @@ using Letters = std::array<quint64, 256>;
 constexpr Letters MakeLetters()
 {
     constexpr unsigned kBeyondAscii = 62;
-    Letters letters{}; // blanks and signs have none, because nearly every row has some of them
+    Letters letters{}; // blanks and signs have no bit, because nearly every row has some of them
     for (unsigned byte = 0x80; byte < letters.size(); ++byte)
         letters[byte] = quint64{1} << kBeyondAscii;
     unsigned bit = 0;

@@ -23,13 +23,13 @@ inline void Prefetch(const void *place)
 /// The bit of LetterOf() that every character beyond U+00FF has.
 constexpr quint64 kWideLetter = quint64{1} << 63U;
 
-/// \brief One bit of 64 for each letter and digit of ASCII, one for the rest of Latin-1, none for
-/// blanks and signs. A character beyond U+00FF has kWideLetter and the bit of its low byte.
+/// \brief One bit of 64 for each letter and digit of ASCII, one for the rest of Latin-1; no bit
+/// for blanks and signs. A character beyond U+00FF has kWideLetter and the bit of its low byte.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT quint64 LetterOf(QChar character);
 
 /// \brief The texts of one row in a single piece of memory, because a list has a million of them.
 ///
-/// The texts stand one behind the other, as Latin-1 where every character allows it and as UTF-16
+/// The texts follow each other in memory, as Latin-1 where every character allows it and as UTF-16
 /// otherwise, behind the ends of the columns in 16 bits each, or 32 where 16 do not reach.
 class VANTOR_PLATFORM_EXPORT CTextBlock
 {
@@ -71,7 +71,7 @@ public:
                                   : reinterpret_cast<const quint16 *>(Ends())[at];
     }
 
-    /// \brief The texts of \a columns columns from \a first on; none may be missing.
+    /// \brief The texts of \a columns columns from \a first on; all of them must exist.
     [[nodiscard]] std::string_view Latin(int first, int columns = 1) const
     {
         return View<char>(first, columns);

@@ -58,7 +58,7 @@ quint64 LatinKey(std::string_view text, size_t offset)
     return key;
 }
 
-// A low surrogate stands for the whole character, as in QString's own comparison.
+// A low surrogate gives the fold of the whole character, as in QString's own comparison.
 uint FoldedUnit(std::u16string_view text, size_t at)
 {
     const char16_t unit = text[at];

@@ -21,8 +21,8 @@ class VANTOR_PLATFORM_EXPORT CTextReader
 {
 public:
     /// \brief Call \a visit with the texts of each top-level row, in order.
-    /// \return false when rows or texts have changed since, or the model is gone: what was read so
-    /// far is then of no use.
+    /// \return false when rows or texts have changed since, or the model is gone. The texts read
+    /// so far must then be dropped.
     bool Read(const std::function<void(const CTextBlock &)> &visit) const;
 
     /// \brief Whether rows and texts are still those that Read() reads. GUI thread only.

@@ -31,7 +31,7 @@ public:
     CTreeViewItem(const CTreeViewItem &) = delete;
     CTreeViewItem &operator=(const CTreeViewItem &) = delete;
 
-    /// \brief The data of \a role in \a column; invalid when there is none. Edit role and display
+    /// \brief The data of \a role in \a column, or an invalid value. Edit role and display
     /// role are one.
     [[nodiscard]] QVariant Data(int column, int role = Qt::DisplayRole) const;
 
@@ -50,9 +50,9 @@ public:
     [[nodiscard]] int ChildCount() const;
     /// \return the row below at \a row, or null outside 0 to ChildCount() - 1.
     [[nodiscard]] CTreeViewItem *Child(int row) const;
-    /// \return the item above, or null for a top-level item and one that stands alone.
+    /// \return the item above, or null for a top-level item and one that is in no model.
     [[nodiscard]] CTreeViewItem *Parent() const;
-    /// \return the place among the rows of Parent() or of the model; 0 for an item that stands
+    /// \return the place among the rows of Parent() or of the model; 0 for an item that is
     /// alone.
     [[nodiscard]] int Row() const;
 

@@ -80,7 +80,7 @@ public:
     /// It can be read as "Page001" under kPageTagRole of column 0. \return whether a row has
     /// another page now: call NotifyPages() then.
     [[nodiscard]] bool SetPages(const CRowOrder &order, int first_place, int rows_per_page);
-    /// \brief Emit dataChanged for the pages of all rows: views repaint what is visible anyway.
+    /// \brief Emit dataChanged for the pages of all rows: views repaint only the visible ones.
     void NotifyPages();
     /// \brief The pages of all top-level rows: a page from 1 up, 0 for a row without one, and below
     /// 0 for a row with something else under kPageTagRole.

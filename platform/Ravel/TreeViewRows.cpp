@@ -35,7 +35,7 @@ void CTreeViewModelPtr::Renumber(CTreeViewItem &above, int first)
         rows[i]->row_ = static_cast<int>(i);
 }
 
-// What came under the page's role with an item moves to where the model keeps pages.
+// An item may bring data under the page's role; move it to the place where the model keeps pages.
 void CTreeViewModelPtr::AdoptPages(int first, int count)
 {
     for (int row = first; row < first + count; ++row) {
@@ -49,7 +49,7 @@ void CTreeViewModelPtr::AdoptPages(int first, int count)
     }
 }
 
-// Its page has been overwritten; what came in its place goes, too.
+// The row has a new page, so the page data that its item brought is dropped.
 void CTreeViewModelPtr::DropForeign(int row)
 {
     if (const auto &extras = root_.Child(row)->ptr_extras_)

@@ -107,7 +107,7 @@ private:
     QElapsedTimer since_last_;
 };
 
-// A path in the local encoding, or the reason why it has none.
+// A path in the local encoding, or the reason why it cannot be given.
 struct LocalPath
 {
     QByteArray bytes;

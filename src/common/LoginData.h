@@ -59,7 +59,7 @@ struct LoginDataInfo
     std::string user_name;                   ///< as typed
     Nim::Base::SecretText password;          ///< as typed
     std::string server_address;              ///< host name or address, without port
-    std::string input_verify_code;           ///< the code as typed; empty if none was asked for
+    std::string input_verify_code;           ///< the code as typed; empty if it was not asked for
     std::string show_verify_code;            ///< the mark of the image that was shown
     std::string local_mac_address;           ///< of this machine
     std::string client_version;              ///< of the client program
@@ -273,7 +273,7 @@ class VANTOR_EXPORT CDaxCaptchaInfo : public Nim::Base::CRecord<DaxCaptchaInfo>
 /// \brief The user who has logged in.
 struct DaxLoginResponseData
 {
-    qint32 user_id = -1;                         ///< the server's number; -1: nobody
+    qint32 user_id = -1;                         ///< the server's number; -1: no user
     UserType user_type = kUserUnknown;           ///< the role
     NetworkType client_domain = kNetworkDefault; ///< the network of the client
     bool is_need_detect_dax = false;  ///< the client must look for the server behind this address

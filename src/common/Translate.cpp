@@ -31,7 +31,7 @@ QPointer<QTranslator> &Installed()
     return *translator;
 }
 
-// The language for `wanted`, or an empty text when there is none.
+// The language for `wanted`, or an empty text if we have no texts in it.
 QString LanguageFor(const QLocale &wanted)
 {
     const auto find = [](const QString &code) {

@@ -57,7 +57,7 @@ struct TimeZoneParam;
 
 /// \brief From seconds that were read as the zone's standard time to the true ones.
 ///
-/// When b_dst is set and \a standard_s lies in the period, here from *after* tm_dst_begin to
+/// When b_dst is set and \a standard_s is in the period, here from *after* tm_dst_begin to
 /// tm_dst_end inclusive (wrapping: before end and from begin on), the daylight bias is added. For a
 /// wall-clock time that comes twice this gives the later instant, but the earlier one for its first
 /// second, and always the earlier one where the daylight bias is positive (Dublin, whose winter is

@@ -10,7 +10,7 @@
 #include <functional>
 
 /// \brief Writes a workbook with one sheet through \a fill and reads it back.
-/// \return its parts; none, and a warning, when it was not saved or a part is not well-formed.
+/// \return its parts; empty, with a warning, when it was not saved or a part is not well-formed.
 [[nodiscard]] QMap<QString, QByteArray>
 WrittenParts(const QString &path, const std::function<void(Vantor::CExcelControllorWithC &)> &fill,
              const std::string &name = "Sheet", const std::string &cache = {});

@@ -15,7 +15,7 @@ using Vantor::CCSVParser;
 namespace {
 
 constexpr int kManyLines =
-    20000; // more than a pipe holds, so that the write stands still until it is drained
+    20000; // more than a pipe holds, so that the write blocks until it is drained
 
 Ravel::CChaseDialog *WaitingDialog()
 {

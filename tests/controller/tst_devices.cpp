@@ -94,7 +94,7 @@ CJoystickKeyboardControlManager *Coordinator()
     return CJoystickKeyboardControlManager::Instance();
 }
 
-// Buttons and keys stand for 500 and their number, but for those that a test wants special.
+// Buttons and keys give 500 plus their number, except for the key that a test makes special.
 int special_key = -1;
 Operation special_operation = Operation(0);
 

@@ -455,7 +455,7 @@ private:
         return WrittenParts(QString::fromStdString(Path()), fill, name);
     }
 
-    // What was logged, without the place in the source.
+    // The logged text, without the place in the source.
     [[nodiscard]] QStringList Log() const
     {
         static const QRegularExpression place("\\[ExcelControllorWithC\\.cpp\\(\\d+\\)\\]$");

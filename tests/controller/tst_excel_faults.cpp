@@ -57,7 +57,7 @@ using LinkRow = Row<QByteArray, QString, int>; // leads_to, path, result
 
 } // namespace
 
-// Stands in for libxlsxwriter's own, which gives none only when memory runs out.
+// Replaces libxlsxwriter's own, which returns null only when memory runs out.
 extern "C" Q_DECL_EXPORT lxw_workbook *workbook_new_opt(const char *filename,
                                                         lxw_workbook_options *options)
 {
@@ -305,7 +305,7 @@ private:
         Much()(writer);
     }
 
-    // What lies in the folder of the file, hidden files too.
+    // The names in the folder of the file, with hidden files.
     [[nodiscard]] QStringList Left() const { return folder_.Files("out"); }
 
     QString target_;

@@ -31,7 +31,7 @@ class tst_client_devices : public CGuardedTest
         return page_->findChild<QPushButton *>(QString("ScreenKey%1").arg(code));
     }
 
-    // Press Connect, or Disconnect, of the form of that name; the text is what it then says.
+    // Press Connect, or Disconnect, of the form of that name. Returns the text that it then shows.
     QString Connect(const char *form_name, const QString &target = {}) const
     {
         auto *const form = page_->findChild<CPortForm *>(form_name);

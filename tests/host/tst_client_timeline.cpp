@@ -60,7 +60,7 @@ private Q_SLOTS:
         entry->selectAll();
         entry->insert(text); // as a paste does
         entry->setModified(true);
-        line_->SetPosition(line_->Position() + 1000); // leaves what is being typed alone
+        line_->SetPosition(line_->Position() + 1000); // does not change a text being typed
         line_->SetPosition(line_->Position() - 1000);
 
         QTest::keyClick(entry, Qt::Key_Return);
@@ -110,7 +110,8 @@ private Q_SLOTS:
             QCOMPARE(marked.isEmpty(), !bar.has_value());
             if (bar) {
                 const auto &row = model.Recordings().at(marked.at(0).row()).bar.Read();
-                QVERIFY(row.dtStart == line_->GetCurrentUTCTime() // chosen, or what is on top
+                QVERIFY(row.dtStart
+                            == line_->GetCurrentUTCTime() // the chosen one, or the one on top
                         || (row.dtStart == bar->GetVal_dtStart()
                             && row.strFileName == bar->GetVal_strFileName()));
             }

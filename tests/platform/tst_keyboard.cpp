@@ -347,7 +347,7 @@ private Q_SLOTS:
         QCOMPARE(news.Lines().constLast(), QString("1 It is no serial port"));
     }
 
-    // Each rests, moves, and rests again: one command, one stop, and none while it rests.
+    // Each rests, moves, and rests again: one command, one stop, and no command while it rests.
     void everyKindOfStickSteersStopsAndRests_data()
     {
         AddRows<StickRow>({
@@ -431,7 +431,7 @@ private Q_SLOTS:
         second.SetAxis(1, 32767);
         first->SetButton(1, true);
         EXPECT_CODES(QStringList({"1304 1"}));
-        first.reset(); // what it holds and moves ends; the other is still there
+        first.reset(); // its buttons and motion end; the other stick is still there
         EXPECT_CODES(QStringList({"1303 1", "1313 0", "1306 63"}));
         KeyBoard_Uninit();
         QCOMPARE(codes.Take(), QStringList{"1313 0"});

@@ -4,7 +4,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
-/// \brief A serial port without wires: what is written here is read at Path().
+/// \brief A serial port without wires: bytes written here are read at Path().
 class CPseudoTerminal
 {
 public:
@@ -19,7 +19,7 @@ public:
     /// \brief Write all of \a bytes; waits while the reader is slow.
     void Write(const QByteArray &bytes);
 
-    /// \brief What was written at Path() and not read yet; does not wait.
+    /// \brief The bytes that were written at Path() and not read yet; does not wait.
     [[nodiscard]] QByteArray Read();
 
 private:

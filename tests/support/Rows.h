@@ -35,8 +35,8 @@ template <typename... Columns> const char *NameOf(const Row<Columns...> &row)
 ///     QCOMPARE(bar.SetCurrentPage(page), is_taken);
 /// }
 /// \endcode
-/// The structure needs no metatype, so it may be in an unnamed namespace. moc accepts none among
-/// the slots of a class.
+/// The structure needs no metatype, so it may be in an unnamed namespace. moc refuses a
+/// structure among the slots of a class.
 template <typename Type> void AddRows(std::initializer_list<Type> rows)
 {
     QTest::addColumn<std::any>("row");

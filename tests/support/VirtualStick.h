@@ -3,7 +3,7 @@
 
 #include <SDL.h>
 
-/// \brief A joystick of SDL's virtual driver: what is set here is read as from a real one. SDL's
+/// \brief A joystick of SDL's virtual driver: the state set here is read as from a real one. SDL's
 /// joysticks must run, in the library or in the test.
 class CVirtualStick
 {

@@ -13,12 +13,12 @@
 struct ColumnKeeper
 {
     std::function<void(const QString &user)> log_in;
-    std::function<QByteArray(const QString &user)> text; ///< what is stored for the test's key
+    std::function<QByteArray(const QString &user)> text; ///< the stored text of the test's key
     std::function<int()> writes;                         ///< how many there were so far
 };
 
 /// \brief 400 checks, moves, resets, restarts and changes of the user; after each, the table, the
-/// drop-down and the stored text agree, and what is restored is what that user left.
+/// drop-down and the stored text agree, and a user gets back the columns that he left.
 inline void TakeColumnSteps(quint32 seed, const ColumnKeeper &keeper)
 {
     constexpr int kSteps = 400;

@@ -144,7 +144,7 @@ private:
             delete button;
     }
 
-    // With the button held; QTest::mouseMove() holds none.
+    // With the button held, unlike QTest::mouseMove().
     void MoveMouse(const QPoint &place) const
     {
         mouse_ = place;

@@ -12,8 +12,8 @@
 
 /// \brief A server of layouts in memory that replaces the real one while it lives.
 ///
-/// It answers at once, or only when told, and can refuse: what a real server cannot be made to show
-/// at a given moment.
+/// It answers at once or on demand, and can refuse. A real server cannot be made to do so at a
+/// given moment.
 class CLayoutStore
 {
 public:

@@ -239,7 +239,7 @@ private Q_SLOTS:
         form.SetWaitOutTime(1);
         for (int attempt = 0; attempt < 3; ++attempt)
             QCOMPARE(form.Enter(), Widget::kLoginTimeout);
-        QTRY_COMPARE(entered_.load(), 3); // none waits for the ones before
+        QTRY_COMPARE(entered_.load(), 3); // no attempt waits for the earlier ones
         QCOMPARE(form.error, QString("RequestTimeOuterror 20"));
         QCOMPARE(tips_.mid(4),
                  QStringList({"window||11|15", "window|RequestTimeOuterror 20|11|15"}));
@@ -458,7 +458,7 @@ private:
         return guard_.LogLines().filter(begin + end).size();
     }
 
-    // The answer arrives, and with it what was pressed meanwhile.
+    // Delivers the answer, and the keys that were pressed meanwhile.
     static void Settle()
     {
         for (int round = 0; round < 4; ++round)

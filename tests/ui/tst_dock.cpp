@@ -459,7 +459,7 @@ private Q_SLOTS:
 
         QVERIFY(second.isVisible() && first.isHidden());
         window_->findChildren<CDockWidget *>().constFirst()->SetDockWidget(&first, 100, false);
-        QCOMPARE(first.parentWidget(), window_.get()); // a retired dock takes none
+        QCOMPARE(first.parentWidget(), window_.get()); // a retired dock takes no frame
         QCOMPARE(guard_.LogLines().filter("Refused").size(), 1);
         RunDeferredDeletes();
         RunDeferredDeletes();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Docks among real windows, on an X display; DOCK_WINDOW_MANAGER names the window manager, empty
-// for none. xdotool moves the pointer and presses the keys, as a user does.
+// Docks among real windows, on an X display; DOCK_WINDOW_MANAGER names the window manager;
+// empty: without one. xdotool moves the pointer and presses the keys, as a user does.
 #include "DockTest.h"
 #include "support/Widgets.h"
 #include "ui/DockManager/DockPosition.h"
@@ -106,7 +106,7 @@ private Q_SLOTS:
 
         QVERIFY(XDoTool({"mousemove", QString::number(place.x()), QString::number(place.y())}));
         QVERIFY(XDoTool({"click", "1", "key", "--clearmodifiers", "F7"}));
-        QTest::qWait(20); // a click on a title bar does not come here: nothing tells its end
+        QTest::qWait(20); // a click on a title bar does not reach us, so its end cannot be awaited
 
         QCOMPARE(guard_.LogLines().filter("]HideInAnimation()").size(), hides ? 1 : 0);
         QTRY_COMPARE(Dock()->isHidden(), hides);
@@ -275,7 +275,7 @@ private:
 
 int main(int argc, char **argv)
 {
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:"); // libdbus leaks what it looks for
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:"); // libdbus leaks the address it finds
     QApplication application(argc, argv);
     if (QCoreApplication::arguments().contains(kStranger)) {
         QWidget window;

@@ -335,7 +335,7 @@ private:
         current_ = -1;
     }
 
-    // Another one, the same one, none, or a new one after the old one was deleted.
+    // Another one, the same one, null, or a new one after the old one was deleted.
     void OtherModel()
     {
         const int kind = Below(4);
@@ -379,7 +379,7 @@ private:
     QRandomGenerator random_;
     std::array<std::unique_ptr<Ravel::CTreeViewModel>, 2> models_;
     std::array<CPlainList::Rows, 2> rows_;
-    int at_ = 0; // of the model; -1: none
+    int at_ = 0; // of the model, or -1
     Vantor::CFilterTreeViewEx view_;
     CPlainList plain_;
     QStringList signals_;

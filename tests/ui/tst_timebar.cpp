@@ -92,7 +92,7 @@ bool Covers(const CTimeBarParam &bar, qint64 seconds)
     return start == seconds || (start < seconds && seconds < bar.Read().dtEnd);
 }
 
-// Compares what is found about a second with a look at each bar; empty when they agree.
+// Compares the answers of the index about a second with a look at each bar; empty when they agree.
 QString FaultAt(const CTimeBarDelegate &ours, Letter::TimeBars &plain, qint64 seconds)
 {
     std::optional<qint64> before;
@@ -192,7 +192,7 @@ private Q_SLOTS:
             QVERIFY2(fault.isEmpty(), qPrintable(fault + QString(", seed %1").arg(seed)));
             if (seed % 7 > 1 || seed % 5 == 1 || seed % 3 == 0 || line.IsSimplifyMode())
                 continue;
-            // What is found in a pixel is what is painted there.
+            // The bar found in a pixel is the one painted there.
             for (int x = 0; x < width; x += 7) {
                 for (const int y : {5, 25, 32, 36, 43}) { // also between and below the rows
                     const auto found = ours.FindTimeBar({x + 0.5, y + 0.5});
@@ -267,7 +267,7 @@ private Q_SLOTS:
         delegate.SetTimeBarVisible(7, true);
         QVERIFY(!delegate.IsTimeBarVisible(7));
         delegate.SetUnvisibleTypes({22, 7});
-        delegate.SetUnvisibleTypes({0}); // shows what is not in the list
+        delegate.SetUnvisibleTypes({0}); // shows a file that is not in the list
         QVERIFY(delegate.IsTimeBarVisible(22) && !delegate.IsTimeBarVisible(0));
         delegate.InitTypes({0});
         QVERIFY(!delegate.IsTimeBarVisible(22) && delegate.IsTimeBarVisible(0));

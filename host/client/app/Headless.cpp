@@ -100,7 +100,7 @@ void TakeOtherPages(CMainWindow &window, const QString &name, Pictures &pictures
         if (page == first || !pages.Show(page))
             continue;
         pages.PrepareForPicture();
-        Settle(); // the page may ask for its rows anew, in another direction for example
+        Settle(); // the page may ask for its rows again, in another direction for example
         HandleEventsWhile([&pages] { return pages.IsLoading(); });
         Settle();
         pictures.emplace_back(page + QLatin1Char('-') + name, window.grab());

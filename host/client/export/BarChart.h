@@ -8,7 +8,7 @@
 
 namespace Client {
 
-/// \brief A chart as PNG, drawn finer than it is to be shown.
+/// \brief A chart as PNG, drawn finer than it will be shown.
 struct BarChart
 {
     QByteArray png;

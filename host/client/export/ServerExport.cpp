@@ -35,7 +35,7 @@ struct Texts
     throw std::runtime_error(text.toStdString());
 }
 
-// Of the worker alone, but for what it shares with its stopper.
+// Used by the worker alone, except for the state shared with its stopper.
 class CServerRows : public Vantor::CRowStream
 {
 public:
@@ -133,7 +133,7 @@ private:
     mutable std::future<ServerPage> next_;
 };
 
-// Goes with the export, so that its worker does not wait for a server that nobody needs any more.
+// Deleted with the export; ends its worker's wait for the server.
 class CStopper : public QObject
 {
 public:

@@ -56,7 +56,7 @@ public:
     [[nodiscard]] static QStringList Users();
 
 Q_SIGNALS:
-    /// Another user is logged in: what is kept for each user is to be read again.
+    /// Another user is logged in; the receiver must read the settings of that user.
     void SignalUserChanged(const QString &user);
     /// There is no server, or it did not let the user in.
     void SignalFailed(const QString &text);

@@ -43,12 +43,12 @@ enum class PageError {
     NoReply,   ///< The server cannot be reached.
     Busy,      ///< The server cannot reach its store, or has too much to do: try again.
     TooSlow,   ///< The search took longer than the server allows.
-    Refused,   ///< The server does not know what was asked for, such as a moment.
+    Refused,   ///< The server does not know a part of the request, such as the moment.
     LoggedOut, ///< The session has ended.
     Other
 };
 
-/// \brief A page of the server's list, or why there is none.
+/// \brief A page of the server's list, or the reason why it is missing.
 struct ServerPage
 {
     PageError error = PageError::None;
@@ -57,8 +57,8 @@ struct ServerPage
     QList<QStringList> rows;
     int total = 0;                  ///< rows on all pages
     bool is_total_exact = true;     ///< false: there are more
-    QString moment;                 ///< empty: the server does not tell moments apart
-    QString next;                   ///< leads to the page behind; empty: none, or unknown
+    QString moment;                 ///< empty: the server keeps no moments
+    QString next;                   ///< leads to the next page; empty on the last one or if unknown
     int new_rows = 0;               ///< that came after the moment
     bool are_new_rows_exact = true; ///< false: there are more
 };

@@ -22,7 +22,7 @@ public:
 
     [[nodiscard]] bool IsEmpty() const { return !has_titles_; }
     [[nodiscard]] bool HasFailed() const { return failure_ != Failure::None; }
-    /// \brief Why the file is refused; "%1" stands for its name.
+    /// \brief Why the file is refused; "%1" is replaced with its name.
     [[nodiscard]] QString Error() const;
 
     /// \brief The list; its first row has become the titles. \a guessed_encoding becomes the name

@@ -95,7 +95,7 @@ public:
     }
 
     // After Finish(): the line, from 1, of a quote that was never closed and has swallowed a line
-    // break; 0 when there is none.
+    // break, or 0.
     [[nodiscard]] qint64 OpenQuoteLine() const
     {
         return is_open_ && swallowed_lines_ > 0 ? lines_ - swallowed_lines_ + 1 : 0;

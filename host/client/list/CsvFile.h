@@ -9,7 +9,7 @@
 
 namespace Client {
 
-/// \brief What came of reading a file: a list, or why there is none.
+/// \brief The result of reading a file: a list, or the error.
 struct ReadResult
 {
     IncidentListPtr list; ///< null when the file could not be read
@@ -17,7 +17,8 @@ struct ReadResult
     QString warning;      ///< for the user; not empty when the list may not be all of the file
 };
 
-/// Told the bytes read so far and in all (0 when not known); returns false to cancel the reading.
+/// Called with the bytes read so far and in all (0 when not known); returns false to cancel the
+/// reading.
 using ReadProgress = std::function<bool(qint64 done, qint64 total)>;
 
 /// \brief Read the CSV file \a path, its first record being the column titles.
@@ -26,7 +27,7 @@ using ReadProgress = std::function<bool(qint64 done, qint64 total)>;
 /// semicolon, tab and "|" that divides the first lines most alike.
 ///
 /// Texts are UTF-8, with or without a byte-order mark and a zero byte behind it, or UTF-16 or
-/// UTF-32 with a mark; a file that is none of these is taken in the local encoding, or as
+/// UTF-32 with a mark; any other file is read in the local encoding, or as
 /// Windows-1252, with a warning. Short rows are filled with empty cells, and longer ones add
 /// columns without a title. The file is read in blocks. Any thread.
 [[nodiscard]] ReadResult ReadCsvFile(const QString &path, const ReadProgress &progress = {},

@@ -14,8 +14,8 @@ constexpr int kMaximumRows = 10000000;
 
 /// \brief One column: each text it holds once, and for each row which one it is.
 ///
-/// A column of which only some rows have a cell keeps just these rows and what is between them, so
-/// one long row does not make a whole list wide.
+/// If only some rows have a cell in a column, the column keeps the range from the first to the
+/// last of these rows, so one long row does not make the whole list wide.
 struct IncidentColumn
 {
     /// \return the index into \a texts of the cell in \a row.

@@ -17,7 +17,7 @@ namespace Client {
 /// \brief An incident list as the rows of a list widget, in the list's order.
 ///
 /// The column that is filtered by a range comes first, main type and sub type next, because keyword
-/// lists go by the columns' places; ViewOrder() tells how to show them as the file has them.
+/// lists go by the columns' places; ViewOrder() gives the order of the file, in which to show them.
 /// Numbers have blanks in front, so that they sort by size.
 class CIncidentModel : public Ravel::CTreeViewModel
 {
@@ -26,7 +26,7 @@ class CIncidentModel : public Ravel::CTreeViewModel
 public:
     using CTreeViewModel::CTreeViewModel;
 
-    /// \brief Take the titles of \a list. The model has no rows then; it is to be filled with
+    /// \brief Take the titles of \a list. The model has no rows then; add those of
     /// NewItems().
     void SetList(IncidentListPtr list);
     [[nodiscard]] const IncidentListPtr &List() const { return list_; }

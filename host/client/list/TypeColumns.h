@@ -15,7 +15,7 @@ struct TypeColumns
 
 /// \brief Find a column of types and one of sub types in any list.
 ///
-/// Best is a pair where each sub type has one main type, as each airport lies in one state;
+/// Best is a pair where each sub type has one main type, as each airport is in one state;
 /// otherwise the two columns with the fewest different texts are taken.
 [[nodiscard]] TypeColumns FindTypeColumns(const CIncidentList &list);
 

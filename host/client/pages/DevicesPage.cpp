@@ -170,7 +170,7 @@ QWidget *CDevicesPage::BuildSide()
 void CDevicesPage::OnControl(Type operation, bool is_stop, int speed, int index,
                              bool is_window_control, bool /*is_from_pc*/)
 {
-    // With no wall of windows here, both modes move the camera; the list tells them apart.
+    // Without a wall of windows, both modes move the camera; only the list shows a difference.
     view_->Control(operation, is_stop, speed);
     sender_->Send(operation, is_stop, speed, index);
     const QString where = is_window_control ? tr("windows") : tr("camera");

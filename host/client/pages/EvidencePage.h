@@ -31,8 +31,8 @@ public:
     /// Waits for the current file.
     ~CEvidencePage() override;
 
-    /// \brief Add files to the list. One that is there already is left out, and so is what is no
-    /// file, with a message.
+    /// \brief Add files to the list. Paths that are in the list already, and paths that are no
+    /// files, are left out with a message.
     void AddFiles(const QStringList &paths);
     void SetFolder(const QString &folder);
 

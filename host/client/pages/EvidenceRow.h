@@ -8,7 +8,7 @@ namespace Client {
 /// \brief The columns of the list of evidence.
 enum EvidenceColumn { kName, kSize, kResult };
 
-// What is kept in a row besides its texts.
+// The data of a row besides its texts.
 constexpr int kPathRole = Qt::UserRole;      // of the name: the path of the file
 constexpr int kBytesRole = Qt::UserRole;     // of the size
 constexpr int kTargetRole = Qt::UserRole;    // of the result: the path of the copy, or empty

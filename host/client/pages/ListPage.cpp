@@ -228,7 +228,8 @@ void CListPage::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         Retranslate();
-    // The widgets were made for one direction; Qt is still turning them when it tells.
+    // The widgets are built for one direction. Rebuild later, because Qt sends this event while it
+    // is still turning them.
     if (event->type() == QEvent::LayoutDirectionChange)
         QMetaObject::invokeMethod(this, &CListPage::OnRebuild, Qt::QueuedConnection);
 }

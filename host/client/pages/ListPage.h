@@ -52,7 +52,7 @@ public:
     [[nodiscard]] QWidget *Totals() const { return totals_; }
 
     void FocusSearch();
-    /// \brief Copy the current cell, or what is selected in the keyword field while keys go there.
+    /// \brief Copy the current cell or, while the keyword field has the focus, its selection.
     void Copy();
     [[nodiscard]] bool CanCopy() const;
     /// \brief Select the text of the keyword field while keys go there; the list selects one row.
@@ -104,7 +104,7 @@ private:
     QString filter_; // what the list is filtered by, for exports
     QTimer typed_;   // runs while keys are typed that the list does not answer yet
     Qt::LayoutDirection built_for_ = Qt::LeftToRight;
-    // Made anew when the reading direction turns.
+    // Rebuilt when the reading direction changes.
     Vantor::CMutiPageWidgetEx *list_ = nullptr;
     QAction *search_icon_ = nullptr;
     QLabel *nothing_found_ = nullptr;

@@ -14,7 +14,7 @@ class CHiddenWindows;
 class CLoginForm;
 
 /// \brief Takes the place of a window until the user has entered the right password. All other
-/// windows of the process are hidden meanwhile, and the clipboard holds none of its data.
+/// windows of the process are hidden meanwhile, and its data is removed from the clipboard.
 ///
 /// Closing it ends the client. It deletes itself.
 class CLockWindow : public QWidget

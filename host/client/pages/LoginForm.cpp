@@ -83,7 +83,7 @@ void CLoginForm::OnLogIn()
     Q_EMIT SignalLoggedIn(user, password);
 }
 
-// Another page is shown, or the client is locked: nobody should find the password later.
+// Another page is shown, or the client is locked, so the password must not stay in the field.
 void CLoginForm::hideEvent(QHideEvent *event)
 {
     QFrame::hideEvent(event);

@@ -43,7 +43,7 @@ private:
 
     struct Outcome
     {
-        bool is_answered = true; // as long as nobody has asked
+        bool is_answered = true; // also before the first request
         Nim::Base::Error::ErrorCode error;
         Settings settings;
     };

@@ -41,7 +41,7 @@ public:
     virtual void StopWork() {}
     /// \brief Put the page into the state in which a picture shows it best, without waiting.
     virtual void PrepareForPicture() {}
-    /// \brief Whether the page still waits for what it shows, from a server for example.
+    /// \brief Whether the page still waits for its contents, from a server for example.
     [[nodiscard]] virtual bool IsLoading() const { return false; }
 
     /// \brief The rows of the list that the page shows, on all its pages, for an export; without a

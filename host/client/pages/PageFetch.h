@@ -37,7 +37,7 @@ public:
     [[nodiscard]] const PageRequest &Wanted() const { return wanted_; }
     /// \brief Why it is not there, once it has failed.
     [[nodiscard]] const ServerPage &Error() const { return error_; }
-    /// \brief What is shown: the request and the page, without its rows.
+    /// \brief The shown page, without its rows, and its request.
     [[nodiscard]] const PageRequest &Request() const { return shown_; }
     [[nodiscard]] const ServerPage &Page() const { return page_; }
 

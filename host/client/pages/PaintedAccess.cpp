@@ -41,7 +41,7 @@ public:
     [[nodiscard]] QVariant minimumStepSize() const override { return 1; }
 };
 
-// A picture, whose description is what it shows now.
+// A picture, whose description says what it shows.
 template <class Picture> class CPictureAccess : public QAccessibleWidget
 {
 public:

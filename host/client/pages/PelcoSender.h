@@ -42,7 +42,7 @@ public:
     void Send(int operation, bool is_stop, int speed, int index);
 
 Q_SIGNALS:
-    /// \param is_connected false with a reason in \a text when there is no camera or none any more.
+    /// \param is_connected false, with the reason in \a text, when the camera is missing or was lost.
     void SignalState(bool is_connected, const QString &text);
 
 private:
@@ -65,7 +65,7 @@ private:
     QList<Frame> waiting_;
     quint8 address_ = 1;
     bool is_connected_ = false;
-    int running_ = 0; // the operation that was begun last and not stopped yet; 0 for none
+    int running_ = 0; // the operation that still runs, or 0
 };
 
 } // namespace Client

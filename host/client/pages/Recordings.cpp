@@ -26,7 +26,7 @@ constexpr int kMotion = 500;
 constexpr int kAlarm = 13;
 constexpr int kLocked = 22;
 
-/// The hours that a "Time of day" stands for.
+/// The hours that a "Time of day" means.
 struct Hours
 {
     QLatin1String name;

@@ -27,8 +27,8 @@ constexpr RecordingKind kRecordingKinds[] = {
 /// \brief The recordings of \a camera, 0 or 1, for \a day of UTC and the days beside it, so that
 /// the day is whole in every zone.
 ///
-/// What is recorded comes from the incidents: each became a motion or, with damage, an alarm at its
-/// time of day; continuous recordings lie below. The same day always gives the same files.
+/// Each incident gives a motion recording or, with damage, an alarm recording at its time of day,
+/// on top of continuous recordings. The same day always gives the same files.
 [[nodiscard]] Vantor::CBaseFileProgressBar::Files RecordingsOfDay(const CIncidentList &list,
                                                                   QDate day, int camera);
 

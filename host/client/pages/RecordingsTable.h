@@ -65,8 +65,8 @@ public:
     explicit CRecordingsTable(QWidget *parent = nullptr);
 
     void SetRecordings(const QVector<Recording> &recordings, const Vantor::CTimeZoneParam &zone);
-    /// \brief Mark the recording that \a bar is, or none, at \a seconds. A marked one that starts
-    /// at \a seconds stays marked: choosing it has brought the line there.
+    /// \brief Mark the recording of \a bar, at \a seconds; null marks no recording. A marked one
+    /// that starts at \a seconds stays marked, because choosing it has moved the line there.
     void Follow(qint64 seconds, const Vantor::CTimeBarParam *bar);
     void Retranslate() { model_->Retranslate(); }
 

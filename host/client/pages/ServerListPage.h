@@ -106,7 +106,7 @@ private:
     ListQuery query_; // what the user wants to see
     QStringList titles_;
     Qt::LayoutDirection built_for_ = Qt::LeftToRight;
-    // Made anew when the reading direction turns.
+    // Rebuilt when the reading direction changes.
     Vantor::CMutiPageWidget *list_ = nullptr;
     CTableColumns *columns_ = nullptr;
 };

@@ -41,7 +41,7 @@ private:
     void Enter();
     void Step(int steps);
 
-    QDateTime time_; // what is shown, unless isModified()
+    QDateTime time_; // the shown time, unless isModified()
 };
 
 } // namespace Client

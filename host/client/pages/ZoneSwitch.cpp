@@ -38,7 +38,7 @@ bool ChangesClocks(const QTimeZone &zone, const QTimeZone::OffsetData &data)
     return zone.offsetFromUtc(data.atUtc.addMSecs(-1)) != data.offsetFromUtc;
 }
 
-// The next change of the clocks after `at`; invalid when there is none.
+// The next change of the clocks after `at`, or an invalid time.
 QDateTime ChangeAfter(const QTimeZone &zone, const QDateTime &at)
 {
     QTimeZone::OffsetData data{{}, at, 0, 0, 0};

@@ -46,7 +46,7 @@ public:
     [[nodiscard]] CPage *WorkingPage() const;
     /// \brief Let the current page prepare for a screenshot.
     void PrepareForPicture();
-    /// \brief Whether the current page still waits for what it shows.
+    /// \brief Whether the current page still waits for its contents.
     [[nodiscard]] bool IsLoading() const;
 
 public Q_SLOTS:
@@ -55,7 +55,7 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// A page has a short text for the status bar.
     void SignalMessage(const QString &text);
-    /// The progress of a work on another page than the current one; empty if there is none.
+    /// The progress of work on a page other than the current one, or empty.
     void SignalWorkElsewhere(const QString &text);
     /// A page's long work has ended.
     void SignalWorkEnded();

@@ -33,7 +33,7 @@ VANTOR_BASE_EXPORT int RenameFile(const char *source, const char *target);
 /// \return 0, or -1 with the reason in errno.
 VANTOR_BASE_EXPORT int DeleteFileW(const char *path);
 
-/// \brief Told how many bytes came over since the last call, on the copying thread.
+/// \brief Receives the number of bytes copied since the last call, on the copying thread.
 using CopyProgress = std::function<void(std::int64_t bytes)>;
 
 /// \brief Copy a regular file with its times and its permissions (without the set-id bits).
@@ -51,7 +51,8 @@ using CopyProgress = std::function<void(std::int64_t bytes)>;
 ///         regular file.
 VANTOR_BASE_EXPORT int CopyFileW(const char *source, const char *target, int fail_if_exists);
 
-/// \brief The same, telling \a on_bytes every few megabytes; it must not throw and may be empty.
+/// \brief The same, with a call of \a on_bytes every few megabytes; it must not throw and may be
+/// empty.
 VANTOR_BASE_EXPORT int CopyFileWithProgress(const char *source, const char *target,
                                             int fail_if_exists, const CopyProgress &on_bytes);
 

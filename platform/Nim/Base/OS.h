@@ -15,7 +15,7 @@ namespace Nim::Base::OS {
 /// \return false, and \a separator unchanged, if the system has no list separator or an empty one.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT bool GetListSeparator(QString &separator);
 
-/// \return the separator of GetListSeparator(), or "," if there is none.
+/// \return the separator of GetListSeparator(), or "," if that is empty.
 [[nodiscard]] VANTOR_PLATFORM_EXPORT QString ListSeparator();
 
 /// \brief Replace the source of GetListSeparator(); an empty function restores the default.

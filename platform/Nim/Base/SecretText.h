@@ -10,8 +10,8 @@ namespace Nim::Base {
 /// \brief A text that is overwritten before its memory is given up: a password, a session.
 ///
 /// It can be read, compared and replaced as a whole; nothing appends to it, because growing would
-/// leave copies behind. What is copied out of it into a std::string is the caller's to overwrite,
-/// see Encrypt::Wipe().
+/// leave copies behind. A caller that copies it into a std::string must overwrite that copy, see
+/// Encrypt::Wipe().
 class SecretText
 {
 public:

@@ -28,12 +28,12 @@ public:
     };
 
     CWholeFile() = default;
-    ~CWholeFile(); ///< Discards what was not committed.
+    ~CWholeFile(); ///< Discards a file that was not committed.
     CWholeFile(const CWholeFile &) = delete;
     CWholeFile &operator=(const CWholeFile &) = delete;
 
     /// \brief Make the temporary file for \a path, empty and with the permissions of the earlier
-    /// file. Discards what was begun before.
+    /// file. Discards a file that was begun before.
     [[nodiscard]] Obstacle Begin(const std::string &path);
     /// \return where to write until Commit(); empty before Begin() and after the end.
     [[nodiscard]] const std::string &TemporaryPath() const { return temporary_; }

@@ -5,7 +5,7 @@
 
 namespace Nim::Base {
 
-// Stand-ins for realloc() and free() that overwrite a block before it is given back. Libraries that
+// Replacements for realloc() and free() that overwrite a block before they free it. Libraries that
 // let us choose their allocator get them, because their buffers hold passwords and sessions. The
 // blocks are those of malloc(), so the two families may be mixed.
 

@@ -17,11 +17,11 @@ namespace Vantor {
 
 struct CCSVParserDataPtr;
 
-/// \brief The list separator of the user's locale: what stands between the columns of a CSV file
+/// \brief The list separator of the user's locale, which separates the columns of a CSV file
 /// there.
 ///
-/// "," when the system gives none. Asked of Nim::Base::OS::GetListSeparator() at each call. Any
-/// thread.
+/// "," when the system has no separator. Asked of Nim::Base::OS::GetListSeparator() at each call.
+/// Any thread.
 [[nodiscard]] VANTOR_EXPORT QString GetLocalListSperator();
 
 /// \brief Writes result lists to CSV files (UTF-8, CR LF, every field quoted) and searches a line
@@ -42,7 +42,7 @@ class VANTOR_EXPORT CCSVParser : public QObject // clazy:exclude=ctor-missing-pa
     Q_OBJECT
 
 public:
-    /// \param parent owns the parser and is the window the waiting dialog stands in front of; may
+    /// \param parent owns the parser and is the window in front of which the waiting dialog opens; may
     /// be null.
     explicit CCSVParser(QWidget *parent);
     /// Does not close the file. A write that is still running on the pool goes on to its end.
@@ -87,8 +87,8 @@ public:
     /// \brief Write the collected lines on a pool thread behind a modal waiting dialog.
     ///
     /// Returns when the lines are written and the dialog has closed; a write of less than 250 ms
-    /// shows none. The event loop runs meanwhile, so the parser or its parent may be gone by then.
-    /// A call before that is refused. The lines are *not* forgotten.
+    /// shows no dialog. The event loop runs meanwhile, so the parser or its parent may be gone by
+    /// then. A call before that is refused. The lines are *not* forgotten.
     void WriteCSVFileWithChase();
 
     /// \brief Read on from the current position until a line holds \a key (case-sensitive) and
@@ -104,28 +104,28 @@ public:
     /// running write.
     void CloseFile();
 
-    /// \brief Whether something that was to be in the file is not, since it was opened: disk full,
+    /// \brief Whether data was lost since the file was opened: disk full,
     /// device gone, out of memory, a line that the CSV library refused, a model that threw.
     ///
     /// Complete only after CloseFile(), because closing writes the last bytes. One log line at
-    /// level 5 tells the first cause.
+    /// level 5 names the first cause.
     [[nodiscard]] bool HasWriteError() const;
 
-    /// \brief The system's text for the first cause, for the user; empty when there is none.
+    /// \brief The system's text for the first cause, for the user, or an empty text.
     [[nodiscard]] QString WriteErrorText() const;
     /// \return the first cause as errno, such as ENOSPC for a full disk; 0 when nothing failed, -1
     /// when it was an exception of the model's.
     [[nodiscard]] int WriteErrno() const;
 
-    /// \brief Write cells as RFC 4180 wants them, so that every reader gets back what was put in.
+    /// \brief Write cells as RFC 4180 wants them, so that every reader gets back the same texts.
     ///
     /// Each field is quoted once with its inner quotes doubled, line breaks and leading blanks are
     /// kept, and there is no ="text" form. The one thing added is an apostrophe in front of a field
     /// whose first visible character is one of = + - @ (full-width too), or a tab or CR, so that no
     /// spreadsheet runs it as a formula; it becomes part of the cell. Plain numbers ("-5") get
-    /// none. AppendLineWithoutCheckSpecChar() adds none. Fields are separated by the list separator
-    /// and rows end with CR LF also when appending and on a pipe; the mark is three bytes, and a
-    /// file that OpenFileWithAppendMode() finds empty gets mark and header.
+    /// no apostrophe, and AppendLineWithoutCheckSpecChar() never adds one. Fields are separated by
+    /// the list separator and rows end with CR LF also when appending and on a pipe; the mark is
+    /// three bytes, and a file that OpenFileWithAppendMode() finds empty gets mark and header.
     ///
     /// Off by default. Lines that are collected already keep the form they have, so set it before
     /// OpenFile().

@@ -32,7 +32,7 @@ struct CCSVParserDataPtr
 
     // Whether a write behind a waiting dialog is under way: its task, or the dialog after it.
     [[nodiscard]] bool IsWriting() const { return b_waiting_ || future_.isRunning(); }
-    // The stream, or null when there is none to use: a closed one keeps its pointer.
+    // The stream, or null unless it is open; a closed stream keeps its pointer.
     [[nodiscard]] std::FILE *Stream() const { return b_closed_ ? nullptr : ptr_stream_; }
 
     QStringList list_lines_;

@@ -30,7 +30,7 @@ void AppendRfc4180Field(CsvLine &line, const QString &field, bool guarded);
 QString FinishLine(CsvLine &line);
 
 // Whether a spreadsheet may run `field` as a formula: = + - @ (full-width too), tab or CR first, or
-// after blanks and characters that do not show. A plain number such as "-5" is none.
+// after blanks and characters that do not show. A plain number such as "-5" is no formula.
 bool IsFormula(const QString &field);
 
 } // namespace Vantor

@@ -90,7 +90,8 @@ private:
     }
 
     // A long field goes to the stream piece by piece, so that the block stays small whatever a cell
-    // holds. What the row end may drop is appended afterwards and still lies in the block.
+    // holds. The bytes that the row end may drop are appended afterwards, so they are still in the
+    // block.
     void PassThrough(const char *bytes, size_t length)
     {
         while (length > 0 && !HasFailed()) {
@@ -167,7 +168,7 @@ CRowWriter MakeWriter(const CsvJob &job)
     std::string separator = bytes.constData();
     if (!job.stream)
         return CRowWriter(nullptr, std::move(separator), {});
-    // What was written or read so far must be settled before the stream is asked, or a full disk
+    // Flush before the stream is asked, or a full disk
     // looks like a pipe.
     const bool is_settled = std::fflush(job.stream) == 0;
     const int error = errno;

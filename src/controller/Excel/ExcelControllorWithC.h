@@ -64,7 +64,7 @@ public:
     [[nodiscard]] lxw_workbook *GetWorkBook();
     /// \return the sheet, which the workbook owns; null for an empty or unknown name.
     [[nodiscard]] lxw_worksheet *GetWorkSheet(const std::string &name);
-    /// \return the name of the current sheet as it was given; empty when there is none.
+    /// \return the name of the current sheet as it was given, or an empty text.
     [[nodiscard]] std::string CurrentSheetName() const;
     /// \brief Hide the sheet; it stays in the file and in the count. The last visible sheet stays
     /// visible.
@@ -98,7 +98,7 @@ public:
     /// \brief Insert a picture held in memory: the first \a size bytes of \a buffer, at most all of
     /// them.
     void SetColumnPicsBuffer(int row, int col, std::string buffer, std::uint64_t size);
-    /// \brief Insert a picture held in memory; null options stand for the default ones.
+    /// \brief Insert a picture held in memory; null options mean the defaults.
     void SetColumnPicsBufferOpt(int row, int col, const std::string &buffer,
                                 std::shared_ptr<Clxw_image_options_> options);
     /// \brief Does nothing; hosts' code that calls it still links.
@@ -145,7 +145,7 @@ public:
     void Close();
 
     /// \brief Drop the workbook without saving it: free it and remove its cache directory. The
-    /// writer can then be used again. Does nothing when none is open.
+    /// writer can then be used again. Does nothing without an open workbook.
     void Discard();
 
     /// \brief How the last Close() ended: 0 saved, or libxlsxwriter's error code (lxw_error); 0

@@ -14,8 +14,8 @@ struct SaveResult
     int error = 0;
 };
 
-// Closes `workbook` so that `path` holds either the whole new file or what it held before. A link
-// is written through, not replaced.
+// Closes `workbook` so that `path` holds either the whole new file or the earlier one. Of a
+// symbolic link the target is written; the link stays.
 SaveResult SaveWorkbook(lxw_workbook *workbook, const std::string &path);
 
 // Removes a directory with all its contents; a link is removed, not followed. True for success.

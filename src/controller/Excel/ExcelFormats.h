@@ -45,7 +45,7 @@ private:
         bool operator()(const lxw_format_ &a, const lxw_format_ &b) const;
     };
     // The records seen last as they were given. Cells of a row go through the same few looks again
-    // and again, and comparing a record is much cheaper than finding what it shows.
+    // and again, and comparing a record is much cheaper than looking up its format.
     struct Seen
     {
         lxw_format_ look;

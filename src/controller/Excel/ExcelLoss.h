@@ -8,7 +8,7 @@
 
 namespace Vantor {
 
-// What a workbook cannot keep of what was written to it.
+// The kinds of content that a workbook cannot keep.
 enum class Loss : std::size_t {
     CellOutside,
     RowAbove,

@@ -60,12 +60,12 @@ struct lxw_image_options_
 {
     int x_offset = 0;   ///< Pixels from the left edge of the cell.
     int y_offset = 0;   ///< Pixels from its top edge.
-    double x_scale = 0; ///< Factor of the width; 0 and less stand for 1.
-    double y_scale = 0; ///< Factor of the height; 0 and less stand for 1.
+    double x_scale = 0; ///< Factor of the width; 0 and less mean 1.
+    double y_scale = 0; ///< Factor of the height; 0 and less mean 1.
     unsigned char object_position =
         0;                       ///< 0 default, 1 moves and sizes with cells, 2 moves, 3 neither.
     char *description = nullptr; ///< For screen readers, UTF-8; may be null.
-    char *url = nullptr;         ///< Target of a click; null and empty: none.
+    char *url = nullptr;         ///< Target of a click; may be null or empty.
     char *tip = nullptr;         ///< Tool tip of the link; may be null.
 };
 

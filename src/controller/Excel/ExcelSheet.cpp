@@ -115,7 +115,7 @@ void CExcelSheet::PutMerged(const CellRange &range, const std::string &text, lxw
     if (!is_merged || !is_first_row_only)
         return;
     // Formatted blanks below the first row would push that row, and the next ones, out to the
-    // temporary file, and what comes for them later would be lost.
+    // temporary file, and later cells of those rows would be lost.
     PutText(range.first_row, range.first_col, text, format);
     for (int column = range.first_col + 1; column <= range.last_col; ++column)
         Check(worksheet_write_blank(sheet_, Row(range.first_row), Column(column), format));

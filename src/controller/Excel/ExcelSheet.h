@@ -49,7 +49,7 @@ public:
     void SetColumnWidth(int first_col, int last_col, int width, SizeUnit unit);
     void SetRowHeight(int row, int height, SizeUnit unit);
 
-    // Writes what was held back; the workbook can be closed then.
+    // Writes the content that was held back; the workbook can be closed then.
     void Finish();
     // Whether the temporary file of the sheet refused bytes.
     [[nodiscard]] bool HasFailed() const;

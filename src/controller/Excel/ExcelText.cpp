@@ -29,7 +29,7 @@ bool IsNoCharacter(const std::string &text, std::size_t i)
     return text.compare(i, 3, "\xEF\xBF\xBE") == 0 || text.compare(i, 3, "\xEF\xBF\xBF") == 0;
 }
 
-// Length of the well-formed character that begins at `i` and may stand in XML, 0 when there is none
+// Length of the character that begins at `i`; 0 if it is malformed or not allowed in XML
 // (Unicode 15, table 3-7).
 std::size_t CharacterLength(const std::string &text, std::size_t i)
 {

@@ -7,8 +7,8 @@
 
 namespace Vantor::ExcelText {
 
-// What libxlsxwriter writes as it stands and readers refuse: checked here before the library sees
-// it.
+// Checks and mends the texts that libxlsxwriter would write unchanged although readers refuse
+// them.
 
 constexpr std::size_t kMaxCellUnits = 32767; // UTF-16 units, the format's limit for a cell
 constexpr std::size_t kMaxSheetNameBytes = 31;
@@ -43,7 +43,7 @@ bool HasEscape(const std::string &text);
 // characters (ECMA-376, ST_Xstring): "_x005F_x000D_".
 std::string Escaped(const std::string &text);
 
-// Clean text as a cell can hold it: escaped, and at most kMaxCellUnits; `is_cut` tells the latter.
+// Clean text as a cell can hold it: escaped, and cut to kMaxCellUnits; `is_cut` is then set.
 std::string FitCell(const std::string &text, bool &is_cut);
 
 // The name a sheet gets in the file: cleaned, control characters replaced, at most 31 bytes. No

@@ -13,7 +13,7 @@ class CMergedCells
 {
 public:
     [[nodiscard]] bool Overlaps(const CellRange &range) const;
-    // `range` is in order and overlaps none that was added before.
+    // `range` is in order and does not overlap an earlier one.
     void Add(const CellRange &range);
     [[nodiscard]] int Count() const { return count_; }
 

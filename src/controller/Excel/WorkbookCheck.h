@@ -18,8 +18,8 @@ namespace Vantor {
 
 // Reads one XML part of a workbook piece by piece, to its end.
 //
-// Parsing the cells as well would take longer than writing them. So what is inside <sheetData> and
-// <sst>, where each text was checked before it was written, is only searched for bytes that XML
+// Parsing the cells as well would take longer than writing them. So the content of <sheetData> and
+// <sst>, whose texts were checked before they were written, is only searched for bytes that XML
 // forbids; everything else goes through Qt's reader.
 class CXmlPart
 {

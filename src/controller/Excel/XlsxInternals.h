@@ -11,7 +11,7 @@ struct lxw_workbook;
 struct lxw_worksheet;
 
 // Everything that looks into libxlsxwriter beyond its documented calls. The .cpp refuses to compile
-// with a version that nobody has looked at; look at each function here, then add the version.
+// with an unknown version. Before you add a version, check each function here against it.
 namespace Vantor::XlsxInternals {
 
 // Whether rows go to a temporary file as soon as the next one begins. No call asks this of a sheet.

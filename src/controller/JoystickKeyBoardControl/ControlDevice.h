@@ -78,11 +78,11 @@ struct ControlTable
 [[nodiscard]] KeyboradData::KeyOperation::KeyOperationMode
 OperationKind(KeyboradData::KeyOperation::Type operation);
 
-/// \brief One device: its table, its mode, and what it sent last.
+/// \brief One device: its table, its mode, and the last command it sent.
 class CControlDevice
 {
 public:
-    /// The host's function of a key; empty when the host gave none.
+    /// The host's function of a key; may be empty.
     using Translate = std::function<KeyboradData::KeyOperation::Type(quint32 key)>;
 
     enum class Outcome {
@@ -94,7 +94,7 @@ public:
     /// \param table must outlive the device.
     explicit CControlDevice(const ControlTable &table) : table_(table) {}
 
-    /// \brief Translate \a input, and note it when it is to be emitted.
+    /// \brief Translate \a input, and remember it if it must be emitted.
     ///
     /// \param command            filled in for kEmit.
     /// \param always_sends_stops no stop is a repeat, and the stop code means what runs instead of
@@ -109,7 +109,7 @@ public:
     /// \brief The stops of all that runs, which then runs no longer.
     [[nodiscard]] std::vector<ControlCommand> StopAll();
 
-    /// \brief Forget what was sent last.
+    /// \brief Forget the last command.
     /// \param last_speed that the next command is compared with.
     void Reset(int last_speed);
 
@@ -129,7 +129,7 @@ private:
 
     const ControlTable &table_;
     bool is_window_control_ = false;
-    // Repeats are told by these two.
+    // A command equal to these two is a repeat.
     Type last_operation_ = KeyboradData::KeyOperation::kNone;
     int last_speed_ = -1;
     // What no stop was emitted for yet: the move or zoom that was emitted last …

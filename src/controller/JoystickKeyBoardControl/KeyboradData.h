@@ -9,8 +9,8 @@ namespace KeyboradData {
 
 namespace KeyOperation {
 
-/// \brief What a control signal asks the host to do. What each does is the host's; the library
-/// tells apart only which operations carry a speed and which an index.
+/// \brief What a control signal asks the host to do. The host decides what each does; the
+/// library only knows which operations carry a speed and which an index.
 enum Type : int {
     kNone = 0, ///< Never emitted.
     // Moves, which carry a speed.
@@ -50,7 +50,7 @@ enum KeyOperationMode : int {
 
 } // namespace KeyOperation
 
-/// \brief What is plugged in at USB.
+/// \brief The kind of device at USB.
 enum ModUsb : int {
     kDisconnected = 0,
     kUsbJoystick = 1,

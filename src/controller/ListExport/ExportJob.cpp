@@ -97,7 +97,7 @@ QString SystemText(int error)
     return QString::fromLocal8Bit(std::strerror(error));
 }
 
-// `fault` none: it is done, unless it was cancelled. `words`: of what was thrown.
+// Without a `fault` the job is done, unless it was cancelled. `words` is the text of the exception.
 void EndJob(ExportJob &job, const WriteFault &fault, const QString &words)
 {
     using End = ListExportResult::End;
@@ -218,7 +218,7 @@ WriteFault Write(ExportJob &job)
     return fault.IsNone() && !job.IsCancelled() ? NameFile(job) : fault;
 }
 
-// Runs `write`; what it throws comes from memory that ran out, or from the host's source and look.
+// Runs `write`. It throws when memory runs out, or when the host's source or look throws.
 template <class Body> void RunJob(ExportJob &job, Body write)
 {
     WriteFault fault{Reason::ListFailed, 0};

@@ -23,7 +23,7 @@ public:
     void Put(RowSlice slice);
     // No more slices come.
     void End();
-    // Worker: waits for the next slice; none after the end.
+    // Worker: waits for the next slice; empty after the end.
     [[nodiscard]] std::optional<RowSlice> Take();
 
 private:
@@ -35,8 +35,8 @@ private:
 
 // What the worker of one export and its CListExport share; it outlives both.
 //
-// Cancelling and giving the file its name exclude each other: whoever moves `step` out of Running
-// first has won.
+// Cancelling and giving the file its name exclude each other: the thread that first moves `step`
+// out of Running has won.
 struct ExportJob
 {
     enum class Step { Running, Naming, Cancelled };
@@ -60,7 +60,7 @@ struct ExportJob
     std::atomic<bool> has_thrown{false};   // the model threw; by the GUI thread
     ListExportResult result;               // by the worker
     std::unique_ptr<QTemporaryDir> folder; // holds `built`; the worker's until has_ended
-    QString built;                         // the whole file, not named yet; empty: there is none
+    QString built;                         // the whole file, not named yet; may be empty
 
     [[nodiscard]] bool IsCancelled() const { return step == Step::Cancelled; }
     // False when the file gets its name already.

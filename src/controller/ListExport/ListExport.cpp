@@ -70,7 +70,7 @@ QVector<int> VisibleColumns(const QHeaderView &header)
 
 struct CListExportDataPtr
 {
-    // What is exported next.
+    // The source of the next export.
     QPointer<QAbstractItemModel> ptr_model_;
     std::shared_ptr<const CRowSource> ptr_source_;
     QVector<int> vec_columns_;
@@ -156,7 +156,7 @@ int CListExportDataPtr::Done()
     const int rows = ptr_job_->rows;
     if (rows < total_ || total_ == 0)
         return rows;
-    // Nothing tells how far the saving is, but how long it takes is known well enough.
+    // The saving reports no progress, but its duration can be estimated well enough.
     if (rows_took_ms_ == 0)
         rows_took_ms_ = std::max(since_start_.elapsed(), qint64{1});
     const double expected_ms = static_cast<double>(rows_took_ms_) * kSavingShare;
@@ -352,7 +352,7 @@ bool CListExport::IsRunning() const
 void CListExport::OnTick()
 {
     const std::shared_ptr<ExportJob> job = d_ptr_->ptr_job_;
-    if (job->IsCancelled()) { // the worker removes what it has begun by itself
+    if (job->IsCancelled()) { // the worker removes its file itself
         ListExportResult result;
         result.end = ListExportResult::End::Cancelled;
         result.path = job->path;

@@ -72,12 +72,12 @@ public:
 
     /// \return the suffixes that BySuffix knows, with their dots: ".csv", ".xlsx".
     [[nodiscard]] static QStringList Suffixes();
-    /// \return the format that the suffix of \a path names, or BySuffix when it names none.
+    /// \return the format that the suffix of \a path names, or BySuffix for an unknown suffix.
     [[nodiscard]] static Format FormatOf(const QString &path);
 
     /// \brief Begin to write the list to \a path.
-    /// \return false, and nothing happens, while an export runs. Every other outcome is told by
-    /// SignalFinished().
+    /// \return false, and nothing happens, while an export runs. SignalFinished() reports every
+    /// other outcome.
     bool Start(const QString &path, Format format = Format::BySuffix);
     /// \brief Save what the last export has built, and could not save, as \a path.
     /// \return false, and nothing happens, without such a file or while an export runs.

@@ -33,7 +33,7 @@ struct ListExportLook
     bool is_header_frozen = true;  ///< The titles stay in view.
     bool has_filter = true;        ///< Filter buttons in the header.
     bool is_right_to_left = false; ///< The first column is at the right.
-    int rows_per_sheet = 1048575;  ///< 1 to 1,048,575; what is beyond goes on a further sheet.
+    int rows_per_sheet = 1048575;  ///< 1 to 1,048,575; further rows go on a further sheet.
     /// Called on the worker thread for each new sheet, which is the current one.
     std::function<void(CExcelControllorWithC &writer)> on_sheet = {};
     /// Called on the worker thread with all \a sheets after the last row; it may add sheets.

@@ -19,7 +19,7 @@ enum class ExportColumnKind {
 ///
 /// All members are called on the export's worker thread, while the host goes on; RowCount() also by
 /// Start(). So a source is a snapshot that does not change any more; CRowStream is one that is read
-/// while it grows. What it throws ends the export with an error.
+/// while it grows. An exception ends the export with an error.
 class VANTOR_EXPORT CRowSource
 {
 public:

@@ -5,8 +5,8 @@
 
 namespace Vantor {
 
-/// \brief Rows that come one after the other, such as the pages of a server, where nobody may know
-/// their number before the end. CListExport::SetSource() takes it.
+/// \brief Rows that come one after the other, such as the pages of a server, whose number may be
+/// unknown before the end. CListExport::SetSource() takes it.
 ///
 /// The worker reads each row once: HasRow() for row 0, then its cells, then HasRow() for row 1, and
 /// so on. HasRow() may wait as long as it likes, because only the worker waits: Cancel() and
@@ -16,7 +16,7 @@ class VANTOR_EXPORT CRowStream : public CRowSource
 public:
     ~CRowStream() override;
 
-    /// \return about how many rows there are, for the progress; 0 when nobody knows.
+    /// \return about how many rows there are, for the progress; 0 when unknown.
     [[nodiscard]] int RowCount() const override = 0;
     /// \brief Wait until \a row can be read.
     /// \return false behind the last row. A list that cannot be read to its end throws instead: the

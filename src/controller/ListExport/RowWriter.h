@@ -35,7 +35,7 @@ struct WriteFault
 };
 
 // Writes rows to a file of one format, on one thread, in the order of its members. Without Close()
-// the destructor drops what was written.
+// the destructor drops the rows.
 class CRowWriter
 {
 public:

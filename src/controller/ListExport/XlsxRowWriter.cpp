@@ -113,7 +113,7 @@ public:
     [[nodiscard]] ExcelCloseNotes Notes() const override { return writer_.LastCloseNotes(); }
 
 private:
-    // The types in `row` tell which columns are numbers where their kind does not.
+    // Where the kind of a column does not say whether it holds numbers, its type in `row` decides.
     void StartSheet(const RowSlice &slice, int row)
     {
         QString name = look_.sheet_name;
@@ -185,7 +185,7 @@ private:
     ExportTitles titles_;
     QStringList sheets_;
     QVector<int> widest_; // characters by column
-    int next_row_ = 0;    // of the current sheet; 0: there is none
+    int next_row_ = 0;    // of the current sheet, or 0
 };
 
 } // namespace

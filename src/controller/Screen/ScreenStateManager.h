@@ -31,9 +31,9 @@ struct CScreenStateManagerDataPtr;
 /// never withdraws it. Reached through Nim::Base::CSingleton<CScreenStateManager>::Instance().
 ///
 /// The table of listeners has no lock, so that a listener may wait for another thread:
-/// SetCallBack() belongs in the start-up, before displays change, or on the thread that notifies. A
-/// listener may call it; one that is new then is told too when its address comes later in the
-/// order.
+/// SetCallBack() belongs in the start-up, before displays change, or on the thread that notifies.
+/// A listener may call it; a listener that is added so is called as well if its address comes later
+/// in the order.
 class VANTOR_EXPORT CScreenStateManager : public Nim::Base::CSingleton<CScreenStateManager>
 {
 public:

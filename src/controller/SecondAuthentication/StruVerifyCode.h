@@ -14,7 +14,7 @@ namespace Vantor {
 struct StruVerifyCode
 {
     QString verify_code_mark_; ///< the server's mark of this image
-    QPixmap pix_code_;         ///< the image; null when there is none
+    QPixmap pix_code_;         ///< the image; may be null
     QString code_text_;        ///< what the user typed
 };
 

@@ -18,8 +18,8 @@ namespace Vantor {
 [[nodiscard]] bool ReadVerifyCodeReply(const std::string &reply,
                                        NimClientFrameWork::CDaxCaptchaResponse &response);
 
-/// \brief The image of \a bytes in whatever format Qt knows; null when they are none, or when it is
-/// more than \a maximum_side pixels wide or high: that is asked before anything is decoded.
+/// \brief The image of \a bytes in any format Qt knows; null if they are no image, or one of more
+/// than \a maximum_side pixels in width or height, which is checked before anything is decoded.
 [[nodiscard]] QImage DecodeVerifyCode(const std::string &bytes, int maximum_side);
 
 } // namespace Vantor

@@ -25,8 +25,8 @@ public:
 
     /// \brief The request and the reading of its reply alone. Any thread.
     ///
-    /// \param response its error holds the words of the reply, -1 where it has none, also when this
-    ///                 gives true: whoever has an image need not look at them.
+    /// \param response its error holds the codes of the reply, -1 for a missing one. They are
+    ///                 filled in on success too and can then be ignored.
     bool GetCaptchaImgData(const NimClientFrameWork::CDaxCaptchaInfo &info,
                            NimClientFrameWork::CDaxCaptchaResponse &response);
 

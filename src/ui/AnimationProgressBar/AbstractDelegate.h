@@ -39,10 +39,10 @@ public:
     /// \brief The bar that paints this delegate; null while it is in no stack.
     [[nodiscard]] CAnimationProgressBar *AnimationProgressBar() const;
 
-    /// \brief Forget all contents. The base has none.
+    /// \brief Forget all contents. The base does nothing.
     virtual void Clear();
-    /// \brief For delegates that show pictures: what the visible pictures need. The base has none,
-    /// and the bar does not call it.
+    /// \brief For delegates that show pictures: the data that the visible pictures need. The base
+    /// returns an empty list, and the bar does not call it.
     [[nodiscard]] virtual QVariantList GetValidPixmapInfo();
     /// \brief The same for tips.
     [[nodiscard]] virtual QVariantList GetValidTipInfo();

@@ -31,7 +31,7 @@ struct LineView;
 /// width; Home and End to the first and last stop; + and - zoom, 0 restores the first scale; Space
 /// shows a tip for the cursor line; Escape undoes a drag or ends a slide.
 ///
-/// Colours are those of CStyleManager, and of the widget's palette where the theme names none.
+/// Colours are those of CStyleManager, and of the widget's palette where the theme sets no colour.
 class VANTOR_EXPORT CAnimationProgressBar : public QWidget
 {
     Q_OBJECT
@@ -190,9 +190,9 @@ protected:
     [[nodiscard]] virtual QString TipAtPos(const QPointF &pos) const;
     /// \brief The text of a tip for the cursor line; empty for no tip. The base gives the time.
     [[nodiscard]] virtual QString TipAtCursorLine() const;
-    /// \brief The nearest stop before or after \a seconds, for keys; the base has none.
+    /// \brief The nearest stop before or after \a seconds, for keys; the base has no stops.
     [[nodiscard]] virtual std::optional<qint64> FindStop(qint64 seconds, bool is_after) const;
-    /// \brief The first or last stop of all, for Home and End; the base has none.
+    /// \brief The first or last stop of all, for Home and End; the base has no stops.
     [[nodiscard]] virtual std::optional<qint64> FindOutermostStop(bool is_last) const;
     /// \brief Date, time and offset of \a seconds in the bar's zone, as its tips show them.
     [[nodiscard]] QString TimeText(qint64 seconds) const;

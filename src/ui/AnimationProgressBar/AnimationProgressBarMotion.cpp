@@ -161,7 +161,7 @@ void CAnimationProgressBar::hideEvent(QHideEvent *event)
         this, [this] { LetGo(); }, Qt::QueuedConnection);
 }
 
-// A hidden or disabled bar gets no release of the mouse, and nobody sees the rest of the way.
+// A hidden or disabled bar gets no mouse release, and the rest of a slide would be invisible.
 void CAnimationProgressBar::LetGo()
 {
     if (isVisible() && isEnabled())

@@ -39,7 +39,7 @@ struct LineDrag
 /// The tip that this bar has shown.
 struct LineTip
 {
-    std::optional<QPointF> pointer; // none: at the cursor line
+    std::optional<QPointF> pointer; // empty: at the cursor line
     QString text = {};
 };
 
@@ -48,9 +48,9 @@ struct CAnimationProgressBarDataPtr
     CTimeZoneParam zone_;
     int time_spec_offset_s_ = 0;
 
-    // view_ is what callers get. shown_ms_ is what was painted last; they differ from the start of
-    // a slide, which stores its target, to its first step. told_ms_ is the position that the host
-    // knows, because it set it or because SignalStopAtTime() reported it.
+    // view_ is returned to callers. shown_ms_ is the position painted last; they differ from the
+    // start of a slide, which stores its target, to its first step. told_ms_ is the position that
+    // the host knows, because it set it or because SignalStopAtTime() reported it.
     LineView view_;
     qint64 shown_ms_ = 0;
     qint64 told_ms_ = 0;

@@ -64,7 +64,7 @@ public:
     /// Type 1, which NewATimeBarParam() gives without \a byFileType, is not among the latter. If
     /// the delegate exists already, all types become visible.
     void SetTimeBarTypes(const QList<int> &types);
-    /// \brief The types of SetTimeBarTypes(), or those that an empty list stands for.
+    /// \brief The types of SetTimeBarTypes(); for an empty list the types that it means.
     [[nodiscard]] QList<int> TimeBarTypes() const;
 
     /// \brief The bar of a file: type 1 and rgb(33, 150, 243); with \a byFileType type and colour

@@ -15,7 +15,7 @@ struct FileLook
 /// \brief The look of a file of \a file_type; for 0, \a record_file_type decides.
 [[nodiscard]] FileLook LookOfFile(int file_type, int record_file_type);
 
-/// \brief The look of every file where types are not told apart.
+/// \brief The look of every file when the types have one colour.
 [[nodiscard]] FileLook PlainLookOfFile();
 
 } // namespace Vantor

@@ -43,11 +43,11 @@ constexpr int kColumnLayoutType = 1;
 /// \brief Number \a columns in the order of \a order, from \a first on.
 void NumberColumns(QVector<CColumnInfo> &columns, const QVector<int> &order, int first);
 
-/// \brief The smallest column_No of \a columns; 0 when there are none.
+/// \brief The smallest column_No of \a columns; 0 without columns.
 [[nodiscard]] int FirstColumnNumber(const QVector<CColumnInfo> &columns);
 
-/// \brief What a box above all columns shows: of the columns that the user may check or, when there
-/// are none, of all.
+/// \brief The state of a box above all columns: that of the columns that the user may check or,
+/// without such columns, of all.
 [[nodiscard]] Qt::CheckState CommonCheckState(const QVector<CColumnInfo> &columns);
 
 } // namespace Vantor

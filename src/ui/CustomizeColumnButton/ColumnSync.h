@@ -31,7 +31,7 @@ struct ColumnAction
         Write,   ///< store the columns
         Show,    ///< bring the drop-down up to date with the lists and the phase
         Message, ///< show the error
-        Settle,  ///< the table may lay itself out
+        Settle,  ///< the table may change its layout
     };
 
     Kind kind = Kind::Show;
@@ -49,7 +49,7 @@ class CColumnSync
 public:
     enum class Phase {
         Stopped,  ///< not begun, or ended: nothing is asked and nothing can be changed
-        Reading,  ///< a read is on its way: a change now would replace what is not known yet
+        Reading,  ///< a read is on its way; a change now would replace an unknown list
         Unread,   ///< the read failed: the same, until another one succeeds
         Ready,    ///< the server holds the confirmed list
         Doubtful, ///< a write failed, perhaps after it was stored: read again when opened next
@@ -58,7 +58,7 @@ public:
 
     /// \brief Begin with the host's \a columns and read the user's choice.
     Actions OnStart(const QVector<CColumnInfo> &columns);
-    /// \brief Drop what is outstanding. The columns stay as they are.
+    /// \brief Drop outstanding requests. The columns stay as they are.
     Actions OnStop();
     /// \brief The drop-down opens, or the user wants to try again.
     Actions OnOpened();

@@ -46,7 +46,7 @@ public:
     /// \brief Take \a columns as the table's defaults and ask the server for what the user chose.
     /// Once the property "MainInitialized" is true it does nothing.
     ///
-    /// \param columns in the order that the host keeps for ever: what is stored is put back entry
+    /// \param columns in an order that never changes, because the stored list is restored entry
     ///                by entry.
     /// \param relate  a press on it while the drop-down is open only closes that; may be null.
     void InitCustomizeListByModuleNameANdFunction(const QString &module, const QString &function,
@@ -56,8 +56,8 @@ public:
     /// Writes that were made are still sent.
     void UnInitCustomizeList();
 
-    /// \brief The names of the shown columns in the order of the table; none before the
-    /// initialisation. The earlier content of \a names is dropped.
+    /// \brief The names of the shown columns in the order of the table; empty before
+    /// the initialisation. The earlier content of \a names is dropped.
     void GetCustomizeListCurrentContent(QStringList &names) const;
     /// \brief The same with the identifiers, place by place.
     void GetCustomizeListCurrentContent(QStringList &names, QList<int> &ids) const;

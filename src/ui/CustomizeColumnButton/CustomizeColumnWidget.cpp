@@ -312,7 +312,7 @@ int CCustomizeColumnWidget::CalculateAdaptiveWidth(const QStringList &names) con
 {
     if (names.isEmpty())
         return kNarrowestPx;
-    // The rows know what is around a name: check box, margins of the theme, handle.
+    // The rows know the space around a name: check box, margins of the theme, handle.
     ensurePolished();
     d_ptr_->ptr_list_view_->ensurePolished();
     const int widest =

@@ -70,7 +70,7 @@ bool CItemDragMovableListView::IsDragging() const
 
 void CItemDragMovableListView::CancelDrag()
 {
-    d_ptr_->pressed_row_ = kNoRow; // what is there now is another row
+    d_ptr_->pressed_row_ = kNoRow; // another row may be there now
     EndDrag(false);
 }
 

@@ -36,7 +36,7 @@ public:
     /// \brief The text at the top, as plain text; also what screen readers call the panel.
     void SetTitleText(const QString &title);
 
-    /// \brief Show \a content, which the frame owns from now on; null shows none.
+    /// \brief Show \a content, which the frame owns from now on; null removes the content.
     ///
     /// A content that was there stays a hidden child of the frame: reparent or delete it yourself.
     void SetContentWnd(QWidget *content);

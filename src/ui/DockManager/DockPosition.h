@@ -11,13 +11,13 @@ namespace Vantor {
 constexpr int kCommonContent = 1;
 constexpr int kExportContent = 2;
 
-// Where a dock stands and how wide it is at the moment. Pixels, global coordinates.
+// A dock's place and width at the moment. Pixels, global coordinates.
 struct DockSituation
 {
     QPoint top_left;     // of the parent widget, without its window frame
     QPoint bottom_right; // its last pixel
-    int width = 0;       // the present one: the edge at the window's border stands still while the
-                         // dock slides
+    int width = 0;       // the present one; the edge at the window's border does not move while
+                         // the dock slides
     bool is_parent_found = false; // the host asked for the window to be looked for
     int content_type = kCommonContent;
     Qt::LayoutDirection direction = Qt::LeftToRight;
@@ -27,7 +27,7 @@ struct DockSituation
 // the title bar differ from case to case: hosts' windows are drawn for them.
 std::optional<QPoint> DockPosition(const DockSituation &situation);
 
-// Whether the edge that stands still is the left one.
+// Whether the edge that does not move is the left one.
 bool IsLeftDocked(const DockSituation &situation);
 
 bool HasFixedHeight(int content_type);
@@ -35,7 +35,7 @@ bool HasFixedHeight(int content_type);
 // Of a dock beside a parent widget of that height.
 int DockHeight(int parent_height);
 
-// A negative width stands for the usual one.
+// A negative width means the usual one.
 int DockWidth(int width);
 
 } // namespace Vantor

@@ -212,7 +212,8 @@ void CDockWidget::LetGo()
     d_ptr_->vec_opened_.clear();
 }
 
-// Follow `widget` from now on. `ptr_parent_widget_` is apart, because a rule has none.
+// Follow `widget` from now on. `ptr_parent_widget_` is set elsewhere, because a rule has no parent
+// widget.
 void CDockWidget::StandAt(QWidget *widget)
 {
     if (widget && !isWindow() && widget->window() != parentWidget())

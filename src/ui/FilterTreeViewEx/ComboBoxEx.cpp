@@ -223,7 +223,7 @@ void CComboBoxEx::UpdateData(int column)
     if (!is_same) {
         ForgetTexts();
         d_ptr_->column_ = column;
-        d_ptr_->ptr_items_->TickAll(); // another column has nothing to do with what is unticked
+        d_ptr_->ptr_items_->TickAll(); // the unticked texts are of the old column
     }
     if (d_ptr_->texts_ == Texts::Unknown)
         ReadTexts();

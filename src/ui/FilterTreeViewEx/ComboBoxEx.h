@@ -46,8 +46,8 @@ public:
     /// that OnFilterByMainType() is given; null, the default, goes by that text.
     void SetMainTypes(const CComboBoxEx *main);
     /// \brief Read the texts of long lists on another thread, so that the GUI thread is not held.
-    /// The list is as it was until they are there; a question about what is ticked waits for them.
-    /// Off by default.
+    /// The list stays as it was until they are there; the methods that return the ticked texts wait
+    /// for them. Off by default.
     void SetInBackground(bool in_background);
     [[nodiscard]] bool IsInBackground() const; ///< See SetInBackground().
 
@@ -66,7 +66,7 @@ public:
     void UpdateData(int column);
     /// \brief Empty the list.
     void ClearAllItems();
-    /// \brief Bring the field up to what is ticked.
+    /// \brief Show the ticked texts in the field.
     void CheckOutSelectedItems();
 
 public Q_SLOTS:

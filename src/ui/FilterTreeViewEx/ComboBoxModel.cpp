@@ -160,7 +160,7 @@ int CComboBoxModel::rowCount(const QModelIndex &parent) const
 
 QVariant CComboBoxModel::data(const QModelIndex &index, int role) const
 {
-    if (!index.isValid()) // a combo box asks for its current row, which there is none
+    if (!index.isValid()) // a combo box asks for its current row, but no row is current
         return {};
     const int row = index.row();
     if (role == Qt::CheckStateRole) {

@@ -25,8 +25,8 @@ public:
     explicit CComboBoxModel(QObject *parent = nullptr);
     ~CComboBoxModel() override;
 
-    /// \brief Take \a texts, which are then empty, in their order; all of them are ticked and none
-    /// is left out. No texts make no rows.
+    /// \brief Take \a texts, which are then empty, in their order; all of them are ticked, and
+    /// each has a row.
     void ConstructModel(std::vector<QString> &texts);
 
     /// \brief The texts that are ticked, left out or not; an empty text is itself.

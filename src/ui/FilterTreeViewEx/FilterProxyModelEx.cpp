@@ -15,7 +15,7 @@
 namespace Vantor {
 namespace {
 
-constexpr int kAllColumns = -1; // the key column that stands for keywords
+constexpr int kAllColumns = -1; // the key column that means keywords
 
 } // namespace
 

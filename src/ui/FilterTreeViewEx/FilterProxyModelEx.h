@@ -22,7 +22,7 @@ struct CFilterProxyModelExDataPtr;
 
 /// \brief Filters rows by keywords or by the page they are tagged with.
 ///
-/// The key column tells which: -1 filters by keywords, any other by page. A fresh proxy has Qt's
+/// The key column decides: -1 filters by keywords, any other by page. A fresh proxy has Qt's
 /// key column 0 and an empty page filter. Dynamic sorting and filtering is off, sorting ignores
 /// case.
 ///

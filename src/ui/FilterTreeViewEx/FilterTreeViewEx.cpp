@@ -79,7 +79,7 @@ int CountLists(Ravel::CTreeViewModel *model, int change)
     return lists;
 }
 
-// A paging pass and what was asked for from inside it.
+// Whether a paging pass runs, and whether a slot has asked for another one meanwhile.
 enum class Pass { Idle, Running, RunningAnotherFollows };
 
 } // namespace
@@ -115,7 +115,7 @@ CFilterTreeViewEx::CFilterTreeViewEx(QWidget *parent)
     d_ptr_->ptr_keyword_proxy_->setFilterKeyColumn(-1);
     MeasureRowHeight();
 
-    // Turning sorting on sorts by the column that the indicator shows: none.
+    // Turning sorting on sorts by the column of the indicator, which must be no column.
     header()->setSortIndicator(-1, Qt::AscendingOrder);
     setSortingEnabled(true);
     connect(header(), &QHeaderView::sortIndicatorChanged, this,
@@ -314,7 +314,7 @@ void CFilterTreeViewEx::DoPaging()
     Change([] {});
 }
 
-// Runs `step`, which changes what is listed, and then the paging pass. Slots may come back in here
+// Runs `step`, which changes the list, and then the paging pass. Slots may call this again
 // from every signal on the way: their steps run at once, and one more pass follows for all of them.
 void CFilterTreeViewEx::Change(const std::function<void()> &step)
 {

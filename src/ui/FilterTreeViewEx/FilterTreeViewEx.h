@@ -41,7 +41,7 @@ struct CFilterTreeViewExDataPtr;
 class VANTOR_EXPORT CFilterTreeViewEx : public Ravel::CTableView
 {
     Q_OBJECT
-    // It follows the height, too. SignalPageReset() reports each change that cuts the list anew.
+    // It follows the height, too. SignalPageReset() reports each change of the page breaks.
     Q_PROPERTY(int itemsPerPage READ GetItemsPerPage WRITE SetTreeViewItemPerPage)
 
 public:

@@ -42,7 +42,8 @@ public:
 
     /// \brief Take types, and the labels before them, from \a model, which stays the host's.
     void SetModel(Ravel::CTreeViewModel *model);
-    /// \brief The model has got rows: take the types anew. What the user has unticked stays so.
+    /// \brief Read the types again, because the model has new rows. Types that the user has
+    /// unticked stay unticked.
     void AddTopLevelItems();
     /// \brief Empty both lists of types.
     void ClearAllItems();
@@ -81,7 +82,7 @@ public:
 Q_SIGNALS:
     /// The user asks for \a keyword, trimmed; empty: for all.
     void SignalFilterWithKeyWord(const QString &keyword);
-    /// The user asks for the types that GetSelectedMainType() and GetSelectedSubType() tell.
+    /// The user asks for the types that GetSelectedMainType() and GetSelectedSubType() return.
     void SignalFilterWithKeyWords();
     /// The user wants the further filters of the host.
     void SignalMoreBtnClicked();

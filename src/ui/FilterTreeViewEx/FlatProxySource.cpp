@@ -264,7 +264,7 @@ void CFlatProxy::OnRowsRemoved(const QModelIndex &parent, int first, int last)
 }
 
 // A change moves no row unless the filter is dynamic. For a long range, all rows are reported:
-// views repaint what is visible anyway.
+// views repaint only visible rows.
 void CFlatProxy::OnSourceDataChanged(const QModelIndex &top_left, const QModelIndex &bottom_right,
                                      const QVector<int> &roles)
 {

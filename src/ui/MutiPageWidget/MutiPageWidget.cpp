@@ -101,7 +101,7 @@ void CMutiPageWidget::ConnectBar()
             &CMutiPageWidget::OnCurrentPageEditFousOut);
     connect(form.ptr_btn_batch_confirm_, &QPushButton::clicked, this,
             &CMutiPageWidget::SignalBatchConfirm);
-    // A click of a disabled button is none.
+    // A click on a disabled button has no effect.
     const struct
     {
         QKeySequence keys;

@@ -30,7 +30,7 @@ struct CMutiPageWidgetDataPtr;
 
 /// \brief One page of a long list in a CFilterTreeViewEx, and a paging bar under it.
 ///
-/// Two ways of paging, told apart by SetPageSeen() and HideTotalPageWidget():
+/// Two ways of paging, chosen by SetPageSeen() and HideTotalPageWidget():
 /// - known total: the bar shows the current page and the number of pages, and its buttons are
 ///   enabled against both ends;
 /// - open-ended, the default: only Previous and Next mean something. Previous is enabled on every
@@ -38,8 +38,8 @@ struct CMutiPageWidgetDataPtr;
 ///
 /// Rows that are in the model already are paged by the tree view: call SetFilterEnabled(true).
 /// Pages that come from a server are fetched by the host on SignalPageChanged(), for
-/// GetCurrentPage(), and told with OnUpdatePageInfo() and AddTopLevelItems(); such a host calls
-/// SetFilterEnabled(false), because a tree view that still pages would look for page n in the
+/// GetCurrentPage(), and handed over by OnUpdatePageInfo() and AddTopLevelItems(); such a host
+/// calls SetFilterEnabled(false), because a tree view that still pages would look for page n in the
 /// single page it has and show nothing.
 ///
 /// Ctrl+Page Up and Ctrl+Page Down turn pages wherever the keys go inside it.
@@ -120,7 +120,7 @@ public:
     void SetNextByTotal(bool by_total);
 
     /// \brief Rows on all pages: the tree view's count, or with SetFilterEnabled(false) the records
-    /// that OnUpdatePageInfo() told.
+    /// that OnUpdatePageInfo() was given.
     [[nodiscard]] int TopLevelItemCount();
     /// \brief The tree view's keyword proxy: the rows of all pages in the order shown.
     [[nodiscard]] QAbstractItemModel *GetBackupModel();
@@ -163,7 +163,7 @@ public Q_SLOTS:
     void OnUpdatePageInfo(int records, int page);
     /// \brief Page by the count of the chooser's item \a index; an index that it lacks is ignored.
     void OnItemPerPageChanged(int index);
-    /// \brief Enable Previous and Next as told; Home and Last stay as they are.
+    /// \brief Enable Previous and Next as given; Home and Last stay as they are.
     void OnUpdateMaxMinPage(bool previousEnabled, bool nextEnabled);
 
 protected:

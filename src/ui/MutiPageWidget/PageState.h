@@ -22,7 +22,7 @@ public:
     /// \brief The list has been cut into \a pages pages and shows page 1.
     void Reset(int records, int pages);
     /// \brief A host shows \a page of \a records records. A page below 1 counts as 1, a negative
-    /// number of records as none.
+    /// number of records as 0.
     void Deliver(int records, int page, int rows_per_page);
     void GoTo(int page) { current_ = page; }
 

@@ -22,7 +22,7 @@ public:
 
     /// \brief Count in the time of the site of a workstation that
     /// ResourceManager::CWorkStationManager knows.
-    /// \return false, with everything as it was, when it knows none with that id.
+    /// \return false, with everything as it was, for an unknown id.
     bool SetRemoteSite(unsigned int workstationId);
 
     /// \brief Offset of the site from UTC in seconds, whole hours, east positive; 0 at first.

@@ -82,7 +82,7 @@ public:
     void SetPasswordText(const QString &text);
     /// \brief Set the icon.
     void SetPixmap(QPixmap &pixmap);
-    /// \brief Check that there is a password. If there is none, give the entry the focus and show
+    /// \brief Check that there is a password. If it is empty, give the entry the focus and show
     /// \a tip, which is not changed.
     bool PasswordValidCheck(QString &tip);
 

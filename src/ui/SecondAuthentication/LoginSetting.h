@@ -8,9 +8,9 @@ namespace Vantor {
 
 /// \brief Ask the server for its security settings and wait for the reply. Any thread.
 ///
-/// \param response its error is filled when this gives false: all words of an exchange that did not
-///                 take place, or the first two of what the server refused.
-/// \return true for any other reply, whatever stands in it: see ParseLoginSetting().
+/// \param response its error is filled when this returns false: all codes if the exchange failed,
+///                 the first two if the server refused.
+/// \return true for any other reply, whatever its contents; see ParseLoginSetting().
 [[nodiscard]] VANTOR_EXPORT bool
 RequestLoginSetting(NimClientFrameWork::CDaxPwdResponse &response,
                     NimClientFrameWork::CLoginSettingStruct &setting);

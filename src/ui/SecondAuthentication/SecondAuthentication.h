@@ -10,8 +10,8 @@
 
 namespace Vantor {
 
-/// \brief The unlock page of a second user. What it shows is the client's; here it only fetches the
-/// security settings, see RequestLoginSetting().
+/// \brief The unlock page of a second user. The client gives it its contents; the class itself only
+/// fetches the security settings, see RequestLoginSetting().
 class VANTOR_EXPORT CSecondAuthentication : public QWidget
 {
     Q_OBJECT

@@ -45,7 +45,7 @@ public:
     /// \brief Call \a visit (x1, width, entry) for each visible bar, in order of start, until it
     /// returns false.
     template <class Visit> void ForEachVisible(TimeBarView view, Visit &&visit) const;
-    /// \brief The first bar that covers \a seconds; null when there is none. A bar covers its first
+    /// \brief The first bar that covers \a seconds, or null. A bar covers its first
     /// second even if it ends there or before.
     [[nodiscard]] const TimeBarEntry *Covering(qint64 seconds) const;
     /// \brief The nearest start before or after \a seconds.

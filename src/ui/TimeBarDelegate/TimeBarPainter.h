@@ -20,7 +20,7 @@ namespace Vantor {
 /// Usually a painter fills whole pixels: a rectangle r covers exactly the device pixels of
 /// deviceTransform().mapRect(r).toRect(). Then
 ///  1. each visible bar gives a stretch: what CheckOverlap() leaves of it;
-///  2. a stretch becomes columns of device pixels, by the rounding above; many get none;
+///  2. a stretch becomes columns of device pixels, by the rounding above; many get no column;
 ///  3. columns that continue the run before them in its colour join it;
 ///  4. the runs are filled as integer rectangles, band by band;
 ///  5. but the rows of the translucent band are alike: with many runs, one row is painted and then

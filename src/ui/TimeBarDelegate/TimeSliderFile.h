@@ -10,8 +10,9 @@
 
 namespace Vantor {
 
-/// Kind of a recording file as the search reports it. CBaseFileProgressBar::NewATimeBarParam()
-/// tells what colour each gets; any further meaning is the server's.
+/// Kind of a recording file as the search reports it.
+/// CBaseFileProgressBar::NewATimeBarParam() gives each its colour; the server defines any further
+/// meaning.
 enum TimeSliderFileType : int {
     TimeSliderFileTypeByRecord = 0, ///< The record file type decides.
     TimeSliderFileType1 = 1,        ///< The server's kind 1.

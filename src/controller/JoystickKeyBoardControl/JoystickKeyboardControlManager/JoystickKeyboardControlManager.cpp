@@ -62,7 +62,7 @@ constexpr quint8 kNoFlowControl = 0;
 
 constexpr const char *kPortNames[] = {"COM1", "COM2", "COM3", "COM4"};
 
-// Null for what is no port of a serial keyboard.
+// Null unless `com` is a port of a serial keyboard.
 const char *PortName(ResourceManager::SystemConfig::COMJoystick com)
 {
     const int index = com - ResourceManager::SystemConfig::kCom1;

@@ -67,7 +67,7 @@ public:
     bool UnInitKeyBoard();
 
     /// \brief Open the serial keyboard at \a com, COM1 to COM4, instead of the one open now.
-    /// \return false when \a com is none of them, is open already, or cannot be opened.
+    /// \return false when \a com is not one of them, is open already, or cannot be opened.
     bool OpenPCSerial(ResourceManager::SystemConfig::COMJoystick com);
     /// \brief Close the serial keyboard, if one is open. \return true.
     bool ClosePCSerial();

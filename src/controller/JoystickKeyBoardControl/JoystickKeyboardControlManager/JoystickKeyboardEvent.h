@@ -12,8 +12,8 @@ namespace Vantor {
 
 struct CJoystickKeyboardEventDataPtr;
 
-/// \brief What the device library told on its own thread, on its way to the GUI thread: an event of
-/// type 1000. Copies share what cannot be changed any more.
+/// \brief Carries a report of the device library from its thread to the GUI thread: an event of
+/// type 1000. Copies share the report, which no longer changes.
 class VANTOR_EXPORT CJoystickKeyboardEvent : public QEvent
 {
 public:
@@ -39,9 +39,9 @@ public:
     [[nodiscard]] quint32 GetSecondParam() const;
     /// \brief Of USB keyboards only.
     [[nodiscard]] quint32 GetThirdParam() const;
-    /// \brief The first text of the device; empty when it sent none.
+    /// \brief The first text of the device; may be empty.
     [[nodiscard]] QString GetText1() const;
-    /// \brief The second text of the device; empty when it sent none.
+    /// \brief The second text of the device; may be empty.
     [[nodiscard]] QString GetText2() const;
 
 private:
