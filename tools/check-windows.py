@@ -21,7 +21,7 @@ BUILD = ROOT / "build/asan"
 COMPILER = "x86_64-w64-mingw32-g++-posix"
 # Of the other libraries; the C library's own headers beside them are not Windows's.
 HEADERS = ("csv.h curl expat.h expat_config.h expat_external.h microhttpd.h rapidjson sodium "
-           "sodium.h xlsxwriter xlsxwriter.h zip.h zipconf.h").split()
+           "sodium.h sqlite3.h xlsxwriter xlsxwriter.h zip.h zipconf.h").split()
 
 
 def link_headers(folder):

@@ -13,7 +13,7 @@ struct Address
     bool is_ipv6 = false;
 };
 
-/// \brief Read an IPv4 or IPv6 address in digits. \return false: it is none.
+/// \brief Read an IPv4 or IPv6 address in digits. \return false for any other text.
 [[nodiscard]] bool ReadAddress(const std::string &text, int port, Address &address);
 
 /// \brief The address of \a client and its network, for limits: an IPv4 address, or the first 64

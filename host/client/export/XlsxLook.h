@@ -34,11 +34,11 @@ struct XlsxLook
 /// \brief Make the columns of the current sheet fit on the paper.
 void FitToPaper(Vantor::CExcelControllorWithC &writer);
 
-/// \brief \a text as a number when the text comes back from it, else as it is: for a list that
-/// nobody has seen whole.
+/// \brief \a text as a number if that number's text is \a text again, else as it is. For lists
+/// whose columns are not known in advance.
 [[nodiscard]] QVariant CellValue(const QString &text);
 
-/// \brief Numbers only when each text comes back from its number, so that no leading zero and no
+/// \brief Numbers only if each text is the text of its number, so that no leading zero and no
 /// digit behind the fifteenth is lost; links when each text is an address of the web.
 [[nodiscard]] Vantor::ExportColumnKind KindOf(const CIncidentList &list, int column);
 

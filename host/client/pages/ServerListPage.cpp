@@ -131,7 +131,7 @@ int CServerListPage::PageOfFirstRow() const
 void CServerListPage::OnPageChosen()
 {
     if (settle_.isActive())
-        OnSettled(); // pages of what was searched before are none of what is typed
+        OnSettled(); // a page of the earlier search would not match the typed text
     else
         Ask(list_->GetCurrentPage());
 }
@@ -154,7 +154,7 @@ void CServerListPage::SetOrder(int column, bool is_descending)
     query_.sort_column = column;
     query_.is_descending = is_descending;
     if (query_ == last)
-        return; // the header reports what it was told
+        return; // the header reports our own change
     Table()->header()->setSortIndicator(column,
                                         is_descending ? Qt::DescendingOrder : Qt::AscendingOrder);
     settle_.stop();
@@ -220,7 +220,7 @@ void CServerListPage::ShowPage(const ServerPage &page)
         list_->OnItemPerPageChanged(list_->GetItemPerPageComboBox()->currentIndex());
         OnRowsPerPage();
     }
-    // Whoever turns pages with the keyboard goes on from the first row.
+    // With the keyboard, a user goes on from the first row.
     if (column >= 0 && table->hasFocus())
         table->setCurrentIndex(table->model()->index(0, column));
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the page is built, and what it does with themes, languages and directions.
+// How the page is built, and how it follows themes, languages and directions.
 #include "look/Theme.h"
 #include "pages/OuterScrollBar.h"
 #include "pages/ServerListPage.h"
@@ -127,7 +127,8 @@ void CServerListPage::changeEvent(QEvent *event)
     CPage::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         Retranslate();
-    // The bar was made for one direction; Qt is still turning it when it tells.
+    // The bar is built for one direction. Rebuild later, because Qt sends this event while it is
+    // still turning it.
     if (event->type() == QEvent::LayoutDirectionChange)
         QMetaObject::invokeMethod(this, &CServerListPage::OnRebuild, Qt::QueuedConnection);
 }
