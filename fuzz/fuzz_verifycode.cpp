@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Bytes become a reply with a verification code, and the image in it: bounded, or none. What is not
-// a reply goes to the image reader as it is, which base64 would keep a fuzzer from.
+// Bytes become a reply with a verification code, and its image, which must be bounded or null.
+// Bytes that are no reply go to the image reader directly, because a fuzzer hardly finds valid
+// base64.
 #include "Require.h"
 
 #include <Nim/Base/Log.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What is asked of every page in every language and theme: names for screen readers, room for
-// texts, contrast.
+// Every page in every language and theme has names for screen readers, room for its texts and
+// contrast.
 #include "ClientSession.h"
 #include "list/CsvFile.h"
 #include "pages/PtzView.h"

@@ -18,7 +18,7 @@ using namespace Client;
 
 namespace {
 
-// A server over sockets whose list has numbered rows that repeat what was asked for.
+// A server over sockets whose list has numbered rows that repeat the request.
 class CListServer
 {
 public:
@@ -30,7 +30,7 @@ public:
     std::atomic<int> last_page{1'000'000}; // at the next one, connections are closed
 
     QString Address() const { return QString("127.0.0.1:%1").arg(raw_.Port()); }
-    // What was asked for, as "filter/column/descending/page/after".
+    // The request, as "filter/column/descending/page/after".
     QStringList Asked() const
     {
         const std::lock_guard<std::mutex> lock(mutex_);
