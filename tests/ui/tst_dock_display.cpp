@@ -203,7 +203,7 @@ private:
     {
         Manager().SetDockWidget(frame_, 300);
         QTRY_VERIFY(!guard_.LogLines().filter("installEventFilter").isEmpty());
-        QCOMPARE(Dock()->width(), 300);
+        QTRY_COMPARE(Dock()->width(), 300); // the window system has to follow
     }
 
     void StartStranger()
