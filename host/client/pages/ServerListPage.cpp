@@ -43,6 +43,12 @@ bool IsWorthAnotherTry(PageError error)
     return error == PageError::NoReply || error == PageError::Busy || error == PageError::Other;
 }
 
+// For a button or a menu, where a single ampersand underlines the next letter.
+QString Plain(QString text)
+{
+    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
 } // namespace
 
 CServerListPage::CServerListPage(QWidget *parent)
@@ -261,7 +267,7 @@ void CServerListPage::ShowState()
     new_rows_->setVisible(page.new_rows > 0 && IsSameSearch());
     new_rows_->setText(page.are_new_rows_exact ? tr("%Ln new", nullptr, page.new_rows)
                                                : tr("More than %Ln new", nullptr, page.new_rows));
-    order_->setText(tr("Order: %1").arg(OrderText()));
+    order_->setText(tr("Order: %1").arg(Plain(OrderText())));
 }
 
 QString CServerListPage::StateText() const
@@ -302,7 +308,7 @@ void CServerListPage::OnOrdersOpen()
 {
     orders_->clear();
     const auto add = [this](const QString &name, const ListQuery &order) {
-        QAction *const action = orders_->addAction(name);
+        QAction *const action = orders_->addAction(Plain(name));
         action->setCheckable(true);
         action->setChecked(name == OrderText());
         connect(action, &QAction::triggered, this,
