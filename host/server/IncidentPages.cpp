@@ -219,7 +219,7 @@ CIncidentPages::Ids CIncidentPages::Filtered(CStore &store, const IncidentQuery 
 }
 
 // The next keys in an order when many rows pass. Mostly a page is full after a few rows of the
-// order. Where it is not, the rows that pass may all stand at its far end, so then only rows that
+// order. Where it is not, the rows that pass may all be at its far end, so then only rows that
 // the text index names are read.
 IncidentKeys CIncidentPages::NextPassing(CStore &store, const IncidentOrder &order, qint64 moment,
                                          const IncidentFilter &filter,

@@ -61,7 +61,7 @@ void MakePrivately(const QString &path)
 }
 
 // The files of a database that was there; what is no database and was named by mistake keeps its
-// mode. Nobody but SQLite may open them, because its locks end when any descriptor is closed.
+// mode. Only SQLite may open them, because its locks end when any descriptor is closed.
 void MakePrivate(const QString &path)
 {
     if (!QFileInfo(path).isFile())

@@ -7,7 +7,7 @@ using namespace Client;
 namespace {
 
 using ReadingRow = Row<QByteArray, QString, QString>; // bytes, titles, cells of the last row
-using QuoteRow = Row<QByteArray, const char *>;       // bytes, line; "": nothing to tell
+using QuoteRow = Row<QByteArray, const char *>;       // bytes, line; "": no message
 using RefusedRow = Row<QByteArray, const char *>;     // bytes, reason
 
 // The titles, or the cells of a row, with slashes between them.
