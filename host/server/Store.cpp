@@ -25,6 +25,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
+#ifdef _WIN32
+constexpr int kNotInherited = _O_NOINHERIT;
+#else
+constexpr int kNotInherited = O_CLOEXEC;
+#endif
 constexpr int kAttempts = 8;   // of a transaction that meets others
 constexpr auto kPatience = 3s; // of a statement that waits for others
 constexpr size_t kIdleStatements = 100;
@@ -55,7 +60,7 @@ const char *const kPostgresSetUp[] = {
 void MakePrivately(const QString &path)
 {
     const int made = ::open(QFile::encodeName(path).constData(),
-                            O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, kPrivate);
+                            O_CREAT | O_EXCL | O_WRONLY | kNotInherited, kPrivate);
     if (made >= 0)
         ::close(made);
 }
