@@ -128,6 +128,9 @@ std::set<int> DirectionButtons(SDL_GameController *pad)
 
 // Where the client reads no events of joysticks, they would fill SDL's queue. A client that does
 // read them never has so many waiting.
+//
+// Only with SDL's lock, and while a joystick is open: SDL_Quit() ends the joysticks under that lock
+// before it deletes the queue and the queue's lock. A thread that waits for a deleted lock hangs.
 void TrimEvents()
 {
     int surplus = SDL_PeepEvents(nullptr, 0, SDL_PEEKEVENT, kFirstEvent, kLastEvent) - kEventsKept;
@@ -205,8 +208,9 @@ void CJoysticks::Poll()
     FindSticks();
     TakeButtons();
     TakeMotions();
+    if (!sticks_.empty()) // all still open, as FindSticks() saw
+        TrimEvents();
     SDL_UnlockJoysticks();
-    TrimEvents();
     Deliver();
 }
 
