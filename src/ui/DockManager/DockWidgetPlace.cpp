@@ -115,6 +115,9 @@ void CDockWidget::Reposition()
 void CDockWidget::resizeEvent(QResizeEvent *event)
 {
     QFrame::resizeEvent(event);
+    // The slide's first step has no area. Qt would paint it all the same when X exposes it, and
+    // warn.
+    setUpdatesEnabled(width() > 0);
     Reposition();
 }
 
