@@ -35,7 +35,7 @@ struct Standing
     qint64 lock_left_s = 0; ///< of a lock, in seconds
 };
 
-/// \param own how many of the newest counted tries to ignore: 1 for the one under way.
+/// \param own how many of the counted tries to ignore: 1 for the one under way.
 [[nodiscard]] Standing StandingOf(CStore &store, const LockSettings &settings, const Trier &trier,
                                   qint64 now, int own = 0);
 /// \brief Until the end of the transaction no other server counts for this address or this user,
