@@ -172,6 +172,8 @@ protected:
     {
         guard_.AnnounceLogLines();
         guard_.AnnounceWarnings("XCB error"); // about windows that are gone meanwhile
+        // Qt's own: X tells that a window is shown after Qt has hidden it again.
+        guard_.AnnounceWarnings("setNetWmStateOnUnmappedWindow() called on mapped window");
         window_ = std::make_unique<Lookout::CBaseWidget>();
         window_->setWindowTitle("main");
         window_->setGeometry(150, 150, 800, 600);
