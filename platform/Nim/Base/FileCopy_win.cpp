@@ -46,16 +46,28 @@ struct Progress
 {
     const CopyProgress &on_bytes;
     LONGLONG reported = 0;
+
+    void Reach(LONGLONG done)
+    {
+        if (on_bytes && done > reported)
+            on_bytes(done - reported);
+        reported = done;
+    }
 };
 
 DWORD CALLBACK OnProgress(LARGE_INTEGER, LARGE_INTEGER done, LARGE_INTEGER, LARGE_INTEGER, DWORD,
                           DWORD, HANDLE, HANDLE, void *data)
 {
-    auto &progress = *static_cast<Progress *>(data);
-    if (progress.on_bytes && done.QuadPart > progress.reported)
-        progress.on_bytes(done.QuadPart - progress.reported);
-    progress.reported = done.QuadPart;
+    static_cast<Progress *>(data)->Reach(done.QuadPart);
     return PROGRESS_CONTINUE;
+}
+
+// Wine, for one, reports nothing on the way.
+void ReportRest(const std::wstring &copy, Progress &progress)
+{
+    WIN32_FILE_ATTRIBUTE_DATA found{};
+    if (GetFileAttributesExW(copy.c_str(), GetFileExInfoStandard, &found) != 0)
+        progress.Reach((LONGLONG{found.nFileSizeHigh} << 32) | found.nFileSizeLow);
 }
 
 // Times and attributes go along with CopyFileEx().
@@ -76,6 +88,8 @@ int Copy(const std::wstring &source, const char *target, int fail_if_exists,
     const bool is_copied = CopyFileExW(source.c_str(), temporary.c_str(), &OnProgress, &progress,
                                        nullptr, COPY_FILE_FAIL_IF_EXISTS)
                            != 0;
+    if (is_copied)
+        ReportRest(temporary, progress);
     const DWORD replace = fail_if_exists != 0 ? 0 : MOVEFILE_REPLACE_EXISTING;
     if (is_copied && MoveFileExW(temporary.c_str(), Wide(target).c_str(), replace) != 0)
         return 0;
