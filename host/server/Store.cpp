@@ -49,8 +49,8 @@ const char *const kSqliteSetUp[] = {
 // keep its locks. Plans are made for the values at hand, because the filters of lists differ.
 const char *const kPostgresSetUp[] = {
     "SET client_min_messages = 'error'",
-    "SELECT set_config('synchronous_commit', 'on', false) "
-    "WHERE current_setting('synchronous_commit') = 'off'",
+    R"(SELECT set_config('synchronous_commit', 'on', false)
+       WHERE current_setting('synchronous_commit') = 'off')",
     "SET idle_in_transaction_session_timeout = '10s'",
     "SET plan_cache_mode = 'force_custom_plan'",
 };
