@@ -73,8 +73,8 @@ private Q_SLOTS:
     {
         const Outcome outcome = Start(CLIENT_PROGRAM, {}, Display(":7777"));
 
+        QVERIFY2(outcome.errors.isEmpty(), qPrintable(outcome.errors.join('\n')));
         QCOMPARE(outcome.status, 0);
-        QCOMPARE(outcome.errors, QStringList());
         QByteArray expected("\xEF\xBB\xBF");
         const QByteArrayList lines = FileBytes(CLIENT_LIST).replace("\r\n", "\n").split('\n');
         for (const QByteArray &line : lines)
