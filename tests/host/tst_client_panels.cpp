@@ -98,7 +98,8 @@ private Q_SLOTS:
         Click(&page, "EvidenceCopy");
 
         QTRY_COMPARE(copied.size(), 1);
-        QVERIFY(!copied.at(0).at(0).toBool() && state->text().contains("2 of 3"));
+        QVERIFY(!copied.at(0).at(0).toBool()
+                && state->text().startsWith("Files that have arrived: 2 of 3."));
         const auto *const list = page.findChild<QTreeWidget *>("EvidenceFiles");
         QStringList results;
         for (int row = 0; row < list->topLevelItemCount(); ++row) {
