@@ -80,6 +80,8 @@ std::string TextOf(const Reply &reply, bool is_xml)
 {
     QJsonObject status{{QStringLiteral("ErrorModule"), reply.module},
                        {QStringLiteral("ErrorCode"), reply.code}};
+    if (!reply.text.empty())
+        status.insert(QStringLiteral("ErrorText"), QString::fromStdString(reply.text));
     if (!reply.data.isEmpty())
         status.insert(QStringLiteral("Data"), reply.data);
     const QJsonDocument document(QJsonObject{{QStringLiteral("ResponseStatus"), status}});
@@ -149,7 +151,7 @@ Reply Answer(const Request &request, const std::function<Reply()> &answer)
     try {
         return answer();
     } catch (const Refused &refusal) {
-        return Reply::Refusal(refusal.status);
+        return Reply::Refusal(refusal.status, refusal.what());
     } catch (const std::exception &failure) {
         Nim::Base::Log::WriteFramed(kAnswer, __FILE__, __LINE__, Nim::Base::Log::kError,
                                     "ClientWarningAndMore", "%s %s failed: %s",

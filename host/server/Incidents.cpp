@@ -60,6 +60,47 @@ void ReadTokens(const CRapidJsonProto &body, const QByteArray &secret, IncidentQ
     }
 }
 
+// Counted from 1 in the texts of refusals.
+std::string NameOf(const char *what, int index)
+{
+    return what + std::to_string(index + 1);
+}
+
+QStringList GivenRow(const CRapidJsonProto &body, int row, int columns)
+{
+    const std::string path = kGivenRows + ('/' + std::to_string(row));
+    const int count = body.GetCount(path);
+    if (count != columns)
+        throw Refused(kBadRequest, NameOf("row ", row) + " has " + std::to_string(count)
+                                       + " cells, and the list has " + std::to_string(columns));
+    const std::string missing(1, '\xff'); // no UTF-8
+    QStringList cells;
+    for (int column = 0; column < columns; ++column) {
+        const std::string cell = body.GetString(path + '/' + std::to_string(column), missing);
+        if (cell == missing)
+            throw Refused(kBadRequest,
+                          NameOf("row ", row) + NameOf(", cell ", column) + " is not a text");
+        cells.append(QString::fromStdString(cell));
+    }
+    return cells;
+}
+
+IncidentRows GivenRows(const Request &request, int columns)
+{
+    CRapidJsonProto body;
+    if (!body.Load(request.body))
+        throw Refused(kBadRequest, "the body is neither JSON nor XML");
+    const int count = body.GetCount(kGivenRows);
+    if (columns == 0 || count < 1 || count > kMaximumAppended)
+        throw Refused(kBadRequest, columns == 0 ? "there is no list"
+                                                : "there must be 1 to "
+                                                      + std::to_string(kMaximumAppended) + " rows");
+    IncidentRows rows;
+    for (int row = 0; row < count; ++row)
+        rows.push_back(GivenRow(body, row, columns));
+    return rows;
+}
+
 QJsonArray ArrayOf(const IncidentRows &rows)
 {
     QJsonArray array;
@@ -102,23 +143,8 @@ Reply ReadIncidents(CIncidentPages &pages, CStore &store, const Request &request
 
 Reply WriteIncidents(CStore &store, const Request &request)
 {
-    CRapidJsonProto body;
     const int columns = ReadIncidentTitles(store).size();
-    const bool is_read = body.Load(request.body);
-    const int count = is_read ? body.GetCount(kGivenRows) : 0;
-    if (columns == 0 || count < 1 || count > kMaximumAppended)
-        throw Refused(kBadRequest);
-    IncidentRows rows;
-    for (int row = 0; row < count; ++row) {
-        const std::string path = kGivenRows + ('/' + std::to_string(row));
-        if (body.GetCount(path) != columns)
-            throw Refused(kBadRequest);
-        QStringList cells;
-        for (int column = 0; column < columns; ++column)
-            cells.append(
-                QString::fromStdString(body.GetString(path + '/' + std::to_string(column))));
-        rows.push_back(std::move(cells));
-    }
+    const IncidentRows rows = GivenRows(request, columns);
     if (!ReadIncidentState(store).is_ready)
         throw Refused(kUnavailable);
     Reply reply;

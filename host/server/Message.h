@@ -8,6 +8,7 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace Server {
 
@@ -57,17 +58,22 @@ struct Reply
     int module = 0;
     int code = 0;
     QJsonObject data;
+    std::string text = {}; ///< why it is refused, for the author of a client; may be empty
     /// Answers later. It is called with a function that must be called once, on any thread, with a
     /// callable that returns the reply or throws. When it is set, the other members are ignored.
     std::function<void(std::function<void(const std::function<Reply()> &result)> done)> later = {};
 
-    static Reply Refusal(int status) { return {status, kModuleHttp, status, {}}; }
+    static Reply Refusal(int status, std::string text = {})
+    {
+        return {status, kModuleHttp, status, {}, std::move(text)};
+    }
 };
 
 /// \brief Ends the handling of a request with its status; nothing is changed.
 struct Refused : std::runtime_error
 {
-    explicit Refused(int with) : std::runtime_error("refused"), status(with) {}
+    explicit Refused(int with, const std::string &why = {}) : std::runtime_error(why), status(with)
+    {}
     int status;
 };
 

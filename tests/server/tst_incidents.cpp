@@ -108,6 +108,7 @@ private Q_SLOTS:
     void aRandomWalkAgreesWithAPlainList();
     void pagesHoldStillWhileRowsArrive();
     void onlyItsOwnTextsAreTakenBack();
+    void onlyWholeRowsAreStored();
 };
 
 IncidentRows tst_incidents::NewRows(int count)
@@ -270,9 +271,25 @@ void tst_incidents::onlyItsOwnTextsAreTakenBack()
     QCOMPARE(status("\"Page\":1" + Member("Moment", "9" + moment)), 400);
     QCOMPARE(status("\"Page\":1" + Member("Moment", moment + "0")), 400);
     QCOMPARE(status("\"Page\":1" + Member("After", moment)), 400);
-    QCOMPARE(Ask("POST", "/Incident", R"({"IncidentRequest":{"Rows":[["too","few"]]}})")
-                 .error.error_code,
-             400);
+}
+
+void tst_incidents::onlyWholeRowsAreStored()
+{
+    CTestServer server;
+    QCOMPARE(server.Start(), QString());
+    QVERIFY(LogIn(kSampleAccounts[0].name, kSampleAccounts[0].password));
+    const auto text = [](const std::string &row) {
+        const Answered reply =
+            Ask("POST", "/Incident", R"({"IncidentRequest":{"Rows":[["a","","c"],)" + row + "]}}");
+        return QString::fromStdString(reply.Text("/ErrorText"));
+    };
+
+    QCOMPARE(text(R"(["too","few"])"), QString("row 2 has 2 cells, and the list has 3"));
+    for (const char *const cell : {"{}", "null", "[]", R"({"a":"b"})", R"(["a"])"})
+        QCOMPARE(text(std::string(R"(["a",)") + cell + R"(,"c"])"),
+                 QString("row 2, cell 2 is not a text"));
+
+    QCOMPARE(AskPage("\"Page\":1").Int(std::string(kList) + "Total"), 250);
 }
 
 QTEST_MAIN(tst_incidents)
