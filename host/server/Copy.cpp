@@ -2,6 +2,7 @@
 #include "Copy.h"
 
 #include "IncidentLoad.h"
+#include "LongWork.h"
 #include "Store.h"
 
 #include <QtCore/QStringList>
@@ -144,6 +145,7 @@ void CopyTable(CStore &from, CStore &to, const Table &table, const CopyProgress 
 
 void CopyRows(CStore &from, CStore &to, const CopyProgress &progress)
 {
+    const CLongWork work(to);
     from.Read([&] {
         const std::vector<Table> tables = TablesOf(from);
         to.Write([&] {

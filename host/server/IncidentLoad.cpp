@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "IncidentLoad.h"
 
+#include "LongWork.h"
 #include "Store.h"
 
 #include <CsvParse/CsvParse.h>
@@ -100,6 +101,7 @@ void LoadIncidents(CStore &store, const IncidentRows &sample, const IncidentProg
     };
     if (state.is_ready || !store.Value(QStringLiteral("{try to load}")).toBool())
         return;
+    const CLongWork work(store);
     try {
         while (sample.size() > 1
                && store.Write([&] { return AddSomeRows(store, sample, report); })) {

@@ -2,12 +2,11 @@
 #include "Migrations.h"
 
 #include "IncidentTable.h"
+#include "LongWork.h"
 #include "Store.h"
 
 namespace Server {
 namespace {
-
-using namespace std::chrono_literals;
 
 // The tables of the first version were made without a number: "IF NOT EXISTS" takes such a file as
 // it is.
@@ -60,8 +59,7 @@ void Migrate(CStore &store)
 {
     if (VersionOf(store) == kNewest)
         return;
-    constexpr auto kPatience = 1h; // another process may be filling new tables
-    store.SetPatience(kPatience);
+    const CLongWork work(store); // another process may be filling new tables
     store.Write([&store] {
         store.Lock(kMigrationLock, QStringLiteral("schema_version"));
         int version = VersionOf(store);
@@ -75,7 +73,6 @@ void Migrate(CStore &store)
             store.Run(QStringLiteral("INSERT INTO schema_version VALUES (?)"), {version + 1});
         }
     });
-    store.ResetPatience();
 }
 
 } // namespace

@@ -30,8 +30,9 @@ constexpr int kNotInherited = _O_NOINHERIT;
 #else
 constexpr int kNotInherited = O_CLOEXEC;
 #endif
-constexpr int kAttempts = 8;   // of a transaction that meets others
-constexpr auto kPatience = 3s; // of a statement that waits for others
+constexpr int kAttempts = 8;     // of a transaction that meets others
+constexpr auto kPatience = 3s;   // of a statement that waits for others
+constexpr auto kAnswerTime = 2s; // of PostgreSQL, beyond the patience
 constexpr size_t kIdleStatements = 100;
 constexpr auto kClockAge = 10s; // then it is read again
 constexpr mode_t kPrivate = 0600;
@@ -161,8 +162,17 @@ CStore::~CStore()
 {
     // The driver goes first: prepared statements would otherwise say goodbye to a server that may
     // be gone.
-    database_ = {};
-    QSqlDatabase::removeDatabase(name_);
+    {
+        const CExpectedAnswer goodbye = Expect();
+        database_ = {};
+        QSqlDatabase::removeDatabase(name_);
+    }
+}
+
+// Not for the first words on a new connection, which has a time limit of its own.
+CExpectedAnswer CStore::Expect() const
+{
+    return {watch_.get(), patience_ + kAnswerTime};
 }
 
 void CStore::Open(const StoreAddress &address)
@@ -182,6 +192,8 @@ void CStore::Open(const StoreAddress &address)
             throw StoreUnreachable(text);
         throw DatabaseError(text);
     }
+    if (engine_ == Engine::Postgres)
+        watch_ = std::make_unique<CHangWatch>(*database_.driver());
     ResetPatience();
     if (engine_ == Engine::Sqlite) {
         for (const char *const statement : kSqliteSetUp)
@@ -219,6 +231,7 @@ CRows CStore::Run(const QString &statement, const QVariantList &values)
             throw UnstorableText("a text holds the character U+0000");
     if (std::chrono::steady_clock::now() > deadline_)
         throw StoreTimeout("the time limit is over");
+    const CExpectedAnswer answer = Expect();
     auto query = Prepared(statement);
     for (int i = 0; i < values.size(); ++i)
         query->bindValue(i, values.at(i));
@@ -229,6 +242,7 @@ CRows CStore::Run(const QString &statement, const QVariantList &values)
 
 void CStore::Execute(const QString &statement)
 {
+    const CExpectedAnswer answer = Expect();
     QSqlQuery query(database_);
     if (!query.exec(Translated(statement, engine_)))
         Fail(query.lastError());
@@ -254,6 +268,7 @@ void CStore::Lock(LockKind kind, const QString &name)
 
 void CStore::SetPatience(std::chrono::milliseconds patience)
 {
+    patience_ = patience; // first: also for the statement itself
     Execute(QStringLiteral("{patience}%1").arg(patience.count()));
 }
 
@@ -308,11 +323,13 @@ void CStore::Commit()
     ++commits_;
     Execute(QStringLiteral("COMMIT"));
     transaction_ = Transaction::None;
+    const CExpectedAnswer answer = Expect();
     spent_.clear();
 }
 
 void CStore::RollBack()
 {
+    const CExpectedAnswer answer = Expect();
     QSqlQuery query(database_);
     // It fails where the database has rolled back itself, or is gone: then the statements go later.
     if (query.exec(QStringLiteral("ROLLBACK")))
@@ -333,6 +350,7 @@ void CStore::GiveWay(int attempt, const StoreConflict &conflict)
 // PostgreSQL lets no statement go between a failed statement and the end of its transaction.
 void CStore::TakeBack(const QString &statement, std::unique_ptr<QSqlQuery> query)
 {
+    const CExpectedAnswer answer = Expect();
     query->finish();
     if (idle_.size() < kIdleStatements && idle_.count(statement) == 0)
         idle_[statement] = std::move(query);
@@ -351,6 +369,8 @@ void CStore::Fail(const QSqlError &error)
 {
     if (transaction_ == Transaction::Open)
         transaction_ = Transaction::Failed;
+    if (watch_ && watch_->HasBrokenOff())
+        throw StoreSilent("the database did not answer in time");
     const std::string text = error.text().toStdString();
     const QString code = error.nativeErrorCode();
     switch (engine_ == Engine::Sqlite ? FailureOfSqlite(code.toInt()) : FailureOfPostgres(code)) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HangWatch.h"
 #include "Locks.h"
 #include "StoreAddress.h"
 #include "StoreErrors.h"
@@ -104,7 +105,8 @@ public:
     void Lock(LockKind kind, const QString &name);
 
     /// \brief How long a transaction waits for what others hold, before it fails with StoreBusy.
-    /// The preset is a few seconds.
+    /// The preset is a few seconds. When PostgreSQL does not answer a statement for a little longer
+    /// than that, the connection is broken off and the statement fails with StoreSilent.
     void SetPatience(std::chrono::milliseconds patience);
     void ResetPatience();
 
@@ -143,6 +145,7 @@ private:
     }
 
     void Open(const StoreAddress &address);
+    [[nodiscard]] CExpectedAnswer Expect() const;
     void Commit();
     void RollBack();
     static void GiveWay(int attempt, const StoreConflict &conflict);
@@ -154,6 +157,8 @@ private:
     const QString name_; // of the connection
     const Engine engine_;
     QSqlDatabase database_;
+    std::unique_ptr<CHangWatch> watch_; // of PostgreSQL
+    std::chrono::milliseconds patience_{0};
     std::map<QString, std::unique_ptr<QSqlQuery>> idle_; // prepared statements
     std::vector<std::unique_ptr<QSqlQuery>> spent_;      // let go after the transaction
     Transaction transaction_ = Transaction::None;

@@ -24,6 +24,12 @@ struct StoreUnreachable : StoreUnavailable
     using StoreUnavailable::StoreUnavailable;
 };
 
+/// \brief The database did not answer in time, so the connection was broken off.
+struct StoreSilent : StoreUnreachable
+{
+    using StoreUnreachable::StoreUnreachable;
+};
+
 /// \brief Others have held what the transaction needs for too long.
 struct StoreBusy : StoreUnavailable
 {

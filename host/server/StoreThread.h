@@ -57,6 +57,9 @@ private:
             const qint64 commits = store.Commits();
             try {
                 return work(store);
+            } catch (const StoreSilent &failure) {
+                Disconnect(failure); // no second wait of the same length
+                throw;
             } catch (const StoreUnreachable &failure) {
                 const bool may_be_stored = store.Commits() != commits;
                 Disconnect(failure);

@@ -9,6 +9,7 @@
 3. Sixteen clients read and write for N seconds (10); in the middle one server is killed, and its clients go to
    the other one. No session is lost, and no request fails but those that the dead server was at.
 4. Servers and PostgreSQL are killed in turn under writers. No confirmed write is lost.
+5. PostgreSQL hangs: requests are refused within ten seconds, and served again when it goes on.
 """
 
 import argparse
@@ -202,9 +203,12 @@ def nobody_loses_a_session(servers, seconds):
     print(f"16 clients: {sum(counts)} requests in {seconds} s, {sum(counts) / seconds:.0f}/s; 8 changed the server")
 
 
+def postmaster():
+    return int(pathlib.Path(POSTGRES, "data", "postmaster.pid").read_text(encoding="ascii").split()[0])
+
+
 def kill_postgres():
-    pid = int(pathlib.Path(POSTGRES, "data", "postmaster.pid").read_text(encoding="ascii").split()[0])
-    os.kill(pid, signal.SIGKILL)
+    os.kill(postmaster(), signal.SIGKILL)
     for _ in range(50):  # its children end when they notice
         if subprocess.run([WITH_POSTGRES, "--start", POSTGRES], check=False, capture_output=True).returncode == 0:
             return
@@ -265,6 +269,31 @@ def confirmed_writes_stay(servers, rounds):
     print(f"{rounds} kills under 8 writers: no confirmed write lost ({refused[0]} were refused or broke off)")
 
 
+def a_hanging_database_is_told(servers):
+    clients = [Client(servers, number % 2, f"192.0.6.{number + 1}") for number in range(8)]
+    in_threads([lambda number=number: log_in(clients[number], number) for number in range(8)])
+    children = subprocess.run(["pgrep", "-P", str(postmaster())], check=True, capture_output=True, text=True).stdout
+    hanging = [postmaster(), *map(int, children.split())]
+
+    def work(number):
+        begin = time.monotonic()
+        status = clients[number].write("key", "text") if number < 4 else clients[number].read("key")[0]
+        check(status == 503 and time.monotonic() - begin < 10, f"status {status} of a hanging database")
+
+    try:
+        for pid in hanging:
+            os.kill(pid, signal.SIGSTOP)
+        in_threads([lambda number=number: work(number) for number in range(8)])
+    finally:
+        for pid in hanging:
+            os.kill(pid, signal.SIGCONT)
+    end = time.monotonic() + 10
+    while [client.write("key", "text") for client in clients] != [200] * 8:
+        check(time.monotonic() < end, "the servers are not back")
+        time.sleep(0.1)
+    print("a hanging PostgreSQL: requests are refused, and served when it goes on")
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("program")
@@ -284,6 +313,7 @@ def main():
             guesses_are_counted(servers, url)
             nobody_loses_a_session(servers, options.seconds)
             confirmed_writes_stay(servers, options.rounds)
+            a_hanging_database_is_told(servers)
         except Failed as failure:
             log.seek(0)
             print("".join(log.readlines()[-30:]), file=sys.stderr)
