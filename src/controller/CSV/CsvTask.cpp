@@ -12,6 +12,7 @@
 #include <cstring>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace Vantor {
 namespace {
@@ -19,6 +20,7 @@ namespace {
 constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
 constexpr qsizetype kSliceCharacters = qsizetype{32} * 1024;
 constexpr size_t kBlockBytes = size_t{256} * 1024;
+constexpr size_t kMostWaiting = 2 * kBlockBytes;
 constexpr size_t kLongFieldBytes = size_t{64} * 1024;
 
 // Lays rows out in memory, because stepping back over the separator in the stream costs two system
@@ -29,27 +31,29 @@ public:
     CRowWriter(std::FILE *stream, std::string separator, RowEnd row_end)
         : stream_(stream), separator_(std::move(separator)), row_end_(row_end)
     {
+        // A field may be all quotes; the ends are its own two, its separator and CR LF.
+        constexpr size_t kMostField = 2 * kLongFieldBytes;
         if (stream_)
-            block_.reserve(kBlockBytes + kLongFieldBytes);
+            block_.resize(kMostWaiting + kMostField + 2 * (separator_.size() + 2));
     }
 
     [[nodiscard]] int Errno() const { return errno_; }
     [[nodiscard]] bool HasFailed() const { return errno_ != 0; }
 
-    void AppendMark() { block_.append(kByteOrderMark); }
+    void AppendMark() { Append(kByteOrderMark, sizeof kByteOrderMark - 1); }
 
     void AppendField(const char *bytes, size_t length)
     {
         if (!CanWrite())
             return;
-        block_ += '"';
+        Append('"');
         if (length > kLongFieldBytes)
             PassThrough(bytes, length);
         else
             AppendDoubled(bytes, length);
-        block_ += '"';
-        block_ += separator_;
-        if (block_.size() >= 2 * kBlockBytes) // a row of many fields: not all of it has to wait
+        Append('"');
+        Append(separator_.data(), separator_.size());
+        if (used_ >= kMostWaiting) // a row of many fields: not all of it has to wait
             FlushAllBut(separator_.size() + 1);
     }
 
@@ -57,10 +61,10 @@ public:
     {
         if (!CanWrite())
             return;
-        block_.resize(block_.size() - static_cast<size_t>(row_end_.dropped_bytes));
+        used_ -= static_cast<size_t>(row_end_.dropped_bytes);
         if (row_end_.has_line_end)
-            block_ += "\r\n";
-        if (block_.size() >= kBlockBytes)
+            Append("\r\n", 2);
+        if (used_ >= kBlockBytes)
             Flush();
     }
 
@@ -78,15 +82,24 @@ public:
 private:
     [[nodiscard]] bool CanWrite() const { return stream_ && !HasFailed(); }
 
+    void Append(char byte) { block_[used_++] = byte; }
+
+    void Append(const char *bytes, size_t length)
+    {
+        std::memcpy(block_.data() + used_, bytes, length);
+        used_ += length;
+    }
+
     void AppendDoubled(const char *bytes, size_t length)
     {
         const char *const end = bytes + length;
         while (const auto *quote =
                    static_cast<const char *>(std::memchr(bytes, '"', size_t(end - bytes)))) {
-            block_.append(bytes, quote + 1).push_back('"');
+            Append(bytes, size_t(quote + 1 - bytes));
+            Append('"');
             bytes = quote + 1;
         }
-        block_.append(bytes, end);
+        Append(bytes, size_t(end - bytes));
     }
 
     // A long field goes to the stream piece by piece, so that the block stays small whatever a cell
@@ -108,16 +121,18 @@ private:
     // Keeps the last bytes of the block: what the end of the row may drop.
     void FlushAllBut(size_t kept)
     {
-        const size_t written = block_.size() - kept;
+        const size_t written = used_ - kept;
         if (std::fwrite(block_.data(), 1, written, stream_) != written)
             Fail(errno);
-        block_.erase(0, written);
+        std::memmove(block_.data(), block_.data() + written, kept);
+        used_ = kept;
     }
 
     std::FILE *const stream_;
     const std::string separator_;
     const RowEnd row_end_;
-    std::string block_;
+    std::vector<char> block_; // bytes to write, of which the first used_ are there
+    size_t used_ = 0;
     int errno_ = 0;
 };
 
