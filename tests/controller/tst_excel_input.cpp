@@ -487,6 +487,26 @@ private:
                 writer.SetColumnPicsBuffer(1048575, 16383, cell_sized, cell_sized.size());
             },
             kDrawing, "<xdr:col>16383</xdr:col>", "<xdr:col>16384", smaller);
+        const auto sized = [](int px, const std::string &picture, int offset_px) -> Act {
+            return [=](CExcelControllorWithC &writer) {
+                Vantor::lxw_image_options_ options;
+                options.x_offset = options.y_offset = offset_px;
+                writer.SetColumnPicsBufferOpt(
+                    1048575, 16383, picture,
+                    std::make_shared<Vantor::Clxw_image_options_>(options));
+                writer.SetColumnWidthtWithPixels(16382, 16383, px);
+                writer.SetRowHeightWithPixels(1048575, px);
+            };
+        };
+        const QByteArray behind = "<xdr:col>16384";
+        Row("in a last cell that is narrow", sized(10, cell_sized, 0), kDrawing,
+            "<xdr:rowOff>85725</xdr:rowOff></xdr:to>", behind, smaller);
+        Row("in a last cell that is large", sized(65, cell_sized, 0), kDrawing,
+            "<xdr:rowOff>190476</xdr:rowOff></xdr:to>", behind);
+        Row("in front of a last cell", sized(10, cell_sized, -60), kDrawing,
+            "<xdr:row>1048572</xdr:row>", behind);
+        Row("in a hidden last cell", sized(0, cell_sized, 0), kDrawing,
+            "<xdr:row>1048574</xdr:row>", behind, smaller);
         std::string huge = png;
         huge[17] = 1; // 65,546 pixels wide
         none("too wide for a picture", Picture(huge, huge.size()));

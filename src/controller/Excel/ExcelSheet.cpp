@@ -249,6 +249,7 @@ void CExcelSheet::Finish()
     if (!sheet_)
         return;
     ReachRow(kSheetRows);
+    KeepPicturesInside();
     const std::vector<ListAreas> checks = lists_.Take();
     for (const ListAreas &check : checks)
         PutList(check);

@@ -11,7 +11,6 @@
 #include <string>
 
 struct lxw_format;
-struct lxw_object_properties;
 struct lxw_worksheet;
 
 namespace Vantor {
@@ -74,7 +73,8 @@ private:
     [[nodiscard]] bool Holds(const CellRange &range);
     // Gives the rows up to `row` the heights that were held back for them.
     void ReachRow(int row);
-    void KeepInside(lxw_object_properties &picture);
+    // Once the sizes of columns and rows are known.
+    void KeepPicturesInside();
     // Whether `result` is success; a failure is counted.
     bool Check(int result);
     void Lose(Loss loss, int count = 1);

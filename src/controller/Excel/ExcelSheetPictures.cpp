@@ -9,7 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
+#include <functional>
 
 namespace Vantor {
 namespace {
@@ -22,27 +22,57 @@ double ScaleOf(double scale)
     return std::isfinite(scale) && scale > 0 ? scale : 1;
 }
 
+// Columns or rows of the sheet: how many there are, and their sizes in pixels.
+struct Cells
+{
+    int count;
+    std::function<int(int)> size_of;
+};
+
 // Pixels from the cell `at` to the end of the sheet, as far as a picture may reach. The last one is
 // left free: a picture that ends with the sheet would name the cell behind it.
-int Room(int at, int count, int cell_px)
+int Room(const Cells &cells, int at)
 {
-    return static_cast<int>(
-        std::min<std::int64_t>(kMaxPicturePx, std::int64_t{count - at} * cell_px - 1));
+    int room = -1;
+    for (int cell = at; cell < cells.count && room < kMaxPicturePx; ++cell)
+        room += cells.size_of(cell);
+    return std::min(room, kMaxPicturePx);
 }
 
-int OffsetOf(int offset_px, int room_px)
+// As far in front of the cell `at` as the sheet goes, and not behind its end.
+int OffsetOf(const Cells &cells, int at, int offset_px, int room_px)
 {
-    return std::clamp(offset_px, -kMaxPicturePx, room_px - 1);
+    const int offset = std::clamp(offset_px, -kMaxPicturePx, room_px - 1);
+    int before = 0;
+    for (int cell = at - 1; cell >= 0 && before > offset; --cell)
+        before -= cells.size_of(cell);
+    return std::max(offset, std::min(before, 0));
 }
 
-// Makes the scaled size end within the room; true when it had to.
-bool Clamp(double &scale, double &dpi, double size, int offset_px, double room_px)
+// One direction of a picture.
+struct Side
 {
-    if (!std::isfinite(dpi) || dpi <= 0) // as the picture's header has it
-        dpi = kScreenDpi;
-    const double most = (room_px - std::max(offset_px, 0)) * dpi / (size * kScreenDpi);
-    const bool is_more = scale > most;
-    scale = std::min(scale, most);
+    int at;         // cell that it begins in
+    int &offset_px; // from the beginning of that cell; may be negative
+    double size_px; // as the picture has it
+    double &scale;
+    double &dpi;
+};
+
+// Makes the picture begin and end inside the sheet; true when it had to be made smaller.
+//
+// libxlsxwriter 1.1.4 counts cell by cell where a picture ends, however far that is, and names
+// cells that no sheet has.
+bool KeepInside(const Cells &cells, const Side &side)
+{
+    const int room = Room(cells, side.at);
+    side.offset_px = OffsetOf(cells, side.at, side.offset_px, room);
+    if (!std::isfinite(side.dpi) || side.dpi <= 0) // as the picture's header has it
+        side.dpi = kScreenDpi;
+    const int most_px = std::clamp(room - side.offset_px, 1, kMaxPicturePx);
+    const double most = most_px * side.dpi / (side.size_px * kScreenDpi);
+    const bool is_more = side.scale > most;
+    side.scale = std::min(side.scale, most);
     return is_more;
 }
 
@@ -59,10 +89,8 @@ void CExcelSheet::InsertPicture(int row, int col, const std::string &picture,
         return;
     }
     lxw_image_options placed{};
-    placed.x_offset = OffsetOf(options.x_offset,
-                               Room(col, kSheetColumns, XlsxInternals::DefaultColumnPx(sheet_)));
-    placed.y_offset =
-        OffsetOf(options.y_offset, Room(row, kSheetRows, XlsxInternals::DefaultRowPx(sheet_)));
+    placed.x_offset = options.x_offset;
+    placed.y_offset = options.y_offset;
     placed.x_scale = ScaleOf(options.x_scale);
     placed.y_scale = ScaleOf(options.y_scale);
     placed.object_position = options.object_position;
@@ -78,26 +106,30 @@ void CExcelSheet::InsertPicture(int row, int col, const std::string &picture,
     placed.description = options.description ? description.data() : nullptr;
     placed.url = is_link ? url.data() : nullptr;
     placed.tip = options.tip ? tip.data() : nullptr;
-    if (Check(worksheet_insert_image_buffer_opt(sheet_, static_cast<lxw_row_t>(row),
-                                                static_cast<lxw_col_t>(col), bytes, picture.size(),
-                                                &placed)))
-        KeepInside(*XlsxInternals::LastPicture(sheet_));
+    Check(worksheet_insert_image_buffer_opt(sheet_, static_cast<lxw_row_t>(row),
+                                            static_cast<lxw_col_t>(col), bytes, picture.size(),
+                                            &placed));
 }
 
-// libxlsxwriter 1.1.4 counts cell by cell where a picture ends, however far that is, and names
-// cells that no sheet has.
-void CExcelSheet::KeepInside(lxw_object_properties &picture)
+void CExcelSheet::KeepPicturesInside()
 {
-    const double width =
-        Room(static_cast<int>(picture.col), kSheetColumns, XlsxInternals::DefaultColumnPx(sheet_));
-    const double height =
-        Room(static_cast<int>(picture.row), kSheetRows, XlsxInternals::DefaultRowPx(sheet_));
-    const bool is_narrowed =
-        Clamp(picture.x_scale, picture.x_dpi, picture.width, picture.x_offset, width);
-    const bool is_lowered =
-        Clamp(picture.y_scale, picture.y_dpi, picture.height, picture.y_offset, height);
-    if (is_narrowed || is_lowered)
-        Lose(Loss::PictureShrunk);
+    for (lxw_object_properties *const picture : XlsxInternals::Pictures(sheet_)) {
+        const int position = picture->object_position;
+        const Cells columns{kSheetColumns, [this, position](int column) {
+                                return XlsxInternals::ColumnPx(sheet_, column, position);
+                            }};
+        const Cells rows{kSheetRows, [this, position](int row) {
+                             return XlsxInternals::RowPx(sheet_, row, position);
+                         }};
+        const bool is_narrowed =
+            KeepInside(columns, {picture->col, picture->x_offset, picture->width, picture->x_scale,
+                                 picture->x_dpi});
+        const bool is_lowered =
+            KeepInside(rows, {static_cast<int>(picture->row), picture->y_offset, picture->height,
+                              picture->y_scale, picture->y_dpi});
+        if (is_narrowed || is_lowered)
+            Lose(Loss::PictureShrunk);
+    }
 }
 
 void CExcelSheet::InsertPictureFile(int row, int col, const std::string &path)

@@ -26,17 +26,13 @@ template <class Visit> void ForEachSheet(lxw_workbook *workbook, Visit &&visit)
     }
 }
 
-// The element that was appended last to a queue, which is not empty: the queue knows the address of
-// its link. STAILQ_LAST does not compile as C++.
-template <class Element, class Queue> Element *LastOf(const Queue *queue, std::size_t link_offset)
-{
-    return reinterpret_cast<Element *>(reinterpret_cast<char *>(queue->stqh_last) - link_offset);
-}
-
+// The validation that was added last: the queue, which is not empty, knows the address of its link.
+// STAILQ_LAST does not compile as C++.
 lxw_data_val_obj *LastValidation(const lxw_worksheet *sheet)
 {
-    return LastOf<lxw_data_val_obj>(sheet->data_validations,
-                                    offsetof(lxw_data_val_obj, list_pointers));
+    return reinterpret_cast<lxw_data_val_obj *>(
+        reinterpret_cast<char *>(sheet->data_validations->stqh_last)
+        - offsetof(lxw_data_val_obj, list_pointers));
 }
 
 // The sheets' temporary files, each behind a stream that knows whether it was closed.
@@ -93,20 +89,42 @@ bool HasFailed(const lxw_worksheet *sheet)
     return sheet->optimize_tmpfile && std::ferror(sheet->optimize_tmpfile) != 0;
 }
 
-int DefaultColumnPx(const lxw_worksheet *sheet)
+int ColumnPx(const lxw_worksheet *sheet, int column, int object_position)
 {
+    constexpr double kDigitPx = 7;
+    constexpr int kPaddingPx = 5;
+    for (int i = 0; i < sheet->col_options_max; ++i) {
+        const lxw_col_options *const columns = sheet->col_options[i];
+        if (!columns || column < columns->firstcol || column > columns->lastcol)
+            continue;
+        if (columns->hidden != 0 && object_position != LXW_OBJECT_MOVE_AND_SIZE_AFTER)
+            return 0;
+        if (columns->width < 1)
+            return static_cast<int>(columns->width * (kDigitPx + kPaddingPx) + 0.5);
+        return static_cast<int>(columns->width * kDigitPx + 0.5) + kPaddingPx;
+    }
     return static_cast<int>(sheet->default_col_pixels);
 }
 
-int DefaultRowPx(const lxw_worksheet *sheet)
+int RowPx(lxw_worksheet *sheet, int row, int object_position)
 {
-    return static_cast<int>(sheet->default_row_pixels);
+    constexpr double kPointsPerPx = 0.75;
+    const lxw_row *const known = lxw_worksheet_find_row(sheet, static_cast<lxw_row_t>(row));
+    if (!known)
+        return static_cast<int>(sheet->default_row_height / kPointsPerPx);
+    const bool is_hidden = known->hidden != 0 && object_position != LXW_OBJECT_MOVE_AND_SIZE_AFTER;
+    return is_hidden ? 0 : static_cast<int>(known->height / kPointsPerPx);
 }
 
-lxw_object_properties *LastPicture(lxw_worksheet *sheet)
+std::vector<lxw_object_properties *> Pictures(const lxw_worksheet *sheet)
 {
-    return LastOf<lxw_object_properties>(sheet->image_props,
-                                         offsetof(lxw_object_properties, list_pointers));
+    std::vector<lxw_object_properties *> pictures;
+    lxw_object_properties *picture = nullptr;
+    STAILQ_FOREACH(picture, sheet->image_props, list_pointers)
+    {
+        pictures.push_back(picture);
+    }
+    return pictures;
 }
 
 void ReplaceLastList(lxw_worksheet *sheet, const std::string &formula)

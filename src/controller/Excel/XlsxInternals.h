@@ -20,12 +20,14 @@ bool IsConstantMemory(const lxw_worksheet *sheet);
 int CurrentRow(const lxw_worksheet *sheet);
 // Whether the temporary file of the sheet refused bytes: libxlsxwriter does not look.
 bool HasFailed(const lxw_worksheet *sheet);
-// Pixels of a column or row that was given no size.
-int DefaultColumnPx(const lxw_worksheet *sheet);
-int DefaultRowPx(const lxw_worksheet *sheet);
+// Pixels of a column or row as libxlsxwriter will count them where it places pictures: 0 when it is
+// hidden, unless pictures with that position ignore this. It does not know the heights of rows that
+// went to the temporary file, and takes the usual one.
+int ColumnPx(const lxw_worksheet *sheet, int column, int object_position);
+int RowPx(lxw_worksheet *sheet, int row, int object_position);
 
-// The picture that was inserted last; its size is known only now.
-lxw_object_properties *LastPicture(lxw_worksheet *sheet);
+// The pictures of the sheet. The library measures each when it is inserted.
+std::vector<lxw_object_properties *> Pictures(const lxw_worksheet *sheet);
 
 // Replaces the list of the validation that was added last. worksheet_data_validation_range() counts
 // characters but copies bytes into a buffer of that many; a formula would be the same XML, but a
