@@ -36,6 +36,15 @@ bool SplitPath(const std::string &path, Parts &parts)
     return true;
 }
 
+// Load() would refuse a document with them.
+bool AreTooLarge(const Parts &parts)
+{
+    return parts.size() > size_t(CRapidJsonProto::kMaximumDepth)
+           || std::any_of(parts.begin(), parts.end(), [](std::string_view name) {
+                  return name.size() > CRapidJsonProto::kMaximumNameBytes;
+              });
+}
+
 QString ToQt(std::string_view text)
 {
     return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
@@ -128,7 +137,7 @@ bool CRapidJsonProto::SetString(const std::string &path, const std::string &text
 {
     const std::string names = ToUtf8(path);
     Parts parts;
-    if (!SplitPath(names, parts) || parts.empty() || parts.size() > size_t(kMaximumDepth))
+    if (!SplitPath(names, parts) || parts.empty() || AreTooLarge(parts))
         return false;
     CDocumentTree &tree = d_ptr_->tree_;
     int node = CDocumentTree::kRoot;

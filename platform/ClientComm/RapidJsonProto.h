@@ -28,6 +28,8 @@ public:
     static constexpr size_t kMaximumBytes = kDocumentBytes;
     /// The deepest nesting that Load() takes and SetString() makes.
     static constexpr int kMaximumDepth = kDocumentDepth;
+    /// The longest name, in bytes of UTF-8, that Load() takes and SetString() makes.
+    static constexpr size_t kMaximumNameBytes = kDocumentNameBytes;
     /// The most elements, or members and items, that Load() takes.
     static constexpr int kMaximumElements = kDocumentNodes;
     /// The most attributes of one element that Load() takes.
@@ -48,8 +50,9 @@ public:
     bool Load(const std::string &text);
 
     /// \brief Put \a text at \a path and add missing members on the way.
-    /// \return false when the path is malformed or too deep, leads through a text, an array or
-    /// several elements of one name, or ends at something other than a text.
+    /// \return false when the path is malformed, too deep or has a name that is too long, leads
+    /// through a text, an array or several elements of one name, or ends at something other than a
+    /// text.
     bool SetString(const std::string &path, const std::string &text);
 
     /// \brief The whole number at \a path, or written in its text in decimal digits.

@@ -120,7 +120,9 @@ private Q_SLOTS:
         QVERIFY(document.SetString("/Request/UserName", "x"));
         QVERIFY(document.SetString("/Request/Type", "0"));
         QVERIFY(document.SetString("/Request/UserName", odd));
-        for (const char *const path : {"/Request", "/Request/Type/deeper", "Request", "/"})
+        const std::string too_long = "/" + std::string(CRapidJsonProto::kMaximumNameBytes + 1, 'a');
+        for (const auto &path :
+             {"/Request", "/Request/Type/deeper", "Request", "/", too_long.c_str()})
             QVERIFY(!document.SetString(path, "refused"));
 
         QCOMPARE(document.ToXml(),
