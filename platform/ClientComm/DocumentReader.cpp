@@ -54,6 +54,17 @@ private:
     std::vector<int> open_{CDocumentTree::kRoot};
 };
 
+// RapidJSON refuses bytes that are no UTF-8, but makes some of the escape of half a surrogate pair
+// where that is the second half.
+bool HasSurrogate(std::string_view text)
+{
+    for (size_t at = text.find('\xED'); at != text.npos; at = text.find('\xED', at + 1)) {
+        if (static_cast<unsigned char>(text[at + 1]) >= 0xA0) // of a character of three bytes
+            return true;
+    }
+    return false;
+}
+
 // Takes what RapidJSON reads. Each call returns false to end the reading.
 class CJsonHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, CJsonHandler>
 {
@@ -68,12 +79,12 @@ public:
     }
     bool String(const char *text, rapidjson::SizeType size, bool /*copy*/)
     {
-        return AddText({text, size}, Kind::Text);
+        return !HasSurrogate({text, size}) && AddText({text, size}, Kind::Text);
     }
     bool Key(const char *name, rapidjson::SizeType size, bool /*copy*/)
     {
         name_ = {name, size};
-        return true;
+        return !HasSurrogate(name_);
     }
     bool StartObject() { return Open(Kind::Object); }
     bool StartArray() { return Open(Kind::Array); }

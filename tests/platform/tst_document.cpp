@@ -87,6 +87,8 @@ private Q_SLOTS:
              {"bytes that are no UTF-8", "{\"a\":\"\xC3\x28\"}"},
              {"half a character at the end", "{\"a\":\"" + std::string(50, 'x') + "\xF4"},
              {"half a surrogate pair", R"({"a":"\ud800"})"},
+             {"the second half of a pair", R"({"a":"12\udddd"})"},
+             {"the second half in a name", R"({"\udc00":1})"},
              {"half an element", "<a><b></b>"},
              {"crossed elements", "<a><b></a></b>"},
              {"an entity of its own", "<!DOCTYPE a [<!ENTITY b \"c\">]><a>&b;</a>"},
