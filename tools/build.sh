@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 # shellcheck shell=bash disable=SC2154 # $root is the sourcing script's
-# Sourced by the scripts that build: configure_preset and build_preset, with little output.
+# Sourced by the scripts that build: configure_preset and build_preset, with little output, and
+# with_fixed_addresses.
 
 # Quiet unless it fails: configure_preset PRESET [cmake arguments]
 configure_preset() {
@@ -41,4 +42,14 @@ build_preset() {
             /^Updating .*\.qm/ || /^ +(Generated|Ignored) [0-9]+ / { next }
             { clear(); print; fflush() }
             END { clear() }'
+}
+
+# Runs a command without random addresses where the system allows it: the sanitizers of this
+# compiler want fewer random bits than new kernels use. with_fixed_addresses COMMAND [arguments]
+with_fixed_addresses() {
+    if setarch "$(uname -m)" -R true 2>/dev/null; then
+        setarch "$(uname -m)" -R "$@"
+    else
+        "$@"
+    fi
 }
