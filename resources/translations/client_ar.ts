@@ -135,11 +135,11 @@
     </message>
     <message>
         <source>&amp;Stop and quit</source>
-        <translation>&amp;إيقاف وإنهاء</translation>
+        <translation>إيقاف وإنهاء (&amp;S)</translation>
     </message>
     <message>
         <source>&amp;Go on copying</source>
-        <translation>&amp;متابعة النسخ</translation>
+        <translation>متابعة النسخ (&amp;G)</translation>
     </message>
     <message numerus="yes">
         <source>, and %Ln more</source>
@@ -196,19 +196,19 @@
     <name>Client::CWindowActions</name>
     <message>
         <source>Switch &amp;user</source>
-        <translation>ت&amp;بديل المستخدم</translation>
+        <translation>تبديل المستخدم (&amp;U)</translation>
     </message>
     <message>
         <source>&amp;Go to</source>
-        <translation>ا&amp;نتقل إلى</translation>
+        <translation>انتقل إلى (&amp;G)</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation>&amp;ملف</translation>
+        <translation>ملف (&amp;F)</translation>
     </message>
     <message>
         <source>&amp;Open…</source>
-        <translation>&amp;فتح…</translation>
+        <translation>فتح (&amp;O)…</translation>
     </message>
     <message>
         <source>Open</source>
@@ -216,35 +216,35 @@
     </message>
     <message>
         <source>&amp;Quit</source>
-        <translation>إ&amp;نهاء</translation>
+        <translation>إنهاء (&amp;Q)</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
-        <translation>&amp;تحرير</translation>
+        <translation>تحرير (&amp;E)</translation>
     </message>
     <message>
         <source>&amp;Find</source>
-        <translation>&amp;بحث</translation>
+        <translation>بحث (&amp;F)</translation>
     </message>
     <message>
         <source>&amp;View</source>
-        <translation>&amp;عرض</translation>
+        <translation>عرض (&amp;V)</translation>
     </message>
     <message>
         <source>&amp;Theme</source>
-        <translation>ال&amp;سمة</translation>
+        <translation>السمة (&amp;T)</translation>
     </message>
     <message>
         <source>&amp;Light</source>
-        <translation>&amp;فاتحة</translation>
+        <translation>فاتحة (&amp;L)</translation>
     </message>
     <message>
         <source>&amp;Dark</source>
-        <translation>&amp;داكنة</translation>
+        <translation>داكنة (&amp;D)</translation>
     </message>
     <message>
         <source>High &amp;contrast</source>
-        <translation>&amp;تباين عالٍ</translation>
+        <translation>تباين عالٍ (&amp;C)</translation>
     </message>
     <message>
         <source>Switch theme</source>
@@ -256,19 +256,19 @@
     </message>
     <message>
         <source>&amp;Language</source>
-        <translation>ال&amp;لغة</translation>
+        <translation>اللغة (&amp;L)</translation>
     </message>
     <message>
         <source>&amp;Original order</source>
-        <translation>ال&amp;ترتيب الأصلي</translation>
+        <translation>الترتيب الأصلي (&amp;O)</translation>
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation>م&amp;ساعدة</translation>
+        <translation>مساعدة (&amp;H)</translation>
     </message>
     <message>
         <source>&amp;About</source>
-        <translation>&amp;حول البرنامج</translation>
+        <translation>حول البرنامج (&amp;A)</translation>
     </message>
     <message>
         <source>Tool bar</source>
@@ -276,11 +276,11 @@
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation>&amp;نسخ</translation>
+        <translation>نسخ (&amp;C)</translation>
     </message>
     <message>
         <source>Select &amp;all</source>
-        <translation>ت&amp;حديد الكل</translation>
+        <translation>تحديد الكل (&amp;A)</translation>
     </message>
     <message>
         <source>Export as &amp;CSV…</source>
@@ -300,7 +300,7 @@
     </message>
     <message>
         <source>Export &amp;panel</source>
-        <translation>&amp;لوحة التصدير</translation>
+        <translation>لوحة التصدير (&amp;P)</translation>
     </message>
 </context>
 <context>
@@ -723,7 +723,7 @@
     <name>Client::CScreenKeyboard</name>
     <message>
         <source>&amp;Plugged in</source>
-        <translation>مو&amp;صولة</translation>
+        <translation>موصولة (&amp;P)</translation>
     </message>
     <message>
         <source>Speed</source>
@@ -836,11 +836,11 @@
     </message>
     <message>
         <source>&amp;To</source>
-        <translation>إ&amp;لى</translation>
+        <translation>إلى (&amp;T)</translation>
     </message>
     <message>
         <source>&amp;Port</source>
-        <translation>المن&amp;فذ</translation>
+        <translation>المنفذ (&amp;P)</translation>
     </message>
     <message>
         <source>Port, path or host:port</source>
@@ -852,15 +852,15 @@
     </message>
     <message>
         <source>Ba&amp;ud</source>
-        <translation>الس&amp;رعة</translation>
+        <translation>السرعة (&amp;U)</translation>
     </message>
     <message>
         <source>&amp;Baud</source>
-        <translation>الس&amp;رعة</translation>
+        <translation>السرعة (&amp;B)</translation>
     </message>
     <message>
         <source>Camera &amp;address</source>
-        <translation>عنوان ال&amp;كاميرا</translation>
+        <translation>العنوان (&amp;A)</translation>
     </message>
     <message>
         <source>Disconnect</source>
@@ -1020,7 +1020,7 @@
     </message>
     <message>
         <source>Time &amp;zone</source>
-        <translation>المنطقة ال&amp;زمنية</translation>
+        <translation>المنطقة الزمنية (&amp;Z)</translation>
     </message>
     <message>
         <source>Time zone</source>
@@ -1028,11 +1028,11 @@
     </message>
     <message>
         <source>&amp;Earlier change</source>
-        <translation>التغيير السا&amp;بق</translation>
+        <translation>التغيير السابق (&amp;E)</translation>
     </message>
     <message>
         <source>&amp;Later change</source>
-        <translation>التغيير اللا&amp;حق</translation>
+        <translation>التغيير اللاحق (&amp;L)</translation>
     </message>
     <message>
         <source>Go to where the clocks of this zone were changed last</source>
@@ -1148,27 +1148,27 @@
     </message>
     <message>
         <source>&amp;Add files…</source>
-        <translation>&amp;إضافة ملفات…</translation>
+        <translation>إضافة ملفات (&amp;A)…</translation>
     </message>
     <message>
         <source>&amp;Remove</source>
-        <translation>إ&amp;زالة</translation>
+        <translation>إزالة (&amp;R)</translation>
     </message>
     <message>
         <source>Copy &amp;to</source>
-        <translation>&amp;النسخ إلى</translation>
+        <translation>النسخ إلى (&amp;T)</translation>
     </message>
     <message>
         <source>&amp;Browse…</source>
-        <translation>استعرا&amp;ض…</translation>
+        <translation>استعراض (&amp;B)…</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation>&amp;نسخ</translation>
+        <translation>نسخ (&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Stop</source>
-        <translation>إي&amp;قاف</translation>
+        <translation>إيقاف (&amp;S)</translation>
     </message>
     <message>
         <source>Progress of the copy</source>
@@ -1200,11 +1200,11 @@
     </message>
     <message>
         <source>&amp;Open folder</source>
-        <translation>&amp;فتح المجلد</translation>
+        <translation>فتح المجلد (&amp;O)</translation>
     </message>
     <message>
         <source>Add &amp;samples</source>
-        <translation>إضافة ع&amp;يّنات</translation>
+        <translation>إضافة عيّنات (&amp;S)</translation>
     </message>
     <message>
         <source>Copying files: %1 of %2</source>
@@ -1242,11 +1242,11 @@
     </message>
     <message>
         <source>&amp;Time</source>
-        <translation>الو&amp;قت</translation>
+        <translation>الوقت (&amp;T)</translation>
     </message>
     <message>
         <source>&amp;Recordings</source>
-        <translation>التسج&amp;يلات</translation>
+        <translation>التسجيلات (&amp;R)</translation>
     </message>
     <message>
         <source>Day by day</source>
@@ -1254,7 +1254,7 @@
     </message>
     <message>
         <source>&amp;Second camera</source>
-        <translation>الكاميرا ال&amp;ثانية</translation>
+        <translation>الكاميرا الثانية (&amp;S)</translation>
     </message>
     <message>
         <source>Recordings</source>
@@ -1269,7 +1269,7 @@
         <translation>عند خط المؤشر</translation>
     </message>
     <message>
-        <source>The wheel zooms about the pointer, dragging pans, a click slides there. Keys: Left and Right move, with Shift by more and with Ctrl to the next recording; Page Up and Page Down by what is visible; Home and End to the first and last recording; + and - zoom, 0 goes back; Space tells what lies under the line.</source>
+        <source>The wheel zooms about the pointer, dragging pans, a click slides there. Keys: Left and Right move, with Shift by more and with Ctrl to the next recording; Page Up and Page Down by what is visible; Home and End to the first and last recording; + and - zoom, 0 goes back; Space describes what is under the line.</source>
         <translation>تكبّر العجلة حول المؤشر، والسحب يحرّك الخط، والنقر ينتقل إلى الموضع. المفاتيح: يسار ويمين للتحريك، ومع Shift بمقدار أكبر ومع Ctrl إلى التسجيل التالي؛ Page Up وPage Down بمقدار ما يظهر؛ Home وEnd إلى أول تسجيل وآخره؛ + و- للتكبير والتصغير، و0 للعودة؛ والمسافة تعرض ما تحت الخط.</translation>
     </message>
     <message>

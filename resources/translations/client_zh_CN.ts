@@ -1239,7 +1239,7 @@
         <translation>游标线处</translation>
     </message>
     <message>
-        <source>The wheel zooms about the pointer, dragging pans, a click slides there. Keys: Left and Right move, with Shift by more and with Ctrl to the next recording; Page Up and Page Down by what is visible; Home and End to the first and last recording; + and - zoom, 0 goes back; Space tells what lies under the line.</source>
+        <source>The wheel zooms about the pointer, dragging pans, a click slides there. Keys: Left and Right move, with Shift by more and with Ctrl to the next recording; Page Up and Page Down by what is visible; Home and End to the first and last recording; + and - zoom, 0 goes back; Space describes what is under the line.</source>
         <translation>滚轮以指针为中心缩放，拖动平移，单击滑动到该处。按键：左右方向键移动，加 Shift 移动更多，加 Ctrl 到下一段录像；Page Up 和 Page Down 移动一屏；Home 和 End 到第一段和最后一段录像；+ 和 - 缩放，0 还原；空格键说明线下的内容。</translation>
     </message>
     <message>

@@ -154,7 +154,7 @@ private Q_SLOTS:
 
         bench_->language.Apply("ar");
 
-        QTRY_COMPARE(first_menu(), QString("&ملف"));
+        QTRY_COMPARE(first_menu(), QString("ملف (&F)"));
         QTRY_COMPARE(bench_->total->text(), QString("١٠٬٠٠٠ من ١٠٬٠٠٠"));
         QCOMPARE(bench_->window->layoutDirection(), Qt::RightToLeft);
         auto *const actions = bench_->Child<CWindowActions>();

@@ -390,7 +390,7 @@ void CTimeLinePage::Retranslate()
         tr("The wheel zooms about the pointer, dragging pans, a click slides there. Keys: Left and "
            "Right move, with Shift by more and with Ctrl to the next recording; Page Up and Page "
            "Down by what is visible; Home and End to the first and last recording; + and - zoom, 0 "
-           "goes back; Space tells what lies under the line."));
+           "goes back; Space describes what is under the line."));
     table_->setAccessibleName(tr("Recordings of the day"));
     table_->Retranslate();
     OnRecordingsChanged();
