@@ -3,7 +3,7 @@
 """Compiles sources for Windows with mingw-w64, without code: tools/check-windows.py [--all | SOURCE …]
 
 Without --all: the sources that hold code for Windows, a few seconds. Qt and the other libraries are
-those of this machine, because only their declarations count; nothing is linked or run.
+those of this machine, because only their declarations count; tools/try-windows runs what needs none of them.
 Takes the options from build/asan, whose moc files must be made. Exits with 1 when one fails.
 """
 import concurrent.futures
@@ -59,9 +59,9 @@ def is_for_windows(source):
 def main():
     every = "--all" in sys.argv[1:]
     named = [ROOT / name for name in sys.argv[1:] if name != "--all"]
-    if not (BUILD / "compile_commands.json").exists():
-        print("tools/check-windows.py: first cmake --preset asan")
-        return 1
+    if not (BUILD / "host/client/vantor-client_autogen/mocs_compilation.cpp").exists():
+        sys.exit("tools/check-windows.py: build/asan lacks what moc makes; this makes it:\n"
+                 "cmake --preset asan && cmake --build --preset asan --target vantor-client vantor-server")
     commands = {pathlib.Path(entry["file"]): entry["command"]
                 for entry in json.loads((BUILD / "compile_commands.json").read_text())}
     ours = {}
