@@ -53,6 +53,9 @@ def main():
     lines = []
     for library in LIBRARIES:
         path = options.build / "lib" / library
+        if not path.exists():
+            sys.exit(f"tools/abi.py: there is no {path}; this builds it in build/release:\n"
+                     "cmake --preset release && cmake --build --preset release --target vantor")
         lines += [soname(path)] + sorted("    " + symbol for symbol in symbols(path)) + [""]
     if options.update:
         kept.write_text("\n".join(lines), encoding="utf-8")

@@ -23,7 +23,11 @@ ON_TOP = re.compile(r'(class|struct|template|namespace \w+ \{|extern "C"|[\w:<>\
 
 
 def flags():
-    commands = json.loads((root / "build/asan/compile_commands.json").read_text(encoding="utf-8"))
+    database = root / "build/asan/compile_commands.json"
+    if not database.exists():
+        sys.exit("tools/check-guides.py: build/asan has no options to compile with; this makes them:\n"
+                 "cmake --preset asan")
+    commands = json.loads(database.read_text(encoding="utf-8"))
     command = next(c["command"] for c in commands if c["file"].endswith("/tst_client_server.cpp"))
     words, wanted = iter(shlex.split(command)), ["-std=c++17", "-fPIC", "-Wall", "-Wextra"]
     for word in words:

@@ -15,6 +15,9 @@ root = pathlib.Path(__file__).resolve().parent.parent
 
 def main():
     folder = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else root / "build/release") / "reference"
+    if not (folder / "vantor.qch").exists():
+        sys.exit(f"tools/check-reference.py: there is no {folder}/vantor.qch; this makes it in build/release:\n"
+                 "cmake --preset release && cmake --build --preset release --target docs")
     faults = [line.replace(f"{root}/", "") for line in
               (folder / "warnings.txt").read_text(encoding="utf-8").splitlines() if line]
     classes = re.findall(r'^    "(\w+) ', (root / "cmake/ForwardingHeaders.cmake").read_text(encoding="utf-8"), re.M)

@@ -229,6 +229,10 @@ def main():
     arguments.add_argument("--update", action="store_true", help="write docs/interface.txt")
     arguments.add_argument("--build", type=pathlib.Path, default=root / "build/asan")
     options = arguments.parse_args()
+    for needed in ("compile_commands.json", "interface-headers.txt", "lib/libvantor.so"):
+        if not (options.build / needed).exists():
+            sys.exit(f"tools/interface.py: there is no {options.build / needed}; this builds it in build/asan:\n"
+                     "cmake --preset asan && cmake --build --preset asan --target vantor")
     unit, headers = parse(options.build)
     dump = Dump(headers)
     dump.walk(unit.cursor)
