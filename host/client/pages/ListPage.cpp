@@ -155,13 +155,9 @@ IncidentRows CListPage::Rows()
         OnSearch();
     const std::vector<int> shown = Table()->GetBackupModel()->SourceRows();
     const QVector<int> rows(shown.cbegin(), shown.cend());
-    const QHeaderView &header = *Table()->header();
-    QVector<int> columns;
-    for (int place = 0; place < header.count(); ++place) {
-        const int column = header.logicalIndex(place);
-        if (!header.isSectionHidden(column))
-            columns.append(model_->ListColumn(column));
-    }
+    QVector<int> columns = VisibleColumns(*Table());
+    for (int &column : columns)
+        column = model_->ListColumn(column);
     return {model_->List(), rows, filter_, columns};
 }
 

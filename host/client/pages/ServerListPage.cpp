@@ -347,14 +347,7 @@ void CServerListPage::SetRows(Vantor::CListExport &job)
         unknown.is_total_exact = false;
         SetServerRows(job, fetch_.Wanted(), unknown);
     }
-    const QHeaderView &header = *Table()->header();
-    QVector<int> columns;
-    for (int place = 0; place < header.count(); ++place) {
-        const int column = header.logicalIndex(place);
-        if (!header.isSectionHidden(column))
-            columns.append(column);
-    }
-    job.SetColumns(columns);
+    job.SetColumns(VisibleColumns(*Table()));
 }
 
 QVector<int> CServerListPage::AllColumns() const

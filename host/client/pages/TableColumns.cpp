@@ -9,6 +9,7 @@
 #include <Vantor/CAdaptiveColumnWidthController>
 #include <Vantor/CAdaptiveColumnWidthWidget>
 #include <Vantor/CCustomizeColumnButton>
+#include <Vantor/CListExport>
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QEvent>
@@ -34,6 +35,13 @@ constexpr int kMessageTime_s = 15;
 const auto kModule = QStringLiteral("Client");
 
 } // namespace
+
+QVector<int> VisibleColumns(const QTreeView &table)
+{
+    Vantor::CListExport job;
+    job.SetView(&table);
+    return job.Columns();
+}
 
 CTableColumns::CTableColumns(const QString &list, TextsOf texts, QTreeView &table, QWidget &room)
     : QWidget(table.header()), list_(list), texts_(std::move(texts)), table_(table),

@@ -23,6 +23,9 @@ class CCustomizeColumnButton;
 
 namespace Client {
 
+/// \brief The visible columns of \a table in the user's order: those that an export of it writes.
+[[nodiscard]] QVector<int> VisibleColumns(const QTreeView &table);
+
 /// \brief The buttons at the end of a table's header with which a user chooses the columns and how
 /// wide they are. It lays the table out.
 ///
