@@ -227,6 +227,12 @@ private:
         window_->Pages().PrepareForPicture();
         for (int round = 0; round < 4; ++round) // layouts follow texts, and other layouts
             QApplication::processEvents();
+        const auto is_whole = [this] {
+            QStringList cut;
+            CollectCut<QLabel>(*window_, cut);
+            return cut.isEmpty();
+        };
+        (void)QTest::qWaitFor(is_whole); // a page that loads sets texts later
     }
 
     CThemeSwitch theme_;
