@@ -19,7 +19,7 @@ constexpr size_t kMaximumPassword = 1024;
 /// \brief Argon2id hash of \a password, as text with its parameters and salt. Throws
 /// std::bad_alloc. Takes about a tenth of a second. Any thread.
 [[nodiscard]] QString HashPassword(const std::string &password);
-/// \brief Whether \a hash is one of \a password; takes as long. Any thread.
+/// \brief Whether \a hash was made from \a password; takes a tenth of a second, too. Any thread.
 [[nodiscard]] bool IsRightPassword(const QString &hash, const std::string &password);
 
 /// \brief The hash of the account \a name's password; null when there is no such account.

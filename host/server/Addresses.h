@@ -17,7 +17,7 @@ struct Address
 [[nodiscard]] bool ReadAddress(const std::string &text, int port, Address &address);
 
 /// \brief The address of \a client and its network, for limits: an IPv4 address, or the first 64
-/// bits of an IPv6 address. Both stay as they are for another kind of socket.
+/// bits of an IPv6 address. For another kind of socket both texts are left unchanged.
 void ReadClient(const sockaddr *client, std::string &address, std::string &network);
 
 /// \brief Whether \a address, IPv4 or IPv6, is reached from this machine only.

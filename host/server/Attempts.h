@@ -10,8 +10,9 @@ namespace Server {
 class CStore;
 
 // Counts tries of passwords, and locks. A try is counted as a failure before the password is looked
-// at, and taken back when it was right: a try that cannot be stored is not made. All of it is
-// called on the store's thread; what writes is called within a transaction.
+// at, and the count is taken back if the password was right. So when the count cannot be stored,
+// the password is not checked. All of it is called on the store's thread; what writes is called
+// within a transaction.
 
 /// \brief Who tries, and where. With IPv6 the address is that of a network of 64 bits.
 struct Trier

@@ -23,7 +23,8 @@ bool IsPlain(char c)
            || std::string_view(".:-_/").find(c) != std::string_view::npos;
 }
 
-// Not what a terminal obeys, or what turns the direction of the text or breaks the line.
+// Not so: control characters of a terminal, characters that change the direction of the text, line
+// breaks.
 bool IsVisible(uint c)
 {
     return QChar::isPrint(c) && QChar::category(c) != QChar::Separator_Line

@@ -24,7 +24,8 @@ std::string CConnections::Add(int socket, const std::string &address, const std:
         leaving = OldestWaiting(nullptr);
     std::string closed;
     if (leaving != connections_.end()) {
-        // Its owner sees the end of the stream and closes it; until then the number stays its own.
+        // The HTTP library sees the end of the stream and closes the socket; until then no other
+        // socket gets its number.
         shutdown(leaving->first, SHUT_RDWR);
         leaving->second.is_closing = true;
         closed = leaving->second.address;

@@ -33,7 +33,7 @@ Table TableOf(const char *name, const char *key, const char *columns)
     return {QLatin1String(name), Words(key), words, kValuesAtATime / words.size()};
 }
 
-// Those that others refer to come first.
+// Tables that others refer to come first.
 std::vector<Table> TablesOf(CStore &store)
 {
     std::vector<Table> tables{
@@ -72,8 +72,8 @@ bool HasRows(CStore &store, const Table &table)
            && store.Value(QStringLiteral("SELECT 1 FROM %1 LIMIT 1").arg(table.name)).isValid();
 }
 
-// The next rows, one after the other in one list. \a last is the key of the last row before them,
-// and becomes that of the last of them; at the beginning it is empty.
+// The cells of the next rows, in one list. \a last is the key of the last row before them, and
+// becomes that of the last of them; at the beginning it is empty.
 QVariantList ReadSome(CStore &store, const Table &table, QVariantList &last)
 {
     const QString key = table.key.join(QLatin1String(", "));
@@ -109,7 +109,7 @@ void Insert(CStore &store, const Table &table, const QVariantList &values)
               values);
 }
 
-// The one whose columns depend on the list.
+// Makes the table whose columns depend on the list.
 void MakeTable(CStore &store, const Table &table)
 {
     QString columns = QStringLiteral("id {id}");

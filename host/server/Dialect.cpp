@@ -23,7 +23,7 @@ constexpr Difference kDifferences[] = {
     {"{text}", "TEXT", "TEXT COLLATE \"C\""},
     {"{blob}", "BLOB", "BYTEA"},
     {"{without rowid}", "WITHOUT ROWID", ""},
-    // Not to_regclass(), which may not have heard of a table that another one has just made.
+    // Not to_regclass(), which may not know a table that another server has just made.
     {"{has table}", "SELECT 1 FROM sqlite_master WHERE name = ?",
      "SELECT 1 FROM pg_class WHERE relname = CAST(? AS TEXT) AND pg_table_is_visible(oid)"},
     // Values.

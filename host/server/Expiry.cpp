@@ -26,7 +26,7 @@ void DropExpired(CStore &store, qint64 now)
 {
     store.Write([&store, now] {
         for (const Expiring &expiring : kExpiring) {
-            // What another transaction is at work on is left for the next time.
+            // Rows that another transaction holds are left for the next time.
             store.Run(
                 QStringLiteral("DELETE FROM %1 WHERE (%2) IN (SELECT %2 FROM %1 WHERE %3 <= ? "
                                "{skip locked})")

@@ -7,8 +7,8 @@ namespace Server {
 
 class CStore;
 
-/// \brief Delete failures, sessions and codes whose time is over. Nothing depends on it, because
-/// those who read them look at the time; it keeps the tables small.
+/// \brief Delete failures, sessions and codes whose time is over. This only keeps the tables small:
+/// every reader of a row checks its time.
 void DropExpired(CStore &store, qint64 now);
 
 } // namespace Server

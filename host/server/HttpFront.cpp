@@ -25,15 +25,16 @@ constexpr char kAnswer[] = "Server::CHttpFront::Answer";
 constexpr unsigned kFlags =
     MHD_USE_AUTO | MHD_USE_INTERNAL_POLLING_THREAD | MHD_USE_ERROR_LOG | MHD_ALLOW_SUSPEND_RESUME;
 constexpr unsigned kThreads = 4; // a password check keeps one busy
-// Beyond CConnections::kMaximum those that wait are closed; this is for the time until they are.
+// CConnections closes waiting connections beyond its maximum; until they are closed, new ones need
+// room.
 constexpr unsigned kConnections = 2 * CConnections::kMaximum;
 constexpr unsigned kIdleTime_s = 60; // then a connection is closed
 constexpr size_t kPathBytes = 2 << 10;
 constexpr size_t kHeaderBytes = 16 << 10;
 constexpr int kHeaderFields = 100;
 constexpr size_t kConnectionBytes = 48 << 10; // beyond it the library refuses, in its own words
-// A body that is too long is read to its end all the same, so that its sender gets to see why it is
-// refused; one that is far too long is not.
+// A body that is too long is read to its end nevertheless, because its sender reads the refusal
+// only then. A body beyond this limit is not.
 constexpr size_t kDrainedBody = size_t(16) << 20;
 constexpr char kRetryAfter_s[] = "1"; // when the database cannot be reached
 constexpr char kBearer[] = "Bearer "; // in upper or lower case
@@ -53,7 +54,8 @@ MHD_Result OnForwarded(void *data, MHD_ValueKind /*kind*/, const char *name, con
     return MHD_YES;
 }
 
-// The client that a proxy serves: the proxy appends its address to what the client may have sent.
+// Reads the address of the client behind a proxy: the last one, because the proxy appends it to
+// what the client may have sent.
 void ReadForwarded(MHD_Connection *connection, std::string &address, std::string &network)
 {
     std::string list;

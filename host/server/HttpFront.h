@@ -20,8 +20,8 @@ struct ServerOptions;
 /// \brief What a front asks of the server behind it. Called on several threads at once.
 struct FrontHandler
 {
-    /// Answers a request. The request stays until a reply that comes later is there; all of those
-    /// must be there before the front is stopped.
+    /// Answers a request, at once or later (Reply::later). The request stays valid until its reply
+    /// is there. Every reply must be there before the front is stopped.
     std::function<Reply(const Request &)> answer;
     /// The longest body, in bytes, that a request may have; called before the body is read.
     /// Throws Refused to refuse the request without reading its body.

@@ -14,10 +14,9 @@ class CStore;
 
 /// \brief Knows which rows may pass a filter, so that a walk over an order reads no others.
 ///
-/// The text index names the rows once; a bit for each row is kept. Rows are not changed, so the
-/// bits hold for every moment, and those of later rows are added when they are asked for. The bits
-/// of ten million rows take 2.5 MB, and only those of the last few texts are kept. Used on several
-/// threads.
+/// The text index is read once, and the result is kept as one bit for each row. Rows never change,
+/// so the bits are right at every moment; bits of later rows are added on demand. The bits of ten
+/// million rows take 2.5 MB, and only the last few texts have theirs kept. Used on several threads.
 class CIncidentCandidates
 {
 public:

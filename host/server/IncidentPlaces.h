@@ -16,13 +16,13 @@ struct IncidentLimits
 {
     qint64 counted = 10'000;  ///< rows that pass a filter are counted up to this number
     qint64 skipped = 1'000;   ///< rows that are quicker to skip than to look up
-    qint64 distance = 2'048;  ///< at least so many rows are between two keys that are kept
+    qint64 distance = 2'048;  ///< keys that are kept are at least so many rows apart
     qint64 between = 100'000; ///< rows between two moments that are quicker to read than an index
     qint64 compared = 500;    ///< rows of an order that are first compared with a filter
 };
 
-/// \brief Every so manieth key of a column in ascending order, with its position at one moment: so
-/// a row is found by its position without counting from the first one.
+/// \brief Keys of a column at regular distances, in ascending order, each with its position at one
+/// moment. With them a row is found by its position without counting from the first row.
 struct IncidentPlaces
 {
     std::shared_ptr<const IncidentKeys> keys;             ///< never empty; the first is below all

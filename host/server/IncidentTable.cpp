@@ -106,7 +106,7 @@ void MakeTextIndex(CStore &store, int columns, qint64 rows, const IncidentProgre
         return;
     }
     const auto add_some = [&] {
-        // Read in the transaction, because another process may be at it, too.
+        // Read in the transaction, because another process may be indexing the same rows.
         const qint64 done =
             store.Value(QStringLiteral("SELECT text_count FROM incident_state")).toLongLong();
         if (progress && done < rows)
@@ -149,8 +149,8 @@ void CloseGaps(CStore &store)
 
 QString StoredCell(QString text)
 {
-    // SQLite takes these for marks of a byte order: it drops the first, and turns all bytes round
-    // behind the second at the beginning of a text.
+    // At the beginning of a text SQLite takes both for byte order marks: it drops the first, and
+    // swaps the bytes of all characters behind the second.
     constexpr ushort kByteOrderMark = 0xfeff;
     constexpr ushort kTurnedMark = 0xfffe;
     constexpr ushort kNoCharacter = 0xffff;

@@ -161,8 +161,8 @@ void CIncidentWalk::AppendEqual(const IncidentKey &from, size_t count, IncidentK
     keys.insert(keys.end(), more.begin(), more.end());
 }
 
-// The index gives equal rows the wrong way round here. So the rows of each group are turned, and
-// those of the last one, which the limit may have cut, are asked for again from their beginning.
+// Read backwards, the index gives equal rows in reverse. So each group of equal rows is reversed
+// again; the last group, which the limit may have cut, is read again from its beginning.
 void CIncidentWalk::AppendBelow(const IncidentKey &from, size_t count, IncidentKeys &keys)
 {
     IncidentKey group = from;

@@ -3,8 +3,8 @@
 
 namespace Server {
 
-/// Kinds of CStore::Lock(). A transaction that needs several takes them in this order, and one of
-/// each kind, so that no two transactions wait for each other.
+/// Kinds of CStore::Lock(). A transaction that needs several locks takes them in this order, and at
+/// most one of each kind, so that two transactions never wait for each other.
 enum LockKind : int {
     kMigrationLock = 1,
     kAddressLock = 2, ///< the failures and codes of an address

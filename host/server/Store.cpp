@@ -160,8 +160,8 @@ CStore::CStore(const StoreAddress &address)
 
 CStore::~CStore()
 {
-    // The driver goes first: prepared statements would otherwise say goodbye to a server that may
-    // be gone.
+    // Delete the connection first: otherwise each prepared statement would send a last command to a
+    // server that may be gone.
     {
         const CExpectedAnswer goodbye = Expect();
         database_ = {};
@@ -317,7 +317,7 @@ qint64 CStore::Now()
 
 void CStore::Commit()
 {
-    // PostgreSQL would answer that all is well, and undo it.
+    // After a failed statement PostgreSQL would accept the commit, and undo the transaction.
     if (transaction_ == Transaction::Failed)
         throw DatabaseError("a transaction with a failed statement cannot be stored");
     ++commits_;

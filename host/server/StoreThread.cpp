@@ -48,7 +48,8 @@ CStore &CStoreThread::Connected()
 {
     if (store_)
         return *store_;
-    // Those that wait behind a failed attempt must not wait for one of their own.
+    // Work that has waited for a failed attempt fails at once, instead of waiting for an attempt of
+    // its own.
     if (std::chrono::steady_clock::now() < next_attempt_)
         throw StoreUnreachable("the database cannot be reached");
     try {

@@ -33,7 +33,7 @@ QByteArray HashOfText(const QString &mark, const QString &text)
     return HashOf(mark.toUtf8() + '\n' + text.toCaseFolded().toUtf8());
 }
 
-// The oldest that fulfil \a condition go, until \a count of them are left.
+// Deletes the oldest codes that meet `condition`, until `count` of them are left.
 void DropBeyond(CStore &store, int count, const QString &condition, const QVariantList &values)
 {
     store.Run(QStringLiteral("DELETE FROM verify_code WHERE %1 AND id <= (SELECT id FROM "

@@ -48,7 +48,10 @@ public:
         request_.rows_per_page = kMostRowsPerPage;
         request_.after.clear();
     }
-    ~CServerRows() override { stop_->Stop(); } // before the page on its way is waited for
+    ~CServerRows() override
+    {
+        stop_->Stop();
+    } // first: the future of the next page waits in its destructor
     CServerRows(const CServerRows &) = delete;
     CServerRows &operator=(const CServerRows &) = delete;
 
@@ -74,12 +77,13 @@ public:
 private:
     [[nodiscard]] bool IsLast() const
     {
-        // A server that leads to no next page is asked by numbers, until a page is not full.
+        // A server that gives no place of the next page is asked by page numbers, until a page is
+        // not full.
         return page_.next.isEmpty()
                && (!page_.moment.isEmpty() || page_.rows.size() < kMostRowsPerPage);
     }
 
-    // Always false, or it throws: an end too early must not pass for the end.
+    // Returns false or throws, because a list that breaks off must not pass for a whole one.
     [[nodiscard]] bool IsComplete(int rows) const
     {
         if (is_total_sure_ && rows != total_)
