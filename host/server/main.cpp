@@ -16,8 +16,10 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <iostream>
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -27,7 +29,7 @@ constexpr int kExitFailed = 1;
 constexpr int kExitBadUsage = 2;
 constexpr int kLastPort = 65535;
 constexpr auto kSignalLook = 50ms;
-constexpr unsigned kGraceSeconds = 5;
+constexpr std::chrono::seconds kGrace{5};
 constexpr char kDataName[] = "vantor-server.sqlite";
 
 volatile std::sig_atomic_t stop_signal = 0;
@@ -207,8 +209,10 @@ int Serve(Server::ServerOptions options)
     look.start(kSignalLook);
     const int status = QGuiApplication::exec();
     // A thread may wait for a database that hangs. What it has confirmed is stored.
-    std::signal(SIGALRM, [](int) { _exit(kExitFailed); });
-    alarm(kGraceSeconds);
+    std::thread([] {
+        std::this_thread::sleep_for(kGrace);
+        std::_Exit(kExitFailed);
+    }).detach();
     return status;
 }
 
