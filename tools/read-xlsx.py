@@ -105,7 +105,7 @@ def check_lists(path):
                 offered[cells.min_col, row] = rule.formula1
     wanted = {(1, row): '"open,closed"' for row in range(1, 5001)}
     wanted.update({(3, row): '"odd,none"' if row % 2 == 0 else '"even,none"'
-                   for row in range(1, 1001)})
+                   for row in range(1, 5001)})
     expect("cells with lists", len(offered), len(wanted))
     expect("lists", offered == wanted, True)
     check_column(sheet, "list", 5000)

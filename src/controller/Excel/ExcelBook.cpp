@@ -32,13 +32,17 @@ lxw_worksheet *AddWorksheet(lxw_workbook *workbook, const std::string &name)
     return sheet;
 }
 
-void FinishSheets(CExcelControllorWithCDataPtr &data)
+std::vector<Nim::Base::Zip::PartChange> FinishSheets(CExcelControllorWithCDataPtr &data)
 {
+    std::vector<Nim::Base::Zip::PartChange> changes;
     for (auto &[name, sheet] : data.map_sheets_) {
         sheet.checked.Finish();
         AddLosses(data.notes_, sheet.checked.Losses());
         data.notes_.sheets_left_out += sheet.checked.IsRefused() ? 1 : 0;
+        if (!sheet.checked.LateChange().texts.empty())
+            changes.push_back(sheet.checked.LateChange());
     }
+    return changes;
 }
 
 const char *CloseErrorText(const SaveResult &result)

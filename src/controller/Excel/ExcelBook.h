@@ -10,6 +10,7 @@
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
 struct lxw_workbook;
 struct lxw_worksheet;
@@ -44,8 +45,9 @@ struct CExcelControllorWithCDataPtr
 // A new worksheet of `workbook`; null when it is refused, which is logged.
 lxw_worksheet *AddWorksheet(lxw_workbook *workbook, const std::string &name);
 
-// Writes what the sheets held back, and counts what they lost.
-void FinishSheets(CExcelControllorWithCDataPtr &data);
+// Writes what the sheets held back, and counts what they lost. Returns what has to be changed in
+// the finished file.
+std::vector<Nim::Base::Zip::PartChange> FinishSheets(CExcelControllorWithCDataPtr &data);
 
 // Why a save failed, for the log.
 const char *CloseErrorText(const SaveResult &result);

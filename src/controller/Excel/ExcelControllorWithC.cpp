@@ -316,9 +316,9 @@ void CExcelControllorWithC::Close()
     if (lxw_workbook *const workbook = std::exchange(d_ptr_->ptr_excel_, nullptr)) {
         d_ptr_->last_close_ = {LXW_ERROR_MEMORY_MALLOC_FAILED, ENOMEM}; // unless it gets to its end
         RunGuarded(kFunction, [&] {
-            FinishSheets(*d_ptr_);
+            const auto changes = FinishSheets(*d_ptr_);
             XlsxInternals::ActivateVisibleSheet(workbook);
-            d_ptr_->last_close_ = SaveWorkbook(workbook, d_ptr_->file_path_);
+            d_ptr_->last_close_ = SaveWorkbook(workbook, d_ptr_->file_path_, changes);
         });
         const SaveResult &result = d_ptr_->last_close_;
         VANTOR_LOG(kFunction, 3, VANTOR_LOG_USER_OPERATE,

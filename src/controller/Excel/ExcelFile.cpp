@@ -17,12 +17,18 @@ namespace {
 
 namespace fs = std::filesystem;
 using Nim::Base::CWholeFile;
+using Changes = std::vector<Nim::Base::Zip::PartChange>;
 using Rows = std::vector<XlsxInternals::SheetRows>;
 
-SaveResult CloseChecked(lxw_workbook *workbook, const std::string &path, const Rows &rows)
+SaveResult CloseChecked(lxw_workbook *workbook, const std::string &path, const Changes &changes,
+                        const Rows &rows)
 {
     SaveResult result;
     result.code = XlsxInternals::CloseWorkbook(workbook, result.error);
+    if (result.code == LXW_NO_ERROR && !changes.empty())
+        result.error = Nim::Base::Zip::ChangeParts(path, changes);
+    if (result.error != 0 && result.code == LXW_NO_ERROR)
+        result.code = LXW_ERROR_ZIP_FILE_OPERATION;
     if (result.code == LXW_NO_ERROR)
         result.code = CheckWorkbook(path, rows);
     return result;
@@ -34,10 +40,11 @@ SaveResult FreeUnsaved(lxw_workbook *workbook, int code, int error)
     return {code, error};
 }
 
-SaveResult SaveBeside(lxw_workbook *workbook, CWholeFile &file, const Rows &rows)
+SaveResult SaveBeside(lxw_workbook *workbook, CWholeFile &file, const Changes &changes,
+                      const Rows &rows)
 {
     XlsxInternals::SetFileName(workbook, file.TemporaryPath());
-    SaveResult result = CloseChecked(workbook, file.TemporaryPath(), rows);
+    SaveResult result = CloseChecked(workbook, file.TemporaryPath(), changes, rows);
     if (result.code != LXW_NO_ERROR) {
         if (file.IsDiskFull()) // looked at while the partial file is there
             result = {LXW_ERROR_ZIP_FILE_OPERATION, ENOSPC};
@@ -68,7 +75,7 @@ int CauseOf(CWholeFile::Obstacle obstacle, const CWholeFile &file)
 
 } // namespace
 
-SaveResult SaveWorkbook(lxw_workbook *workbook, const std::string &path)
+SaveResult SaveWorkbook(lxw_workbook *workbook, const std::string &path, const Changes &changes)
 {
     const Rows rows = XlsxInternals::FlushRows(workbook);
     const bool is_sound =
@@ -78,10 +85,10 @@ SaveResult SaveWorkbook(lxw_workbook *workbook, const std::string &path)
     CWholeFile file;
     const CWholeFile::Obstacle obstacle = file.Begin(path);
     if (obstacle == CWholeFile::Obstacle::Device)
-        return CloseChecked(workbook, path, rows);
+        return CloseChecked(workbook, path, changes, rows);
     if (obstacle != CWholeFile::Obstacle::None)
         return FreeUnsaved(workbook, LXW_ERROR_CREATING_XLSX_FILE, CauseOf(obstacle, file));
-    return SaveBeside(workbook, file, rows);
+    return SaveBeside(workbook, file, changes, rows);
 }
 
 bool RemoveDirectory(const std::string &path)

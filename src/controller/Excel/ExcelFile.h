@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <Nim/Base/Zip.h>
+
 #include <string>
+#include <vector>
 
 struct lxw_workbook;
 
@@ -15,8 +18,9 @@ struct SaveResult
 };
 
 // Closes `workbook` so that `path` holds either the whole new file or the earlier one. Of a
-// symbolic link the target is written; the link stays.
-SaveResult SaveWorkbook(lxw_workbook *workbook, const std::string &path);
+// symbolic link the target is written; the link stays. `changes` are made before it gets its name.
+SaveResult SaveWorkbook(lxw_workbook *workbook, const std::string &path,
+                        const std::vector<Nim::Base::Zip::PartChange> &changes);
 
 // Removes a directory with all its contents; a link is removed, not followed. True for success.
 bool RemoveDirectory(const std::string &path);

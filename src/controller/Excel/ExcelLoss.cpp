@@ -16,7 +16,7 @@ constexpr std::array<LossKind, static_cast<std::size_t>(Loss::Count_)> kKinds{{
     {"links beyond the format's limits were written as plain text", &Notes::links_as_text},
     {"a list of more than 255 characters was left out", &Notes::lists_left_out},
     {"a list without items was left out", &Notes::lists_left_out},
-    {"lists beyond the 255th validation were left out", &Notes::lists_left_out},
+    {"lists beyond the 65,534th validation were left out", &Notes::lists_left_out},
     {"a merged range that overlaps another was written without a merge", &Notes::merges_left_out},
     {"ranges beyond the 65,535th were written without a merge", &Notes::merges_left_out},
     {"a picture file that cannot be read was left out", &Notes::pictures_left_out},

@@ -18,9 +18,10 @@
 namespace Vantor {
 namespace {
 
-constexpr int kMaxLinks = 65530;  // a sheet's links, the format's limit
-constexpr int kMaxMerges = 65535; // libxlsxwriter 1.1.4 counts them in 16 bits
-constexpr int kMaxWidth = 255;    // characters
+constexpr int kMaxLinks = 65530;       // a sheet's links, the format's limit
+constexpr int kMaxMerges = 65535;      // libxlsxwriter 1.1.4 counts them in 16 bits
+constexpr int kMaxValidations = 65534; // elements of a sheet, the format's limit
+constexpr int kMaxWidth = 255;         // characters
 constexpr int kMaxWidthPx = 1790;
 constexpr int kMaxHeight = 409; // points
 constexpr int kMaxHeightPx = 545;
@@ -138,7 +139,7 @@ void CExcelSheet::Validate(const CellRange &range, const std::string &list)
         lists_.Add(cells, joined);
 }
 
-void CExcelSheet::PutList(const ListAreas &check)
+void CExcelSheet::PutList(const ListCheck &check)
 {
     // libxlsxwriter's buffer holds as many bytes as the format allows characters, so a longer list
     // takes the place of a short one afterwards.
@@ -154,14 +155,39 @@ void CExcelSheet::PutList(const ListAreas &check)
     lxw_data_validation validation{};
     validation.validate = LXW_VALIDATION_TYPE_LIST;
     validation.value_list = pointers.data();
-    const CellRange &cells = check.first;
+    const CellRange &cells = check.cells;
     const bool is_added = Check(
         worksheet_data_validation_range(sheet_, Row(cells.first_row), Column(cells.first_col),
                                         Row(cells.last_row), Column(cells.last_col), &validation));
     if (is_added && !fits_buffer)
         XlsxInternals::ReplaceLastList(sheet_, '"' + *check.list + '"');
-    if (is_added && check.ranges > 1)
-        XlsxInternals::ReplaceLastAreas(sheet_, check.areas);
+}
+
+void CExcelSheet::PutLists()
+{
+    const std::vector<ListCheck> checks = lists_.Take();
+    const auto counted = [this] { return XlsxInternals::ValidationCount(sheet_); };
+    // When libxlsxwriter cannot count all of them, it writes one, and the others are put behind it
+    // in the finished file.
+    auto next = checks.begin();
+    if (counted() + checks.size() <= CListChecks::kMost) {
+        for (; next != checks.end(); ++next)
+            PutList(*next);
+    } else if (counted() == 0) {
+        PutList(*next++);
+    }
+    if (next == checks.end())
+        return;
+    const ListElements rest = ElementsOf({next, checks.end()}, kMaxValidations - counted());
+    const auto count = [](int of) {
+        return "<dataValidations count=\"" + std::to_string(of) + "\">";
+    };
+    const std::string end = "</dataValidations>";
+    late_change_.part = XlsxInternals::PartName(sheet_);
+    late_change_.texts = {{count(counted()), count(counted() + rest.count)},
+                          {end, rest.xml.toStdString() + end}};
+    if (rest.left_out > 0)
+        Lose(Loss::ListBeyond, rest.left_out);
 }
 
 void CExcelSheet::WriteLink(int row, int col, const std::string &url, const std::string *text)
@@ -250,11 +276,7 @@ void CExcelSheet::Finish()
         return;
     ReachRow(kSheetRows);
     KeepPicturesInside();
-    const std::vector<ListAreas> checks = lists_.Take();
-    for (const ListAreas &check : checks)
-        PutList(check);
-    if (lists_.LeftOut() > 0)
-        Lose(Loss::ListBeyond, lists_.LeftOut());
+    PutLists();
 }
 
 bool CExcelSheet::HasFailed() const

@@ -7,6 +7,8 @@
 #include "controller/Excel/ListChecks.h"
 #include "controller/Excel/MergedCells.h"
 
+#include <Nim/Base/Zip.h>
+
 #include <map>
 #include <string>
 
@@ -50,6 +52,8 @@ public:
 
     // Writes the content that was held back; the workbook can be closed then.
     void Finish();
+    // What has to be put into the finished file; nothing unless it has texts.
+    [[nodiscard]] const Nim::Base::Zip::PartChange &LateChange() const { return late_change_; }
     // Whether the temporary file of the sheet refused bytes.
     [[nodiscard]] bool HasFailed() const;
     [[nodiscard]] const LossCounts &Losses() const { return losses_; }
@@ -68,7 +72,8 @@ private:
     void PutText(int row, int col, const std::string &text, lxw_format *format);
     void PutMerged(const CellRange &range, const std::string &text, lxw_format *format);
     void PutHeight(int row, const Height &height);
-    void PutList(const ListAreas &check);
+    void PutList(const ListCheck &check);
+    void PutLists();
     // Whether the cells are inside the sheet; those outside are counted as lost.
     [[nodiscard]] bool Holds(const CellRange &range);
     // Gives the rows up to `row` the heights that were held back for them.
@@ -85,6 +90,7 @@ private:
     const char *function_ = "";
     CMergedCells merged_;
     CListChecks lists_;
+    Nim::Base::Zip::PartChange late_change_;
     std::map<int, Height> heights_; // of rows below the current one, in constant memory
     int links_ = 0;
     LossCounts losses_{};

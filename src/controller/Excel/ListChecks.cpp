@@ -3,6 +3,8 @@
 
 #include <xlsxwriter.h>
 
+#include <QtCore/QXmlStreamWriter>
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -56,7 +58,7 @@ void JoinSorted(std::vector<Placed> &checks, KeyOf key_of, Join join)
     checks.resize(std::min(checks.size(), kept + 1));
 }
 
-std::string NameOf(const CellRange &cells)
+QString NameOf(const CellRange &cells)
 {
     std::array<char, LXW_MAX_CELL_RANGE_LENGTH> name{};
     const auto row = [](int of) { return static_cast<lxw_row_t>(of); };
@@ -66,7 +68,7 @@ std::string NameOf(const CellRange &cells)
     else
         lxw_rowcol_to_range(name.data(), row(cells.first_row), column(cells.first_col),
                             row(cells.last_row), column(cells.last_col));
-    return name.data();
+    return QString::fromLatin1(name.data());
 }
 
 } // namespace
@@ -99,25 +101,45 @@ std::vector<ListCheck> JoinChecks(std::vector<ListCheck> checks)
     return checks;
 }
 
-std::vector<ListAreas> PackChecks(const std::vector<ListCheck> &checks)
+ListElements ElementsOf(const std::vector<ListCheck> &checks, int most)
 {
-    std::vector<ListAreas> packed;
-    std::map<const std::string *, std::size_t> open; // the validation of a list that may have room
+    constexpr int kMostAreas = 8000; // characters, as a formula may have
+    struct Areas
+    {
+        const std::string *list = nullptr;
+        QString areas; // as a file has them: "A1 C3:C5"
+    };
+    ListElements elements;
+    std::vector<Areas> all;
+    std::map<const std::string *, std::size_t> open; // the element of a list that may have room
     for (const ListCheck &check : checks) {
-        const std::string name = NameOf(check.cells);
-        const auto [known, is_new] = open.try_emplace(check.list, packed.size());
-        if (!is_new) {
-            ListAreas &last = packed[known->second];
-            if (last.areas.size() + 1 + name.size() <= CListChecks::kMostAreas) {
-                last.areas += ' ' + name;
-                ++last.ranges;
-                continue;
-            }
-            known->second = packed.size();
+        const QString name = NameOf(check.cells);
+        const auto [known, is_new] = open.try_emplace(check.list, all.size());
+        if (!is_new && all[known->second].areas.size() + 1 + name.size() <= kMostAreas) {
+            all[known->second].areas += QLatin1Char(' ') + name;
+        } else if (all.size() < static_cast<std::size_t>(most)) {
+            known->second = all.size();
+            all.push_back({check.list, name});
+        } else {
+            ++elements.left_out;
+            if (is_new)
+                open.erase(known);
         }
-        packed.push_back({check.cells, check.list, name});
     }
-    return packed;
+    QXmlStreamWriter writer(&elements.xml); // what libxlsxwriter writes for one
+    for (const Areas &areas : all) {
+        writer.writeStartElement(QStringLiteral("dataValidation"));
+        writer.writeAttribute(QStringLiteral("type"), QStringLiteral("list"));
+        for (const char *const flag : {"allowBlank", "showInputMessage", "showErrorMessage"})
+            writer.writeAttribute(QLatin1String(flag), QStringLiteral("1"));
+        writer.writeAttribute(QStringLiteral("sqref"), areas.areas);
+        const QString list = QString::fromStdString(*areas.list);
+        writer.writeTextElement(QStringLiteral("formula1"),
+                                QLatin1Char('"') + list + QLatin1Char('"'));
+        writer.writeEndElement();
+    }
+    elements.count = static_cast<int>(all.size());
+    return elements;
 }
 
 void CListChecks::Add(const CellRange &cells, const std::string &list)
@@ -131,22 +153,11 @@ void CListChecks::Add(const CellRange &cells, const std::string &list)
     join_at_ = 2 * std::max(checks_.size(), kMost);
 }
 
-std::vector<ListAreas> CListChecks::Take()
+std::vector<ListCheck> CListChecks::Take()
 {
-    std::vector<ListAreas> packed;
     if (added_ > kMost)
         checks_ = JoinChecks(std::move(checks_));
-    if (checks_.size() > kMost) {
-        packed = PackChecks(checks_);
-    } else {
-        for (const ListCheck &check : checks_)
-            packed.push_back({check.cells, check.list, NameOf(check.cells)});
-    }
-    for (std::size_t i = kMost; i < packed.size(); ++i)
-        left_out_ += packed[i].ranges;
-    packed.resize(std::min(packed.size(), kMost));
-    checks_.clear();
-    return packed;
+    return std::exchange(checks_, {});
 }
 
 } // namespace Vantor

@@ -26,15 +26,6 @@ template <class Visit> void ForEachSheet(lxw_workbook *workbook, Visit &&visit)
     }
 }
 
-// The validation that was added last: the queue, which is not empty, knows the address of its link.
-// STAILQ_LAST does not compile as C++.
-lxw_data_val_obj *LastValidation(const lxw_worksheet *sheet)
-{
-    return reinterpret_cast<lxw_data_val_obj *>(
-        reinterpret_cast<char *>(sheet->data_validations->stqh_last)
-        - offsetof(lxw_data_val_obj, list_pointers));
-}
-
 // The sheets' temporary files, each behind a stream that knows whether it was closed.
 class CSheetStreams
 {
@@ -129,16 +120,23 @@ std::vector<lxw_object_properties *> Pictures(const lxw_worksheet *sheet)
 
 void ReplaceLastList(lxw_worksheet *sheet, const std::string &formula)
 {
-    lxw_data_val_obj *const added = LastValidation(sheet);
+    // The queue, which is not empty, knows the address of its last link. STAILQ_LAST does not
+    // compile as C++.
+    auto *const added = reinterpret_cast<lxw_data_val_obj *>(
+        reinterpret_cast<char *>(sheet->data_validations->stqh_last)
+        - offsetof(lxw_data_val_obj, list_pointers));
     std::free(added->value_formula);
     added->value_formula = strdup(formula.c_str());
 }
 
-void ReplaceLastAreas(lxw_worksheet *sheet, const std::string &areas)
+int ValidationCount(const lxw_worksheet *sheet)
 {
-    auto &room = LastValidation(sheet)->sqref;
-    areas.copy(room, sizeof room - 1);
-    room[std::min(areas.size(), sizeof room - 1)] = '\0';
+    return sheet->num_validations;
+}
+
+std::string PartName(const lxw_worksheet *sheet)
+{
+    return "xl/worksheets/sheet" + std::to_string(sheet->index + 1) + ".xml";
 }
 
 std::vector<SheetRows> FlushRows(lxw_workbook *workbook)
@@ -146,7 +144,7 @@ std::vector<SheetRows> FlushRows(lxw_workbook *workbook)
     std::vector<SheetRows> rows;
     ForEachSheet(workbook, [&rows](lxw_worksheet *sheet) {
         SheetRows of_sheet;
-        of_sheet.part = "xl/worksheets/sheet" + std::to_string(sheet->index + 1) + ".xml";
+        of_sheet.part = PartName(sheet);
         if (std::FILE *const file = sheet->optimize_tmpfile) {
             lxw_worksheet_write_single_row(sheet);
             of_sheet.is_sound = std::fflush(file) == 0 && std::ferror(file) == 0;

@@ -33,9 +33,11 @@ std::vector<lxw_object_properties *> Pictures(const lxw_worksheet *sheet);
 // characters but copies bytes into a buffer of that many; a formula would be the same XML, but a
 // copy of it would leak.
 void ReplaceLastList(lxw_worksheet *sheet, const std::string &formula);
-// Replaces the range of the validation that was added last by several with blanks between them, of
-// at most 27 characters: the format allows more than one, no call does.
-void ReplaceLastAreas(lxw_worksheet *sheet, const std::string &areas);
+// How many validations the sheet counts.
+int ValidationCount(const lxw_worksheet *sheet);
+
+// Name of the sheet's part in the archive.
+std::string PartName(const lxw_worksheet *sheet);
 
 // What the sheet puts into its part of the file, once its last row is written out.
 struct SheetRows
