@@ -33,7 +33,7 @@ constexpr Difference kDifferences[] = {
     // A list of numbers that is one value.
     {"{numbers}", "json_each(?) AS numbers", "unnest(CAST(? AS BIGINT[])) AS numbers(value)"},
     // Whether the bit of a row is set: a number of rows, and their bits.
-    {"{has bit}", "(+id <= ? AND unicode(substr(?, (id >> 2) + 1, 1)) >> (id & 3) & 1)",
+    {"{has bit}", "+id <= ? AND has_bit(id, ?)",
      "get_bit(CASE WHEN id <= ? THEN CAST(? AS BYTEA) END, id) = 1"},
     {"{layout bytes}", "length(CAST(text AS BLOB)) + length(CAST(name AS BLOB))",
      "octet_length(text) + octet_length(name)"},

@@ -10,19 +10,7 @@ namespace {
 
 constexpr qint64 kRowsAtOnce = 250'000;
 constexpr size_t kMostTexts = 4;
-
-// SQLite reads a number out of a byte only when the byte is a character, so it gets four bits in
-// each: '@' to 'O'.
-struct Layout
-{
-    char empty;
-    int bits; // of a byte
-};
-
-Layout LayoutOf(Engine engine)
-{
-    return engine == Engine::Sqlite ? Layout{'@', 4} : Layout{'\0', 8};
-}
+constexpr int kBitsPerByte = 8;
 
 } // namespace
 
@@ -45,18 +33,16 @@ IncidentFilter CIncidentCandidates::Narrowed(CStore &store, const IncidentFilter
                   .arg(filter.condition);
     const QVariantList values =
         store.Kind() == Engine::Sqlite ? QVariantList{filter.trigrams} : filter.values;
-    const Layout layout = LayoutOf(store.Kind());
     Candidates candidates = Known(filter.text);
     try {
         while (candidates.rows < moment) {
             const qint64 until = std::min(moment, candidates.rows + kRowsAtOnce);
-            candidates.bits.append(int(until / layout.bits) + 1 - candidates.bits.size(),
-                                   layout.empty);
+            candidates.bits.append(int(until / kBitsPerByte) + 1 - candidates.bits.size(), '\0');
             CRows rows = store.Run(statement, values + QVariantList{candidates.rows, until});
             while (rows.Next()) {
                 const qint64 id = rows.Value(0).toLongLong();
-                char &byte = candidates.bits.data()[id / layout.bits];
-                byte = char(byte | 1 << id % layout.bits);
+                char &byte = candidates.bits.data()[id / kBitsPerByte];
+                byte = char(byte | 1 << id % kBitsPerByte);
                 candidates.rows = id;
             }
             candidates.rows = until;

@@ -2,6 +2,7 @@
 #include "Store.h"
 
 #include "Dialect.h"
+#include "SqliteBits.h"
 
 #include <fcntl.h>
 #include <sqlite3.h>
@@ -196,6 +197,7 @@ void CStore::Open(const StoreAddress &address)
         watch_ = std::make_unique<CHangWatch>(*database_.driver());
     ResetPatience();
     if (engine_ == Engine::Sqlite) {
+        AddHasBit(*database_.driver());
         for (const char *const statement : kSqliteSetUp)
             Execute(QLatin1String(statement));
         MakePrivate(address.name);
