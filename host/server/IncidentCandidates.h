@@ -16,7 +16,8 @@ class CStore;
 ///
 /// The text index is read once, and the result is kept as one bit for each row. Rows never change,
 /// so the bits are right at every moment; bits of later rows are added on demand. The bits of ten
-/// million rows take 1.25 MB, and only the last few texts have theirs kept. Used on several threads.
+/// million rows take 1.25 MB, and only the last few texts have theirs kept. Used on several
+/// threads.
 class CIncidentCandidates
 {
 public:
