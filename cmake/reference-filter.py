@@ -3,7 +3,7 @@
 """Prepares a header or a guide for the reference: Doxygen calls it with the path and reads its output.
 
 The macros of records become what they declare, described by the fields they are for, and an override without a
-comment of its own says that its base class describes it. Each line stays on its line, because of the warnings.
+comment of its own says that its base class describes it. A class names its forwarding header. Each line stays on its line, because of the warnings.
 """
 
 import pathlib
@@ -14,7 +14,9 @@ RECORD = re.compile(r"class (?:\w+_EXPORT )?(\w+) (?:final )?: public (?:\w+::)*
 FIELD = re.compile(r"^(\s*)VANTOR_RECORD_(?:FIELD|SECRET)\((\w+)\)")
 CONSTRUCTOR = re.compile(r"^\s+explicit \w+\((QWidget|QObject) \*parent( = nullptr)?\)")
 PROPERTY = re.compile(r"^\s+Q_PROPERTY\(.*? READ (\w+)")
+CLASS = re.compile(r"(?:class|struct) (?:VANTOR_EXPORT )?(\w+)(?! ?;)")
 ALIAS = re.compile(r"namespace (\w+) = ::\1;")
+FORWARDED = re.findall(r'^ +"(\w+) ', (pathlib.Path(__file__).parent / "ForwardingHeaders.cmake").read_text(encoding="utf-8"), re.M)
 roots = [pathlib.Path(__file__).resolve().parent.parent / name for name in ("src", "platform")]
 
 
@@ -102,6 +104,8 @@ def main():
             line = found.group(1) + accessors(texts, structure, short, found.group(2))
         elif re.match(r"VANTOR_RECORD\(\w+\)", bare):
             line = "public:"
+        elif (found := CLASS.match(line)) and found.group(1) in FORWARDED:
+            line = rf"/** \headerfile {path.name} <Vantor/{found.group(1)}> */ " + line
         elif not described:
             line = description(text, lines, number) + line
         described = bare.startswith("///") or described and not bare.endswith((";", "}", ":", "{"))
