@@ -19,7 +19,7 @@ constexpr quint32 kGone = 1302;
 constexpr quint32 kButtonReleased = 1303;
 constexpr quint32 kButtonPressed = 1304;
 constexpr Uint32 kSubsystems = SDL_INIT_JOYSTICK | SDL_INIT_GAMECONTROLLER;
-constexpr int kPollsUntilRestart = 100; // a second
+constexpr int kPollsASecond = 100;
 constexpr int kEventsKept = 4096;
 constexpr Uint32 kFirstEvent = SDL_JOYAXISMOTION;
 constexpr Uint32 kLastEvent = SDL_FINGERDOWN - 1; // after those of joysticks and controllers
@@ -130,7 +130,7 @@ std::set<int> DirectionButtons(SDL_GameController *pad)
 // read them never has so many waiting.
 //
 // Only with SDL's lock, and while a joystick is open: SDL_Quit() ends the joysticks under that lock
-// before it deletes the queue and the queue's lock. A thread that waits for a deleted lock hangs.
+// before it deletes the queue and the queue's lock.
 void TrimEvents()
 {
     int surplus = SDL_PeepEvents(nullptr, 0, SDL_PEEKEVENT, kFirstEvent, kLastEvent) - kEventsKept;
@@ -151,15 +151,17 @@ CJoysticks::CJoysticks(JoystickPlugin::Take take, void *user_data)
 
 CJoysticks::~CJoysticks()
 {
-    SDL_DelEventWatch(&WatchEvent, this);
-    SDL_LockJoysticks();
     for (const auto &[id, stick] : sticks_)
-        Close(id, stick);
-    SDL_UnlockJoysticks();
+        Release(stick);
     SendMotion({});
+    if (IsSdlRunning()) {
+        SDL_LockJoysticks();
+        for (const auto &[id, stick] : sticks_)
+            Close(id, stick);
+        SDL_UnlockJoysticks();
+    }
     Deliver();
-    if (SDL_WasInit(kSubsystems))
-        SDL_QuitSubSystem(kSubsystems);
+    End();
     SDL_TLSCleanup(); // of this thread, which SDL did not make
 }
 
@@ -173,18 +175,32 @@ bool CJoysticks::Begin()
         LogSdl("There are no joysticks, because SDL does not start");
         return false;
     }
+    begun_ = kSubsystems;
+    if (!SDL_WasInit(SDL_INIT_SENSOR) && SDL_InitSubSystem(SDL_INIT_SENSOR) == 0)
+        begun_ |= SDL_INIT_SENSOR;
+    watched_ = kSubsystems | SDL_WasInit(SDL_INIT_SENSOR);
+    ticks_ = SDL_GetTicks64();
     SDL_AddEventWatch(&WatchEvent, this);
     return true;
 }
 
-// SDL_Quit() of the client ends SDL for everybody, and may still be at it.
-void CJoysticks::Restart()
+void CJoysticks::End()
 {
-    if (++polls_without_sdl_ < kPollsUntilRestart)
-        return;
-    polls_without_sdl_ = 0;
     SDL_DelEventWatch(&WatchEvent, this);
-    static_cast<void>(Begin()); // a failure is logged and tried again
+    SDL_QuitSubSystem(std::exchange(begun_, 0));
+}
+
+// SDL_Quit() of the client ends SDL for everybody, and destroys locks: a thread that waits for one
+// then hangs or writes to freed memory (SDL 2.26). So this is asked before a lock is taken.
+// SDL_Quit() ends the sensors first, then the controllers, then the joysticks. Afterwards SDL's
+// time begins anew, which shows that it ended even if the client has started it again.
+bool CJoysticks::IsSdlRunning()
+{
+    const Uint64 ticks_before = ticks_;
+    if (begun_ && SDL_WasInit(watched_) == watched_ && (ticks_ = SDL_GetTicks64()) >= ticks_before)
+        return true;
+    begun_ = 0;
+    return false;
 }
 
 // On whatever thread pumps SDL's events, with SDL's locks held.
@@ -201,10 +217,18 @@ int CJoysticks::WatchEvent(void *joysticks, SDL_Event *event)
 
 void CJoysticks::Poll()
 {
-    if ((SDL_WasInit(kSubsystems) & kSubsystems) != kSubsystems)
-        Restart();
+    if (!IsSdlRunning()) {
+        LoseSticks();
+        if (++polls_without_sdl_ >= kPollsASecond) { // SDL_Quit() is over
+            polls_without_sdl_ = 0;
+            SDL_DelEventWatch(&WatchEvent, this);
+            static_cast<void>(Begin()); // a failure is logged and tried again
+        }
+        Deliver();
+        return;
+    }
+    SDL_LockJoysticks(); // once; the client may open and close on another thread
     SDL_JoystickUpdate();
-    SDL_LockJoysticks(); // the client may open, close and end on another thread
     FindSticks();
     TakeButtons();
     TakeMotions();
@@ -223,11 +247,7 @@ void CJoysticks::FindSticks()
             continue;
         }
         Close(stick->first, stick->second);
-        if (steering_ == stick->first)
-            SendMotion({}); // a camera must not go on moving because the stick was pulled out
-        stick = sticks_.erase(stick);
-        if (sticks_.empty())
-            Send(kGone, 0); // while another is there, joysticks are connected
+        stick = Lose(stick);
     }
     const int count = SDL_NumJoysticks();
     for (int index = 0; index < count; ++index) {
@@ -254,17 +274,38 @@ void CJoysticks::Open(int index, Id id)
     Send(kFound, 0);
 }
 
-// Ends what the stick holds down, and gives it back to SDL, if SDL still has it.
+// Gives the stick back to SDL, if SDL still has it.
 void CJoysticks::Close(Id id, const Stick &stick)
 {
-    for (const int button : stick.held_buttons)
-        Send(kButtonReleased, quint32(button));
     if (SDL_JoystickFromInstanceID(id) != stick.device)
         return;
     if (stick.pad)
         SDL_GameControllerClose(stick.pad);
     else
         SDL_JoystickClose(stick.device);
+}
+
+void CJoysticks::Release(const Stick &stick)
+{
+    for (const int button : stick.held_buttons)
+        Send(kButtonReleased, quint32(button));
+}
+
+CJoysticks::Sticks::iterator CJoysticks::Lose(Sticks::iterator stick)
+{
+    Release(stick->second);
+    if (steering_ == stick->first)
+        SendMotion({}); // a camera must not go on moving because the stick was pulled out
+    const auto next = sticks_.erase(stick);
+    if (sticks_.empty())
+        Send(kGone, 0); // while another is there, joysticks are connected
+    return next;
+}
+
+void CJoysticks::LoseSticks()
+{
+    for (auto stick = sticks_.begin(); stick != sticks_.end();)
+        stick = Lose(stick);
 }
 
 void CJoysticks::TakeButtons()

@@ -61,11 +61,17 @@ private:
         quint32 value;
     };
 
+    using Sticks = std::map<Id, Stick>;
+
     static int WatchEvent(void *joysticks, SDL_Event *event);
-    void Restart();
+    bool IsSdlRunning();
+    void End();
     void FindSticks();
     void Open(int index, Id id);
-    void Close(Id id, const Stick &stick);
+    static void Close(Id id, const Stick &stick);
+    void Release(const Stick &stick);
+    Sticks::iterator Lose(Sticks::iterator stick);
+    void LoseSticks();
     void TakeButtons();
     void TakeButton(Stick &stick, int button, bool is_down);
     void TakeMotions();
@@ -75,8 +81,11 @@ private:
 
     const JoystickPlugin::Take take_;
     void *const user_data_;
-    std::map<Id, Stick> sticks_;
-    std::set<Id> refused_;      // could not be opened; each is reported once
+    Sticks sticks_;
+    std::set<Id> refused_; // could not be opened; each is reported once
+    quint32 begun_ = 0;    // the subsystems of SDL that this object has started; 0 once SDL ended
+    quint32 watched_ = 0;  // those that run until SDL ends
+    quint64 ticks_ = 0;    // SDL's time at the last poll
     int polls_without_sdl_ = 0; // since the client ended SDL as a whole
     Id steering_ = -1;          // the stick that moves, or -1
     JoystickMotion sent_;       // the motion that was sent last
