@@ -190,7 +190,7 @@ bool ReadJson(std::string_view text, CDocumentTree &tree)
     constexpr unsigned kFlags = rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag
                                 | rapidjson::kParseValidateEncodingFlag
                                 | rapidjson::kParseNumbersAsStringsFlag;
-    // It looks for the rest of a character behind the end of the text.
+    // The reader looks for the rest of a character behind the end of the text.
     constexpr size_t kPadding = 4;
     std::string copy;
     copy.reserve(text.size() + kPadding);
@@ -199,7 +199,7 @@ bool ReadJson(std::string_view text, CDocumentTree &tree)
     CJsonHandler handler(tree);
     rapidjson::InsituStringStream stream(copy.data());
     rapidjson::Reader reader;
-    // It takes a zero byte for the end.
+    // The reader takes a zero byte for the end of the text.
     const bool is_read =
         !reader.Parse<kFlags>(stream, handler).IsError() && stream.Tell() == text.size();
     Nim::Base::Encrypt::Wipe(copy);

@@ -157,6 +157,7 @@ private Q_SLOTS:
         QTRY_COMPARE(first_menu(), QString("ملف (&F)"));
         QTRY_COMPARE(bench_->total->text(), QString("١٠٬٠٠٠ من ١٠٬٠٠٠"));
         QCOMPARE(bench_->window->layoutDirection(), Qt::RightToLeft);
+        QCOMPARE(bench_->window->style()->styleHint(QStyle::SH_UnderlineShortcut), 0);
         auto *const actions = bench_->Child<CWindowActions>();
         for (int id = 0; id < CWindowActions::kActionCount; ++id)
             QVERIFY2(HasArabic(actions->Action(CWindowActions::Id(id))->text()),

@@ -9,8 +9,7 @@
 #include <QtSvg/QSvgRenderer>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QStyle>
-#include <QtWidgets/QStyleFactory>
+#include <QtWidgets/QProxyStyle>
 
 namespace Client {
 namespace {
@@ -28,6 +27,23 @@ QByteArray ReadResource(const QString &path)
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
+
+// Leaves the underline of accelerators out in Arabic: Qt 5 draws the letter apart from its
+// neighbours, so words of its own dialogs and menus fall to pieces. Keys work all the same, and our
+// texts name theirs, as in "(F)".
+class CStyle : public QProxyStyle
+{
+public:
+    using QProxyStyle::QProxyStyle;
+
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *data) const override
+    {
+        return hint == SH_UnderlineShortcut && QGuiApplication::isRightToLeft()
+                   ? 0
+                   : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
 
 // For texts that a style sheet does not reach: those of file dialogs, links, disabled texts.
 QPalette MakePalette(const Vantor::CStyleManager &colours)
@@ -76,7 +92,7 @@ Theme ThemeOf(const QString &name)
 
 CThemeSwitch::CThemeSwitch(QObject *parent) : QObject(parent)
 {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new CStyle(QStringLiteral("Fusion")));
     QFont font;
     font.setFamilies({QStringLiteral("Segoe UI"), QStringLiteral("Noto Sans"),
                       QStringLiteral("DejaVu Sans"), QStringLiteral("sans-serif")});

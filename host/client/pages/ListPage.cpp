@@ -305,7 +305,7 @@ void CListPage::ShowKeyWord(const QString &keyword)
 {
     filter_ = keyword;
     delegate_->SetSearchText(keyword);
-    Table()->viewport()->update(); // rows that stay are marked otherwise
+    Table()->viewport()->update(); // rows that stay have other matches to mark
 }
 
 void CListPage::OnFilterByTypes()

@@ -41,7 +41,7 @@ public:
     [[nodiscard]] const PageRequest &Request() const { return shown_; }
     [[nodiscard]] const ServerPage &Page() const { return page_; }
 
-    /// \brief The user wants this page. The moment stays while \a query does.
+    /// \brief The user wants this page. The moment is kept until \a query changes.
     [[nodiscard]] FetchStep Show(const ListQuery &query, int page, int rows_per_page);
     /// \brief The same at the present moment.
     [[nodiscard]] FetchStep ShowNow(const ListQuery &query, int page, int rows_per_page);
@@ -49,7 +49,7 @@ public:
     [[nodiscard]] FetchStep Retry();
     /// \brief Ask how many rows have come since the moment; only when there is nothing else to do.
     [[nodiscard]] FetchStep LookForNew();
-    /// \brief The user is about to want something else: he types.
+    /// \brief The user types a new query, so the page on its way will not be shown.
     [[nodiscard]] FetchStep Outdate();
     /// \brief Forget everything: the server is gone, or its user.
     [[nodiscard]] FetchStep Forget();
