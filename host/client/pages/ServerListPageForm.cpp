@@ -58,7 +58,8 @@ void CServerListPage::BuildHead()
     connect(total_known_, &QCheckBox::toggled, this, &CServerListPage::OnTotalKnown);
 }
 
-// The line keeps its height, so that the rows that fit below do not change with its buttons.
+// The line keeps its height, so that the rows that fit below do not change with its buttons: the
+// one that is shown more often keeps its place when it is hidden.
 void CServerListPage::BuildState()
 {
     state_->setObjectName(QStringLiteral("ServerState"));
@@ -68,10 +69,10 @@ void CServerListPage::BuildState()
     auto *const line = new QHBoxLayout;
     line->setSpacing(kSpacingPx);
     line->addWidget(state_, 1);
-    for (QPushButton *const button : {retry_, new_rows_}) {
-        QSizePolicy policy = button->sizePolicy();
-        policy.setRetainSizeWhenHidden(true);
-        button->setSizePolicy(policy);
+    QSizePolicy policy = new_rows_->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    new_rows_->setSizePolicy(policy);
+    for (QPushButton *const button : {new_rows_, retry_}) {
         button->setAutoDefault(false);
         button->hide();
         line->addWidget(button);
