@@ -9,6 +9,9 @@
 #include <Nim/Base/Log.h>
 
 #include <microhttpd.h>
+#ifndef _WIN32
+#include <poll.h>
+#endif
 #include <strings.h>
 
 #include <QtCore/QJsonDocument>
@@ -70,6 +73,17 @@ int SocketOf(MHD_Connection *connection)
 {
     const auto *const info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD);
     return info ? info->connect_fd : -1;
+}
+
+// A client that has closed only its own half counts, too, as it does for proxies.
+bool IsClosedByPeer([[maybe_unused]] int socket)
+{
+#ifdef POLLRDHUP
+    pollfd state{socket, POLLRDHUP, 0};
+    return poll(&state, 1, 0) > 0;
+#else
+    return false;
+#endif
 }
 
 const char *HeaderOf(MHD_Connection *connection, const char *name)
@@ -245,7 +259,9 @@ MHD_Result OnRequest(void *data, MHD_Connection *connection, const char *path, c
             return Refuse(front, connection, upload);
         if (upload.reply)
             return SendReply(front, connection, request, *upload.reply);
-        front.Connections().SetAnswering(SocketOf(connection), true);
+        const int socket = SocketOf(connection);
+        request.has_client_gone = [socket] { return IsClosedByPeer(socket); };
+        front.Connections().SetAnswering(socket, true);
         const Reply reply = Answer(request, [&] { return front.Handler().answer(request); });
         if (reply.later)
             return Suspend(connection, upload, reply);

@@ -36,8 +36,11 @@ void CListThreads::Refuse(const Done &done)
     done([]() -> Reply { throw Refused(kUnavailable); });
 }
 
-void CListThreads::Run(const Work &work, const Done &done)
+void CListThreads::Run(const Work &work, const Done &done, const std::function<bool()> &is_unwanted)
 {
+    const auto is_over = [this, is_unwanted] {
+        return !is_running_ || (is_unwanted && is_unwanted());
+    };
     std::unique_lock<std::mutex> lock(mutex_);
     if (quick_count_.fetch_add(1) >= kMostQuick || !is_running_) {
         --quick_count_;
@@ -46,41 +49,45 @@ void CListThreads::Run(const Work &work, const Done &done)
         return;
     }
     quick_.Post(
-        [this, work, done](CStore &store) {
-            store.SetTimeLimit(kQuickLimit);
+        [this, work, done, is_over](CStore &store) {
+            store.SetTimeLimit(kQuickLimit, is_over);
             const Reply reply = work(store);
             --quick_count_;
             done([&reply] { return reply; });
         },
-        [this, work, done](const std::exception_ptr &failure) {
+        [this, work, done, is_over](const std::exception_ptr &failure) {
             --quick_count_;
             try {
                 std::rethrow_exception(failure);
             } catch (const StoreTimeout &) {
-                RunSlowly(work, done);
+                RunSlowly(work, done, is_over);
             } catch (...) {
                 done([&failure]() -> Reply { std::rethrow_exception(failure); });
             }
         });
 }
 
-void CListThreads::RunSlowly(const Work &work, const Done &done)
+void CListThreads::RunSlowly(const Work &work, const Done &done,
+                             const std::function<bool()> &is_over)
 {
-    if (slow_count_.fetch_add(1) >= kMostSlow) {
+    if (slow_count_.fetch_add(1) >= kMostSlow || !is_running_) {
         --slow_count_;
         Refuse(done);
         return;
     }
     slow_.Post(
-        [this, work, done](CStore &store) {
-            store.SetTimeLimit(kSlowLimit);
+        [this, work, done, is_over](CStore &store) {
+            store.SetTimeLimit(kSlowLimit, is_over);
             const Reply reply = work(store);
             --slow_count_;
             done([&reply] { return reply; });
         },
         [this, done](const std::exception_ptr &failure) {
             --slow_count_;
-            done([&failure]() -> Reply { std::rethrow_exception(failure); });
+            if (!is_running_)
+                Refuse(done);
+            else
+                done([&failure]() -> Reply { std::rethrow_exception(failure); });
         });
 }
 

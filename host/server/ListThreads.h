@@ -22,21 +22,23 @@ public:
     using Done = std::function<void(const std::function<Reply()> &result)>;
 
     void Start(const StoreAddress &address);
-    /// \brief Finish the accepted work. Until the next Start() all new work is refused at once.
+    /// \brief Refuse the accepted work that is not done at once, and until the next Start() all new
+    /// work.
     void Stop();
 
     /// \brief Run \a work, and then \a done on the same thread, once; or \a done at once with a
-    /// refusal. \a work may be begun more than once.
-    void Run(const Work &work, const Done &done);
+    /// refusal. \a work may be begun more than once. When \a is_unwanted says so, before \a done is
+    /// called, it is broken off.
+    void Run(const Work &work, const Done &done, const std::function<bool()> &is_unwanted);
 
 private:
-    void RunSlowly(const Work &work, const Done &done);
+    void RunSlowly(const Work &work, const Done &done, const std::function<bool()> &is_over);
     static void Refuse(const Done &done);
 
     CStoreThread quick_;
     CStoreThread slow_;
     std::mutex mutex_;
-    bool is_running_ = false; // under the mutex
+    std::atomic<bool> is_running_{false}; // changed under the mutex
     std::atomic<int> quick_count_{0};
     std::atomic<int> slow_count_{0};
 };

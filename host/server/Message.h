@@ -40,6 +40,7 @@ struct Request
     std::string address; ///< of the client
     std::string network; ///< the same, but for IPv6 only its first 64 bits, which one site has
     std::string body;
+    std::function<bool()> has_client_gone; ///< until the reply is there; may be empty
 
     Request() = default;
     Request(const Request &) = delete;

@@ -87,7 +87,8 @@ struct CServerDataPtr
                 [this, &request, work](CStore &store) { return work(*this, store, request); },
                 [this, &request, done](const std::function<Reply()> &result) {
                     done([&] { return Guarded(request, result); });
-                });
+                },
+                request.has_client_gone);
         };
         return reply;
     }

@@ -231,7 +231,7 @@ CRows CStore::Run(const QString &statement, const QVariantList &values)
     for (const QVariant &value : values)
         if (value.type() == QVariant::String && value.toString().contains(QChar(0)))
             throw UnstorableText("a text holds the character U+0000");
-    if (std::chrono::steady_clock::now() > deadline_)
+    if (IsTimeOver())
         throw StoreTimeout("the time limit is over");
     const CExpectedAnswer answer = Expect();
     auto query = Prepared(statement);
@@ -279,10 +279,16 @@ void CStore::ResetPatience()
     SetPatience(kPatience);
 }
 
+bool CStore::IsTimeOver() const
+{
+    return std::chrono::steady_clock::now() > deadline_ || (is_unwanted_ && is_unwanted_());
+}
+
 // SQLite asks after every so many steps whether to go on. PostgreSQL's limit is that of a
 // statement.
-void CStore::SetTimeLimit(std::chrono::milliseconds limit)
+void CStore::SetTimeLimit(std::chrono::milliseconds limit, std::function<bool()> is_unwanted)
 {
+    is_unwanted_ = std::move(is_unwanted);
     using Clock = std::chrono::steady_clock;
     deadline_ = limit.count() > 0 ? Clock::now() + limit : Clock::time_point::max();
     if (engine_ == Engine::Postgres) {
@@ -293,10 +299,7 @@ void CStore::SetTimeLimit(std::chrono::milliseconds limit)
         const QVariant handle = database_.driver()->handle();
         sqlite3_progress_handler(
             *static_cast<sqlite3 *const *>(handle.constData()), kSteps,
-            [](void *store) {
-                return Clock::now() > static_cast<CStore *>(store)->deadline_ ? 1 : 0;
-            },
-            this);
+            [](void *store) { return static_cast<CStore *>(store)->IsTimeOver() ? 1 : 0; }, this);
     }
     time_limit_ = limit;
 }

@@ -111,8 +111,10 @@ public:
     void ResetPatience();
 
     /// \brief All statements from now on take at most \a limit together, and fail with StoreTimeout
-    /// then; 0: there is no limit, as at first.
-    void SetTimeLimit(std::chrono::milliseconds limit);
+    /// then; 0: there is no limit, as at first. \a is_unwanted says that nobody waits for the
+    /// result any more: then they fail at once with SQLite, and with PostgreSQL the next one does.
+    /// It is not called between the last statement and the next SetTimeLimit().
+    void SetTimeLimit(std::chrono::milliseconds limit, std::function<bool()> is_unwanted = {});
 
     /// \brief Seconds since 1970 by the clock of the store: PostgreSQL's, which all servers share,
     /// or with SQLite this machine's.
@@ -145,6 +147,7 @@ private:
     }
 
     void Open(const StoreAddress &address);
+    [[nodiscard]] bool IsTimeOver() const;
     [[nodiscard]] CExpectedAnswer Expect() const;
     void Commit();
     void RollBack();
@@ -166,6 +169,7 @@ private:
     qint64 clock_ms_ = 0; // by the store's clock, at that time
     std::chrono::steady_clock::time_point clock_read_;
     std::chrono::milliseconds time_limit_{0};
+    std::function<bool()> is_unwanted_;
     std::chrono::steady_clock::time_point deadline_ = std::chrono::steady_clock::time_point::max();
 };
 
