@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Audit.h"
+#include "HiddenTyping.h"
 #include "Server.h"
 
 #include <sys/stat.h>
@@ -73,8 +74,8 @@ struct Options
         QStringLiteral("N")};
     QCommandLineOption account{
         QStringLiteral("account"),
-        QStringLiteral("Add this account, or give it a new password: one line of the standard "
-                       "input; then exit. No port is opened."),
+        QStringLiteral("Add this account, or give it a new password: a terminal asks for it, else "
+                       "it is one line of the standard input. Then exit; no port is opened."),
         QStringLiteral("NAME")};
     QCommandLineOption certificate{
         QStringLiteral("certificate"),
@@ -154,14 +155,30 @@ QString PathOf(const QString &database)
                                        : database;
 }
 
-int SetAccount(const QString &database, const QString &name)
+// A line of the standard input; a terminal asks for it.
+Nim::Base::SecretText ReadPassword(const Server::CHiddenTyping &typing, const char *question)
 {
+    if (typing.IsTerminal())
+        std::fprintf(stderr, "%s: ", question);
     std::string line;
     std::getline(std::cin, line);
+    if (typing.IsTerminal())
+        std::fputc('\n', stderr);
     if (!line.empty() && line.back() == '\r') // of a file with lines of Windows
         line.pop_back();
-    const Nim::Base::SecretText password(line);
+    Nim::Base::SecretText password(line);
     Nim::Base::Encrypt::Wipe(line);
+    return password;
+}
+
+int SetAccount(const QString &database, const QString &name)
+{
+    const Server::CHiddenTyping typing;
+    const Nim::Base::SecretText password = ReadPassword(typing, "Password");
+    if (typing.IsTerminal() && ReadPassword(typing, "The same again") != password) {
+        PrintError(QStringLiteral("The passwords differ."));
+        return kExitFailed;
+    }
     const QString error = Server::SetAccount(database, name, password);
     if (!error.isEmpty()) {
         PrintError(error);
