@@ -28,7 +28,7 @@ def flags():
         sys.exit("tools/check-guides.py: build/asan has no options to compile with; this makes them:\n"
                  "cmake --preset asan")
     commands = json.loads(database.read_text(encoding="utf-8"))
-    command = next(c["command"] for c in commands if c["file"].endswith("/tst_client_server.cpp"))
+    command = next(c["command"] for c in commands if c["file"].endswith("/tst_client_columns.cpp"))
     words, wanted = iter(shlex.split(command)), ["-std=c++17", "-fPIC", "-Wall", "-Wextra"]
     for word in words:
         if word == "-isystem":

@@ -18,7 +18,7 @@ TESTS = ("tests/", "fuzz/")
 SEARCHED = ("src", "platform", "host/client", "host")  # include folders, beside the file's own
 LAYERED = ("host/client", "src/ui")                     # their folders form layers
 MOST_LINES_OF_FILE = 400
-MOST_PERCENT_OF_TESTS = 36  # of the code; to be lowered as the share sinks to a third
+MOST_PERCENT_OF_TESTS = 34  # of the code
 MOST_LINES_OF_FUNCTION = 40  # signature and braces included, blank lines not
 
 

@@ -4,21 +4,11 @@
 
 #include <Vantor/CCopyFileThread>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <QtCore/QDirIterator>
 
 using Vantor::CCopyFileThread;
 
 namespace {
-
-// destination, existing, keeps_existing, expected; "": the copy fails
-using Name = Row<const char *, QStringList, bool, const char *>;
-
-// source, destination in the folder unless empty, error; 0: any
-using Fault = Row<const char *, QString, int>;
 
 // The failed sources of a whole run on the thread.
 QStringList Copy(CCopyFileThread &thread, const QStringList &sources,
@@ -36,13 +26,50 @@ QStringList Copy(CCopyFileThread &thread, const QStringList &sources,
     return failed;
 }
 
+// destination, existing, keeps_existing, expected; "": the copy fails
+const Rows<const char *, QStringList, bool, const char *> kNameRows = {
+    {"free", "a.jpg", {}, false, "a.jpg"},
+    {"taken twice", "a.jpg", {"a.jpg", "a(1).jpg"}, false, "a(2).jpg"},
+    {"a gap is filled", "a.jpg", {"a.jpg", "a(2).jpg"}, false, "a(1).jpg"},
+    {"a long extension is cut", "photo.jpeg", {"photo.jpeg"}, false, "photo(1).jpe"},
+    {"only the last dot counts", "a.tar.gz", {"a.tar.gz"}, false, "a.tar(1).gz"},
+    {"a dot at the end", "a.", {"a."}, false, "a(1)."},
+    {"a dot at the beginning", ".hidden", {".hidden"}, false, "(1).hid"},
+    {"cut between characters", "x.ab\xC3\xA9", {"x.ab\xC3\xA9"}, false, "x(1).ab"},
+    {"without a dot it is replaced", "noext", {"noext"}, false, "noext"},
+    {"a dot in the folder's name is the last", "v.1/noext", {"v.1/noext"}, false, ""},
+    {"kept: without a dot", "noext", {"noext", "noext(1)"}, true, "noext(2)"},
+    {"kept: a long extension", "photo.jpeg", {"photo.jpeg"}, true, "photo(1).jpeg"},
+    {"kept: a dot in the folder's name", "v.1/noext", {"v.1/noext"}, true, "v.1/noext(1)"},
+    {"kept: a dot at the beginning", ".hidden", {".hidden"}, true, ".hidden(1)"},
+};
+
+// source, destination in the folder unless empty, error; 0: any
+const Rows<const char *, QString, int> kRefusalRows = {
+    {"missing", "missing", "out/a.jpg", ENOENT},
+    {"a folder", "out/sub", "out/a.jpg", EISDIR},
+    {"a pipe without a writer", "pipe", "out/a.jpg", 0},
+    {"unreadable", "secret", "out/a.jpg", EACCES},
+    {"an unwritable folder", "source", "locked/a.jpg", EACCES},
+    {"an old file in an unwritable folder", "source", "locked/old", EACCES},
+    {"a folder that is gone", "source", "gone/a.jpg", ENOENT},
+    {"a folder in place of the file", "source", "out/sub", EISDIR},
+    {"a full disk", "large", "out/b.jpg", EFBIG},
+    {"no destination", "source", "", ENOENT},
+    {"a zero byte", "source", QString("out/a") + QChar(0) + "b", EILSEQ},
+    {"half a character", "source", QString("out/a") + QChar(0xD800), EILSEQ},
+    {"261 bytes", "source", QString(260, 'f'), ENAMETOOLONG},
+    {"another spelling of the source", "out/old", "out//old", EEXIST},
+    {"a hard link to the source", "out/old", "out/hard", EEXIST},
+    {"a symbolic link to the source", "out/old", "out/soft", EEXIST},
+};
+
 } // namespace
 
 class TestCopyFileThread : public CGuardedTest
 {
     Q_OBJECT
 
-protected:
     void SetUp() override
     {
         folder_.PutFolder("out");
@@ -50,30 +77,29 @@ protected:
             QCOMPARE(chmod(qPrintable(folder_.Path(name)), 0777), 0);
     }
 
-private Q_SLOTS:
-    void anExistingNameGetsANumber_data()
+    // Every file with its inode and size, by which a change shows.
+    [[nodiscard]] QStringList Tree() const
     {
-        AddRows<Name>({
-            {"free", "a.jpg", {}, false, "a.jpg"},
-            {"taken twice", "a.jpg", {"a.jpg", "a(1).jpg"}, false, "a(2).jpg"},
-            {"a gap is filled", "a.jpg", {"a.jpg", "a(2).jpg"}, false, "a(1).jpg"},
-            {"a long extension is cut", "photo.jpeg", {"photo.jpeg"}, false, "photo(1).jpe"},
-            {"only the last dot counts", "a.tar.gz", {"a.tar.gz"}, false, "a.tar(1).gz"},
-            {"a dot at the end", "a.", {"a."}, false, "a(1)."},
-            {"a dot at the beginning", ".hidden", {".hidden"}, false, "(1).hid"},
-            {"cut between characters", "x.ab\xC3\xA9", {"x.ab\xC3\xA9"}, false, "x(1).ab"},
-            {"without a dot it is replaced", "noext", {"noext"}, false, "noext"},
-            {"a dot in the folder's name is the last", "v.1/noext", {"v.1/noext"}, false, ""},
-            {"kept: without a dot", "noext", {"noext", "noext(1)"}, true, "noext(2)"},
-            {"kept: a long extension", "photo.jpeg", {"photo.jpeg"}, true, "photo(1).jpeg"},
-            {"kept: a dot in the folder's name", "v.1/noext", {"v.1/noext"}, true, "v.1/noext(1)"},
-            {"kept: a dot at the beginning", ".hidden", {".hidden"}, true, ".hidden(1)"},
-        });
+        QStringList names;
+        QDirIterator all(folder_.Path(),
+                         QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                         QDirIterator::Subdirectories);
+        while (all.hasNext()) {
+            struct stat facts = {};
+            lstat(QFile::encodeName(all.next()), &facts);
+            names.append(
+                QString("%1 %2 %3").arg(all.filePath()).arg(facts.st_ino).arg(facts.st_size));
+        }
+        names.sort();
+        return names;
     }
+
+private Q_SLOTS:
+    void anExistingNameGetsANumber_data() { AddRows(kNameRows); }
 
     void anExistingNameGetsANumber()
     {
-        const auto &[name, destination, existing, keeps_existing, text] = FetchRow<Name>();
+        const auto &[name, destination, existing, keeps_existing, text] = FetchRow(kNameRows);
         const QString expected(text);
         const QString out = folder_.Path("out/");
         for (const QString &old : existing)
@@ -93,31 +119,11 @@ private Q_SLOTS:
             QVERIFY(old == expected || FileBytes(out + old) == "old");
     }
 
-    void aFaultIsReportedAndHarmsNothing_data()
-    {
-        AddRows<Fault>({
-            {"missing", "missing", "out/a.jpg", ENOENT},
-            {"a folder", "out/sub", "out/a.jpg", EISDIR},
-            {"a pipe without a writer", "pipe", "out/a.jpg", 0},
-            {"unreadable", "secret", "out/a.jpg", EACCES},
-            {"an unwritable folder", "source", "locked/a.jpg", EACCES},
-            {"an old file in an unwritable folder", "source", "locked/old", EACCES},
-            {"a folder that is gone", "source", "gone/a.jpg", ENOENT},
-            {"a folder in place of the file", "source", "out/sub", EISDIR},
-            {"a full disk", "large", "out/b.jpg", EFBIG},
-            {"no destination", "source", "", ENOENT},
-            {"a zero byte", "source", QString("out/a") + QChar(0) + "b", EILSEQ},
-            {"half a character", "source", QString("out/a") + QChar(0xD800), EILSEQ},
-            {"261 bytes", "source", QString(260, 'f'), ENAMETOOLONG},
-            {"another spelling of the source", "out/old", "out//old", EEXIST},
-            {"a hard link to the source", "out/old", "out/hard", EEXIST},
-            {"a symbolic link to the source", "out/old", "out/soft", EEXIST},
-        });
-    }
+    void aFaultIsReportedAndHarmsNothing_data() { AddRows(kRefusalRows); }
 
     void aFaultIsReportedAndHarmsNothing()
     {
-        const auto &[row_name, source_name, destination, error] = FetchRow<Fault>();
+        const auto &[row_name, source_name, destination, error] = FetchRow(kRefusalRows);
         for (const char *const name : {"out/a.jpg", "out/old", "locked/old"})
             folder_.Put(name, "old");
         folder_.Put("source", "new");
@@ -175,6 +181,9 @@ private Q_SLOTS:
                  qint64(1234567890) + 123456789);
         QVERIFY(Copy(thread, {a, b}, {folder_.Path("out/x")}).isEmpty()); // unequal: not stored
         QVERIFY(thread.Results().isEmpty());
+        const QString taken = folder_.Put("out/taken.txt", "");
+        QCOMPARE(Copy(thread, {missing, a}, {taken, taken}), QStringList(missing));
+        QCOMPARE(thread.Results().at(1).target, folder_.Path("out/taken(1).txt"));
     }
 
     void aStopAtAnyTimeLeavesTheRestWhole()
@@ -240,13 +249,11 @@ private Q_SLOTS:
         CCopyFileThread thread;
         QVector<qint64> seen;
         qint64 whole = 0;
-        connect(
-            &thread, &CCopyFileThread::SendSaveProgress, &thread,
-            [&](qint64 done, qint64 total, int, int) {
-                seen.append(done);
-                whole = total;
-            },
-            Qt::DirectConnection);
+        const auto see = [&](qint64 done, qint64 total, int, int) {
+            seen.append(done);
+            whole = total;
+        };
+        connect(&thread, &CCopyFileThread::SendSaveProgress, &thread, see, Qt::DirectConnection);
         QStringList targets;
         for (int round = 0; round < 50; ++round)
             targets.append(folder_.Path("out/%1.x").arg(round));
@@ -274,40 +281,19 @@ private Q_SLOTS:
         int lost = 0;
         for (int round = 0; round < 200; ++round) {
             const CTestFolder shared;
-            std::vector<std::unique_ptr<CCopyFileThread>> threads;
-            for (int i = 0; i < kThreads; ++i) {
-                threads.push_back(std::make_unique<CCopyFileThread>());
-                threads.back()->SetFileInfo({sources.at(i)}, {shared.Path("a.jpg")}, i % 2 == 0);
-            }
-            for (const auto &thread : threads)
-                thread->start();
-            for (const auto &thread : threads)
-                thread->wait();
-            for (int i = 0; i < kThreads; ++i) {
-                const QString target = threads[size_t(i)]->Results().constFirst().target;
-                lost += FileBytes(target) == QByteArray::number(i) ? 0 : 1;
+            std::array<CCopyFileThread, kThreads> threads;
+            for (int i = 0; i < kThreads; ++i)
+                threads[size_t(i)].SetFileInfo({sources.at(i)}, {shared.Path("a.jpg")}, i % 2 == 0);
+            for (CCopyFileThread &thread : threads)
+                thread.start();
+            for (size_t i = 0; i < kThreads; ++i) {
+                threads[i].wait();
+                const QString target = threads[i].Results().constFirst().target;
+                lost += FileBytes(target) == QByteArray::number(int(i)) ? 0 : 1;
             }
             QCOMPARE(shared.Files().size(), kThreads);
         }
         QCOMPARE(lost, 0);
-    }
-
-private:
-    // Every file with its inode and size, by which a change shows.
-    [[nodiscard]] QStringList Tree() const
-    {
-        QStringList names;
-        QDirIterator all(folder_.Path(),
-                         QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                         QDirIterator::Subdirectories);
-        while (all.hasNext()) {
-            struct stat facts = {};
-            lstat(QFile::encodeName(all.next()), &facts);
-            names.append(
-                QString("%1 %2 %3").arg(all.filePath()).arg(facts.st_ino).arg(facts.st_size));
-        }
-        names.sort();
-        return names;
     }
 };
 

@@ -5,12 +5,7 @@
 #include <Vantor/CEventTransMgr>
 #include <Vantor/CUpdateEvent>
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QThread>
-
-using Vantor::CCustomEvent;
-using Vantor::CEventTransMgr;
-using Vantor::CUpdateEvent;
+using namespace Vantor;
 
 namespace {
 
@@ -98,8 +93,7 @@ private Q_SLOTS:
     void managerOutlivesEventsThatTakeNumbersOfQt()
     {
         CCustomEvent call(QEvent::MetaCall); // the number of a class of Qt
-        QVERIFY(!Manager().SendCustomEvent(&call));
-        QVERIFY(!Manager().SendCustomEvent(nullptr));
+        QVERIFY(!Manager().SendCustomEvent(&call) && !Manager().SendCustomEvent(nullptr));
         Manager().PostCustomEvent(nullptr);
 
         const QPointer<QObject> manager(&Manager());

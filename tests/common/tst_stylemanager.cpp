@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Vantor/CStyleManager>
 
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QStyle>
 
 using Vantor::CStyleManager;
+// Themes and widgets of clients name these paths.
 
 namespace {
 
@@ -38,7 +38,14 @@ QStringList Wrong(const CStyleManager &manager, int shift)
     return wrong;
 }
 
-using Opacity = Row<QColor, float, int>; // stored, opacity, alpha
+// stored, opacity, alpha
+const Rows<QColor, float, int> kOpacityRows = {
+    {"transparent", QColor(50, 40, 30), 0.0F, 0},
+    {"half", QColor(50, 40, 30), 0.5F, 128},
+    {"opaque", QColor(50, 40, 30, 4), 1.0F, 255},
+    {"an invalid colour stays invalid", QColor(), 0.5F, 128},
+    {"more than opaque is refused", QColor(50, 40, 30), 1.5F, 255},
+};
 
 } // namespace
 
@@ -46,35 +53,30 @@ class TestStyleManager : public CGuardedTest
 {
     Q_OBJECT
 
+    void TearDown() override { qApp->setStyleSheet(QString()); }
+
 private Q_SLOTS:
-    void opacityGoesToTheCopyOnly_data()
-    {
-        AddRows<Opacity>({{"transparent", QColor(1, 2, 3), 0.0F, 0},
-                          {"half", QColor(1, 2, 3), 0.5F, 128},
-                          {"opaque", QColor(1, 2, 3, 4), 1.0F, 255},
-                          {"an invalid colour stays invalid", QColor(), 0.5F, 128},
-                          {"more than opaque is refused", QColor(1, 2, 3), 1.5F, 255}});
-    }
+    void opacityGoesToTheCopyOnly_data() { AddRows(kOpacityRows); }
 
     void opacityGoesToTheCopyOnly()
     {
-        const auto &[name, stored, opacity, alpha] = FetchRow<Opacity>();
+        const auto &[name, stored, opacity, alpha] = FetchRow(kOpacityRows);
         guard_.AnnounceWarnings("QColor::setAlphaF");
         CStyleManager manager;
         manager.SetNeuColor(stored);
-        manager.SetNeuColorT2(stored);
-        manager.SetTextNeuColor(stored);
-        manager.SetTextNeuColorT2(stored);
+        manager.SetNeuColorT2(stored.lighter(150));
+        manager.SetTextNeuColor(stored.lighter(200));
+        manager.SetTextNeuColorT2(stored.lighter(250));
 
+        int shade = 0;
         for (const QColor &color :
              {manager.GetNeuColor(opacity), manager.GetNeuColorT2(opacity),
               manager.GetTextNeuColor(opacity), manager.GetTextNeuColorT2(opacity)}) {
             QCOMPARE(color.alpha(), alpha);
             QCOMPARE(color.isValid(), stored.isValid());
+            QCOMPARE(color.lightness(), stored.lighter(100 + 50 * shade++).lightness());
         }
-
         QCOMPARE(manager.NeuColor(), stored);
-        QCOMPARE(manager.TextNeuColorT2(), stored);
     }
 
     void aSheetFillsTheFirstInstanceAndIsFollowedWhenTheHostPolishes()
@@ -89,8 +91,20 @@ private Q_SLOTS:
         QCOMPARE(Wrong(manager, 40), QStringList());
     }
 
-protected:
-    void TearDown() override { qApp->setStyleSheet(QString()); }
+    void eachPathHoldsAPictureInTwoSizes()
+    {
+        const std::pair<QString, QSize> pictures[] = {
+            {":/Ovrin/Tree/Images/Public/Control/Tree/HomePage", {16, 16}},
+            {":/Ovrin/Tree/Images/Public/Control/Tree/LastPage", {16, 16}},
+            {":/Ovrin/Tree/Images/Public/Control/Tree/NextPage", {16, 16}},
+            {":/Ovrin/Tree/Images/Public/Control/Tree/PreviousPage", {16, 16}},
+            {":/Ovrin/Icon/Images/Public/Icon/SepHide", {64, 10}},
+            {":/Ovrin/Icon/Images/Public/Icon/SepShow", {64, 10}}};
+        for (const auto &[path, size] : pictures) {
+            QCOMPARE(QImage(path + ".png").size(), size);
+            QCOMPARE(QImage(path + "@2x.png").size(), size * 2);
+        }
+    }
 };
 
 QTEST_MAIN(TestStyleManager)

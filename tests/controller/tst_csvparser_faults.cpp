@@ -5,14 +5,6 @@
 #include <CsvParse/CsvParse.h>
 #include <Vantor/CCSVParser>
 
-#include <dlfcn.h>
-
-#include <QtCore/QAbstractTableModel>
-#include <QtCore/QRegularExpression>
-#include <QtGui/QStandardItemModel>
-
-#include <cstring>
-
 using Vantor::CCSVParser;
 
 // A client's own CSV library in place of ours, for this program: it refuses a line that holds
@@ -32,13 +24,11 @@ extern "C" std::size_t csvparse_parse(csvparse_parser *parser, const void *bytes
 namespace {
 
 // A host's model that gives up in its third row.
-class CThrowingModel : public QAbstractTableModel
+class CThrowingModel : public QStandardItemModel
 {
 public:
-    using QAbstractTableModel::QAbstractTableModel;
+    using QStandardItemModel::QStandardItemModel;
 
-    int rowCount(const QModelIndex &) const override { return 5; }
-    int columnCount(const QModelIndex &) const override { return 1; }
     QVariant data(const QModelIndex &index, int) const override
     {
         if (index.row() == 2)
@@ -71,11 +61,9 @@ private Q_SLOTS:
         QCOMPARE(folder_.Bytes("refused.csv"),
                  QByteArray("\xEF\xBB\xBF\"before\"\r\n\"half\",\"\"\r\n"));
         QCOMPARE(guard_.LogLines().size(), 1);
-        static const QRegularExpression line(QRegularExpression::anchoredPattern(
-            R"(5 ClientWarningAndMore \[Vantor::CCSVParser::DoParserTask\]csvparse_parse Error parsing file\.)"
-            R"(\[CsvWrite\.cpp\(\d+\)\])"));
-        QVERIFY2(line.match(guard_.LogLines().constFirst()).hasMatch(),
-                 qPrintable(guard_.LogLines().constFirst()));
+        QVERIFY(guard_.LogLines().constFirst().startsWith(
+            "5 ClientWarningAndMore [Vantor::CCSVParser::DoParserTask]csvparse_parse Error parsing "
+            "file.[CsvWrite.cpp("));
 
         QVERIFY(parser.OpenFile(folder_.Path("whole.csv")));
         parser.AppendLine({"a"});
@@ -86,14 +74,12 @@ private Q_SLOTS:
 
     void aFullDiskIsToldOnceAndShown_data()
     {
-        QTest::addColumn<int>("lines");
-        QTest::newRow("found when the lines are flushed") << 1;
-        QTest::newRow("found in the middle of many lines") << 100000;
+        AddRows<Row<int>>({{"found when flushed", 1}, {"found in the middle", 100000}});
     }
 
     void aFullDiskIsToldOnceAndShown()
     {
-        QFETCH(int, lines);
+        const int lines = std::get<1>(FetchRow<Row<int>>());
         guard_.AnnounceLogLines();
         CCSVParser parser(nullptr);
         QVERIFY(parser.OpenFile("/dev/full"));
@@ -141,20 +127,8 @@ private Q_SLOTS:
 
         QVERIFY(parser.HasWriteError());
         QCOMPARE(folder_.Bytes("limited.csv").size(), 1000);
-        QVERIFY(parser.OpenFile(folder_.Path("next.csv")));
-        QVERIFY(!parser.HasWriteError());
+        QVERIFY(parser.OpenFile(folder_.Path("next.csv")) && !parser.HasWriteError());
         parser.CloseFile();
-    }
-
-    void aDirectoryIsNoFile()
-    {
-        guard_.AnnounceLogLines();
-        CCSVParser parser(nullptr);
-
-        QVERIFY(!parser.OpenFile(folder_.Path()));
-        QCOMPARE(errno, EISDIR);
-        QVERIFY(!parser.OpenFileWithAppendMode(folder_.Path()));
-        QCOMPARE(guard_.LogLines().filter("cannot be opened: Is a directory").size(), 2);
     }
 
     void aModelThatThrowsLosesNoEarlierRow()
@@ -163,7 +137,7 @@ private Q_SLOTS:
         const QString path = folder_.Path("thrown.csv");
         CCSVParser parser(nullptr);
         QVERIFY(parser.OpenFileWithAppendMode(path));
-        CThrowingModel model;
+        CThrowingModel model(5, 1);
 
         parser.PrepareSourceData(&model);
         parser.WriteCSVFile();

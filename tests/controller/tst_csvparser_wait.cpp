@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Ravel/ChaseDialog.h>
 #include <Ravel/WaitWatcher.h>
 #include <Vantor/CCSVParser>
 
 #include <QtCore/QThreadPool>
-#include <QtCore/QTimer>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QWidget>
 
 using Vantor::CCSVParser;
 
@@ -59,28 +56,19 @@ class TestCsvParserWait : public CGuardedTest
     }
 
 private Q_SLOTS:
-    void theCallReturnsWithTheFileWrittenAndTheLinesKept_data()
-    {
-        QTest::addColumn<int>("lines");
-        QTest::newRow("a task that is done before the dialog shows") << 0;
-        QTest::newRow("a task that takes a while") << kManyLines;
-    }
-
     void theCallReturnsWithTheFileWrittenAndTheLinesKept()
     {
-        QFETCH(int, lines);
         const QString path = folder_.Path("a.csv");
-        QWidget window;
-        CCSVParser parser(&window);
+        CCSVParser parser(nullptr);
         QVERIFY(parser.OpenFile(path));
-        Fill(parser, lines);
+        Fill(parser);
 
         parser.WriteCSVFileWithChase();
         const QByteArray once = FileBytes(path);
         parser.WriteCSVFileWithChase();
         parser.CloseFile();
 
-        QCOMPARE(once, Expected(lines, true));
+        QCOMPARE(once, Expected(kManyLines, true));
         QCOMPARE(FileBytes(path), once + once.mid(3)); // the lines stay, the mark is written once
     }
 
@@ -104,8 +92,7 @@ private Q_SLOTS:
         parser.WriteCSVFileWithChase();
         parser.CloseFile();
 
-        QVERIFY(was_waiting);
-        QVERIFY(survived);
+        QVERIFY(was_waiting && survived);
         QCOMPARE(pipe.Bytes(), Expected(kManyLines, false));
     }
 
@@ -157,31 +144,25 @@ private Q_SLOTS:
 
     void parserAndParentMayGoWhileAWriteRuns_data()
     {
-        QTest::addColumn<bool>("whole_window");
-        QTest::newRow("the parser") << false;
-        QTest::newRow("its parent, and the dialog with it") << true;
+        AddRows<Row<bool>>({{"the parser", false}, {"its parent, and the dialog with it", true}});
     }
 
     void parserAndParentMayGoWhileAWriteRuns()
     {
-        QFETCH(bool, whole_window);
+        const bool whole_window = std::get<1>(FetchRow<Row<bool>>());
         CPipe pipe(false);
         const QPointer<QWidget> window(new QWidget);
         const QPointer<CCSVParser> parser(new CCSVParser(window));
         QVERIFY(parser->OpenFile(pipe.Path()));
         Fill(*parser);
         OnceWaiting(qApp, [&](Ravel::CChaseDialog &) {
-            if (whole_window)
-                delete window;
-            else
-                delete parser;
+            delete (whole_window ? window.data() : static_cast<QObject *>(parser));
             pipe.Drain();
         });
 
         parser->WriteCSVFileWithChase();
 
-        QVERIFY(!parser);
-        QVERIFY(QThreadPool::globalInstance()->waitForDone());
+        QVERIFY(!parser && QThreadPool::globalInstance()->waitForDone());
         delete window;
     }
 };

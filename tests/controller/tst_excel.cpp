@@ -7,10 +7,7 @@
 
 #include <xlsxwriter.h>
 
-#include <QtCore/QRegularExpression>
-
-using Vantor::CExcelControllorWithC;
-using Vantor::Clxw_format_;
+using namespace Vantor;
 using Look = std::shared_ptr<Clxw_format_>;
 
 namespace {
@@ -179,19 +176,29 @@ private:
     std::string picture_path_;
 };
 
-struct Hidden
-{
-    const char *name;
-    QStringList hidden;
-    QByteArray states; // of A, B, C
-    QByteArray active;
+// hidden, states of A, B, C, active
+const Rows<QStringList, QByteArray, QByteArray> kHiddenRows = {
+    {"the last", {"C"}, "vvh", ""},
+    {"the first, which is active", {"A"}, "hvv", "1"},
+    {"the first two", {"A", "B"}, "hhv", "2"},
+    {"all, but one has to show", {"A", "B", "C"}, "vhh", ""},
+    {"none of an unknown name", {"", "D"}, "vvv", ""},
 };
 
-struct Applied
-{
-    const char *name;
-    std::function<void(Clxw_format_ &)> change;
-    QByteArray wanted, unwanted;
+const std::string kWide = QString(43, QChar(0x4E2D)).toStdString();
+const QByteArray kCut = '"' + QString(42, QChar(0x4E2D)).toUtf8() + '"';
+const QByteArray kNoFill = "<fills count=\"2\">";
+
+// colour, font, wanted
+const Rows<std::string, std::string, QByteArray> kTamedRows = {
+    {"a negative number", "#-1", "", kNoFill},
+    {"a blank", "# FF", "", kNoFill},
+    {"two marks", "##00FF00", "", kNoFill},
+    {"a prefix of its own", "#0x12", "", kNoFill},
+    {"up to the second mark", "#12#34", "", "rgb=\"FF000012\""},
+    {"too many digits", "#FFFFFFFFFFFFFFFFFF", "", "rgb=\"FFFFFFFF\""},
+    {"a font of 129 bytes is cut at a character", "", kWide, kCut},
+    {"a font that is no text", "", "A\xFF\x01", "\"A\xEF\xBF\xBD\xEF\xBF\xBD\""},
 };
 
 } // namespace
@@ -199,6 +206,28 @@ struct Applied
 class TestExcel : public CGuardedTest
 {
     Q_OBJECT
+
+    [[nodiscard]] std::string Path() const { return folder_.Path("a.xlsx").toStdString(); }
+
+    [[nodiscard]] std::string Cache() const { return folder_.Path().toStdString() + '/'; }
+
+    [[nodiscard]] Parts Read() const { return ReadParts(QString::fromStdString(Path())); }
+
+    Parts Written(const std::function<void(CExcelControllorWithC &)> &fill,
+                  const std::string &name = "Sheet")
+    {
+        return WrittenParts(QString::fromStdString(Path()), fill, name);
+    }
+
+    // The logged text, without the place in the source.
+    [[nodiscard]] QStringList Log() const
+    {
+        static const QRegularExpression place("\\[ExcelControllorWithC\\.cpp\\(\\d+\\)\\]$");
+        QStringList lines = guard_.LogLines();
+        for (QString &line : lines)
+            line = line.contains(place) ? line.remove(place) : "no place: " + line;
+        return lines;
+    }
 
 private Q_SLOTS:
     void thePartsEqualThoseOfAFormatForEachCell()
@@ -228,50 +257,39 @@ private Q_SLOTS:
         writer.SetColumnWidth(1, 2, 30);
         writer.Close();
 
-        QStringList expected;
-        const auto line = [&expected](const char *function, const QString &text) {
-            expected +=
-                QString("3 UserOperate [Vantor::CExcelControllorWithC::") + function + ']' + text;
-        };
-        const QString own = "CExcelControllorWithC::";
         const QString path = QString::fromStdString(Path());
-        line("AddSheetByName", own + "Init");
-        line("Init", own + "Init");
-        line("Init", own + "Init  d_ptr_->ptr_excel_ is null  file_cache_path =" + cache);
-        line("Init", own + "Init");
-        line("AddSheetByName", own + "Init");
-        line("AddSheetByName", own + "Init d_ptr_->ptr_excel_ != nullptr");
-        line("SetFilterCoumn",
-             own + "SetFilterCoumn begin_row =1  begin_column =2 end_row =3 en_column =4");
-        line("SetFilterOneCoumnWith1Str",
-             own + "SetFilterOneCoumnWith1Str begin_column =3  rule_str =%n");
-        line("SetFilterOneCoumnWith2Str", own + "SetFilterOneCoumnWith2Str");
-        line("SetFilterCoumnWithListStr", own + "SetFilterCoumnWithListStr filter_column =4");
-        line("SetColumnWidth", own + "SetColumnWidth begin_column =1  en_column =2 i_width =30");
-        line("Close", "file  close , file_path_ = " + path + ' ');
-        line("Close", "file  close success, file_path_ = " + path + " , close result = 0");
-        line("Close", "delete file path = " + cache + "FileGenerateCach, result = 1");
+        QStringList expected{
+            "AddSheetByName]::Init",
+            "Init]::Init",
+            "Init]::Init  d_ptr_->ptr_excel_ is null  file_cache_path =" + cache,
+            "Init]::Init",
+            "AddSheetByName]::Init",
+            "AddSheetByName]::Init d_ptr_->ptr_excel_ != nullptr",
+            "SetFilterCoumn]::SetFilterCoumn begin_row =1  begin_column =2 end_row =3 en_column =4",
+            "SetFilterOneCoumnWith1Str]::SetFilterOneCoumnWith1Str begin_column =3  rule_str =%n",
+            "SetFilterOneCoumnWith2Str]::SetFilterOneCoumnWith2Str",
+            "SetFilterCoumnWithListStr]::SetFilterCoumnWithListStr filter_column =4",
+            "SetColumnWidth]::SetColumnWidth begin_column =1  en_column =2 i_width =30",
+            "Close]file  close , file_path_ = " + path + ' ',
+            "Close]file  close success, file_path_ = " + path + " , close result = 0",
+            "Close]delete file path = " + cache + "FileGenerateCach, result = 1"};
+        expected.replaceInStrings("]::", "]CExcelControllorWithC::")
+            .replaceInStrings(QRegularExpression("^"),
+                              "3 UserOperate [Vantor::CExcelControllorWithC::");
         QCOMPARE(Log(), expected);
         QVERIFY(Read().value(kSheet).contains("<autoFilter ref=\"C2:E4\"/>"));
     }
 
-    void hiddenSheetsStayInTheFile_data()
-    {
-        AddRows<Hidden>({{"the last", {"C"}, "vvh", ""},
-                         {"the first, which is active", {"A"}, "hvv", "1"},
-                         {"the first two", {"A", "B"}, "hhv", "2"},
-                         {"all, but one has to show", {"A", "B", "C"}, "vhh", ""},
-                         {"none of an unknown name", {"", "D"}, "vvv", ""}});
-    }
+    void hiddenSheetsStayInTheFile_data() { AddRows(kHiddenRows); }
 
     void hiddenSheetsStayInTheFile()
     {
-        const auto &row = FetchRow<Hidden>();
+        const auto &[row_name, hidden, states, active] = FetchRow(kHiddenRows);
         const Parts parts = Written(
-            [&row](CExcelControllorWithC &writer) {
+            [&all = hidden](CExcelControllorWithC &writer) {
                 for (const char *const name : {"B", "C"})
                     writer.AddSheetByName(name);
-                for (const QString &name : row.hidden)
+                for (const QString &name : all)
                     writer.DeleteSheet(name.toStdString());
                 QCOMPARE(writer.GetSheetCount(), 3);
             },
@@ -283,9 +301,9 @@ private Q_SLOTS:
         auto sheets = sheet_element.globalMatch(book);
         while (sheets.hasNext())
             found += sheets.next().captured().contains("state=\"hidden\"") ? 'h' : 'v';
-        QCOMPARE(found, row.states);
+        QCOMPARE(found, states);
         static const QRegularExpression active_tab("activeTab=\"(\\d)\"");
-        QCOMPARE(active_tab.match(book).captured(1).toLatin1(), row.active);
+        QCOMPARE(active_tab.match(book).captured(1).toLatin1(), active);
     }
 
     void usedRowsAreKeptBySheetName()
@@ -343,18 +361,15 @@ private Q_SLOTS:
         const QString made = folder_.Path("cache/FileGenerateCach");
         CExcelControllorWithC writer;
         writer.Init(Path(), folder_.Path("cache/").toStdString());
-        QVERIFY(QDir(made).exists());
-        QVERIFY(QFile::link(folder_.Path("precious"), made + "/link"));
+        QVERIFY(QDir(made).exists() && QFile::link(folder_.Path("precious"), made + "/link"));
         writer.Close();
-        QVERIFY(!QDir(made).exists());
-        QVERIFY(QDir(folder_.Path("cache")).exists());
+        QVERIFY(!QDir(made).exists() && QDir(folder_.Path("cache")).exists());
 
         QVERIFY(QDir(folder_.Path()).mkpath("precious/folder"));
         QVERIFY(QFile::link(folder_.Path("precious"), made));
         writer.Init(Path(), folder_.Path("cache/").toStdString());
         writer.Close();
-        QVERIFY(QDir(folder_.Path("precious/folder")).exists());
-        QVERIFY(!QFileInfo(made).isSymLink());
+        QVERIFY(QDir(folder_.Path("precious/folder")).exists() && !QFileInfo(made).isSymLink());
     }
 
     void theDestructorNeitherSavesNorFrees()
@@ -393,76 +408,19 @@ private Q_SLOTS:
         QCOMPARE(writer.LastCloseResult(), 0);
     }
 
-    void looksAreAppliedAsTheRecordSays_data()
-    {
-        using Font = Clxw_format_;
-        QTest::addColumn<std::any>("row");
-        const auto row = [](const char *name, auto set, const auto &value, const QByteArray &wanted,
-                            const QByteArray &unwanted = "no such text") {
-            QTest::newRow(name) << std::any(
-                Applied{name, [=](Font &look) { (look.*set)(value); }, wanted, unwanted});
-        };
-        const auto fill = [&row](const char *name, const char *text, const QByteArray &color) {
-            row(name, &Font::SetVal_background_color, text,
-                color.isEmpty() ? "<fills count=\"2\">" : "<fgColor rgb=\"FF" + color + "\"/>");
-        };
-        const auto size = &Font::SetVal_font_size;
-        const auto align = &Font::SetVal_text_location;
-        const auto name = &Font::SetVal_font_faimily;
-        const std::string wide = QString(43, QChar(0x4E2D)).toStdString();
-        const QByteArray cut = QString(42, QChar(0x4E2D)).toUtf8();
-        row("size 10 keeps the workbook's", size, 10, "<sz val=\"11\"/>", "<sz val=\"10\"/>");
-        row("size 11 is set", size, 11, "<sz val=\"11\"/>");
-        row("size 410 is beyond the format", size, 410, "<sz val=\"11\"/>", "410");
-        row("another location aligns nothing", align, 3, "YaHei", "horizontal");
-        row("a font name of 129 bytes is cut at a character", name, wide, '"' + cut + '"');
-        row("a font name that is no text", name, "A\xFF\x01", "\"A\xEF\xBF\xBD\xEF\xBF\xBD\"");
-        row("black text", &Font::SetVal_text_color, "#000000", "<color rgb=\"FF000000\"/>");
-        fill("a colour without its mark", "FA3239", "");
-        fill("a negative number", "#-1", "");
-        fill("a blank", "# FF", "");
-        fill("two marks", "##00FF00", "");
-        fill("a prefix of its own", "#0x12", "");
-        fill("three digits", "#FFF", "000FFF");
-        fill("up to the second mark", "#12#34", "000012");
-        fill("more digits than a number has", "#FFFFFFFFFFFFFFFFFF", "FFFFFF");
-        fill("an alpha in front", "#80FF0000", "FF0000");
-    }
+    void hardLooksAreTamed_data() { AddRows(kTamedRows); }
 
-    void looksAreAppliedAsTheRecordSays()
+    void hardLooksAreTamed()
     {
-        const auto &row = FetchRow<Applied>();
-        const Parts parts = Written([&row](CExcelControllorWithC &writer) {
-            auto look = AnyLook();
-            row.change(*look);
+        const auto &[name, colour, font, wanted] = FetchRow(kTamedRows);
+        auto look = AnyLook();
+        look->SetVal_background_color(colour);
+        look->SetVal_font_faimily(font);
+        const QByteArray styles = Written([&look](CExcelControllorWithC &writer) {
             writer.SetCellString(0, 0, "x", look);
-        });
+        })["xl/styles.xml"];
 
-        QVERIFY2(parts["xl/styles.xml"].contains(row.wanted), parts["xl/styles.xml"]);
-        QVERIFY2(!parts["xl/styles.xml"].contains(row.unwanted), parts["xl/styles.xml"]);
-    }
-
-private:
-    [[nodiscard]] std::string Path() const { return folder_.Path("a.xlsx").toStdString(); }
-
-    [[nodiscard]] std::string Cache() const { return folder_.Path().toStdString() + '/'; }
-
-    [[nodiscard]] Parts Read() const { return ReadParts(QString::fromStdString(Path())); }
-
-    Parts Written(const std::function<void(CExcelControllorWithC &)> &fill,
-                  const std::string &name = "Sheet")
-    {
-        return WrittenParts(QString::fromStdString(Path()), fill, name);
-    }
-
-    // The logged text, without the place in the source.
-    [[nodiscard]] QStringList Log() const
-    {
-        static const QRegularExpression place("\\[ExcelControllorWithC\\.cpp\\(\\d+\\)\\]$");
-        QStringList lines = guard_.LogLines();
-        for (QString &line : lines)
-            line = line.contains(place) ? line.remove(place) : "no place: " + line;
-        return lines;
+        QVERIFY2(styles.contains(wanted), styles);
     }
 };
 

@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ExcelParts.h"
 #include "support/Limits.h"
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Vantor/CListExport>
 #include <Vantor/CRowSource>
-
-#include <QtCore/QUrl>
-#include <QtGui/QStandardItemModel>
-#include <QtWidgets/QHeaderView>
-#include <QtWidgets/QTreeView>
 
 using Vantor::CListExport;
 using Result = Vantor::ListExportResult;
@@ -50,10 +45,7 @@ class CLongModel : public QAbstractTableModel
 public:
     explicit CLongModel(int rows) : rows_(rows) {}
 
-    int rowCount(const QModelIndex &parent = {}) const override
-    {
-        return parent.isValid() ? 0 : rows_;
-    }
+    int rowCount(const QModelIndex & = {}) const override { return rows_; }
     int columnCount(const QModelIndex & = {}) const override { return 1; }
     QVariant data(const QModelIndex &index, int role) const override
     {
@@ -72,6 +64,35 @@ public:
 
 private:
     int rows_;
+};
+
+using Act = std::function<void()>;
+using Interruption = Row<std::function<void(CListExport *, const Act &)>>; // when
+
+// change, reason
+const Rows<std::function<void(CLongModel *)>, Reason> kChangeRows = {
+    {"a row goes", [](CLongModel *model) { model->RemoveLast(); }, Reason::ListChanged},
+    {"the model goes", [](CLongModel *model) { delete model; }, Reason::ListChanged},
+    {"the model throws", [](CLongModel *model) { model->throws = true; }, Reason::ListFailed},
+};
+
+const auto kNone = std::shared_ptr<CCells>();
+const auto kCells = std::make_shared<CCells>(3, 2);
+const auto kFailing = std::make_shared<CCells>(9000, 1, 5000);
+
+// path, source, reason
+const Rows<QString, std::shared_ptr<CCells>, Reason> kRefusalRows = {
+    {"an unknown suffix", "out/a.ods", kCells, Reason::UnknownFormat},
+    {"a missing folder", "missing/a.csv", kCells, Reason::NoFolder},
+    {"a file in place of the folder", "out/a.csv/b.csv", kCells, Reason::NoFolder},
+    {"a folder in place of the file", "out", kCells, Reason::UnknownFormat},
+    {"a folder with a suffix", "folder.csv", kCells, Reason::Folder},
+    {"a device", "device.csv", kCells, Reason::Device},
+    {"links in a ring", "ring.csv", kCells, Reason::DeadLink},
+    {"neither model nor source", "out/a.csv", kNone, Reason::NoColumns},
+    {"no columns", "out/a.csv", std::make_shared<CCells>(3, 0), Reason::NoColumns},
+    {"a source that throws", "out/a.csv", kFailing, Reason::ListFailed},
+    {"the same for a workbook", "out/a.xlsx", kFailing, Reason::ListFailed},
 };
 
 } // namespace
@@ -164,29 +185,11 @@ private Q_SLOTS:
         QVERIFY(parts["xl/worksheets/sheet3.xml"].contains("<autoFilter ref=\"A1:B2\"/>"));
     }
 
-    void whatCannotBeWrittenSaysWhyAndLeavesTheEarlierFile_data()
-    {
-        const auto none = std::shared_ptr<CCells>();
-        const auto cells = std::make_shared<CCells>(3, 2);
-        AddRows<Refusal>(
-            {{"an unknown suffix", "out/a.ods", cells, Reason::UnknownFormat},
-             {"a missing folder", "missing/a.csv", cells, Reason::NoFolder},
-             {"a file in place of the folder", "out/a.csv/b.csv", cells, Reason::NoFolder},
-             {"a folder in place of the file", "out", cells, Reason::UnknownFormat},
-             {"a folder with a suffix", "folder.csv", cells, Reason::Folder},
-             {"a device", "device.csv", cells, Reason::Device},
-             {"links in a ring", "ring.csv", cells, Reason::DeadLink},
-             {"neither model nor source", "out/a.csv", none, Reason::NoColumns},
-             {"no columns", "out/a.csv", std::make_shared<CCells>(3, 0), Reason::NoColumns},
-             {"a source that throws", "out/a.csv", std::make_shared<CCells>(9000, 1, 5000),
-              Reason::ListFailed},
-             {"the same for a workbook", "out/a.xlsx", std::make_shared<CCells>(9000, 1, 5000),
-              Reason::ListFailed}});
-    }
+    void whatCannotBeWrittenSaysWhyAndLeavesTheEarlierFile_data() { AddRows(kRefusalRows); }
 
     void whatCannotBeWrittenSaysWhyAndLeavesTheEarlierFile()
     {
-        const auto &row = FetchRow<Refusal>();
+        const auto &[name, path, source, reason] = FetchRow(kRefusalRows);
         guard_.AnnounceLogLines();
         folder_.Put("out/a.csv", "earlier");
         folder_.PutFolder("folder.csv");
@@ -194,12 +197,12 @@ private Q_SLOTS:
         QVERIFY(QFile::link(folder_.Path("ring.csv"), folder_.Path("ring2.csv")));
         QVERIFY(QFile::link(folder_.Path("ring2.csv"), folder_.Path("ring.csv")));
         CListExport job;
-        job.SetSource(row.source);
+        job.SetSource(source);
 
-        const Result result = Run(job, folder_.Path(row.path));
+        const Result result = Run(job, folder_.Path(path));
 
         QCOMPARE(int(result.end), int(End::Failed));
-        QCOMPARE(int(result.reason), int(row.reason));
+        QCOMPARE(int(result.reason), int(reason));
         QVERIFY(!result.can_save_again && !job.SaveAgain(target_));
         QCOMPARE(folder_.Bytes("out/a.csv"), QByteArray("earlier"));
         ExpectFiles({"a.csv"});
@@ -207,15 +210,12 @@ private Q_SLOTS:
 
     void aFullDiskKeepsTheBuiltFileForAnotherName()
     {
-        const QString small = folder_.Path("small");
-        const CSmallDisk disk(small, 64 * 1024);
-        QFile earlier(small + "/a.xlsx");
-        QVERIFY(earlier.open(QIODevice::WriteOnly) && earlier.write("earlier") == 7);
-        earlier.close();
+        const CSmallDisk disk(folder_.Path("small"), 64 * 1024);
+        const QString earlier = folder_.Put("small/a.xlsx", "earlier");
         CListExport job;
         job.SetSource(std::make_shared<CCells>(40000, 2));
 
-        const Result full = Run(job, earlier.fileName());
+        const Result full = Run(job, earlier);
         job.SetSource(nullptr); // not read again
         QSignalSpy finished(&job, &CListExport::SignalFinished);
         QVERIFY(job.SaveAgain(folder_.Path("missing/a.xlsx")) && finished.wait(30000));
@@ -223,12 +223,11 @@ private Q_SLOTS:
         const auto saved = finished.at(1).constFirst().value<Result>();
 
         QCOMPARE(int(full.reason), int(Reason::DiskFull));
-        QCOMPARE(FileBytes(earlier.fileName()), QByteArray("earlier"));
-        QCOMPARE(FileNames(small), QStringList{"a.xlsx"});
+        QCOMPARE(FileBytes(earlier), QByteArray("earlier"));
+        QCOMPARE(folder_.Files("small"), QStringList{"a.xlsx"});
         QCOMPARE(int(saved.end), int(End::Done));
         QCOMPARE(saved.rows, 40000);
-        QVERIFY(!ReadParts(folder_.Path("out/a.xlsx")).isEmpty());
-        QVERIFY(!job.SaveAgain(target_));
+        QVERIFY(!ReadParts(folder_.Path("out/a.xlsx")).isEmpty() && !job.SaveAgain(target_));
         ExpectFiles({"a.xlsx"});
     }
 
@@ -268,7 +267,7 @@ private Q_SLOTS:
 
     void cancellingAndDeletingAtAnyTimeLeaveTheEarlierFile()
     {
-        const auto &row = FetchRow<Interruption>();
+        const auto &when = std::get<1>(FetchRow<Interruption>());
         folder_.Put("out/a.xlsx", "earlier");
         CLongModel model(60000);
         const QPointer<CListExport> cancelled(new CListExport);
@@ -280,8 +279,8 @@ private Q_SLOTS:
             QVERIFY(job->Start(folder_.Path("out/a.xlsx"))); // two at once, to one file
             QVERIFY(!job->Start(target_));
         }
-        row.when(deleted, [&deleted] { delete deleted; });
-        row.when(cancelled, [&cancelled] { cancelled->Cancel(); });
+        when(deleted, [&deleted] { delete deleted; });
+        when(cancelled, [&cancelled] { cancelled->Cancel(); });
 
         QTRY_VERIFY_WITH_TIMEOUT(!deleted && !finished.isEmpty(), 60000);
         QCOMPARE(int(finished.constFirst().constFirst().value<Result>().end), int(End::Cancelled));
@@ -290,31 +289,24 @@ private Q_SLOTS:
         QCOMPARE(folder_.Bytes("out/a.xlsx"), QByteArray("earlier"));
     }
 
-    void aListThatChangesOnTheWayIsNotTakenForAWholeOne_data()
-    {
-        AddRows<Change>(
-            {{"a row goes", [](CLongModel *model) { model->RemoveLast(); }, Reason::ListChanged},
-             {"the model goes", [](CLongModel *model) { delete model; }, Reason::ListChanged},
-             {"the model throws", [](CLongModel *model) { model->throws = true; },
-              Reason::ListFailed}});
-    }
+    void aListThatChangesOnTheWayIsNotTakenForAWholeOne_data() { AddRows(kChangeRows); }
 
     void aListThatChangesOnTheWayIsNotTakenForAWholeOne()
     {
-        const auto &row = FetchRow<Change>();
+        const auto &[name, change, reason] = FetchRow(kChangeRows);
         guard_.AnnounceLogLines();
         const QPointer<CLongModel> model(new CLongModel(2000000));
         CListExport job;
         job.SetModel(model);
         bool is_changed = false;
-        connect(&job, &CListExport::SignalProgress, this, [&] {
+        connect(&job, &CListExport::SignalProgress, this, [&, &once = change] {
             if (!std::exchange(is_changed, true))
-                row.change(model);
+                once(model);
         });
 
         const Result result = Run(job, target_);
 
-        QCOMPARE(int(result.reason), int(row.reason));
+        QCOMPARE(int(result.reason), int(reason));
         delete model;
         ExpectFiles({});
     }
@@ -358,27 +350,6 @@ private Q_SLOTS:
         QCOMPARE(QFile::permissions(target_),
                  QFile::permissions(folder_.Put("plain", ""))); // those of any new file
     }
-
-private:
-    using Act = std::function<void()>;
-    struct Refusal
-    {
-        const char *name;
-        QString path;
-        std::shared_ptr<const Vantor::CRowSource> source;
-        Reason reason;
-    };
-    struct Interruption
-    {
-        const char *name;
-        std::function<void(CListExport *job, const Act &act)> when;
-    };
-    struct Change
-    {
-        const char *name;
-        std::function<void(CLongModel *)> change;
-        Reason reason;
-    };
 };
 
 int main(int argc, char **argv)

@@ -3,8 +3,6 @@
 
 #include <Vantor/CScreenStateManager>
 
-#include <QtGui/QGuiApplication>
-
 namespace MonitorDriveUtil = Nim::Base::MonitorDriveUtil;
 
 namespace {

@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Nim/Base/MonitorDriveUtil.h>
-
-#include <QtCore/QProcess>
-#include <QtGui/QGuiApplication>
-#include <QtGui/QScreen>
 
 namespace MonitorDriveUtil = Nim::Base::MonitorDriveUtil;
 

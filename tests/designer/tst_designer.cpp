@@ -2,7 +2,6 @@
 #include "support/Test.h"
 #include "ui_form.h"
 
-#include <QtCore/QFileInfo>
 #include <QtCore/QMetaProperty>
 #include <QtCore/QPluginLoader>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>

@@ -9,10 +9,7 @@
 #include <Vantor/CBaseFileProgressBar>
 #include <Vantor/CDockWidget>
 
-#include <QtCore/QRegularExpression>
 #include <QtGui/QAccessible>
-
-#include <cmath>
 
 using namespace Client;
 
@@ -107,7 +104,6 @@ class TestClientAccess : public CGuardedTest
 {
     Q_OBJECT
 
-protected:
     void SetUp() override
     {
         guard_.AnnounceWarnings("Could not parse stylesheet"); // of the login page
@@ -120,6 +116,24 @@ protected:
     }
 
     void TearDown() override { window_.reset(); }
+
+    void Show(const QString &page)
+    {
+        QVERIFY(window_->Pages().Show(page));
+        window_->Pages().PrepareForPicture();
+        for (int round = 0; round < 4; ++round) // layouts follow texts, and other layouts
+            QApplication::processEvents();
+        const auto is_whole = [this] {
+            QStringList cut;
+            CollectCut<QLabel>(*window_, cut);
+            return cut.isEmpty();
+        };
+        (void)QTest::qWaitFor(is_whole); // a page that loads sets texts later
+    }
+
+    CThemeSwitch theme_;
+    CLanguageSwitch language_;
+    std::unique_ptr<CMainWindow> window_;
 
 private Q_SLOTS:
     void whatIsPaintedIsDescribed()
@@ -219,25 +233,6 @@ private Q_SLOTS:
         }
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
     }
-
-private:
-    void Show(const QString &page)
-    {
-        QVERIFY(window_->Pages().Show(page));
-        window_->Pages().PrepareForPicture();
-        for (int round = 0; round < 4; ++round) // layouts follow texts, and other layouts
-            QApplication::processEvents();
-        const auto is_whole = [this] {
-            QStringList cut;
-            CollectCut<QLabel>(*window_, cut);
-            return cut.isEmpty();
-        };
-        (void)QTest::qWaitFor(is_whole); // a page that loads sets texts later
-    }
-
-    CThemeSwitch theme_;
-    CLanguageSwitch language_;
-    std::unique_ptr<CMainWindow> window_;
 };
 
 QTEST_MAIN(TestClientAccess)

@@ -2,10 +2,12 @@
 #include "ClientSession.h"
 #include "list/CsvFile.h"
 
+#include <BusinessCommon/NetCommManager.h>
 #include <Vantor/CCustomizeColumnButton>
 #include <Vantor/CItemDragMovableListView>
 
 using namespace Client;
+using BusinessCommon::CNetCommManager;
 
 namespace {
 
@@ -68,23 +70,56 @@ struct Session : ClientSession
     }
 };
 
+// Whether the server still takes a session.
+bool IsOpen(const std::string &session)
+{
+    ClientComm::CClientSendInfo send;
+    send.SetVal_URL("/Quorra/Brisent/Platform/V0/Permission/SecuritySetting");
+    send.SetVal_Method("GET");
+    ClientComm::CClientRecvInfo recv;
+    Nim::Base::CSingleton<CNetCommManager>::Instance().ClientSynSendAs(session, recv, send);
+    return recv.GetVal_Error_code().error_code == 0;
+}
+
+// address, is_one
+const Rows<QString, bool> kAddressRows = {
+    {"host and port", "server:8080", true},
+    {"IPv6", "[::1]:8080", true},
+    {"TLS", "https://server.example:443", true},
+    {"no port", "server", false},
+    {"no host", ":8080", false},
+    {"a port that is none", "server:99999", false},
+    {"another protocol", "ftp://server:21", false},
+    {"a path", "server:80/x", false},
+};
+
+// arguments, message
+const Rows<const char *, const char *> kBadUsageRows = {
+    {"an argument too many", "list.csv", "list.csv"},
+    {"no rows", "--rows 0", "--rows"},
+    {"rows that are no number", "--rows many", "many"},
+    {"more than an int counts", "--rows 99999999999", "99999999999"},
+    {"more than a table holds", "--rows 10000001", "10,000,000"},
+    {"a value missing", "--export", "export"},
+    {"two tasks", "--headless --export list.csv", "--headless"},
+    {"another kind of file", "--export list.ods", ".csv, .xlsx"},
+};
+
 } // namespace
 
 class TestClientColumns : public CGuardedTest
 {
     Q_OBJECT
 
-protected:
-    void TearDown() override { QGuiApplication::setLayoutDirection(Qt::LeftToRight); }
+    void TearDown() override { CLanguageSwitch().Apply("en"); }
+
+    const CDataHome home_;
 
 private Q_SLOTS:
     void eachUserFindsHisColumnsAndAnotherListHasItsOwn()
     {
-        QByteArray bytes = "A,B,C,D,E\r\n";
-        for (int row = 0; row < 50; ++row)
-            bytes += "a" + QByteArray::number(row) + ",b" + QByteArray::number(row % 5) + ",c"
-                     + QByteArray::number(row % 2) + ',' + QByteArray(60, 'd') + ",e\r\n";
-        const QString list = folder_.Put("list.csv", bytes);
+        const QByteArray row = "a,b,c," + QByteArray(60, 'd') + ",e\r\n";
+        const QString list = folder_.Put("list.csv", "A,B,C,D,E\r\n" + row.repeated(50));
         auto session = std::make_unique<Session>(list);
         QVERIFY(session->Start("supervisor"));
         QTRY_VERIFY(session->IsReady("supervisor"));
@@ -123,8 +158,55 @@ private Q_SLOTS:
         QTRY_COMPARE(session->Titles(), QString("ADCE"));
     }
 
-private:
-    const CDataHome home_;
+    void theMenuSwitchesTheUserAndEndsTheLastSession()
+    {
+        ClientSession session;
+        QVERIFY(session.Start("supervisor"));
+        const std::string first = CNetCommManager::Session();
+        QVERIFY(IsOpen(first));
+        const auto action = [&session](const QString &text) {
+            const auto all = session.window.findChildren<QAction *>();
+            return *std::find_if(all.begin(), all.end(),
+                                 [&text](const QAction *one) { return one->text() == text; });
+        };
+        QVERIFY(action("supervisor")->isChecked());
+        action("visitor")->trigger();
+        action("operator")->trigger(); // while the visitor is being logged in
+        QTRY_COMPARE(session.link.User(), QString("operator"));
+
+        QVERIFY(action("operator")->isChecked());
+        QVERIFY(session.window.statusBar()->currentMessage().contains("operator"));
+        QVERIFY(IsOpen(CNetCommManager::Session()) && !IsOpen(first));
+    }
+
+    void aServerThatIsMissingIsReported()
+    {
+        CServerLink link;
+        QSignalSpy failed(&link, &CServerLink::SignalFailed);
+
+        link.Start("127.0.0.1:1", "operator");
+
+        QTRY_COMPARE(failed.size(), 1);
+        QVERIFY(link.User().isEmpty());
+    }
+
+    void addressesAreChecked_data() { AddRows(kAddressRows); }
+
+    void addressesAreChecked()
+    {
+        const auto &[name, address, is_one] = FetchRow(kAddressRows);
+        QCOMPARE(CServerLink::IsAddress(address), is_one);
+        QCOMPARE(ReadCommandLine({"client", "--server", address}).error.isEmpty(), is_one);
+    }
+
+    void badUsageIsExplained_data() { AddRows(kBadUsageRows); }
+
+    void badUsageIsExplained()
+    {
+        const auto &[name, arguments, message] = FetchRow(kBadUsageRows);
+        const auto line = ReadCommandLine(QString("client %1").arg(arguments).split(' '));
+        QVERIFY2(line.error.contains(message), qPrintable(line.error));
+    }
 };
 
 QTEST_MAIN(TestClientColumns)

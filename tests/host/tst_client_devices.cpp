@@ -53,10 +53,8 @@ private Q_SLOTS:
     {
         const auto moved = [](int operation) { return Moved({}, operation, 63, 10); };
         QVERIFY(moved(103) == (CameraAim{240, 0, 1})); // right, past the whole circle
-        QVERIFY(moved(102) == (CameraAim{120, 0, 1}));
-        QVERIFY(moved(109) == (CameraAim{240, -30, 1}));
-        QVERIFY(moved(104) == (CameraAim{0, 0, 8}));
-        QVERIFY(moved(105) == (CameraAim{0, 0, 1}));
+        QVERIFY(moved(102) == (CameraAim{120, 0, 1}) && moved(109) == (CameraAim{240, -30, 1}));
+        QVERIFY(moved(104) == (CameraAim{0, 0, 8}) && moved(105) == (CameraAim{0, 0, 1}));
         QVERIFY(moved(112) == (CameraAim{0, 0, 1}));
     }
 

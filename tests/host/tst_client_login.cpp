@@ -9,13 +9,6 @@
 
 #include <server/SampleAccounts.h>
 
-#include <QtCore/QProcess>
-#include <QtGui/QScreen>
-#include <QtGui/QWindow>
-#include <QtWidgets/QFileDialog>
-#include <QtWidgets/QToolTip>
-#include <QtWidgets/QTreeWidget>
-
 using namespace Client;
 
 namespace {
@@ -66,6 +59,24 @@ QString Focus()
 class TestClientLogin : public CGuardedTest
 {
     Q_OBJECT
+
+    void SetUp() override
+    {
+        guard_.AnnounceWarnings("Could not parse stylesheet"); // of the Caps Lock tip
+        guard_.AnnounceWarnings("XCB error"); // Qt may focus what the manager has not mapped yet
+        guard_.AnnounceLogLines();
+    }
+
+    void Start(CServerLink &link, const QString &user)
+    {
+        server_ = std::make_unique<CTestServer>();
+        QCOMPARE(server_->Start(), QString());
+        link.Start(QString("127.0.0.1:%1").arg(server_->Port()), user);
+        QTRY_COMPARE(link.User(), user);
+    }
+
+    std::unique_ptr<CTestServer> server_;
+    QProcess manager_;
 
 private Q_SLOTS:
     void initTestCase()
@@ -147,8 +158,7 @@ private Q_SLOTS:
         session.window.findChild<QPushButton *>("LockButton")->click();
 
         const QPointer<QWidget> lock = FindWindow("LockWindow");
-        QVERIFY(QTest::qWaitForWindowActive(lock));
-        QVERIFY(!IsSecretOnDisplay());
+        QVERIFY(QTest::qWaitForWindowActive(lock) && !IsSecretOnDisplay());
         QVERIFY(QGuiApplication::clipboard()->text().isEmpty());
         for (const QWidget *const window : QApplication::topLevelWidgets())
             QCOMPARE(window->isVisible(), window == lock);
@@ -172,26 +182,6 @@ private Q_SLOTS:
         QCOMPARE(QGuiApplication::clipboard()->text(), QString("An incident"));
         session.window.close();
     }
-
-protected:
-    void SetUp() override
-    {
-        guard_.AnnounceWarnings("Could not parse stylesheet"); // of the Caps Lock tip
-        guard_.AnnounceWarnings("XCB error"); // Qt may focus what the manager has not mapped yet
-        guard_.AnnounceLogLines();
-    }
-
-private:
-    void Start(CServerLink &link, const QString &user)
-    {
-        server_ = std::make_unique<CTestServer>();
-        QCOMPARE(server_->Start(), QString());
-        link.Start(QString("127.0.0.1:%1").arg(server_->Port()), user);
-        QTRY_COMPARE(link.User(), user);
-    }
-
-    std::unique_ptr<CTestServer> server_;
-    QProcess manager_;
 };
 
 QTEST_MAIN(TestClientLogin)

@@ -7,15 +7,8 @@
 #include <Vantor/CDockManager>
 #include <Vantor/CDockWidget>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <QtCore/QMimeData>
-#include <QtCore/QUrl>
 #include <QtGui/QDropEvent>
-#include <QtWidgets/QTreeWidget>
-
-#include <csignal>
 
 using namespace Client;
 

@@ -9,9 +9,6 @@
 #include <Vantor/CListExport>
 #include <Vantor/CMutiPageWidget>
 
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
 #include <QtWidgets/QScrollBar>
 
 using namespace Client;
@@ -124,8 +121,15 @@ struct Shown
     Vantor::CMutiPageWidget *const list = page.findChild<Vantor::CMutiPageWidget *>();
 };
 
-using ExportEnd = Row<int, int, int, int,
-                      Vantor::ListExportResult::Reason>; // total, last_page, is_exact, lost, reason
+using Reason = Vantor::ListExportResult::Reason;
+
+// total, last_page, is_exact, lost, reason
+const Rows<int, int, int, int, Vantor::ListExportResult::Reason> kExportEndRows = {
+    {"the whole list", 4321, 1'000'000, 1, 0, Reason::None},
+    {"a list that is not counted", 4321, 1'000'000, 0, 0, Reason::None},
+    {"the server goes away in the middle", 4321, 3, 0, 0, Reason::ListFailed},
+    {"the server forgets the end", 4321, 1'000'000, 1, 1, Reason::ListFailed},
+};
 
 } // namespace
 
@@ -133,23 +137,16 @@ class tst_client_serverlist : public CGuardedTest
 {
     Q_OBJECT
 
-protected:
     void SetUp() override { qputenv("XDG_DATA_HOME", folder_.Path().toLocal8Bit()); }
 
 private Q_SLOTS:
-    void withoutServerThePageTellsSo()
-    {
-        const CServerListPage page;
-
-        QCOMPARE(page.findChild<QLabel *>("ServerState")->text(), QString("There is no server."));
-    }
-
     // Over the real server, in this process.
     void pagesComeFromTheServer()
     {
         CServerLink link;
         CServerListPage page;
         page.resize(900, 500);
+        QCOMPARE(page.findChild<QLabel *>("ServerState")->text(), QString("There is no server."));
         link.Start({}, CServerLink::Users().constFirst());
         auto *const list = page.findChild<Vantor::CMutiPageWidget *>();
         const QAbstractItemModel *const rows = list->GetTreeView()->model();
@@ -297,19 +294,11 @@ private Q_SLOTS:
         QCOMPARE(shown.Cell(0), QString()); // no rows of another search
     }
 
-    void exportsEnd_data()
-    {
-        using Reason = Vantor::ListExportResult::Reason;
-        AddRows<ExportEnd>(
-            {{"the whole list", 4321, 1'000'000, 1, 0, Reason::None},
-             {"a list that is not counted", 4321, 1'000'000, 0, 0, Reason::None},
-             {"the server goes away in the middle", 4321, 3, 0, 0, Reason::ListFailed},
-             {"the server forgets the end", 4321, 1'000'000, 1, 1, Reason::ListFailed}});
-    }
+    void exportsEnd_data() { AddRows(kExportEndRows); }
 
     void exportsEnd()
     {
-        const auto &[name, total, last_page, is_exact, lost, reason] = FetchRow<ExportEnd>();
+        const auto &[name, total, last_page, is_exact, lost, reason] = FetchRow(kExportEndRows);
         Shown shown;
         shown.server.total = total;
         shown.server.is_exact = is_exact;

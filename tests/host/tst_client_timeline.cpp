@@ -2,15 +2,14 @@
 #include "pages/RecordingsTable.h"
 #include "pages/TimeEntry.h"
 #include "pages/TimeLinePage.h"
+#include "pages/ZoneSwitch.h"
 #include "support/Widgets.h"
 
+#include <Vantor/CAnimationProgressBar>
 #include <Vantor/CBaseFileProgressBar>
 #include <Vantor/CTimeBarDelegate>
 
-#include <QtTest/QAbstractItemModelTester>
-
-using Client::CIncidentList;
-using Client::CTimeLinePage;
+using namespace Client;
 using Vantor::CBaseFileProgressBar;
 
 namespace {
@@ -18,16 +17,40 @@ namespace {
 constexpr qint64 kDay = 86400;
 const qint64 kShownDay = QDate(1970, 1, 1).daysTo(QDate(1991, 3, 5));
 
-Client::IncidentListPtr NewList()
+IncidentListPtr NewList()
 {
-    return std::make_shared<const CIncidentList>(QVector<Client::IncidentColumn>{
-        {"Airport Name", {"NORTH", "SOUTH"}, {0, 1, 0}},
-        {"Flight Date", {"1990-01-08", "1991-03-05", "none"}, {0, 1, 2}},
-        {"Time of day", {"Night", "", "later"}, {0, 1, 2}}});
+    return std::make_shared<const CIncidentList>(
+        QVector<IncidentColumn>{{"Airport Name", {"NORTH", "SOUTH"}, {0, 1, 0}},
+                                {"Flight Date", {"1990-01-08", "1991-03-05", "none"}, {0, 1, 2}},
+                                {"Time of day", {"Night", "", "later"}, {0, 1, 2}}});
 }
 
+// zone, first_year, changes
+const Rows<QByteArray, int, int> kZoneRows = {
+    {"north", "Europe/Berlin", 2023, 9},
+    {"south", "Australia/Sydney", 2023, 9},
+    {"four changes a year", "Africa/Casablanca", 2012, 12},
+    {"another standard time", "Asia/Pyongyang", 2015, 2},
+    {"the end of the tables", "America/Miquelon", 2036, 9},
+};
+
+const QDateTime kTyped({2001, 3, 4}, {5, 6, 7}, Qt::UTC);
+const QDateTime kTypedMinute({2001, 3, 4}, {5, 6, 0}, Qt::UTC);
+
 // time: null: refused
-using TextRow = Row<QString, QDateTime>; // text, time
+// text, time
+const Rows<QString, QDateTime> kTextRows = {
+    {"all", "2001-03-04 05:06:07", kTyped},
+    {"ISO", "2001-03-04T05:06:07Z", kTyped},
+    {"pasted with blanks and marks", " \u200E2001/3/4 5:6:7 ", kTyped},
+    {"Arabic digits", "٢٠٠١-٠٣-٠٤ ٠٥:٠٦", kTypedMinute},
+    {"a date", "2001.3.4", QDateTime({2001, 3, 4}, {12, 0}, Qt::UTC)},
+    {"a time", "5:06", QDateTime({1991, 3, 5}, {5, 6}, Qt::UTC)},
+    {"no such day", "2001-02-29 05:06", {}},
+    {"no such hour", "24:00", {}},
+    {"empty", "", {}},
+    {"no time", "tomorrow", {}},
+};
 
 } // namespace
 
@@ -35,28 +58,37 @@ class tst_client_timeline : public CGuardedTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void timesAreReadWhole_data()
+    void SetUp() override
     {
-        const QDateTime time({2001, 3, 4}, {5, 6, 7}, Qt::UTC);
-        const QDateTime minute({2001, 3, 4}, {5, 6, 0}, Qt::UTC);
-        AddRows<TextRow>({{"all", "2001-03-04 05:06:07", time},
-                          {"ISO", "2001-03-04T05:06:07Z", time},
-                          {"pasted with blanks and marks", " \u200E2001/3/4 5:6:7 ", time},
-                          {"Arabic digits", "٢٠٠١-٠٣-٠٤ ٠٥:٠٦", minute},
-                          {"a date", "2001.3.4", QDateTime({2001, 3, 4}, {12, 0}, Qt::UTC)},
-                          {"a time", "5:06", QDateTime({1991, 3, 5}, {5, 6}, Qt::UTC)},
-                          {"no such day", "2001-02-29 05:06", {}},
-                          {"no such hour", "24:00", {}},
-                          {"empty", "", {}},
-                          {"no time", "tomorrow", {}}});
+        page_ = std::make_unique<CTimeLinePage>();
+        line_ = page_->findChild<CBaseFileProgressBar *>("TimeLine");
+        page_->SetList(NewList());
+        page_->resize(900, 600);
+        page_->show();
+        bar_ = std::make_unique<Vantor::CAnimationProgressBar>();
+        zones_ = std::make_unique<CZoneSwitch>(bar_.get());
     }
+    void TearDown() override
+    {
+        page_.reset();
+        zones_.reset();
+        bar_.reset();
+    }
+
+    std::unique_ptr<CTimeLinePage> page_;
+    CBaseFileProgressBar *line_ = nullptr;
+
+    std::unique_ptr<Vantor::CAnimationProgressBar> bar_;
+    std::unique_ptr<CZoneSwitch> zones_;
+
+private Q_SLOTS:
+    void timesAreReadWhole_data() { AddRows(kTextRows); }
 
     void timesAreReadWhole()
     {
-        const auto &[name, text, time] = FetchRow<TextRow>();
+        const auto &[name, text, time] = FetchRow(kTextRows);
         const QSignalSpy messages(page_.get(), &CTimeLinePage::SignalMessage);
-        auto *const entry = page_->findChild<Client::CTimeEntry *>("TypedTime");
+        auto *const entry = page_->findChild<CTimeEntry *>("TypedTime");
         entry->selectAll();
         entry->insert(text); // as a paste does
         entry->setModified(true);
@@ -78,11 +110,11 @@ private Q_SLOTS:
     {
         std::mt19937 random(3); // NOLINT(cert-msc51-cpp)
         const auto any = [&](int most) { return int(random() % unsigned(most)); };
-        auto *const table = page_->findChild<Client::CRecordingsTable *>("RecordingsOfDay");
+        auto *const table = page_->findChild<CRecordingsTable *>("RecordingsOfDay");
         auto *const details = page_->findChild<QLabel *>("RecordingDetails");
         auto *const overview = page_->findChild<CBaseFileProgressBar *>("TimeLineOverview");
         const QAbstractItemModelTester tester(table->model());
-        auto &model = static_cast<Client::CRecordingsModel &>(*table->model());
+        auto &model = static_cast<CRecordingsModel &>(*table->model());
         for (int step = 0; step < 30; ++step) {
             const int action = any(6);
             if (action == 0)
@@ -140,20 +172,74 @@ private Q_SLOTS:
         QVERIFY(line_->TimeBarDelegate()->GetTimeBar().size() < 1000);
     }
 
-protected:
-    void SetUp() override
+    void typedNamesAreZonesOrTakenBack()
     {
-        page_ = std::make_unique<CTimeLinePage>();
-        line_ = page_->findChild<CBaseFileProgressBar *>("TimeLine");
-        page_->SetList(NewList());
-        page_->resize(900, 600);
-        page_->show();
-    }
-    void TearDown() override { page_.reset(); }
+        auto *const names = zones_->findChild<QComboBox *>("ZoneNames");
+        const QSignalSpy changed(zones_.get(), &CZoneSwitch::SignalZoneChanged);
+        for (const char *const typed : {"Asia/Kathmandu", "Asia/Atlantis"}) {
+            names->lineEdit()->setText(typed);
+            QTest::keyClick(names->lineEdit(), Qt::Key_Return);
+        }
 
-private:
-    std::unique_ptr<CTimeLinePage> page_;
-    CBaseFileProgressBar *line_ = nullptr;
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(zones_->Zone().id(), QByteArray("Asia/Kathmandu"));
+        QCOMPARE(names->currentText(), QString("Asia/Kathmandu"));
+        QVERIFY(!zones_->SetZone("Asia/Atlantis"));
+    }
+
+    // Through a change a year, a year with two Ramadans, and 2038, where Qt's tables end.
+    void theLineShowsTheZonesTimeWhereverItGoes_data() { AddRows(kZoneRows); }
+
+    void theLineShowsTheZonesTimeWhereverItGoes()
+    {
+        const auto &[name, zone, first_year, changes] = FetchRow(kZoneRows);
+        QVERIFY(zones_->SetZone(zone));
+        bar_->SetPosition(QDateTime({first_year, 1, 1}, {0, 0}, Qt::UTC).toMSecsSinceEpoch());
+        auto *const later = zones_->findChild<QPushButton *>("LaterChange");
+
+        for (int i = 0; i < changes; ++i) {
+            later->click();
+            const qint64 change_s = bar_->GetCurrentUTCTime();
+            for (const qint64 s : {change_s - 1, change_s}) {
+                bar_->SetPosition(s * 1000);
+                const QDateTime utc = QDateTime::fromSecsSinceEpoch(s, Qt::UTC);
+                QCOMPARE(bar_->GetCurrentDateTime(),
+                         utc.addSecs(zones_->Zone().offsetFromUtc(utc)));
+            }
+            QVERIFY(zones_->Zone().offsetFromUtc(QDateTime::fromSecsSinceEpoch(change_s))
+                    != zones_->Zone().offsetFromUtc(QDateTime::fromSecsSinceEpoch(change_s - 1)));
+        }
+
+        const qint64 last_ms = bar_->Position();
+        zones_->findChild<QPushButton *>("EarlierChange")->click();
+        QVERIFY(bar_->Position() < last_ms);
+        later->click();
+        QCOMPARE(bar_->Position(), last_ms);
+    }
+
+    void wallClockTimesAreOfTheirOwnYearAndTheNextChangeIsShown()
+    {
+        const QDateTime summer({2027, 7, 1}, {12, 0}, Qt::UTC);
+        const auto *const state = zones_->findChild<QLabel *>("ZoneState");
+        zones_->SetZone("Europe/Berlin");
+
+        zones_->SlideToWallClock(summer, 0);
+
+        QCOMPARE(bar_->GetCurrentUTCTime(), summer.toSecsSinceEpoch() - 7200);
+        QCOMPARE(bar_->GetCurrentDateTime(), summer);
+        bar_->SetPressed(true);
+        zones_->SlideToWallClock(summer.addYears(1), 0);
+        QCOMPARE(bar_->GetCurrentDateTime(), summer);
+        bar_->SetPressed(false);
+        QCOMPARE(state->text(), QString("The clocks go back on 31 Oct 2027 03:00."));
+        zones_->GoToLaterChange();
+        QCOMPARE(state->text(), QString("The clocks go forward on 26 Mar 2028 02:00."));
+        zones_->SetZone("UTC");
+        QCOMPARE(state->text(), QString("The clocks do not change."));
+        QVERIFY(!zones_->findChild<QPushButton *>("LaterChange")->isEnabled());
+        bar_.reset();
+        zones_->GoToLaterChange();
+    }
 };
 
 QTEST_MAIN(tst_client_timeline)

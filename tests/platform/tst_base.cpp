@@ -16,15 +16,31 @@ namespace Base = Nim::Base;
 
 namespace {
 
-using Archive = Row<int, int, bool>;                // damaged_at, cut_at, is_sound
-using Base64 = Row<const char *, bool, QByteArray>; // text, is_text, bytes
-
 // Written by another program, compressed: "a/long.xml" is stored, with its sizes in 64 bits, and
 // holds "head", 3,000 dashes and "tail"; "short" is deflated and holds "all".
 const char kArchive[] =
     "AAAMpXjaC/BmZtFlgADFmA0PRLT/QwEXgwhDon5Ofl66XkVuDiODAMMBbog6GJ2RmpiiOwpGwSgYBaNgFIyC"
     "UTAKRsEoGPSgJDEzJwDY9hcBtuM5wG3/u4US1qxAFjMQg+jijPyiEu8zJxkZArwZmXSZUXsJoD4ACHMxIEAD"
     "I4hE9BlA+kSYcduA0PeHG2pfgDcrG0iICQizgbQKD4gHAIwUO2Q=";
+
+// damaged_at, cut_at, is_sound
+const Rows<int, int, bool> kArchiveRows = {
+    {"a sound one", -1, -1, true},
+    {"a byte of a part is wrong", 1000, -1, false},
+    {"the directory is missing", -1, 1500, false},
+    {"nothing at all", -1, 0, false},
+};
+
+// text, is_text, bytes
+const Rows<const char *, bool, QByteArray> kBase64Rows = {
+    {"padded", "AAECAw==", true, QByteArray("\0\1\2\3", 4)},
+    {"empty", "", false, {}},
+    {"a character outside the alphabet", "AA*CAw==", false, {}},
+    {"wrong padding", "A===", false, {}},
+    {"no padding", "QUI", true, "AB"},
+    {"one character too many", "QUJDR", false, {}},
+    {"half of the padding", "QQ=", false, {}},
+};
 
 } // namespace
 
@@ -33,17 +49,11 @@ class TestBase : public CGuardedTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void archivesAreReadToTheirEnd_data()
-    {
-        AddRows<Archive>({{"a sound one", -1, -1, true},
-                          {"a byte of a part is wrong", 1000, -1, false},
-                          {"the directory is missing", -1, 1500, false},
-                          {"nothing at all", -1, 0, false}});
-    }
+    void archivesAreReadToTheirEnd_data() { AddRows(kArchiveRows); }
 
     void archivesAreReadToTheirEnd()
     {
-        const auto &[row_name, damaged_at, cut_at, is_sound] = FetchRow<Archive>();
+        const auto &[row_name, damaged_at, cut_at, is_sound] = FetchRow(kArchiveRows);
         const QString path = folder_.Path("a.zip");
         QByteArray archive = qUncompress(QByteArray::fromBase64(kArchive));
         QCOMPARE(archive.size(), 3237);
@@ -97,8 +107,7 @@ private Q_SLOTS:
 
     void sinksMayBeChangedWhileThreadsLog()
     {
-        std::atomic<int> first{0};
-        std::atomic<int> second{0};
+        std::array<std::atomic<int>, 2> counts{};
         constexpr int kThreads = 8;
         constexpr int kLines = 500;
         std::vector<std::thread> threads;
@@ -109,14 +118,13 @@ private Q_SLOTS:
             });
         }
         for (int change = 0; change < 200; ++change) {
-            std::atomic<int> &count = change % 2 == 0 ? first : second;
-            Base::Log::SetSink(
-                [&count](int, const std::string &, const std::string &) { ++count; });
+            std::atomic<int> &count = counts[size_t(change % 2)];
+            Base::Log::SetSink([&count](auto &&...) { ++count; });
         }
         for (std::thread &thread : threads)
             thread.join();
 
-        QCOMPARE(first + second + guard_.LogLines().size(), kThreads * kLines);
+        QCOMPARE(counts[0] + counts[1] + guard_.LogLines().size(), kThreads * kLines);
     }
 
     void theLastErrorBelongsToItsThread()
@@ -130,20 +138,11 @@ private Q_SLOTS:
         QVERIFY(Base::Error::GetLastError() == (Base::Error::ErrorCode{2, 20, 2000}));
     }
 
-    void base64IsDecodedOrRefused_data()
-    {
-        AddRows<Base64>({{"padded", "AAECAw==", true, QByteArray("\0\1\2\3", 4)},
-                         {"empty", "", false, {}},
-                         {"a character outside the alphabet", "AA*CAw==", false, {}},
-                         {"wrong padding", "A===", false, {}},
-                         {"no padding", "QUI", true, "AB"},
-                         {"one character too many", "QUJDR", false, {}},
-                         {"half of the padding", "QQ=", false, {}}});
-    }
+    void base64IsDecodedOrRefused_data() { AddRows(kBase64Rows); }
 
     void base64IsDecodedOrRefused()
     {
-        const auto &[name, text, is_text, bytes] = FetchRow<Base64>();
+        const auto &[name, text, is_text, bytes] = FetchRow(kBase64Rows);
         std::string decoded = "left over";
 
         QCOMPARE(Base::Encrypt::Base64Decode(decoded, text), is_text);

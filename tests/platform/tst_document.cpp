@@ -24,7 +24,31 @@ const std::string kXml =
     "<l><x>p</x></l><l><x>q&amp;<!-- -->&#x20AC;</x></l></R>\n";
 
 // document, path, its number, text ("none": none) and count
-using Value = Row<std::string, const char *, int, const char *, int>;
+const Rows<std::string, const char *, int, const char *, int> kValueRows = {
+    {"a number", kJson, "/R/n", -7, "-7", 0},
+    {"a number in a text", kJson, "/R/s", 12, "12", 0},
+    {"a number beyond 32 bits", kJson, "/R/big", -1, "3000000000", 0},
+    {"a fraction", kJson, "/R/half", -1, "1.5", 0},
+    {"a whole number with an exponent", kJson, "/R/whole", 100, "1e2", 0},
+    {"a Boolean", kJson, "/R/t", -1, "true", 0},
+    {"null is nothing", kJson, "/R/z", -1, "none", 0},
+    {"an object", kJson, "/R/o", -1, "none", 2},
+    {"an array", kJson, "/R/l", -1, "none", 3},
+    {"in an item of an array", kJson, "/R/l/1/x", -1, "q", 0},
+    {"after the last item", kJson, "/R/l/3", -1, "none", 0},
+    {"beyond ASCII", kJson, "/R/\xC3\xA4", -1, "\xE2\x82\xAC", 0},
+    {"through a text", kJson, "/R/s/0", -1, "none", 0},
+    {"the whole document", kJson, "/", -1, "none", 1},
+    {"no slash in front", kJson, "R/n", -1, "none", 0},
+    {"an empty part", kJson, "/R//n", -1, "none", 0},
+    {"XML: a number", kXml, "/R/n", -7, "-7", 0},
+    {"XML: an empty element", kXml, "/R/e", -1, "", 0},
+    {"XML: children", kXml, "/R/o", -1, "none", 2},
+    {"XML: elements of one name", kXml, "/R/l", -1, "none", 2},
+    {"XML: the first of them", kXml, "/R/l/x", -1, "p", 0},
+    {"XML: the second of them", kXml, "/R/l/1/x", -1, "q&\xE2\x82\xAC", 0},
+    {"XML: missing", kXml, "/R/l/2/x", -1, "none", 0},
+};
 
 } // namespace
 
@@ -33,36 +57,11 @@ class TestDocument : public CGuardedTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void valuesAreReadByPath_data()
-    {
-        AddRows<Value>({{"a number", kJson, "/R/n", -7, "-7", 0},
-                        {"a number in a text", kJson, "/R/s", 12, "12", 0},
-                        {"a number beyond 32 bits", kJson, "/R/big", -1, "3000000000", 0},
-                        {"a fraction", kJson, "/R/half", -1, "1.5", 0},
-                        {"a whole number with an exponent", kJson, "/R/whole", 100, "1e2", 0},
-                        {"a Boolean", kJson, "/R/t", -1, "true", 0},
-                        {"null is nothing", kJson, "/R/z", -1, "none", 0},
-                        {"an object", kJson, "/R/o", -1, "none", 2},
-                        {"an array", kJson, "/R/l", -1, "none", 3},
-                        {"in an item of an array", kJson, "/R/l/1/x", -1, "q", 0},
-                        {"after the last item", kJson, "/R/l/3", -1, "none", 0},
-                        {"beyond ASCII", kJson, "/R/\xC3\xA4", -1, "\xE2\x82\xAC", 0},
-                        {"through a text", kJson, "/R/s/0", -1, "none", 0},
-                        {"the whole document", kJson, "/", -1, "none", 1},
-                        {"no slash in front", kJson, "R/n", -1, "none", 0},
-                        {"an empty part", kJson, "/R//n", -1, "none", 0},
-                        {"XML: a number", kXml, "/R/n", -7, "-7", 0},
-                        {"XML: an empty element", kXml, "/R/e", -1, "", 0},
-                        {"XML: children", kXml, "/R/o", -1, "none", 2},
-                        {"XML: elements of one name", kXml, "/R/l", -1, "none", 2},
-                        {"XML: the first of them", kXml, "/R/l/x", -1, "p", 0},
-                        {"XML: the second of them", kXml, "/R/l/1/x", -1, "q&\xE2\x82\xAC", 0},
-                        {"XML: missing", kXml, "/R/l/2/x", -1, "none", 0}});
-    }
+    void valuesAreReadByPath_data() { AddRows(kValueRows); }
 
     void valuesAreReadByPath()
     {
-        const auto &[name, text, path, number, string, count] = FetchRow<Value>();
+        const auto &[name, text, path, number, string, count] = FetchRow(kValueRows);
         CRapidJsonProto document;
         QVERIFY(document.Load(text));
 
@@ -100,6 +99,7 @@ private Q_SLOTS:
              {"a million nested elements", Repeated("<a>", 1'000'000)},
              {"too many elements", "<a>" + Repeated("<b/>", 1'000'001) + "</a>"},
              {"too many items", "[" + Repeated("0,", 1'000'001) + "0]"},
+             {"one level too deep", Repeated("[", 1025) + Repeated("]", 1025)},
              {"too long", "{\"a\":\"" + std::string(CRapidJsonProto::kMaximumBytes, 'x') + "\"}"}});
     }
 

@@ -6,10 +6,7 @@
 #include <Faceplate/GUIMessageTipManager.h>
 #include <Faceplate/NewInfoDlg.h>
 
-#include <QtWidgets/QFrame>
-
-using Faceplate::CGUIMessageTipManager;
-using Faceplate::CNewInfoDlg;
+using namespace Faceplate;
 
 namespace {
 
@@ -29,6 +26,13 @@ QList<QWidget *> Popups()
 class TestFaceplate : public CGuardedTest
 {
     Q_OBJECT
+
+    void TearDown() override
+    {
+        CGUIMessageTipManager::SetPresenter(nullptr);
+        CNewInfoDlg::SetPresenter(nullptr);
+        ErrorText::SetSource(nullptr);
+    }
 
 private Q_SLOTS:
     void aWidgetHasOneTipInsideItself()
@@ -50,7 +54,8 @@ private Q_SLOTS:
         QVERIFY(qAbs(tip->geometry().center().x() - 450) <= 1);
         QTest::mouseClick(tip, Qt::LeftButton);
         QVERIFY(!tip->isVisible());
-        CGUIMessageTipManager::ShowMessage(&window, "again", 0, 0, 0);
+        CGUIMessageTipManager::ShowMessage(&window, "again", 0, 0, 20);
+        QTest::qWait(50); // seconds, not milliseconds
         QVERIFY(tip->isVisible());
         CGUIMessageTipManager::ShowMessage(&window, QString(), 0, 0, 0);
         QVERIFY(!tip->isVisible());
@@ -74,8 +79,11 @@ private Q_SLOTS:
         QVERIFY(!popups.at(0)->geometry().intersects(popups.at(1)->geometry()));
         QVERIFY(!QApplication::activeModalWidget());
         QVERIFY(popups.at(0)->windowFlags() & Qt::WindowDoesNotAcceptFocus);
-        QTest::mouseClick(popups.at(0), Qt::LeftButton);
+        QWidget *const lowest = popups.at(popups.at(0)->y() > popups.at(1)->y() ? 0 : 1);
+        const QPoint corner = lowest->geometry().bottomRight();
+        QTest::mouseClick(lowest, Qt::LeftButton);
         QTRY_COMPARE(Popups().size(), 1);
+        QTRY_COMPARE(Popups().constFirst()->geometry().bottomRight(), corner); // moved down
         parent.reset();
         QVERIFY(Popups().isEmpty());
     }
@@ -115,14 +123,6 @@ private Q_SLOTS:
         QCOMPARE(ErrorText::GetErrorInfoByErrorCode(timeout), QString("own words"));
         QVERIFY(ErrorText::GetErrorInfoByErrorCode({9, 77, 0}).contains("9-77"));
         QVERIFY(!ErrorText::GetErrorInfoByErrorCode({3, 413, 0}).isEmpty());
-    }
-
-protected:
-    void TearDown() override
-    {
-        CGUIMessageTipManager::SetPresenter(nullptr);
-        CNewInfoDlg::SetPresenter(nullptr);
-        ErrorText::SetSource(nullptr);
     }
 };
 

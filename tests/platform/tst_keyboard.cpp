@@ -8,13 +8,7 @@
 #include <KeyBoard/KeyBoard.h>
 #include <KeyBoard/PelcoD.h>
 
-#include <QtCore/QMutex>
-#include <QtCore/QProcess>
-
-using KeyBoard::CStickAxis;
-using KeyBoard::CStickMotion;
-using KeyBoard::EncodePelco;
-using KeyBoard::PelcoFrame;
+using namespace KeyBoard;
 
 namespace {
 
@@ -84,18 +78,79 @@ QStringList Codes(const QVector<std::array<int, 3>> &polls)
 
 // operation, speed, index; operation 0: the client sends no such frame
 // bytes, "": the protocol has no such command; the code that a keyboard's frame of these bytes has
-using CommandRow = Row<int, int, int, const char *, const char *>;
+const Rows<int, int, int, const char *, const char *> kCommandRows = {
+    {"up", 100, 63, 0, "ff010008003f48", "3021 63"},
+    {"down, too fast", 101, 200, 0, "ff010010003f50", "3022 63"},
+    {"left", 102, 32, 0, "ff010004200025", "3023 32"},
+    {"right", 103, 32, 0, "ff010002200023", "3024 32"},
+    {"up and left", 106, 9, 0, "ff01000c09091f", "3023 9"},
+    {"up and right", 107, 9, 0, "ff01000a09091d", "3024 9"},
+    {"down and left", 108, 9, 0, "ff010014090927", "3023 9"},
+    {"down and right, backwards", 109, -1, 0, "ff010012000013", "3024 0"},
+    {"zoom in", 104, 9, 0, "ff010020000021", "3011 0"},
+    {"zoom out", 105, 0, 0, "ff010040000041", "3012 0"},
+    {"focus near", 112, 0, 0, "ff010100000002", "3013 0"},
+    {"focus far", 113, 0, 0, "ff010080000081", "3014 0"},
+    {"iris open", 114, 0, 0, "ff010200000003", "3015 0"},
+    {"iris close", 115, 0, 0, "ff010400000005", "3016 0"},
+    {"preset 255", 200, 0, 255, "ff01000700ff07", "3050 255"},
+    {"no preset 0", 200, 0, 0, "", ""},
+    {"no preset 256", 200, 0, 256, "", ""},
+    {"a selection of windows", 124, 0, 1, "", ""},
+    {"right, too fast for the protocol", 0, 0, 0, "ff010002ff0002", "3024 255"},
+    {"up and right, panning faster", 0, 0, 0, "ff01000a140a29", "3024 20"},
+    {"up and right, tilting faster", 0, 0, 0, "ff01000a0a1429", "3021 20"},
+    {"set preset 7", 0, 0, 0, "ff01000300070b", "2001 7"},
+    {"clear preset 7", 0, 0, 0, "ff01000500070d", "2002 7"},
+    {"auxiliary 1", 0, 0, 0, "ff01000900010b", "3052 0"},
+    {"auxiliary 2", 0, 0, 0, "ff01000900020c", "3002 0"},
+    {"auxiliary 3", 0, 0, 0, "ff01000900030d", "3003 0"},
+    {"auxiliary 4", 0, 0, 0, "ff01000900040e", "3029 0"},
+    {"auxiliary 5 is unknown", 0, 0, 0, "ff01000900050f", "0 0"},
+    {"an extended command that is unknown", 0, 0, 0, "ff01001f000121", "0 0"},
+    {"camera on, which no key means", 0, 0, 0, "ff018800000089", "0 0"},
+    {"stop", 0, 0, 0, "ff010000000001", "3030 0"},
+};
 
-using MotionRow = Row<int, int, int, const char *>; // right, down, zoom, code
+const Rows<int, int, int, const char *> kStickMovesRows = {
+    {"just in the dead zone", 8192, 0, 8192, ""},
+    {"just beyond it", 8193, 0, 0, "1308 1"},
+    {"on the diagonal, the zone is round", 5800, 5800, 0, "1309 1"},
+    {"up", 0, -32767, 0, "1305 63"},
+    {"down", 0, 32767, 0, "1306 63"},
+    {"left", -32767, 100, 0, "1307 63"},
+    {"right, halfway", 20480, 0, 0, "1308 22"},
+    {"down right", 32767, 32767, 0, "1309 63"},
+    {"up left", -20000, -20000, 0, "1310 47"},
+    {"down left", -20000, 20000, 0, "1311 47"},
+    {"up right", 20000, -20000, 0, "1312 47"},
+    {"zoom in", 0, 0, 32767, "1314 0"},
+    {"zoom out", 0, 0, -32767, "1315 0"},
+    {"a move goes before zoom", 0, -32767, 32767, "1305 63"},
+};
 
-struct StickRow
-{
-    const char *name;
-    SDL_JoystickType type;
-    int axes, hats;
-    int third_axis;           // where it rests
-    std::array<int, 2> moved; // an axis and its value; axis -1 is the hat
-    const char *code;
+// right, down, zoom, code
+const Rows<int, int, int, const char *> kMotionRows = {
+    {"edge of rest", 8192, 0, 0, "1308 1"},
+    {"between two directions", 20000, 8284, 0, ""},
+    {"between two speeds", 30000, 0, 0, ""},
+    {"edge of zoom", 0, 0, 8192, "1314 0"},
+};
+
+// type, axes, hats, third axis at rest, moved axis (-1: the hat) and its value, code
+const Rows<SDL_JoystickType, int, int, int, int, int, const char *> kStickRows = {
+    {"three-axis camera stick", SDL_JOYSTICK_TYPE_UNKNOWN, 3, 0, 0, 1, -32768, "1305 63"},
+    {"its twist", SDL_JOYSTICK_TYPE_UNKNOWN, 3, 0, 0, 2, 32767, "1314 0"},
+    {"pad with triggers", SDL_JOYSTICK_TYPE_GAMECONTROLLER, 6, 0, 0, 0, 32767, "1308 63"},
+    {"its trigger", SDL_JOYSTICK_TYPE_GAMECONTROLLER, 6, 0, 0, 5, 32767, "1314 0"},
+    {"unknown pad", SDL_JOYSTICK_TYPE_UNKNOWN, 6, 0, -32768, 0, 32767, "1308 63"},
+    {"throttle", SDL_JOYSTICK_TYPE_THROTTLE, 3, 0, 12345, 1, 32767, "1306 63"},
+    {"hat only", SDL_JOYSTICK_TYPE_UNKNOWN, 0, 1, 0, -1, SDL_HAT_LEFTUP, "1310 32"},
+};
+
+const Rows<> kProcessEndsRows = {
+    {"never uninit"}, {"application gone"},     {"no application"},         {"parent"},
+    {"exit"},         {"exit from a callback"}, {"before the application"},
 };
 
 } // namespace
@@ -124,45 +179,10 @@ class tst_keyboard : public CGuardedTest
 
 private Q_SLOTS:
     // The bytes are those of the protocol's published examples, for camera 1.
-    void operationsBecomeFramesAndFramesCodes_data()
-    {
-        AddRows<CommandRow>({
-            {"up", 100, 63, 0, "ff010008003f48", "3021 63"},
-            {"down, too fast", 101, 200, 0, "ff010010003f50", "3022 63"},
-            {"left", 102, 32, 0, "ff010004200025", "3023 32"},
-            {"right", 103, 32, 0, "ff010002200023", "3024 32"},
-            {"up and left", 106, 9, 0, "ff01000c09091f", "3023 9"},
-            {"up and right", 107, 9, 0, "ff01000a09091d", "3024 9"},
-            {"down and left", 108, 9, 0, "ff010014090927", "3023 9"},
-            {"down and right, backwards", 109, -1, 0, "ff010012000013", "3024 0"},
-            {"zoom in", 104, 9, 0, "ff010020000021", "3011 0"},
-            {"zoom out", 105, 0, 0, "ff010040000041", "3012 0"},
-            {"focus near", 112, 0, 0, "ff010100000002", "3013 0"},
-            {"focus far", 113, 0, 0, "ff010080000081", "3014 0"},
-            {"iris open", 114, 0, 0, "ff010200000003", "3015 0"},
-            {"iris close", 115, 0, 0, "ff010400000005", "3016 0"},
-            {"preset 255", 200, 0, 255, "ff01000700ff07", "3050 255"},
-            {"no preset 0", 200, 0, 0, "", ""},
-            {"no preset 256", 200, 0, 256, "", ""},
-            {"a selection of windows", 124, 0, 1, "", ""},
-            {"right, too fast for the protocol", 0, 0, 0, "ff010002ff0002", "3024 255"},
-            {"up and right, panning faster", 0, 0, 0, "ff01000a140a29", "3024 20"},
-            {"up and right, tilting faster", 0, 0, 0, "ff01000a0a1429", "3021 20"},
-            {"set preset 7", 0, 0, 0, "ff01000300070b", "2001 7"},
-            {"clear preset 7", 0, 0, 0, "ff01000500070d", "2002 7"},
-            {"auxiliary 1", 0, 0, 0, "ff01000900010b", "3052 0"},
-            {"auxiliary 2", 0, 0, 0, "ff01000900020c", "3002 0"},
-            {"auxiliary 3", 0, 0, 0, "ff01000900030d", "3003 0"},
-            {"auxiliary 4", 0, 0, 0, "ff01000900040e", "3029 0"},
-            {"auxiliary 5 is unknown", 0, 0, 0, "ff01000900050f", "0 0"},
-            {"an extended command that is unknown", 0, 0, 0, "ff01001f000121", "0 0"},
-            {"camera on, which no key means", 0, 0, 0, "ff018800000089", "0 0"},
-            {"stop", 0, 0, 0, "ff010000000001", "3030 0"},
-        });
-    }
+    void operationsBecomeFramesAndFramesCodes_data() { AddRows(kCommandRows); }
     void operationsBecomeFramesAndFramesCodes()
     {
-        const auto &[name, operation, speed, index, bytes, expected] = FetchRow<CommandRow>();
+        const auto &[name, operation, speed, index, bytes, expected] = FetchRow(kCommandRows);
         const auto frame = KeyBoard::PelcoCommand(1, operation, speed, index);
         if (operation)
             QCOMPARE(frame ? EncodePelco(*frame).toHex() : QByteArray(), QByteArray(bytes));
@@ -203,45 +223,19 @@ private Q_SLOTS:
         QCOMPARE(seen, sent);
     }
 
-    void stickMovesInEightDirectionsBeyondTheDeadZone_data()
-    {
-        AddRows<MotionRow>({
-            {"just in the dead zone", 8192, 0, 8192, ""},
-            {"just beyond it", 8193, 0, 0, "1308 1"},
-            {"on the diagonal, the zone is round", 5800, 5800, 0, "1309 1"},
-            {"up", 0, -32767, 0, "1305 63"},
-            {"down", 0, 32767, 0, "1306 63"},
-            {"left", -32767, 100, 0, "1307 63"},
-            {"right, halfway", 20480, 0, 0, "1308 22"},
-            {"down right", 32767, 32767, 0, "1309 63"},
-            {"up left", -20000, -20000, 0, "1310 47"},
-            {"down left", -20000, 20000, 0, "1311 47"},
-            {"up right", 20000, -20000, 0, "1312 47"},
-            {"zoom in", 0, 0, 32767, "1314 0"},
-            {"zoom out", 0, 0, -32767, "1315 0"},
-            {"a move goes before zoom", 0, -32767, 32767, "1305 63"},
-        });
-    }
+    void stickMovesInEightDirectionsBeyondTheDeadZone_data() { AddRows(kStickMovesRows); }
     void stickMovesInEightDirectionsBeyondTheDeadZone()
     {
-        const auto &[name, right, down, zoom, code] = FetchRow<MotionRow>();
+        const auto &[name, right, down, zoom, code] = FetchRow(kStickMovesRows);
         const std::array<int, 3> held{right, down, zoom};
         QCOMPARE(Codes({held, held}).join(';'), QString(code));
     }
 
     // Half a percent of noise, as a worn stick has it.
-    void noiseAtABorderChangesNothing_data()
-    {
-        AddRows<MotionRow>({
-            {"edge of rest", 8192, 0, 0, "1308 1"},
-            {"between two directions", 20000, 8284, 0, ""},
-            {"between two speeds", 30000, 0, 0, ""},
-            {"edge of zoom", 0, 0, 8192, "1314 0"},
-        });
-    }
+    void noiseAtABorderChangesNothing_data() { AddRows(kMotionRows); }
     void noiseAtABorderChangesNothing()
     {
-        const auto &[name, right, down, zoom, code] = FetchRow<MotionRow>();
+        const auto &[name, right, down, zoom, code] = FetchRow(kMotionRows);
         std::mt19937 random(1);
         const auto noisy = [&](int value) { return value ? value + int(random() % 329) - 164 : 0; };
         QVector<std::array<int, 3>> polls;
@@ -288,8 +282,7 @@ private Q_SLOTS:
         CPseudoTerminal terminal;
         QVERIFY(terminal.IsOpen());
         KeyBoard_SetSerialPorts({terminal.Path()});
-        QVERIFY(Start());
-        QVERIFY(KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort));
+        QVERIFY(Start() && KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort));
 
         terminal.Write(Frame(0, 0x08, 0, 9) + "noise" + Frame(0, 0, 0, 0).left(3));
         QTRY_COMPARE(codes.Lines(), QStringList{"3021 9"});
@@ -312,8 +305,7 @@ private Q_SLOTS:
         const QString link = folder_.Path("tty");
         QVERIFY(QFile::link(terminal->Path(), link));
         KeyBoard_SetSerialPorts({link});
-        QVERIFY(Start());
-        QVERIFY(KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort));
+        QVERIFY(Start() && KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort));
         terminal->Write(Frame(0, 0x04, 7, 0) + Frame(0, 0x07, 0, 2) + Frame(0, 0x08, 0, 9).left(4));
         EXPECT_CODES(QStringList({"3023 7", "3050 2"}));
 
@@ -331,9 +323,10 @@ private Q_SLOTS:
     void portsThatCannotBeOpenedAreRefused()
     {
         QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId, &kPort)); // nothing runs
+        QVERIFY(!KeyBoard_Init(nullptr, nullptr));
         guard_.AnnounceLogLines();
         KeyBoard_SetSerialPorts({"/dev/null/none"});
-        QVERIFY(Start());
+        QVERIFY(Start() && !Start());
         KeyBoardSerialParam second = kPort;
         second.port_name = "COM2";
         QVERIFY(!KeyBoard_OpenSerialKeyBoard(kSerialId, nullptr));
@@ -348,29 +341,18 @@ private Q_SLOTS:
     }
 
     // Each rests, moves, and rests again: one command, one stop, and no command while it rests.
-    void everyKindOfStickSteersStopsAndRests_data()
-    {
-        AddRows<StickRow>({
-            {"three-axis camera stick", SDL_JOYSTICK_TYPE_UNKNOWN, 3, 0, 0, {1, -32768}, "1305 63"},
-            {"its twist", SDL_JOYSTICK_TYPE_UNKNOWN, 3, 0, 0, {2, 32767}, "1314 0"},
-            {"pad with triggers", SDL_JOYSTICK_TYPE_GAMECONTROLLER, 6, 0, 0, {0, 32767}, "1308 63"},
-            {"its trigger", SDL_JOYSTICK_TYPE_GAMECONTROLLER, 6, 0, 0, {5, 32767}, "1314 0"},
-            {"unknown pad", SDL_JOYSTICK_TYPE_UNKNOWN, 6, 0, -32768, {0, 32767}, "1308 63"},
-            {"throttle", SDL_JOYSTICK_TYPE_THROTTLE, 3, 0, 12345, {1, 32767}, "1306 63"},
-            {"hat only", SDL_JOYSTICK_TYPE_UNKNOWN, 0, 1, 0, {-1, SDL_HAT_LEFTUP}, "1310 32"},
-        });
-    }
+    void everyKindOfStickSteersStopsAndRests_data() { AddRows(kStickRows); }
     void everyKindOfStickSteersStopsAndRests()
     {
-        const auto &row = FetchRow<StickRow>();
+        const auto &[name, type, axes, hats, third_axis, moved, value, code] = FetchRow(kStickRows);
         QCOMPARE(SDL_InitSubSystem(SDL_INIT_JOYSTICK), 0);
-        const CVirtualStick stick(row.type, row.axes, 0, row.hats);
+        const CVirtualStick stick(type, axes, 0, hats);
         QVERIFY2(stick.IsOpen(), SDL_GetError());
-        const int trigger = row.axes == 6 ? -32768 : 0; // the fifth and sixth axis rest there
-        const auto rest = [&] {
-            const int places[] = {0, 0, row.third_axis, 0, trigger, trigger};
-            for (int axis = 0; axis < row.axes; ++axis)
-                stick.SetAxis(axis, places[axis]);
+        const int trigger = axes == 6 ? -32768 : 0; // the fifth and sixth axis rest there
+        const std::vector<int> places{0, 0, third_axis, 0, trigger, trigger};
+        const auto rest = [&stick, &places, count = axes] {
+            for (int axis = 0; axis < count; ++axis)
+                stick.SetAxis(axis, places[size_t(axis)]);
             stick.SetHat(SDL_HAT_CENTERED);
         };
         rest();
@@ -378,15 +360,12 @@ private Q_SLOTS:
         EXPECT_CODES(QStringList({"1301 0"}));
         QTest::qWait(100); // polls at rest
 
-        if (row.moved[0] < 0)
-            stick.SetHat(Uint8(row.moved[1]));
-        else
-            stick.SetAxis(row.moved[0], row.moved[1]);
+        moved < 0 ? stick.SetHat(Uint8(value)) : stick.SetAxis(moved, value);
         QTRY_VERIFY(!codes.Lines().isEmpty());
         rest();
         QTRY_COMPARE(codes.Lines().size(), 2);
         QTest::qWait(100);
-        QCOMPARE(codes.Take(), QStringList({row.code, "1313 0"}));
+        QCOMPARE(codes.Take(), QStringList({code, "1313 0"}));
     }
 
     void clientThatUsesSdlTooSeesEveryEdge()
@@ -437,31 +416,13 @@ private Q_SLOTS:
         QCOMPARE(codes.Take(), QStringList{"1313 0"});
     }
 
-    void libraryRunsOnceAndEndsCleanly()
-    {
-        QVERIFY(!KeyBoard_Init(nullptr, nullptr));
-        for (int round = 0; round < 3; ++round) {
-            QVERIFY(Start());
-            QVERIFY(!Start());
-            KeyBoard_Uninit();
-            KeyBoard_Uninit();
-        }
-    }
-
     // Each order of making, deleting and leaving; see DeviceEnds.cpp.
-    void processEnds_data()
-    {
-        QTest::addColumn<QString>("order");
-        for (const char *order : {"never uninit", "application gone", "no application", "parent",
-                                  "exit", "exit from a callback", "before the application"})
-            QTest::newRow(order) << QString(order);
-    }
+    void processEnds_data() { AddRows(kProcessEndsRows); }
     void processEnds()
     {
-        QFETCH(const QString, order);
         QProcess program;
         program.setProcessChannelMode(QProcess::MergedChannels);
-        program.start(DEVICE_ENDS, {order});
+        program.start(DEVICE_ENDS, {QTest::currentDataTag()});
         const bool ends = program.waitForFinished(30000);
         QVERIFY2(ends && program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0,
                  program.readAll());

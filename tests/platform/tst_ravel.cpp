@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Ravel/ChaseDialog.h>
 #include <Ravel/LocationComboBox.h>
@@ -10,14 +10,8 @@
 #include <Ravel/WaitWatcher.h>
 
 #include <QtCore/QTextCodec>
-#include <QtCore/QTimer>
-#include <QtGui/QStandardItemModel>
-#include <QtTest/QAbstractItemModelTester>
-#include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QLabel>
 
-using Ravel::CTreeViewItem;
-using Ravel::CTreeViewModel;
+using namespace Ravel;
 
 class TestRavel : public CGuardedTest
 {
@@ -71,8 +65,7 @@ private Q_SLOTS:
         QCOMPARE(changed.count(), 1);
         QCOMPARE(changed.first().at(2).value<QVector<int>>(),
                  QVector<int>({Qt::DisplayRole, Qt::EditRole}));
-        QVERIFY(model.removeRows(0, 1, above));
-        QVERIFY(model.removeRows(0, 1));
+        QVERIFY(model.removeRows(0, 1, above) && model.removeRows(0, 1));
         QCOMPARE(model.rowCount(), 2);
         QCOMPARE(model.index(0, 0, model.index(1, 0)).data().toString(), QString("2.2"));
         QCOMPARE(parent->Row(), 1);
@@ -90,8 +83,7 @@ private Q_SLOTS:
         QVERIFY(!model.InsertTopLevelItems(0, {&free, nullptr}));
         QVERIFY(!model.InsertTopLevelItems(0, {&free, held}));
         QVERIFY(!model.InsertTopLevelItems(0, {&free, &free}));
-        QVERIFY(!model.InsertTopLevelItems(2, {&free}));
-        QVERIFY(!model.InsertTopLevelItems(-1, {&free}));
+        QVERIFY(!model.InsertTopLevelItems(2, {&free}) && !model.InsertTopLevelItems(-1, {&free}));
         QVERIFY(!model.removeRows(0, 2));
 
         QCOMPARE(model.rowCount(), 1);

@@ -1,20 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Nim/Base/Log.h>
 #include <Nim/Base/Singleton.h>
-#include <Ravel/ObjectSingleton.h>
 #include <Ravel/UiSingleton.h>
 #include <Ravel/WaitWatcher.h>
 #include <Vantor/CStyleManager>
 
-#include <dlfcn.h>
-
 #include <QtCore/QLibrary>
-#include <QtCore/QProcess>
-#include <QtWidgets/QWidget>
-
-#include <set>
 
 namespace {
 
@@ -26,12 +19,6 @@ public:
     CCounter() { ++made; }
     static inline std::atomic<int> made{0};
     int payload = 42;
-};
-
-class CMortal : public QObject, public Ravel::CObjectSingleton<CMortal>
-{
-    friend class Ravel::CObjectSingleton<CMortal>;
-    explicit CMortal(QObject *parent) : QObject(parent) {}
 };
 
 // All threads start at once; each must find one and the same finished object.
@@ -82,45 +69,22 @@ private Q_SLOTS:
     {
         QLibrary plugin(PLUGIN_PATH);
         QVERIFY2(plugin.load(), qPrintable(plugin.errorString()));
-        const auto style_manager =
-            reinterpret_cast<void *(*)()>(plugin.resolve("PluginStyleManager"));
-        const auto wait_watcher =
-            reinterpret_cast<void *(*)()>(plugin.resolve("PluginWaitWatcher"));
+        const auto call = [&plugin](const char *name) {
+            return reinterpret_cast<void *(*)()>(plugin.resolve(name))();
+        };
+        using Style = Nim::Base::CSingleton<Vantor::CStyleManager>;
+        using Watcher = Ravel::CUiSingleton<Ravel::CWaitWatcher>;
 
-        QCOMPARE(style_manager(),
-                 static_cast<void *>(&Nim::Base::CSingleton<Vantor::CStyleManager>::Instance()));
-        QCOMPARE(wait_watcher(),
-                 static_cast<void *>(&Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance()));
+        QCOMPARE(call("PluginStyleManager"), static_cast<void *>(&Style::Instance()));
+        QCOMPARE(call("PluginWaitWatcher"), static_cast<void *>(&Watcher::Instance()));
 
         // Instance() is code of the library, so the library sees that instance too.
-        using Nim::Base::CSingleton;
-        QVERIFY(ModuleOf(reinterpret_cast<void *>(&CSingleton<Vantor::CStyleManager>::Instance))
-                    .contains("libvantor.so"));
-        QVERIFY(
-            ModuleOf(reinterpret_cast<void *>(&Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance))
-                .contains("libvantor_platform.so"));
+        QVERIFY(ModuleOf(reinterpret_cast<void *>(&Style::Instance)).contains("libvantor.so"));
+        QVERIFY(ModuleOf(reinterpret_cast<void *>(&Watcher::Instance))
+                    .contains("libvantor_platform.so"));
 
-        reinterpret_cast<void (*)()>(plugin.resolve("PluginLog"))();
+        call("PluginLog");
         QCOMPARE(guard_.LogLines(), QStringList("3 Clientframework from the plug-in"));
-    }
-
-    void anObjectSingletonLivesAndEndsWithItsParent()
-    {
-        using Mortal = Ravel::CObjectSingleton<CMortal>;
-        QVERIFY(!Mortal::Instance());
-        auto parent = std::make_unique<QObject>();
-
-        CMortal *const first = Mortal::CreateInstance(parent.get());
-        QCOMPARE(Mortal::CreateInstance(), first); // keeps the parent it has
-        QCOMPARE(first->parent(), parent.get());
-        QCOMPARE(Mortal::Instance(), first);
-        parent.reset();
-        QVERIFY(!Mortal::Instance());
-
-        QVERIFY(Mortal::CreateInstance());
-        Mortal::DeleteInstance();
-        QVERIFY(!Mortal::Instance());
-        Mortal::DeleteInstance(); // nothing there: nothing happens
     }
 
     void aProgramThatUsesThemAllEndsCleanlyWithWindowsShown()
@@ -151,8 +115,7 @@ private Q_SLOTS:
         Nim::Base::ReleaseAtUnload()(object.get());
         Nim::Base::ReleaseAtUnload()(new CPlain{is_plain_gone});
 
-        QVERIFY(left);
-        QVERIFY(is_plain_gone);
+        QVERIFY(left && is_plain_gone);
     }
 };
 

@@ -6,8 +6,7 @@
 
 namespace {
 
-using BusinessCommon::CTimeZoneInfor;
-using BusinessCommon::CTimeZoneManager;
+using namespace BusinessCommon;
 
 template <class Manager> Manager &The()
 {
@@ -69,9 +68,35 @@ private:
     bool is_broken_;
 };
 
-using TextRow = Row<QByteArray, qint64>; // text, seconds
+// utc_bias, daylight_bias, year, begin, end
+const Rows<int, int, int, qint64, qint64> kDstRows = {
+    {"Berlin", -60, -60, 2024, 1711846800, 1729990800},
+    {"New York", 300, -60, 2024, 1710054000, 1730613600},
+    {"Sydney wraps", -600, -60, 2024, 1728144000, 1712419200},
+    {"Lord Howe, half an hour", -630, -30, 2024, 1728142200, 1712415600},
+    {"the rule of most, not Cairo's", -120, -60, 2024, 1711846800, 1729990800},
+    {"far away", -60, -60, 2100, 4109878800, 4128627600},
+};
 
-using DstRow = Row<int, int, int, qint64, qint64>; // utc_bias, daylight_bias, year, begin, end
+constexpr qint64 kTen = 1714557600;
+
+// text, seconds
+const Rows<QByteArray, qint64> kTextRows = {
+    {"east", "2024-05-01T18:00:00+8:00", kTen},
+    {"the minus of an offset without hours", "2024-05-01T09:30:00-0:30", kTen},
+    {"an offset before Z is not read", "2024-05-01T10:00:00-5:00Z", kTen},
+    {"a fraction hides the offset", "2024-05-01T10:00:00.5+8:00", kTen},
+    {"blanks before numbers", " 2024- 05-\t01T10:00:00", kTen},
+    {"a sign before the year", "+2024-05-01T10:00:00", kTen},
+    {"a year alone: month 0, day 0", "2024", 1701302400}, // 2023-11-30
+    {"an offset alone is the year", "+8:00", -61917523200},
+    {"ends at NUL", QByteArray("2024-05-01T10:00:00\0+8:00", 25), kTen},
+    {"the last second that 32 bits hold", "2106-02-07T06:28:15Z", 4294967295},
+    {"nine digits", "-999999999-01-01T00:00:00Z", -31557014135596800},
+    {"ten digits", "2024-05-01T10:00:0000000000Z", -1},
+    {"a sign and no number", "-", -1},
+    {"empty", "", -1},
+};
 
 } // namespace
 
@@ -79,54 +104,22 @@ class TestTimeZone : public CGuardedTest
 {
     Q_OBJECT
 
+    void TearDown() override { CTimeZoneManager::SetService(nullptr); }
+
 private Q_SLOTS:
-    void isoTextIsReadAsFarAsItFits_data()
-    {
-        constexpr qint64 kTen = 1714557600;
-        AddRows<TextRow>({
-            {"UTC", "2024-05-01T10:00:00Z", kTen},
-            {"east", "2024-05-01T18:00:00+8:00", kTen},
-            {"west", "2024-05-01T05:00:00-5:00", kTen},
-            {"the minus of an offset without hours", "2024-05-01T09:30:00-0:30", kTen},
-            {"an offset before Z is not read", "2024-05-01T10:00:00-5:00Z", kTen},
-            {"a fraction hides the offset", "2024-05-01T10:00:00.5+8:00", kTen},
-            {"so do missing seconds", "2024-05-01T10:00+8:00", kTen},
-            {"blanks before numbers", " 2024- 05-\t01T10:00:00", kTen},
-            {"a sign before the year", "+2024-05-01T10:00:00", kTen},
-            {"values carry over", "2023-16-30T33:59:60Z", kTen},
-            {"a year alone: month 0, day 0", "2024", 1701302400}, // 2023-11-30
-            {"an offset alone is the year", "+8:00", -61917523200},
-            {"ends at NUL", QByteArray("2024-05-01T10:00:00\0+8:00", 25), kTen},
-            {"the last second that 32 bits hold", "2106-02-07T06:28:15Z", 4294967295},
-            {"nine digits", "-999999999-01-01T00:00:00Z", -31557014135596800},
-            {"ten digits", "2024-05-01T10:00:0000000000Z", -1},
-            {"no number", "May 1, 2024", -1},
-            {"a sign and no number", "-", -1},
-            {"empty", "", -1},
-        });
-    }
+    void isoTextIsReadAsFarAsItFits_data() { AddRows(kTextRows); }
 
     void isoTextIsReadAsFarAsItFits()
     {
-        const auto &[name, text, seconds] = FetchRow<TextRow>();
+        const auto &[name, text, seconds] = FetchRow(kTextRows);
         QCOMPARE(The<CTimeZoneManager>().ISOTimeToTimeT(text.toStdString()), seconds);
     }
 
-    void dstDatesComeFromTheSystemsZones_data()
-    {
-        AddRows<DstRow>({
-            {"Berlin", -60, -60, 2024, 1711846800, 1729990800},
-            {"New York", 300, -60, 2024, 1710054000, 1730613600},
-            {"Sydney wraps", -600, -60, 2024, 1728144000, 1712419200},
-            {"Lord Howe, half an hour", -630, -30, 2024, 1728142200, 1712415600},
-            {"the rule of most, not Cairo's", -120, -60, 2024, 1711846800, 1729990800},
-            {"far away", -60, -60, 2100, 4109878800, 4128627600},
-        });
-    }
+    void dstDatesComeFromTheSystemsZones_data() { AddRows(kDstRows); }
 
     void dstDatesComeFromTheSystemsZones()
     {
-        const auto &[name, utc_bias, daylight_bias, year, begin, end] = FetchRow<DstRow>();
+        const auto &[name, utc_bias, daylight_bias, year, begin, end] = FetchRow(kDstRows);
 
         const DstDate date = Ask(year, Infor(utc_bias, true, daylight_bias));
 
@@ -197,9 +190,6 @@ private Q_SLOTS:
         QVERIFY(client);
         QCOMPARE(guard_.LogLines().filter("no zones").size(), 3);
     }
-
-protected:
-    void TearDown() override { CTimeZoneManager::SetService(nullptr); }
 };
 
 QTEST_GUILESS_MAIN(TestTimeZone)

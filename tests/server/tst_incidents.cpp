@@ -2,20 +2,12 @@
 // The incident list on both engines, compared with a plain list in memory; and what clients send
 // back.
 #include "server/ServerHarness.h"
-#include "support/Rows.h"
 #include "support/Test.h"
 
 #include <server/IncidentPages.h>
 #include <server/Migrations.h>
 #include <server/SampleAccounts.h>
 #include <server/Store.h>
-
-#include <QtCore/QRegularExpression>
-
-#include <atomic>
-#include <chrono>
-#include <random>
-#include <thread>
 
 namespace {
 
@@ -28,7 +20,8 @@ constexpr IncidentLimits kShortLists{20, 3, 7, 40, 2};
 const QStringList kCells =
     QString(u8",0,5,05,-3.5e2,1e400,-1e999,.5, 7,1.e1,+9x,0x10,abc,ABC,abcd,B-52,\u00e4rger,"
             u8"\u00c4RGER,50% off,a_b,a\\b,\"q\",it's,a\nb,\U0001F426\U0001F427\U0001F426,\u212A,"
-            u8"None,none,2026-11-22,turkey vulture,\x1f-x,x\ufeffyz,1e-400,1e-310,5e-324,9007199254740993")
+            u8"None,none,2026-11-22,turkey "
+            u8"vulture,\x1f-x,x\ufeffyz,1e-400,1e-310,5e-324,9007199254740993")
         .split(',')
     << QString(300, 'L') + "1" << QString(300, 'l') + "0";
 const QStringList kFilters =
@@ -97,7 +90,6 @@ class tst_incidents : public CGuardedTest
 {
     Q_OBJECT
 
-private:
     IncidentRows NewRows(int count);
     QString Compare(const IncidentQuery &query, const IncidentPage &page);
 

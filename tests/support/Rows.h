@@ -5,47 +5,40 @@
 #include <QtTest/QTest>
 
 #include <any>
-#include <initializer_list>
 #include <tuple>
+#include <vector>
 
 Q_DECLARE_METATYPE(std::any)
 
 /// \brief A row of a test: its name, which is a sentence, and its columns.
 template <typename... Columns> using Row = std::tuple<const char *, Columns...>;
 
-template <typename Type> const char *NameOf(const Type &row)
-{
-    return row.name;
-}
+/// \brief The rows of a test.
+template <typename... Columns> using Rows = std::vector<Row<Columns...>>;
 
-template <typename... Columns> const char *NameOf(const Row<Columns...> &row)
-{
-    return std::get<0>(row);
-}
-
-/// \brief Data rows of a test as values of one type: a Row, or a structure whose first member is
-/// `const char *name`.
+/// \brief Give \a rows to a test as its data.
 ///
 /// \code
-/// using Jump = Row<int, bool>;
-/// void jumps_data() { AddRows<Jump>({{"past the last page", 9, false}, {"the last", 8, true}}); }
+/// // typed, is_taken
+/// const Rows<int, bool> kJumpRows = {{"past the last page", 9, false}, {"the last", 8, true}};
+///
+/// void jumps_data() { AddRows(kJumpRows); }
 /// void jumps()
 /// {
-///     const auto &[name, page, is_taken] = FetchRow<Jump>();
+///     const auto &[name, page, is_taken] = FetchRow(kJumpRows);
 ///     QCOMPARE(bar.SetCurrentPage(page), is_taken);
 /// }
 /// \endcode
-/// The structure needs no metatype, so it may be in an unnamed namespace. moc refuses a
-/// structure among the slots of a class.
-template <typename Type> void AddRows(std::initializer_list<Type> rows)
+/// The columns need no metatype.
+template <typename Type> void AddRows(const std::vector<Type> &rows)
 {
     QTest::addColumn<std::any>("row");
     for (const Type &row : rows)
-        QTest::newRow(NameOf(row)) << std::any(row);
+        QTest::newRow(std::get<0>(row)) << std::any(row);
 }
 
 /// \brief The row that the current run of the test function has to check.
-template <typename Type> const Type &FetchRow()
+template <typename Type> const Type &FetchRow(const std::vector<Type> & /*rows*/ = {})
 {
     const void *const data = QTest::qData("row", qMetaTypeId<std::any>());
     return std::any_cast<const Type &>(*static_cast<const std::any *>(data));

@@ -7,21 +7,13 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
-#include <memory>
-
-struct CTestGuardPtr;
+#include <mutex>
 
 /// \brief Watches one test function: an unannounced warning, a log line of level 4 or 5 and a
-/// window that is left behind are failures.
-///
-/// CGuardedTest begins and ends it around each function. A program without that base does it
-/// itself.
+/// window that is left behind are failures. CGuardedTest begins and ends it around each function.
 class CTestGuard
 {
 public:
-    CTestGuard();
-    ~CTestGuard();
-
     /// Trap Qt's warnings and collect the log.
     void Begin();
 
@@ -30,19 +22,31 @@ public:
     [[nodiscard]] QString End();
 
     /// \brief Expect one Qt warning that contains \a part. If it does not come, the test fails.
-    void AnnounceWarning(const QString &part);
+    void AnnounceWarning(const QString &part) { state_.announced.append(part); }
 
     /// \brief Allow any number of Qt warnings that contain \a part, or no such warning at all.
-    void AnnounceWarnings(const QString &part);
+    void AnnounceWarnings(const QString &part) { state_.announced_often.append(part); }
 
     /// \brief Allow log lines of level 4 and 5, because the test checks LogLines() itself.
-    void AnnounceLogLines();
+    void AnnounceLogLines() { state_.is_log_announced = true; }
 
     /// \brief The log since Begin(), each line as "level category message".
     [[nodiscard]] QStringList LogLines() const;
 
 private:
-    const std::unique_ptr<CTestGuardPtr> d_ptr_;
+    static void Collect(QtMsgType type, const QMessageLogContext &context, const QString &text);
+
+    struct State
+    {
+        QStringList warnings; // under the mutex
+        QStringList log;      // under the mutex
+        QStringList announced;
+        QStringList announced_often;
+        bool is_log_announced = false;
+        QtMessageHandler previous = nullptr;
+    };
+    mutable std::mutex mutex_; // messages and log lines come from any thread
+    State state_;
 };
 
 /// \brief Base of the test classes: guards each function, and gives each an empty folder.

@@ -1,20 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "support/Widgets.h"
+
 #include <Vantor/CCustomizeColumnButton>
 #include <Vantor/CCustomizeColumnWidget>
 #include <Vantor/CItemDragMovableListView>
 #include <Vantor/CListSightCheckModel>
 
 #include <QtCore/QDeadlineTimer>
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
-#include <QtCore/QMap>
-#include <QtCore/QPointer>
-#include <QtTest/QTest>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QCheckBox>
 
 using Columns = QVector<Vantor::CColumnInfo>;
 

@@ -4,27 +4,9 @@
 #include "DockTest.h"
 #include "support/Widgets.h"
 
-#include <Vantor/CDockWidgetPosRule>
-
 #include <QtWidgets/QMainWindow>
 
 using Vantor::CBaseDockFrame;
-
-namespace {
-
-struct CWindowRule : Vantor::CDockWidgetPosRule
-{
-    QWidget *window = nullptr;
-
-    void Place(Vantor::CDockWidget *dock, Vantor::CAbstractDockFrame *, QWidget *inner,
-               int width) override
-    {
-        dock->setGeometry(QRect(window->mapToGlobal({30, 40}), QSize(0, 200)));
-        inner->resize(width, 200);
-    }
-};
-
-} // namespace
 
 class TestDockWayland : public CGuardedTest
 {
@@ -43,7 +25,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         Manager().SetMainWindow(&window);
         CBaseDockFrame frame(&window);
-        CWindowRule rule;
+        CRule rule;
         rule.window = &window;
 
         Manager().SetDockWidget(&frame, 300);
@@ -63,9 +45,9 @@ private Q_SLOTS:
         QTRY_VERIFY(Dock()->isHidden());
         QCOMPARE(frame.parentWidget(), &window);
 
-        Manager().SetDockWidget(&frame, QPointer<Vantor::CDockWidgetPosRule>(&rule), 250);
+        Manager().SetDockWidget(&frame, RulePointer(&rule), 250);
         QTRY_COMPARE(Dock()->width(), 250);
-        QCOMPARE(Dock()->geometry(), QRect(30, 40, 250, 200));
+        QCOMPARE(Dock()->geometry(), QRect(50, 60, 250, 300));
         QTest::keyClick(Dock(), Qt::Key_Escape);
         QTRY_VERIFY(Dock()->isHidden());
     }

@@ -12,11 +12,6 @@
 #include <Vantor/CVerifyCodeWidget>
 #include <common/Translate.h>
 
-#include <QtCore/QBuffer>
-#include <QtCore/QProcess>
-#include <QtCore/QTranslator>
-#include <QtWidgets/QDialog>
-
 #include <future>
 
 using namespace ClientFramework;
@@ -30,21 +25,11 @@ constexpr int kPassed = 9;
 constexpr int kNoCodeNext = 502;
 const QString kPassword = QStringLiteral("\uFEFFp\u00e4\"\\\u0001</"); // with a byte-order mark
 
-class CTexts : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char * /*context*/, const char *key, const char * /*comment*/,
-                      int /*count*/) const override
-    {
-        static const QHash<QByteArray, QString> texts = {
-            {"RemainingLEesrBBJA", " (%1 left)"},
-            {"Peltra.ee229a03a27748f2bb7b3e2a08484b6a.msg", "%1 s"},
-            {"Peltra.41c6a3785fc04331bd942f16e691f805.msg", "%1 min %2 s"},
-            {"ThePasswordIsEmptydADZgBNplv", "no password"},
-        };
-        return texts.value(key);
-    }
+const QHash<QByteArray, QString> kTexts = {
+    {"RemainingLEesrBBJA", " (%1 left)"},
+    {"Peltra.ee229a03a27748f2bb7b3e2a08484b6a.msg", "%1 s"},
+    {"Peltra.41c6a3785fc04331bd942f16e691f805.msg", "%1 min %2 s"},
+    {"ThePasswordIsEmptydADZgBNplv", "no password"},
 };
 
 // The form and what its last attempt returned.
@@ -76,13 +61,17 @@ public:
     QString error;
 };
 
-struct AnswerRow
-{
-    const char *name;
-    int code;
-    int lock_s;
-    const char *text;
-    bool asks_for_code;
+// code, lock_s, text, asks_for_code
+const Rows<int, int, const char *, bool> kAnswerRows = {
+    {"right", 0, 0, "", false},
+    {"wrong, no code yet", 40850, 0, "error 40850 (3 left)", false},
+    {"wrong, tries unlimited", 502, 0, "error 502", false},
+    {"wrong", 310, 0, "error 310 (3 left)", true},
+    {"no code", 214, 0, "error 214 (3 left)", true},
+    {"locked, minutes", 41050, 75, "error 41050 1 min 15 s", true},
+    {"locked, a minute", 41050, 60, "error 41050 1 min 0 s", true},
+    {"locked, seconds", 262, 59, "error 262 59 s", true},
+    {"an unknown one", 77, 0, "error 77", true},
 };
 
 } // namespace
@@ -91,31 +80,91 @@ class TestAccountPassword : public CGuardedTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void answersAreTold_data()
+    void SetUp() override
     {
-        AddRows<AnswerRow>({
-            {"right", 0, 0, "", false},
-            {"wrong, no code yet", 40850, 0, "error 40850 (3 left)", false},
-            {"wrong, tries unlimited", 502, 0, "error 502", false},
-            {"wrong", 310, 0, "error 310 (3 left)", true},
-            {"no code", 214, 0, "error 214 (3 left)", true},
-            {"locked, minutes", 41050, 75, "error 41050 1 min 15 s", true},
-            {"locked, a minute", 41050, 60, "error 41050 1 min 0 s", true},
-            {"locked, seconds", 262, 59, "error 262 59 s", true},
-            {"an unknown one", 77, 0, "error 77", true},
+        Vantor::RemoveTranslations();                          // the keys
+        guard_.AnnounceWarnings("Could not parse stylesheet"); // of the Caps Lock tip
+        tips_.clear();
+        entered_ = 0;
+        SetAnswer(310);
+        QCoreApplication::installTranslator(&texts_);
+        ErrorText::SetSource([](const Nim::Base::Error::ErrorCode &code) {
+            return code.error_code ? QString("error %1").arg(code.error_code) : QString();
         });
+        Faceplate::CGUIMessageTipManager::SetPresenter(
+            [this](QWidget *widget, const QString &text, int kind, int place, int time_s) {
+                tips_ << QStringList{widget->objectName(), text, QString::number(kind * 10 + place),
+                                     QString::number(time_s)}
+                             .join('|');
+            });
+        // No code can be fetched, unless a test has a server.
+        CNetCommManager::SetTransport([](auto &, auto &) { return false; });
+        window_ = std::make_unique<QWidget>();
+        window_->setObjectName("window");
     }
+
+    void TearDown() override
+    {
+        QCoreApplication::removeTranslator(&texts_);
+        CFrameworkManagerInterface::SetBackend(nullptr);
+        CNetCommManager::SetTransport(nullptr);
+        ErrorText::SetSource(nullptr);
+        Faceplate::CGUIMessageTipManager::SetPresenter(nullptr);
+        window_.reset();
+    }
+
+    static CCheckPwdResultParam Answer(int code, int lock_s)
+    {
+        CCheckPwdResultParam answer;
+        answer.SetVal_check_result(code == 0 ? kPassed : 0);
+        answer.SetVal_error_code({code ? 8 : 0, code, 0});
+        answer.SetVal_remain_count(3);
+        answer.SetVal_lock_remain_time(lock_s);
+        return answer;
+    }
+
+    // The answer of every check, once the latch is open.
+    void SetAnswer(int code, const std::shared_future<void> &latch = {})
+    {
+        CFrameworkManagerInterface::SetBackend(
+            [this, code, latch](const auto &, const auto &, CCheckPwdResultParam &result) {
+                ++entered_;
+                if (latch.valid())
+                    latch.wait();
+                result = Answer(code, 0);
+            });
+    }
+
+    int CountLines(const QString &end) const
+    {
+        const QString begin = "3 ClientUserOperate [Vantor::CAccountPasswordWidget::";
+        return guard_.LogLines().filter(begin + end).size();
+    }
+
+    // Delivers the answer, and the keys that were pressed meanwhile.
+    static void Settle()
+    {
+        for (int round = 0; round < 4; ++round)
+            QCoreApplication::processEvents();
+    }
+
+    CTestTranslator texts_{[](const char *, const char *key) { return kTexts.value(key); }};
+    QStringList tips_;
+    std::atomic<int> entered_{0};
+    std::unique_ptr<QWidget> window_; // where tips appear
+
+private Q_SLOTS:
+    void answersAreTold_data() { AddRows(kAnswerRows); }
 
     void answersAreTold()
     {
-        const auto &row = FetchRow<AnswerRow>();
-        const bool is_right = row.code == 0;
+        const auto &[name, code, lock_s, text, asks_for_code] = FetchRow(kAnswerRows);
+        const bool is_right = code == 0;
         CheckPwdRequestParam asked;
         CFrameworkManagerInterface::SetBackend(
-            [&](const std::string &, const auto &request, CCheckPwdResultParam &result) {
+            [&asked, answer = Answer(code, lock_s)](auto &, auto &request, auto &result) {
                 asked = request.Read();
-                result = Answer(row.code, row.lock_s);
+                result = answer;
             });
         CForm form; // never shown, as in a minimised window
         form.SetMainWidget(window_.get());
@@ -124,20 +173,17 @@ private Q_SLOTS:
         QCOMPARE(form.Enter(), is_right ? Widget::kLoginSucceeded : Widget::kLoginFailed);
         Settle();
 
-        QCOMPARE(form.error, row.text);
-        QCOMPARE(form.AsksForCode(), row.asks_for_code);
+        QCOMPARE(form.error, text);
+        QCOMPARE(form.AsksForCode(), asks_for_code);
         auto *const edit = form.GetPasswordEditWidget()->GetPasswordLineEdit();
         QCOMPARE(edit->hasSelectedText(), !is_right); // typing replaces it
-        const QStringList tips = {"window||11|15", QString("window|%1|11|15").arg(row.text)};
+        const QStringList tips = {"window||11|15", QString("window|%1|11|15").arg(text)};
         QCOMPARE(tips_, is_right ? QStringList() : tips);
         QCOMPARE(asked.str_name, std::string("\u00c4nne \"\\"));
         QCOMPARE(asked.str_password, Nim::Base::SecretText(kPassword.toStdString()));
-        QCOMPARE(CountLines(QString("OnUpdataLoginResult]OnUpdataLoginResult = [%1] "
-                                    "ReturnInfo = [%2][")
-                                .arg(is_right ? kPassed : 0)
-                                .arg(row.text)),
-                 1);
-        if (!row.asks_for_code)
+        const QString line = "OnUpdataLoginResult]OnUpdataLoginResult = [%1] ReturnInfo = [%2][";
+        QCOMPARE(CountLines(line.arg(is_right ? kPassed : 0).arg(text)), 1);
+        if (!asks_for_code)
             return;
         QCOMPARE(form.Enter(), Widget::kInputError); // hidden or not, it does not go without a code
         QCOMPARE(form.error, QString("TheVerificationCodeCannotBeEmpty"));
@@ -300,9 +346,8 @@ private Q_SLOTS:
             ++entered_;
             result = Answer(kNoCodeNext, 0);
         });
-        connect(
-            form, &Widget::SignalReturnPressed, form, [form] { form->Enter(); },
-            Qt::QueuedConnection);
+        const auto enter = [form] { form->Enter(); };
+        connect(form, &Widget::SignalReturnPressed, form, enter, Qt::QueuedConnection);
 
         for (int attempt = 1; attempt <= 2; ++attempt) {
             QTest::keyClick(form->User(), attempt == 1 ? Qt::Key_Return : Qt::Key_Enter);
@@ -386,89 +431,11 @@ private Q_SLOTS:
         QProcess program;
         program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         program.start(LOGIN_EXIT_PROGRAM, QStringList());
-
-        // The checks take five minutes.
-        QVERIFY2(program.waitForFinished(60000), "it waits for its checks");
+        QVERIFY2(program.waitForFinished(60000),
+                 "it waits for its checks, which take five minutes");
         QCOMPARE(program.exitStatus(), QProcess::NormalExit);
         QCOMPARE(program.exitCode(), 0);
     }
-
-protected:
-    void SetUp() override
-    {
-        Vantor::RemoveTranslations();                          // the keys
-        guard_.AnnounceWarnings("Could not parse stylesheet"); // of the Caps Lock tip
-        tips_.clear();
-        entered_ = 0;
-        SetAnswer(310);
-        QCoreApplication::installTranslator(&texts_);
-        ErrorText::SetSource([](const Nim::Base::Error::ErrorCode &code) {
-            return code.error_code ? QString("error %1").arg(code.error_code) : QString();
-        });
-        Faceplate::CGUIMessageTipManager::SetPresenter(
-            [this](QWidget *widget, const QString &text, int kind, int place, int time_s) {
-                tips_ << QString("%1|%2|%3%4|%5")
-                             .arg(widget->objectName(), text)
-                             .arg(kind)
-                             .arg(place)
-                             .arg(time_s);
-            });
-        // No code can be fetched, unless a test has a server.
-        CNetCommManager::SetTransport([](auto &, auto &) { return false; });
-        window_ = std::make_unique<QWidget>();
-        window_->setObjectName("window");
-    }
-
-    void TearDown() override
-    {
-        QCoreApplication::removeTranslator(&texts_);
-        CFrameworkManagerInterface::SetBackend(nullptr);
-        CNetCommManager::SetTransport(nullptr);
-        ErrorText::SetSource(nullptr);
-        Faceplate::CGUIMessageTipManager::SetPresenter(nullptr);
-        window_.reset();
-    }
-
-private:
-    static CCheckPwdResultParam Answer(int code, int lock_s)
-    {
-        CCheckPwdResultParam answer;
-        answer.SetVal_check_result(code == 0 ? kPassed : 0);
-        answer.SetVal_error_code({code ? 8 : 0, code, 0});
-        answer.SetVal_remain_count(3);
-        answer.SetVal_lock_remain_time(lock_s);
-        return answer;
-    }
-
-    // The answer of every check, once the latch is open.
-    void SetAnswer(int code, const std::shared_future<void> &latch = {})
-    {
-        CFrameworkManagerInterface::SetBackend(
-            [this, code, latch](const auto &, const auto &, CCheckPwdResultParam &result) {
-                ++entered_;
-                if (latch.valid())
-                    latch.wait();
-                result = Answer(code, 0);
-            });
-    }
-
-    int CountLines(const QString &end) const
-    {
-        const QString begin = "3 ClientUserOperate [Vantor::CAccountPasswordWidget::";
-        return guard_.LogLines().filter(begin + end).size();
-    }
-
-    // Delivers the answer, and the keys that were pressed meanwhile.
-    static void Settle()
-    {
-        for (int round = 0; round < 4; ++round)
-            QCoreApplication::processEvents();
-    }
-
-    CTexts texts_;
-    QStringList tips_;
-    std::atomic<int> entered_{0};
-    std::unique_ptr<QWidget> window_; // where tips appear
 };
 
 QTEST_MAIN(TestAccountPassword)

@@ -22,8 +22,6 @@
 #include <Vantor/CVerifyCodeWidget>
 
 #include <QtCore/QMetaMethod>
-#include <QtCore/QTranslator>
-#include <QtWidgets/QTreeView>
 
 using namespace Vantor;
 
@@ -75,16 +73,6 @@ private:
     QStringList signals_;
 };
 
-class CCapitals : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *, const char *text, const char *, int) const override
-    {
-        return QString(text).toUpper() + '.';
-    }
-};
-
 // All texts of the widget and its children that a user reads or hears.
 QStringList TextsOf(const QWidget &widget)
 {
@@ -97,22 +85,45 @@ QStringList TextsOf(const QWidget &widget)
     return texts;
 }
 
-struct Widget
-{
-    const char *name;
-    QWidget *(*make)();
-    QWidget *(*make_base)() = [] { return new QWidget; }; // Qt's own connections are right
-};
+using Maker = QWidget *(*)();
+using Widget = Row<Maker, Maker>; // make, make_base: Qt's own connections are right
 
 template <class Type> QWidget *Make()
 {
     return new Type;
 }
 
+template <class Type, class Base = QWidget> Widget Of(const char *name)
+{
+    return {name, Make<Type>, Make<Base>};
+}
+
 template <> QWidget *Make<Ravel::CChaseDialog>()
 {
     return new Ravel::CChaseDialog(nullptr, QString(), "Wait", true);
 }
+
+const std::vector<Widget> kWidgetRows = {
+    Of<CAccountPasswordWidget>("CAccountPasswordWidget"),
+    Of<CAdaptiveColumnWidthWidget>("CAdaptiveColumnWidthWidget"),
+    Of<CAnimationProgressBar>("CAnimationProgressBar"),
+    Of<CBaseDockFrame>("CBaseDockFrame"),
+    Of<CBaseFileProgressBar>("CBaseFileProgressBar"),
+    Of<Ravel::CChaseDialog>("CChaseDialog"),
+    Of<CComboBoxEx, QComboBox>("CComboBoxEx"),
+    Of<CCustomPasswordFrame>("CCustomPasswordFrame"),
+    Of<CCustomizeColumnButton>("CCustomizeColumnButton"),
+    Of<CCustomizeColumnWidget>("CCustomizeColumnWidget"),
+    Of<CDockWidget>("CDockWidget"),
+    Of<CFilterTreeViewEx, QTreeView>("CFilterTreeViewEx"),
+    Of<CFilterWidgetEx>("CFilterWidgetEx"),
+    Of<Faceplate::CGUIFullScreenWidget>("CGUIFullScreenWidget"),
+    Of<CItemDragMovableListView, QListView>("CItemDragMovableListView"),
+    Of<CMutiPageWidget>("CMutiPageWidget"),
+    Of<CMutiPageWidgetEx>("CMutiPageWidgetEx"),
+    Of<CPasswordFrame>("CPasswordFrame"),
+    Of<CVerifyCodeWidget>("CVerifyCodeWidget"),
+};
 
 } // namespace
 
@@ -121,30 +132,7 @@ class TestChildSignals : public CGuardedTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void noneReachesAWidgetWithoutItsPrivateData_data()
-    {
-        AddRows<Widget>({
-            {"CAccountPasswordWidget", Make<CAccountPasswordWidget>},
-            {"CAdaptiveColumnWidthWidget", Make<CAdaptiveColumnWidthWidget>},
-            {"CAnimationProgressBar", Make<CAnimationProgressBar>},
-            {"CBaseDockFrame", Make<CBaseDockFrame>},
-            {"CBaseFileProgressBar", Make<CBaseFileProgressBar>},
-            {"CChaseDialog", Make<Ravel::CChaseDialog>},
-            {"CComboBoxEx", Make<CComboBoxEx>, Make<QComboBox>},
-            {"CCustomPasswordFrame", Make<CCustomPasswordFrame>},
-            {"CCustomizeColumnButton", Make<CCustomizeColumnButton>},
-            {"CCustomizeColumnWidget", Make<CCustomizeColumnWidget>},
-            {"CDockWidget", Make<CDockWidget>},
-            {"CFilterTreeViewEx", Make<CFilterTreeViewEx>, Make<QTreeView>},
-            {"CFilterWidgetEx", Make<CFilterWidgetEx>},
-            {"CGUIFullScreenWidget", Make<Faceplate::CGUIFullScreenWidget>},
-            {"CItemDragMovableListView", Make<CItemDragMovableListView>, Make<QListView>},
-            {"CMutiPageWidget", Make<CMutiPageWidget>},
-            {"CMutiPageWidgetEx", Make<CMutiPageWidgetEx>},
-            {"CPasswordFrame", Make<CPasswordFrame>},
-            {"CVerifyCodeWidget", Make<CVerifyCodeWidget>},
-        });
-    }
+    void noneReachesAWidgetWithoutItsPrivateData_data() { AddRows(kWidgetRows); }
 
     void eachFollowsTheLanguageAsAFreshOneDoes_data()
     {
@@ -154,25 +142,26 @@ private Q_SLOTS:
     void eachFollowsTheLanguageAsAFreshOneDoes()
     {
         guard_.AnnounceWarnings("Could not parse stylesheet");
-        const auto &row = FetchRow<Widget>();
-        const std::unique_ptr<QWidget> widget(row.make());
-        CCapitals capitals;
+        const Maker make = std::get<1>(FetchRow<Widget>());
+        const std::unique_ptr<QWidget> widget(make());
+        CTestTranslator capitals(
+            [](const char *, const char *key) { return QString(key).toUpper() + '.'; });
         QCoreApplication::installTranslator(&capitals);
         QCoreApplication::processEvents();
-        const std::unique_ptr<QWidget> fresh(row.make());
+        const std::unique_ptr<QWidget> fresh(make());
         QCOMPARE(TextsOf(*widget), TextsOf(*fresh));
         QCoreApplication::removeTranslator(&capitals);
     }
 
     void noneReachesAWidgetWithoutItsPrivateData()
     {
-        const auto &row = FetchRow<Widget>();
+        const auto &[name, make, make_base] = FetchRow(kWidgetRows);
         guard_.AnnounceWarnings("Could not parse stylesheet"); // of the Caps Lock tip
         Nim::Base::OS::SetCapsLockSource([] { return true; });
         CLastSignals signals_of_children;
-        const QStringList allowed = signals_of_children.Of(row.make_base());
+        const QStringList allowed = signals_of_children.Of(make_base());
 
-        QStringList left = signals_of_children.Of(row.make());
+        QStringList left = signals_of_children.Of(make());
 
         for (const QString &one : allowed)
             left.removeAll(one);

@@ -6,14 +6,9 @@
 #include "ui/CustomizeColumnButton/ColumnSync.h"
 #include "ui/CustomizeColumnButton/DropDownPlace.h"
 
-#include <QtCore/QJsonDocument>
-
 #include <deque>
 
-using Vantor::CColumnInfo;
-using Vantor::CColumnSync;
-using Vantor::ColumnAction;
-using Vantor::ColumnAnswer;
+using namespace Vantor;
 using Columns = QVector<CColumnInfo>;
 
 namespace {
@@ -49,13 +44,6 @@ QString Text(const Columns &columns)
     }
     return words.join(' ');
 }
-
-using Layout = Row<QByteArray, QString>; // items, expected
-
-// movable: one letter a column
-using Move = Row<QString, int, int, bool>; // movable, from, to, is_possible
-
-using Place = Row<QRect, QSize, bool, QRect>; // button, size, is_mirrored, expected
 
 // A button, a user and a server that fails now and then, around a CColumnSync.
 class CWalk
@@ -177,6 +165,52 @@ private:
     bool is_dragging_ = false;
 };
 
+// movable: one letter a column
+// movable, from, to, is_possible
+const Rows<QString, int, int, bool> kMoveRows = {
+    {"down among movable ones", "yyyy", 0, 3, true},
+    {"up among movable ones", "yyyy", 3, 0, true},
+    {"one that keeps its place", "nyyy", 0, 2, false},
+    {"onto one that keeps its place", "yyyn", 1, 3, false},
+    {"past one that keeps its place", "yyny", 0, 3, false},
+    {"next to one that keeps its place", "nyyy", 3, 1, true},
+    {"out of the list", "yyyy", 0, 4, false},
+    {"from nowhere", "yyyy", -1, 0, false},
+};
+
+const QByteArray kMoved = R"({"ColumnID":7,"ColumnLocation":5,"ColumnChecked":0,)"
+                          R"("ColumnManualCheck":"true","ColumnManualSort":"true"})";
+
+const QSize kSize(200, 300);
+
+// items, expected
+const Rows<QByteArray, QString> kLayoutRows = {
+    {"one entry changes the first column, whatever its id", kMoved, "5:0:y:y 1:2:y:y"},
+    {"more entries than columns", kMoved + "," + kMoved + "," + kMoved, "5:0:y:y 5:0:y:y"},
+    {"a flag that is a JSON boolean is false",
+     R"({"ColumnLocation":5,"ColumnChecked":2,"ColumnManualCheck":true,)"
+     R"("ColumnManualSort":"true"})",
+     "5:2:n:y 1:2:y:y"},
+    {"1 is partially checked", QByteArray(kMoved).replace(":0", ":1"), "5:1:y:y 1:2:y:y"},
+    {"other numbers are checked", QByteArray(kMoved).replace(":0", ":-3"), "5:2:y:y 1:2:y:y"},
+    {"an entry that is no object", "7," + kMoved, "0:2:y:y 5:0:y:y"},
+    {"no entry", {}, "0:2:y:y 1:2:y:y"},
+    {"a text that is cut", kMoved.left(30), "0:2:y:y 1:2:y:y"},
+    {"too deep", QByteArray(100000, '['), "0:2:y:y 1:2:y:y"},
+};
+
+// button, size, is_mirrored, expected
+const Rows<QRect, QSize, bool, QRect> kPlaceRows = {
+    {"below", {300, 100, 30, 30}, kSize, false, {300, 130, 200, 300}},
+    {"below, right to left", {300, 100, 30, 30}, kSize, true, {130, 130, 200, 300}},
+    {"at the right edge", {870, 100, 30, 30}, kSize, false, {700, 130, 200, 300}},
+    {"at the left edge, mirrored", {100, 100, 30, 30}, kSize, true, {100, 130, 200, 300}},
+    {"at the lower edge: above", {300, 660, 30, 30}, kSize, false, {300, 360, 200, 300}},
+    {"no room: shifted", {300, 400, 30, 30}, {200, 590}, false, {300, 110, 200, 590}},
+    {"too large: cut", {300, 100, 30, 30}, {2000, 2000}, false, {100, 100, 800, 600}},
+    {"a button outside", {5000, -90, 30, 30}, kSize, false, {700, 100, 200, 300}},
+};
+
 } // namespace
 
 class TestColumnLayout : public CGuardedTest
@@ -199,48 +233,20 @@ private Q_SLOTS:
         QVERIFY(text.startsWith("{\n    \"CustomizeListItems\"")); // indented
     }
 
-    void aLayoutIsPutBackEntryByEntry_data()
-    {
-        const QByteArray moved = R"({"ColumnID":7,"ColumnLocation":5,"ColumnChecked":0,)"
-                                 R"("ColumnManualCheck":"true","ColumnManualSort":"true"})";
-        AddRows<Layout>(
-            {{"one entry changes the first column, whatever its id", moved, "5:0:y:y 1:2:y:y"},
-             {"more entries than columns", moved + "," + moved + "," + moved, "5:0:y:y 5:0:y:y"},
-             {"a flag that is a JSON boolean is false",
-              R"({"ColumnLocation":5,"ColumnChecked":2,"ColumnManualCheck":true,)"
-              R"("ColumnManualSort":"true"})",
-              "5:2:n:y 1:2:y:y"},
-             {"1 is partially checked", QByteArray(moved).replace(":0", ":1"), "5:1:y:y 1:2:y:y"},
-             {"other numbers are checked", QByteArray(moved).replace(":0", ":-3"),
-              "5:2:y:y 1:2:y:y"},
-             {"an entry that is no object", "7," + moved, "0:2:y:y 5:0:y:y"},
-             {"no entry", {}, "0:2:y:y 1:2:y:y"},
-             {"a text that is cut", moved.left(30), "0:2:y:y 1:2:y:y"},
-             {"too deep", QByteArray(100000, '['), "0:2:y:y 1:2:y:y"}});
-    }
+    void aLayoutIsPutBackEntryByEntry_data() { AddRows(kLayoutRows); }
 
     void aLayoutIsPutBackEntryByEntry()
     {
-        const auto &[name, items, expected] = FetchRow<Layout>();
+        const auto &[name, items, expected] = FetchRow(kLayoutRows);
         const QString layout = "{\"CustomizeListItems\":[" + QString::fromUtf8(items) + "]}";
         QCOMPARE(Text(Vantor::WithColumnLayout(Parse("0:2:y:y 1:2:y:y"), layout)), expected);
     }
 
-    void aMoveLeavesColumnsInPlaceThatKeepTheirs_data()
-    {
-        AddRows<Move>({{"down among movable ones", "yyyy", 0, 3, true},
-                       {"up among movable ones", "yyyy", 3, 0, true},
-                       {"one that keeps its place", "nyyy", 0, 2, false},
-                       {"onto one that keeps its place", "yyyn", 1, 3, false},
-                       {"past one that keeps its place", "yyny", 0, 3, false},
-                       {"next to one that keeps its place", "nyyy", 3, 1, true},
-                       {"out of the list", "yyyy", 0, 4, false},
-                       {"from nowhere", "yyyy", -1, 0, false}});
-    }
+    void aMoveLeavesColumnsInPlaceThatKeepTheirs_data() { AddRows(kMoveRows); }
 
     void aMoveLeavesColumnsInPlaceThatKeepTheirs()
     {
-        const auto &[name, movable, from, to, is_possible] = FetchRow<Move>();
+        const auto &[name, movable, from, to, is_possible] = FetchRow(kMoveRows);
         Columns columns = Parse("3:2:y:y 2:2:y:y 1:2:y:y 0:2:y:y"); // shown in reverse
         const QVector<int> order = Vantor::ColumnOrder(columns);
         for (int place = 0; place < 4; ++place)
@@ -249,23 +255,11 @@ private Q_SLOTS:
         QCOMPARE(Vantor::CanMoveColumn(columns, order, from, to), is_possible);
     }
 
-    void aDropDownStaysInsideOnEveryEdge_data()
-    {
-        const QSize size(200, 300);
-        AddRows<Place>(
-            {{"below", {300, 100, 30, 30}, size, false, {300, 130, 200, 300}},
-             {"below, right to left", {300, 100, 30, 30}, size, true, {130, 130, 200, 300}},
-             {"at the right edge", {870, 100, 30, 30}, size, false, {700, 130, 200, 300}},
-             {"at the left edge, mirrored", {100, 100, 30, 30}, size, true, {100, 130, 200, 300}},
-             {"at the lower edge: above", {300, 660, 30, 30}, size, false, {300, 360, 200, 300}},
-             {"no room: shifted", {300, 400, 30, 30}, {200, 590}, false, {300, 110, 200, 590}},
-             {"too large: cut", {300, 100, 30, 30}, {2000, 2000}, false, {100, 100, 800, 600}},
-             {"a button outside", {5000, -90, 30, 30}, size, false, {700, 100, 200, 300}}});
-    }
+    void aDropDownStaysInsideOnEveryEdge_data() { AddRows(kPlaceRows); }
 
     void aDropDownStaysInsideOnEveryEdge()
     {
-        const auto &[name, button, size, is_mirrored, expected] = FetchRow<Place>();
+        const auto &[name, button, size, is_mirrored, expected] = FetchRow(kPlaceRows);
         const auto direction = is_mirrored ? Qt::RightToLeft : Qt::LeftToRight;
         const QRect room(100, 100, 800, 600);
         QCOMPARE(Vantor::DropDownPlace(button, size, room, direction), expected);

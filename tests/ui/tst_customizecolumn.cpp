@@ -1,24 +1,110 @@
 // SPDX-License-Identifier: MIT
 #include "ColumnTable.h"
-#include "LayoutStore.h"
-#include "support/Test.h"
 
+#include <BusinessCommon/AdaptiveColumnWidthManager.h>
 #include <Faceplate/GUIMessageTipManager.h>
+#include <Vantor/CAdaptiveColumnWidthController>
+#include <Vantor/CAdaptiveColumnWidthWidget>
 #include <common/Translate.h>
+
+#include <deque>
+
+using namespace BusinessCommon;
+using namespace Vantor;
 
 namespace {
 
-const QString kAnnasKey = QStringLiteral("anna/") + kColumnKey;
+/// \brief A server of layouts in memory that replaces the real one while it lives.
+///
+/// It answers at once or on demand, and can refuse. A real server cannot be made to do so at a
+/// given moment.
+class CLayoutStore
+{
+public:
+    CLayoutStore()
+    {
+        CAdaptiveColumnWidthManager::SetHandler(
+            [this](const AdaptiveLayout &layout, const Answer &answer) {
+                waiting_.emplace_back([this, layout, answer] { Serve(layout, answer); });
+                if (!is_holding_)
+                    AnswerNext();
+            });
+    }
+    ~CLayoutStore() { CAdaptiveColumnWidthManager::SetHandler(nullptr); }
 
-// clicks: rows, one change each; refusals: of the first changes
-using Refusal = Row<QList<int>, int, QString>; // clicks, refusals, shown
+    void Hold() { is_holding_ = true; }
+    void AnswerAll()
+    {
+        is_holding_ = false;
+        while (!waiting_.empty())
+            AnswerNext();
+    }
+    /// Answer the last request before the others.
+    void AnswerNewest()
+    {
+        std::rotate(waiting_.begin(), waiting_.end() - 1, waiting_.end());
+        AnswerNext();
+    }
+    void AnswerNext()
+    {
+        const auto next = waiting_.front();
+        waiting_.pop_front();
+        next();
+    }
+
+    QHash<QString, QByteArray> texts; ///< by user and key
+    QString user = QStringLiteral("anna");
+    int refusals = 0; ///< how many answers to come are failures
+    int reads = 0;
+    int writes = 0;
+    AdaptiveLayout last;
+
+private:
+    using Param = CAdaptiveColumnWidthObserver::Param;
+    using Answer = CAdaptiveColumnWidthManager::Answer;
+
+    void Serve(const AdaptiveLayout &layout, const Answer &answer)
+    {
+        const bool is_write = !layout.layout_data.empty();
+        const QString place = user + QLatin1Char('/') + QString::fromStdString(layout.key_value);
+        ++(is_write ? writes : reads);
+        last = layout;
+        Param param;
+        if (refusals > 0) {
+            --refusals;
+            param.error_code = {2, 21};
+        } else {
+            param.current_column_state = 1;
+            if (is_write)
+                texts[place] = QByteArray::fromStdString(layout.layout_data);
+            else
+                param.result.receive_data = texts.value(place).toStdString();
+        }
+        answer(param);
+    }
+
+    std::deque<std::function<void()>> waiting_;
+    bool is_holding_ = false;
+};
+
+const QString kAnnasKey = QStringLiteral("anna/") + kColumnKey;
 
 enum class Way { Destroyed, Uninitialised, Stopped, DestroyedInTheSignal, DestroyedInADrag };
 
-struct End
-{
-    const char *name;
-    Way way;
+// clicks: rows, one change each; refusals: of the first changes
+// clicks, refusals, shown
+const Rows<QList<int>, int, QString> kRefusalRows = {
+    {"one change", {0}, 1, "ABCD"},
+    {"two quick changes, both refused", {0, 1}, 2, "ABCD"},
+    {"the second includes the first", {0, 1}, 1, "CD"},
+};
+
+const Rows<Way> kTheButtonRows = {
+    {"destroyed", Way::Destroyed},
+    {"uninitialised", Way::Uninitialised},
+    {"stopped", Way::Stopped},
+    {"destroyed in the signal", Way::DestroyedInTheSignal},
+    {"destroyed while a row is dragged", Way::DestroyedInADrag},
 };
 
 } // namespace
@@ -27,7 +113,6 @@ class TestCustomizeColumn : public CGuardedTest
 {
     Q_OBJECT
 
-protected:
     void SetUp() override
     {
         Vantor::RemoveTranslations(); // the keys
@@ -44,17 +129,15 @@ protected:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
+    QStringList messages_;
+    std::unique_ptr<CLayoutStore> store_;
+
 private Q_SLOTS:
-    void aRefusedChangeIsTakenBackWithOneMessage_data()
-    {
-        AddRows<Refusal>({{"one change", {0}, 1, "ABCD"},
-                          {"two quick changes, both refused", {0, 1}, 2, "ABCD"},
-                          {"the second includes the first", {0, 1}, 1, "CD"}});
-    }
+    void aRefusedChangeIsTakenBackWithOneMessage_data() { AddRows(kRefusalRows); }
 
     void aRefusedChangeIsTakenBackWithOneMessage()
     {
-        const auto &[name, clicks, refusals, shown] = FetchRow<Refusal>();
+        const auto &[name, clicks, refusals, shown] = FetchRow(kRefusalRows);
         CTable table(MakeColumns(4));
         table.Open();
         QTRY_COMPARE(table.settled, 1);
@@ -168,25 +251,19 @@ private Q_SLOTS:
         QTRY_COMPARE(table.settled, 2);
         QCOMPARE(table.shown, QString("ABC"));
         QVERIFY(messages_.isEmpty());
-        const QString line = guard_.LogLines().filter("UpdateAfterSwitchUser").value(0);
-        QVERIFY2(
-            line.startsWith("3 UserOperate [Vantor::CCustomizeColumnButton::UpdateAfterSwitchUser]"
-                            "GetCurrentWidgetAdjustHeight : CListModuleFunctionCustomizeList["),
-            qPrintable(line));
+        QVERIFY(
+            guard_.LogLines()
+                .filter("UpdateAfterSwitchUser")
+                .value(0)
+                .startsWith("3 UserOperate [Vantor::CCustomizeColumnButton::UpdateAfterSwitchUser]"
+                            "GetCurrentWidgetAdjustHeight : CListModuleFunctionCustomizeList["));
     }
 
-    void theButtonMayGoWithAnAnswerOutstanding_data()
-    {
-        AddRows<End>({{"destroyed", Way::Destroyed},
-                      {"uninitialised", Way::Uninitialised},
-                      {"stopped", Way::Stopped},
-                      {"destroyed in the signal", Way::DestroyedInTheSignal},
-                      {"destroyed while a row is dragged", Way::DestroyedInADrag}});
-    }
+    void theButtonMayGoWithAnAnswerOutstanding_data() { AddRows(kTheButtonRows); }
 
     void theButtonMayGoWithAnAnswerOutstanding()
     {
-        const Way way = FetchRow<End>().way;
+        const Way way = std::get<1>(FetchRow(kTheButtonRows));
         CTable table(MakeColumns(3));
         table.Open();
         QTRY_COMPARE(table.settled, 1);
@@ -260,9 +337,69 @@ private Q_SLOTS:
         QCOMPARE(table.focusWidget(), table.button.data());
     }
 
-private:
-    QStringList messages_;
-    std::unique_ptr<CLayoutStore> store_;
+    void answersComeAsSignalsInTheOrderOfTheRequests()
+    {
+        store_->Hold();
+        CAdaptiveColumnWidthController controller;
+        QStringList answers;
+        using Controller = CAdaptiveColumnWidthController;
+        connect(&controller, &Controller::SignalGetLayoutDataSuccess, this,
+                [&](const QString &layout) { answers.append("read " + layout); });
+        connect(&controller, &Controller::SignalPostLayoutDataSuccess, this,
+                [&](const bool &ok) { answers.append(ok ? "written" : "?"); });
+        connect(&controller, &Controller::SignalRequestDataFailed, this,
+                [&](const int &first, const int &second, const int &get_or_post) {
+                    answers.append(QString("%1 %2 %3").arg(first).arg(second).arg(get_or_post));
+                });
+        for (const char *const text : {"", "\xD8\xB9", "", "\xD8\xB9", ""}) // one Arabic letter
+            controller.AdaptiveGetOrPostLayoutCurrentColumnState({"key", 1, text});
+
+        store_->AnswerNewest(); // its answer waits
+        for (int i = 0; i < 3; ++i)
+            store_->AnswerNext();
+        store_->refusals = 1;
+        store_->AnswerAll();
+        CAdaptiveColumnWidthManager::SetHandler([](const auto &, const auto &) {}); // drops it
+        controller.AdaptiveGetOrPostLayoutCurrentColumnState({"key", 1, ""});
+
+        QTRY_COMPARE(answers, (QStringList{"read ", "written", QString::fromUtf8("read \xD8\xB9"),
+                                           "2 21 1", "read ", "2 24 0"}));
+    }
+
+    void aChoiceIsEmittedOnceAndAPressElsewhereHidesIt()
+    {
+        QWidget window;
+        window.resize(400, 300);
+        QPushButton button("Width", &window);
+        button.setGeometry(300, 10, 80, 30);
+        CAdaptiveColumnWidthWidget widget(&window);
+        widget.SetRelateWidget(&button);
+        window.show();
+        widget.ShowAtRelateWidget();
+        auto *const mini = widget.findChild<QRadioButton *>("ptr_min_width_radio_");
+        auto *const maxi = widget.findChild<QRadioButton *>("ptr_max_width_radio_");
+        QSignalSpy spy(&widget, &CAdaptiveColumnWidthWidget::SignalColumnWidthStateChanged);
+        const auto names = [&] {
+            return mini->parentWidget()->objectName() + ' ' + maxi->parentWidget()->objectName();
+        };
+        const QString minimum = "ptr_min_width_checked_widget_ ptr_max_width_widget_";
+        const QString maximum = "ptr_min_width_widget_ ptr_max_width_checked_widget_";
+        QCOMPARE(names(), minimum);
+        QTest::keyClick(maxi, Qt::Key_Space);
+        QTest::keyClick(maxi, Qt::Key_Space); // a checked one stays checked
+        QCOMPARE(names(), maximum);
+        QTest::keyClick(mini, Qt::Key_Space);
+        QCOMPARE(names(), minimum);
+        widget.UpdateRaddioButtonState(5); // from code: no signal
+        QCOMPARE(names(), maximum);
+        QCOMPARE(spy.size(), 2);
+
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(2, 2));
+        QVERIFY(widget.isVisible());
+        QTest::mouseClick(&window, Qt::LeftButton, {}, QPoint(5, 290));
+        QVERIFY(!widget.isVisible());
+    }
 };
 
 QTEST_MAIN(TestCustomizeColumn)

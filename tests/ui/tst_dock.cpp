@@ -8,15 +8,10 @@
 #include <Ravel/ShadowWidget.h>
 
 #include <QtCore/QPropertyAnimation>
-#include <QtWidgets/QAction>
-#include <QtWidgets/QDialog>
-#include <QtWidgets/QMenu>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QShortcut>
 
-using Vantor::CBaseDockFrame;
-using Vantor::CDockManager;
-using Vantor::CDockWidget;
+using namespace Vantor;
 
 namespace {
 
@@ -59,29 +54,56 @@ class CFrame : public CBaseDockFrame
 public:
     using CBaseDockFrame::CBaseDockFrame;
 
-    std::function<void()> on_hide;
+    std::function<void()> on_hide = [] {};
     int hidden = 0;
 
     void OnDockHide() override
     {
         ++hidden;
-        if (on_hide)
-            on_hide();
+        on_hide();
         CBaseDockFrame::OnDockHide();
     }
 };
 
-// expected: null: the dock is left alone
-using Corner = Row<Vantor::DockSituation, QPoint>; // situation, expected
-
 // trace: that the log shows
-using Trace = Row<QString, bool>; // trace, is_found
+// trace, is_found
+const Rows<QString, bool> kTraceRows = {
+    {"a plain window", "frame--top", false},
+    {"a plug-in's window", "frame--plugin", true},
+    {"a window that fills the screen", "frame", true},
+    {"a dialog of a plug-in's window", "frame--dialog--plugin", true},
+};
 
-struct Target
-{
-    const char *name; // the object that is clicked, after the last blank
-    bool auto_hide;
-    bool hides;
+// clicked, auto_hide, hides
+const Rows<const char *, bool, bool> kTargetRows = {
+    {"the window", "main", true, true},
+    {"a menu of the window", "stranger", true, true},
+    {"the panel itself", "frame", true, false},
+    {"a menu without parent that the panel opened", "menu", true, false},
+    {"a widget elsewhere", "ptr_dock_widget", true, false},
+    {"outside a panel that stays", "main", false, false},
+};
+
+const QPoint kTopLeft(100, 50);
+const QPoint kBottomRight(1099, 749);
+constexpr auto kLeft = Qt::LeftToRight;
+constexpr auto kRight = Qt::RightToLeft;
+
+// expected: null: the dock is left alone
+// situation, expected
+const Rows<Vantor::DockSituation, QPoint> kCornerRows = {
+    {"window found", {kTopLeft, kBottomRight, 400, true, 1, kLeft}, {700, 50}},
+    {"window found, first step of the slide",
+     {kTopLeft, kBottomRight, 0, true, 1, kLeft},
+     {1100, 50}},
+    {"window found, text from the right",
+     {kTopLeft, kBottomRight, 400, true, 1, kRight},
+     {101, 50}},
+    {"export, below the title bar", {kTopLeft, kBottomRight, 400, true, 2, kLeft}, {700, 91}},
+    {"content of another type", {kTopLeft, kBottomRight, 400, true, 3, kLeft}, {}},
+    {"not looked for", {kTopLeft, kBottomRight, 400, false, 1, kLeft}, {698, 91}},
+    {"not looked for, from the right", {kTopLeft, kBottomRight, 400, false, 3, kRight}, {698, 91}},
+    {"at the left", {{-1920, 0}, {-1, 1079}, 400, true, 1, kLeft}, {-400, 0}},
 };
 
 } // namespace
@@ -90,7 +112,6 @@ class TestDock : public CGuardedTest
 {
     Q_OBJECT
 
-protected:
     void SetUp() override
     {
         window_ = std::make_unique<QWidget>();
@@ -109,28 +130,15 @@ protected:
         RunDeferredDeletes();
     }
 
+    std::unique_ptr<QWidget> window_;
+    CRule rule_;
+
 private Q_SLOTS:
-    void theCornerFollowsFromTheSituation_data()
-    {
-        const QPoint g1(100, 50);
-        const QPoint g2(1099, 749);
-        constexpr auto kLeft = Qt::LeftToRight;
-        constexpr auto kRight = Qt::RightToLeft;
-        AddRows<Corner>({
-            {"window found", {g1, g2, 400, true, 1, kLeft}, {700, 50}},
-            {"window found, first step of the slide", {g1, g2, 0, true, 1, kLeft}, {1100, 50}},
-            {"window found, text from the right", {g1, g2, 400, true, 1, kRight}, {101, 50}},
-            {"export, below the title bar", {g1, g2, 400, true, 2, kLeft}, {700, 91}},
-            {"content of another type", {g1, g2, 400, true, 3, kLeft}, {}},
-            {"not looked for", {g1, g2, 400, false, 1, kLeft}, {698, 91}},
-            {"not looked for, from the right", {g1, g2, 400, false, 3, kRight}, {698, 91}},
-            {"at the left", {{-1920, 0}, {-1, 1079}, 400, true, 1, kLeft}, {-400, 0}},
-        });
-    }
+    void theCornerFollowsFromTheSituation_data() { AddRows(kCornerRows); }
 
     void theCornerFollowsFromTheSituation()
     {
-        const auto &[name, situation, expected] = FetchRow<Corner>();
+        const auto &[name, situation, expected] = FetchRow(kCornerRows);
         QCOMPARE(Vantor::DockPosition(situation).value_or(QPoint()), expected);
     }
 
@@ -163,17 +171,11 @@ private Q_SLOTS:
         QVERIFY(Dock()->isHidden() && shadow->isHidden());
     }
 
-    void theWindowIsLookedFor_data()
-    {
-        AddRows<Trace>({{"a plain window", "frame--top", false},
-                        {"a plug-in's window", "frame--plugin", true},
-                        {"a window that fills the screen", "frame", true},
-                        {"a dialog of a plug-in's window", "frame--dialog--plugin", true}});
-    }
+    void theWindowIsLookedFor_data() { AddRows(kTraceRows); }
 
     void theWindowIsLookedFor()
     {
-        const auto &[name, trace, is_found] = FetchRow<Trace>();
+        const auto &[name, trace, is_found] = FetchRow(kTraceRows);
         Lookout::CBaseWidget plugin;
         Faceplate::CGUIFullScreenWidget full;
         Faceplate::SetFullScreenModeSource(
@@ -193,8 +195,7 @@ private Q_SLOTS:
         QCOMPARE(guard_.LogLines().filter("DockWidget:parent widgets:" + trace + "[").size(), 1);
         QCOMPARE(Dock()->GetParentWidget(), is_found ? top : nullptr);
         QCOMPARE(frame.window() == Dock(), is_found);
-        QVERIFY(Dock()->isVisible()); // empty if no window was found
-        QCOMPARE(Dock()->parentWidget(), window_.get());
+        QVERIFY(Dock()->isVisible() && Dock()->parentWidget() == window_.get()); // even if empty
         // A window that fills the screen is measured with the frame around it.
         const int beyond = top->frameGeometry().width() - top->width() + 1;
         if (is_found)
@@ -220,22 +221,14 @@ private Q_SLOTS:
         delete Dock();
     }
 
-    void onlyClicksOutsideHide_data()
-    {
-        AddRows<Target>({{"the window, main", true, true},
-                         {"a menu of the window, stranger", true, true},
-                         {"the panel itself, frame", true, false},
-                         {"a menu without parent that the panel opened, menu", true, false},
-                         {"a widget elsewhere, ptr_dock_widget", true, false},
-                         {"outside a panel that stays, main", false, false}});
-    }
+    void onlyClicksOutsideHide_data() { AddRows(kTargetRows); }
 
     void onlyClicksOutsideHide()
     {
-        const auto &row = FetchRow<Target>();
+        const auto &[name, clicked, auto_hide, hides] = FetchRow(kTargetRows);
         CFrame frame(window_.get());
         frame.setObjectName("frame");
-        frame.SetAutoHide(row.auto_hide);
+        frame.SetAutoHide(auto_hide);
         QWidget elsewhere;
         elsewhere.setObjectName("ptr_dock_widget");
         Manager().SetDockWidget(&frame, 300);
@@ -251,38 +244,34 @@ private Q_SLOTS:
             opened->popup({100, 100});
             opened->hide();
         }
-        const QString wanted = QString(row.name).section(' ', -1);
-        const QWidgetList all = QApplication::allWidgets();
-        const auto found = std::find_if(all.begin(), all.end(), [&](const QWidget *widget) {
-            return widget->objectName() == wanted && widget->parentWidget() != Dock();
-        });
-        QVERIFY(found != all.end());
+        QWidget *target = nullptr;
+        for (QWidget *const widget :
+             QWidgetList{window_.get(), &stranger, &menu, &frame, &elsewhere})
+            target = widget->objectName() == clicked ? widget : target;
         // A point beyond the dock, wherever the widget is.
-        QMouseEvent press(QEvent::MouseButtonDblClick, (*found)->mapFromGlobal(QPoint(110, 110)),
+        QMouseEvent press(QEvent::MouseButtonDblClick, target->mapFromGlobal(QPoint(110, 110)),
                           Qt::LeftButton, Qt::LeftButton, {});
 
-        QCoreApplication::sendEvent(*found, &press);
-        QCoreApplication::sendEvent(*found, &press); // counts once
+        QCoreApplication::sendEvent(target, &press);
+        QCoreApplication::sendEvent(target, &press); // counts once
 
-        QCOMPARE(guard_.LogLines().filter("]HideInAnimation()").size(), row.hides ? 1 : 0);
+        QCOMPARE(guard_.LogLines().filter("]HideInAnimation()").size(), hides ? 1 : 0);
         Finish();
-        QCOMPARE(frame.hidden, row.hides ? 1 : 0);
+        QCOMPARE(frame.hidden, hides ? 1 : 0);
         GoInactive(); // hides in any case
         QVERIFY(Dock()->isHidden());
-        QCOMPARE(guard_.LogLines().filter("app hide. add by vtq.[").size(), row.hides ? 0 : 1);
+        QCOMPARE(guard_.LogLines().filter("app hide. add by vtq.[").size(), hides ? 0 : 1);
         guard_.AnnounceLogLines();
     }
 
     void aDialogOfThePanelKeepsItInTheBackground_data()
     {
-        QTest::addColumn<QString>("owner");
-        for (const char *const owner : {"frame", "main", "none"})
-            QTest::newRow(owner) << owner;
+        AddRows<Row<>>({{"frame"}, {"main"}, {"none"}});
     }
 
     void aDialogOfThePanelKeepsItInTheBackground()
     {
-        QFETCH(QString, owner);
+        const QString owner = QTest::currentDataTag();
         guard_.AnnounceLogLines();
         CFrame frame(window_.get());
         Manager().SetDockWidget(&frame, 300);
@@ -313,9 +302,9 @@ private Q_SLOTS:
         Finish();
         QCoreApplication::processEvents(); // lays out the panel
         QSignalSpy confirmed(&inside, &CBaseDockFrame::signalConfirm);
-        QTest::mouseClick(
-            Dock()->windowHandle(), Qt::LeftButton, {},
-            inside.findChild<QPushButton *>("DockSaveButton")->mapTo(Dock(), QPoint(5, 5)));
+        const auto *const button = inside.findChild<QPushButton *>("DockSaveButton");
+        QTest::mouseClick(Dock()->windowHandle(), Qt::LeftButton, {},
+                          button->mapTo(Dock(), {5, 5}));
         QCOMPARE(confirmed.size(), 1);
     }
 
@@ -581,21 +570,17 @@ private Q_SLOTS:
             steps[dice() % steps.size()](frames[dice() % 4]);
             for (size_t i = 0; i < frames.size(); ++i) {
                 QVERIFY2(frames[i], qPrintable(QString::number(step)));
-                const bool is_home = frames[i]->parentWidget() == (i < 2 ? &home : nullptr);
-                QVERIFY(is_home || (Dock() && frames[i]->window() == Dock()));
+                QVERIFY(frames[i]->parentWidget() == (i < 2 ? &home : nullptr)
+                        || (Dock() && frames[i]->window() == Dock()));
             }
             QVERIFY(!Dock() || !Dock()->isVisible() || window_->isVisible()
                     || Dock()->GetParentWidget() != window_.get());
         }
-        frames[3]->on_hide = {};
+        frames[3]->on_hide = [] {};
         delete Dock();
         delete frames[2];
         delete frames[3];
     }
-
-private:
-    std::unique_ptr<QWidget> window_;
-    CRule rule_;
 };
 
 QTEST_MAIN(TestDock)

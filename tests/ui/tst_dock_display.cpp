@@ -7,15 +7,7 @@
 
 #include <Lookout/BaseWidget.h>
 
-#include <QtCore/QDebug>
-#include <QtCore/QProcess>
-#include <QtGui/QScreen>
-#include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QDialog>
-
-using Vantor::CBaseDockFrame;
-using Vantor::CDockManager;
-using Vantor::CDockWidget;
+using namespace Vantor;
 
 namespace {
 
@@ -41,133 +33,6 @@ class TestDockDisplay : public CGuardedTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void initTestCase()
-    {
-        const QString manager = qEnvironmentVariable("DOCK_WINDOW_MANAGER");
-        if (manager.isEmpty())
-            return;
-        window_manager_.start(manager, QStringList());
-        QTRY_VERIFY(XDoTool({"get_num_desktops"}));
-    }
-
-    void cleanupTestCase()
-    {
-        window_manager_.terminate();
-        if (HasManager())
-            QVERIFY(window_manager_.waitForFinished());
-    }
-
-    void aRealEscapeSlidesItOut()
-    {
-        Show();
-        QTRY_VERIFY(Dock()->isActiveWindow());
-        QVERIFY(XDoTool({"key", "Escape"}));
-        QTRY_VERIFY(Dock()->isHidden());
-        QCOMPARE(frame_->parentWidget(), window_.get());
-    }
-
-    void aRealClickOutsideSlidesItOut_data()
-    {
-        QTest::addColumn<bool>("hides");
-        for (const char *const target : {"window", "other"})
-            QTest::newRow(target) << true;
-        for (const char *const target : {"panel", "dialog", "list", "title"})
-            QTest::newRow(target) << false; // the window manager takes the click on the title
-    }
-
-    void aRealClickOutsideSlidesItOut()
-    {
-        const QString target = QTest::currentDataTag();
-        QFETCH(bool, hides);
-        if (target == "title" && !HasManager())
-            return; // there is no title bar
-        QWidget other;
-        other.setGeometry(1000, 700, 150, 150);
-        auto *const combo = new QComboBox;
-        combo->addItems(QStringList{"one", "two", "three"});
-        frame_->SetContentWnd(combo);
-        QDialog dialog(frame_);
-        dialog.setGeometry(20, 700, 100, 100);
-        Show();
-        for (QWidget *const window : {&other, static_cast<QWidget *>(&dialog)}) {
-            window->show();
-            QVERIFY(QTest::qWaitForWindowExposed(window));
-        }
-        QPoint place = window_->mapToGlobal(QPoint(200, 300));
-        if (target == "other" || target == "dialog")
-            place = CentreOf(target == "other" ? other : dialog);
-        else if (target == "panel")
-            place = CentreOf(*Dock());
-        else if (target == "title")
-            place = window_->frameGeometry().topLeft() + QPoint(200, 5);
-        else if (target == "list")
-            place = DropDownBesidePanel(*combo);
-
-        QVERIFY(XDoTool({"mousemove", QString::number(place.x()), QString::number(place.y())}));
-        QVERIFY(XDoTool({"click", "1", "key", "--clearmodifiers", "F7"}));
-        QTest::qWait(20); // a click on a title bar does not reach us, so its end cannot be awaited
-
-        QCOMPARE(guard_.LogLines().filter("]HideInAnimation()").size(), hides ? 1 : 0);
-        QTRY_COMPARE(Dock()->isHidden(), hides);
-    }
-
-    void anotherApplicationTakesItAway()
-    {
-        StartStranger();
-        for (const int count : {1, 2}) {
-            if (count == 1)
-                Show();
-            else
-                Manager().SetDockWidget(frame_, 300); // it is still sliding
-            QTRY_VERIFY(Dock()->isActiveWindow());
-            QVERIFY(XDoTool({"windowfocus", stranger_id_}));
-            QTRY_VERIFY(Dock()->isHidden());
-            QCOMPARE(frame_->parentWidget(), window_.get());
-            QCOMPARE(guard_.LogLines().filter("app hide. add by vtq.").size(), count);
-        }
-    }
-
-    void thePanelIsInPlaceAfterEachRandomStep_data()
-    {
-        QTest::addColumn<Qt::LayoutDirection>("direction");
-        QTest::newRow("text from the left") << Qt::LeftToRight;
-        QTest::newRow("text from the right") << Qt::RightToLeft;
-    }
-
-    void thePanelIsInPlaceAfterEachRandomStep()
-    {
-        QFETCH(Qt::LayoutDirection, direction);
-        QApplication::setLayoutDirection(direction);
-        StartStranger();
-        std::mt19937 dice(20260302);
-        CBaseDockFrame second(window_.get());
-        const std::vector<std::function<void()>> steps{
-            [&] { window_->move(int(dice() % 300), int(dice() % 200)); },
-            [&] { window_->resize(500 + int(dice() % 300), 300 + int(dice() % 200)); },
-            [&] { dice() % 2 ? window_->showMaximized() : window_->showNormal(); },
-            [&] { dice() % 2 ? window_->showMinimized() : window_->showNormal(); },
-            [&] { dice() % 2 ? window_->hide() : void(window_->close()); },
-            [&] { window_->showNormal(); },
-            [&] {
-                XDoTool({"windowfocus", dice() % 2 ? stranger_id_ : WindowId()});
-            },
-            [&] { Manager().HideDockWidget(); },
-            [&] { ShowAnywhere(dice() % 2 ? frame_.data() : &second, dice() % 4); },
-            [&] { ShowAnywhere(dice() % 2 ? frame_.data() : &second, dice() % 4); },
-        };
-        const int count = qMax(60, qEnvironmentVariableIntValue("DOCK_STEPS"));
-        for (int step = 0; step < count; ++step) {
-            const size_t kind = dice() % steps.size();
-            steps[kind]();
-            QVERIFY(window_->isVisible() || !Dock() || !Dock()->isVisible());
-            QTRY_VERIFY2(IsInPlace(), qPrintable(Describe(step, kind)));
-            QTest::qWait(int(dice() % 50)); // the next step may come in the middle of a slide
-            QTRY_VERIFY2(IsInPlace(), qPrintable(Describe(step, kind)));
-        }
-    }
-
-protected:
     void SetUp() override
     {
         guard_.AnnounceLogLines();
@@ -197,7 +62,6 @@ protected:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-private:
     [[nodiscard]] bool HasManager() const { return window_manager_.state() == QProcess::Running; }
     [[nodiscard]] QString WindowId() const { return QString::number(window_->winId()); }
 
@@ -273,6 +137,123 @@ private:
     Vantor::DockSituation asked_; // of the panel that was shown last
     std::unique_ptr<QWidget> window_;
     QPointer<CBaseDockFrame> frame_;
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        const QString manager = qEnvironmentVariable("DOCK_WINDOW_MANAGER");
+        if (manager.isEmpty())
+            return;
+        window_manager_.start(manager, QStringList());
+        QTRY_VERIFY(XDoTool({"get_num_desktops"}));
+    }
+
+    void cleanupTestCase()
+    {
+        window_manager_.terminate();
+        if (HasManager())
+            QVERIFY(window_manager_.waitForFinished());
+    }
+
+    void aRealClickOutsideSlidesItOut_data()
+    {
+        AddRows<Row<bool>>({{"window", true},
+                            {"other", true},
+                            {"panel", false},
+                            {"dialog", false},
+                            {"list", false},
+                            {"title", false}}); // the window manager takes that click
+    }
+
+    void aRealClickOutsideSlidesItOut()
+    {
+        const auto [name, hides] = FetchRow<Row<bool>>();
+        const QString target = name;
+        if (target == "title" && !HasManager())
+            return; // there is no title bar
+        QWidget other;
+        other.setGeometry(1000, 700, 150, 150);
+        auto *const combo = new QComboBox;
+        combo->addItems(QStringList{"one", "two", "three"});
+        frame_->SetContentWnd(combo);
+        QDialog dialog(frame_);
+        dialog.setGeometry(20, 700, 100, 100);
+        Show();
+        for (QWidget *const window : {&other, static_cast<QWidget *>(&dialog)}) {
+            window->show();
+            QVERIFY(QTest::qWaitForWindowExposed(window));
+        }
+        QPoint place = window_->mapToGlobal(QPoint(200, 300));
+        if (target == "other" || target == "dialog")
+            place = CentreOf(target == "other" ? other : dialog);
+        else if (target == "panel")
+            place = CentreOf(*Dock());
+        else if (target == "title")
+            place = window_->frameGeometry().topLeft() + QPoint(200, 5);
+        else if (target == "list")
+            place = DropDownBesidePanel(*combo);
+
+        QVERIFY(XDoTool({"mousemove", QString::number(place.x()), QString::number(place.y())}));
+        QVERIFY(XDoTool({"click", "1", "key", "--clearmodifiers", "F7"}));
+        QTest::qWait(20); // a click on a title bar does not reach us, so its end cannot be awaited
+
+        QCOMPARE(guard_.LogLines().filter("]HideInAnimation()").size(), hides ? 1 : 0);
+        QTRY_COMPARE(Dock()->isHidden(), hides);
+    }
+
+    void anotherApplicationTakesItAway()
+    {
+        StartStranger();
+        for (const int count : {1, 2}) {
+            if (count == 1)
+                Show();
+            else
+                Manager().SetDockWidget(frame_, 300); // it is still sliding
+            QTRY_VERIFY(Dock()->isActiveWindow());
+            QVERIFY(XDoTool({"windowfocus", stranger_id_}));
+            QTRY_VERIFY(Dock()->isHidden());
+            QCOMPARE(frame_->parentWidget(), window_.get());
+            QCOMPARE(guard_.LogLines().filter("app hide. add by vtq.").size(), count);
+        }
+    }
+
+    void thePanelIsInPlaceAfterEachRandomStep_data()
+    {
+        AddRows<Row<Qt::LayoutDirection>>(
+            {{"text from the left", Qt::LeftToRight}, {"text from the right", Qt::RightToLeft}});
+    }
+
+    void thePanelIsInPlaceAfterEachRandomStep()
+    {
+        QApplication::setLayoutDirection(std::get<1>(FetchRow<Row<Qt::LayoutDirection>>()));
+        StartStranger();
+        std::mt19937 dice(20260302);
+        CBaseDockFrame second(window_.get());
+        const std::vector<std::function<void()>> steps{
+            [&] { window_->move(int(dice() % 300), int(dice() % 200)); },
+            [&] { window_->resize(500 + int(dice() % 300), 300 + int(dice() % 200)); },
+            [&] { dice() % 2 ? window_->showMaximized() : window_->showNormal(); },
+            [&] { dice() % 2 ? window_->showMinimized() : window_->showNormal(); },
+            [&] { dice() % 2 ? window_->hide() : void(window_->close()); },
+            [&] { window_->showNormal(); },
+            [&] {
+                XDoTool({"windowfocus", dice() % 2 ? stranger_id_ : WindowId()});
+            },
+            [&] { Manager().HideDockWidget(); },
+            [&] { ShowAnywhere(dice() % 2 ? frame_.data() : &second, dice() % 4); },
+            [&] { ShowAnywhere(dice() % 2 ? frame_.data() : &second, dice() % 4); },
+        };
+        const int count = qMax(60, qEnvironmentVariableIntValue("DOCK_STEPS"));
+        for (int step = 0; step < count; ++step) {
+            const size_t kind = dice() % steps.size();
+            steps[kind]();
+            QVERIFY(window_->isVisible() || !Dock() || !Dock()->isVisible());
+            for (const int wait_ms : {0, int(dice() % 50)}) { // the next may come in a slide
+                QTest::qWait(wait_ms);
+                QTRY_VERIFY2(IsInPlace(), qPrintable(Describe(step, kind)));
+            }
+        }
+    }
 };
 
 int main(int argc, char **argv)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/Test.h"
+#include "support/Widgets.h"
 
 #include <Ravel/PageTag.h>
 #include <Ravel/TextRanks.h>
@@ -9,13 +9,8 @@
 #include <Vantor/CFilterTreeViewEx>
 #include <ui/FilterTreeViewEx/PageMath.h>
 
-#include <QtGui/QStandardItemModel>
-#include <QtTest/QAbstractItemModelTester>
-#include <QtWidgets/QHeaderView>
-
 using Ravel::CTreeViewItem;
-using Vantor::CFilterProxyModelEx;
-using Vantor::CFilterTreeViewEx;
+using namespace Vantor;
 
 namespace {
 
@@ -27,7 +22,23 @@ QList<CTreeViewItem *> Items(int count)
     return items;
 }
 
-using Hit = Row<QStringList, QString, bool>; // texts, keyword, is_shown
+// texts, keyword, is_shown
+const Rows<QStringList, QString, bool> kHitRows = {
+    {"inside", {"door", "gate"}, "gat", true},
+    {"across two cells", {"door", "gate"}, "orga", false},
+    {"across, then inside", {"ab", "cabc"}, "abc", true},
+    {"short, across two", {"ab", "cd"}, "bc", false},
+    {"wide across two", {"\u0628a", "b"}, "ab", false},
+    {"wide keyword, narrow row", {"a", "b"}, "\u0628", false},
+    {"beyond the columns", {"a", "b", "hidden"}, "hidden", false},
+    {"behind a text of 70,000", {QString(70'000, 'x'), "gate"}, "gate", true},
+    {"a row without texts", {}, "a", false},
+};
+
+const Rows<int> kSlotsOfRows = {
+    {"pages reset", 0}, {"buttons", 1},      {"size", 2},
+    {"sort", 3},        {"data changed", 4}, {"rows inserted", 5},
+};
 
 } // namespace
 
@@ -35,7 +46,6 @@ class TestFilterTree : public CGuardedTest
 {
     Q_OBJECT
 
-protected:
     void SetUp() override
     {
         model_ = std::make_unique<Ravel::CTreeViewModel>();
@@ -49,6 +59,23 @@ protected:
     {
         view_.reset();
         model_.reset();
+    }
+
+    std::unique_ptr<Ravel::CTreeViewModel> model_;
+    std::unique_ptr<CFilterTreeViewEx> view_;
+
+    void Connect(int signal, CFilterTreeViewEx &view, QObject *context,
+                 const std::function<void()> &slot)
+    {
+        using View = CFilterTreeViewEx;
+        const std::vector<std::function<void()>> all = {
+            [&] { connect(&view, &View::SignalPageReset, context, slot); },
+            [&] { connect(&view, &View::SignalUpdateMaxMinPage, context, slot); },
+            [&] { connect(&view, &View::SignalSizeChanged, context, slot); },
+            [&] { connect(&view, &View::SignalDataSort, context, slot); },
+            [&] { connect(model_.get(), &QAbstractItemModel::dataChanged, context, slot); },
+            [&] { connect(model_.get(), &QAbstractItemModel::rowsInserted, context, slot); }};
+        all.at(size_t(signal))();
     }
 
 private Q_SLOTS:
@@ -77,21 +104,10 @@ private Q_SLOTS:
             QCOMPARE(Vantor::RowsThatFit(height, header, row), rows);
     }
 
-    void aHitLiesInOneCell_data()
-    {
-        AddRows<Hit>({{"inside", {"door", "gate"}, "gat", true},
-                      {"across two cells", {"door", "gate"}, "orga", false},
-                      {"across, then inside", {"ab", "cabc"}, "abc", true},
-                      {"short, across two", {"ab", "cd"}, "bc", false},
-                      {"wide across two", {"\u0628a", "b"}, "ab", false},
-                      {"wide keyword, narrow row", {"a", "b"}, "\u0628", false},
-                      {"beyond the columns", {"a", "b", "hidden"}, "hidden", false},
-                      {"behind a text of 70,000", {QString(70'000, 'x'), "gate"}, "gate", true},
-                      {"a row without texts", {}, "a", false}});
-    }
+    void aHitLiesInOneCell_data() { AddRows(kHitRows); }
     void aHitLiesInOneCell()
     {
-        const auto [name, texts, keyword, is_shown] = FetchRow<Hit>();
+        const auto [name, texts, keyword, is_shown] = FetchRow(kHitRows);
         QList<CTreeViewItem *> items = {new CTreeViewItem(texts)};
         view_->AddTopLevelItems(items);
         for (int column = 0; column < model_->columnCount(); ++column)
@@ -169,15 +185,10 @@ private Q_SLOTS:
         }
     }
 
-    void slotsOfEverySignalMayChangeRows_data()
-    {
-        QTest::addColumn<int>("signal");
-        for (int signal = 0; signal < 6; ++signal)
-            QTest::addRow("signal %d", signal) << signal;
-    }
+    void slotsOfEverySignalMayChangeRows_data() { AddRows(kSlotsOfRows); }
     void slotsOfEverySignalMayChangeRows()
     {
-        QFETCH(int, signal);
+        const int signal = std::get<1>(FetchRow(kSlotsOfRows));
         const QAbstractItemModelTester tester(
             view_->model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
         int calls = 0;
@@ -193,16 +204,7 @@ private Q_SLOTS:
             if (calls == 5)
                 view_->ClearAllItems();
         };
-        using View = CFilterTreeViewEx;
-        using Model = QAbstractItemModel;
-        const std::vector<std::function<void()>> connects = {
-            [&] { connect(view_.get(), &View::SignalPageReset, this, change); },
-            [&] { connect(view_.get(), &View::SignalUpdateMaxMinPage, this, change); },
-            [&] { connect(view_.get(), &View::SignalSizeChanged, this, change); },
-            [&] { connect(view_.get(), &View::SignalDataSort, this, change); },
-            [&] { connect(model_.get(), &Model::dataChanged, this, change); },
-            [&] { connect(model_.get(), &Model::rowsInserted, this, change); }};
-        connects.at(static_cast<size_t>(signal))();
+        Connect(signal, *view_, this, change);
         view_->show();
 
         QList<CTreeViewItem *> items = Items(50);
@@ -224,22 +226,11 @@ private Q_SLOTS:
 
     void aViewMayBeDeletedInASlotOfItsSignals()
     {
-        using View = CFilterTreeViewEx;
         view_->SetModel(nullptr); // a model belongs to one view
-        const std::vector<std::function<void(View *)>> connects = {
-            [](View *view) { connect(view, &View::SignalPageReset, [view] { delete view; }); },
-            [](View *view) {
-                connect(view, &View::SignalUpdateMaxMinPage, [view] { delete view; });
-            },
-            [](View *view) { connect(view, &View::SignalDataSort, [view] { delete view; }); },
-            [this](View *view) {
-                connect(model_.get(), &QAbstractItemModel::dataChanged, view,
-                        [view] { delete view; });
-            }};
-        for (const auto &connect_to : connects) {
-            QPointer<View> view = new View;
+        for (const int signal : {0, 1, 3, 4}) {
+            const QPointer<CFilterTreeViewEx> view = new CFilterTreeViewEx;
             view->SetModel(model_.get());
-            connect_to(view);
+            Connect(signal, *view, view, [view] { delete view; });
             const std::vector<std::function<void()>> steps = {
                 [&] { view->SetTreeViewItemPerPage(3); }, [&] { view->SetFilterPage(2); },
                 [&] { view->header()->setSortIndicator(0, Qt::DescendingOrder); },
@@ -315,10 +306,6 @@ private Q_SLOTS:
         QCOMPARE(view_->GetBackupModel()->index(0, 0).data().toString(), QString("0"));
         QCOMPARE(reset.count(), 0);
     }
-
-private:
-    std::unique_ptr<Ravel::CTreeViewModel> model_;
-    std::unique_ptr<CFilterTreeViewEx> view_;
 };
 
 QTEST_MAIN(TestFilterTree)

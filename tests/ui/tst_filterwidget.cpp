@@ -7,24 +7,24 @@
 #include <Vantor/CComboBoxModel>
 #include <Vantor/CFilterWidgetEx>
 
-#include <QtTest/QAbstractItemModelTester>
-#include <QtWidgets/QAbstractItemView>
-
 using Ravel::CTreeViewItem;
-using Vantor::CComboBoxEx;
-using Vantor::CFilterWidgetEx;
+using namespace Vantor;
 
-namespace {
-
-using MainTypes = Row<QStringList, bool, QString, QString>; // main, is_exact, field, subs
-
-} // namespace
+// main, is_exact, field, subs
+const Rows<QStringList, bool, QString, QString> kMainTypesRows = {
+    {"one", {"Bat"}, false, "Bat", "All|Red bat"},
+    {"a part of another name", {"Bird"}, false, "Bird", "All|crow|Gull"},
+    {"two", {"Bat", "Bird"}, false, "Bat;Bird", "All|crow|Gull|Red bat"},
+    {"none", {}, false, "", ""},
+    {"blank", {""}, false, "Blank", "All|unknown"},
+    {"a text that is no plain expression", {"Bird (big)"}, false, "Bird (big)", ""},
+    {"the same as it is", {"Bird (big)"}, true, "Bird (big)", "All|Gull"},
+};
 
 class TestFilterWidget : public CGuardedTest
 {
     Q_OBJECT
 
-protected:
     void SetUp() override
     {
         model_ = std::make_unique<Ravel::CTreeViewModel>();
@@ -46,22 +46,31 @@ protected:
         model_.reset();
     }
 
-private Q_SLOTS:
-    void subTypesFollowTheMainTypes_data()
+    void Add(const QList<QStringList> &rows)
     {
-        AddRows<MainTypes>(
-            {{"one", {"Bat"}, false, "Bat", "All|Red bat"},
-             {"a part of another name", {"Bird"}, false, "Bird", "All|crow|Gull"},
-             {"two", {"Bat", "Bird"}, false, "Bat;Bird", "All|crow|Gull|Red bat"},
-             {"none", {}, false, "", ""},
-             {"blank", {""}, false, "Blank", "All|unknown"},
-             {"a text that is no plain expression", {"Bird (big)"}, false, "Bird (big)", ""},
-             {"the same as it is", {"Bird (big)"}, true, "Bird (big)", "All|Gull"}});
+        QList<CTreeViewItem *> items;
+        for (const QStringList &row : rows)
+            items.append(new CTreeViewItem(row));
+        QVERIFY(model_->InsertTopLevelItems(model_->rowCount(), items));
     }
+
+    static QString Rows(const CComboBoxEx *combo)
+    {
+        QStringList rows;
+        for (int i = 0; i < combo->count(); ++i)
+            rows.append(combo->itemText(i));
+        return rows.join('|');
+    }
+
+    std::unique_ptr<Ravel::CTreeViewModel> model_;
+    std::unique_ptr<CFilterWidgetEx> bar_;
+
+private Q_SLOTS:
+    void subTypesFollowTheMainTypes_data() { AddRows(kMainTypesRows); }
 
     void subTypesFollowTheMainTypes()
     {
-        const auto &[name, main, is_exact, field, subs] = FetchRow<MainTypes>();
+        const auto &[name, main, is_exact, field, subs] = FetchRow(kMainTypesRows);
         if (is_exact)
             bar_->GetSubTypeComboBox()->SetMainTypes(bar_->GetMainTypeComboBox());
 
@@ -178,26 +187,6 @@ private Q_SLOTS:
         QVERIFY(field.first().first().toString().size() > 1000000);
         QVERIFY(combo.currentText().size() < 2000);
     }
-
-private:
-    void Add(const QList<QStringList> &rows)
-    {
-        QList<CTreeViewItem *> items;
-        for (const QStringList &row : rows)
-            items.append(new CTreeViewItem(row));
-        QVERIFY(model_->InsertTopLevelItems(model_->rowCount(), items));
-    }
-
-    static QString Rows(const CComboBoxEx *combo)
-    {
-        QStringList rows;
-        for (int i = 0; i < combo->count(); ++i)
-            rows.append(combo->itemText(i));
-        return rows.join('|');
-    }
-
-    std::unique_ptr<Ravel::CTreeViewModel> model_;
-    std::unique_ptr<CFilterWidgetEx> bar_;
 };
 
 QTEST_MAIN(TestFilterWidget)

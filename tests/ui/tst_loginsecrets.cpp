@@ -13,7 +13,6 @@
 
 #include <signal.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 using BusinessCommon::CNetCommManager;
 
@@ -70,6 +69,14 @@ QStringList FindSecret()
 class TestLoginSecrets : public CGuardedTest
 {
     Q_OBJECT
+
+    void SetUp() override
+    {
+        guard_.AnnounceWarnings("Could not parse stylesheet"); // of the Caps Lock tip
+    }
+
+    pid_t server_ = 0;
+    int port_ = 0;
 
 private Q_SLOTS:
     void initTestCase()
@@ -133,16 +140,6 @@ private Q_SLOTS:
         const QStringList found = FindSecret();
         QVERIFY(!found.isEmpty() && found.join(' ').contains("UTF-16"));
     }
-
-protected:
-    void SetUp() override
-    {
-        guard_.AnnounceWarnings("Could not parse stylesheet"); // of the Caps Lock tip
-    }
-
-private:
-    pid_t server_ = 0;
-    int port_ = 0;
 };
 
 QTEST_MAIN(TestLoginSecrets)

@@ -10,7 +10,6 @@
 #include <common/Translate.h>
 
 #include <QtGui/QCursor>
-#include <QtWidgets/QLayout>
 
 using Vantor::CMutiPageWidget;
 
@@ -26,10 +25,32 @@ QList<Ravel::CTreeViewItem *> Items(int count)
     return items;
 }
 
-using Delivery = Row<int, int, int, QString, QString>; // per_page, records, page, total, enabled
-
 // page: afterwards, from page 2 of 3
-using Jump = Row<QString, int, int>; // typed, page, signalled
+// typed, page, signalled
+const Rows<QString, int, int> kJumpRows = {
+    {"another page", "3", 3, 1},
+    {"this page", "2", 2, 0},
+    {"nothing", "", 2, 0},
+    {"a page too many, which can be typed", "9", 2, 0},
+    {"zero", "0", 2, 0},
+    {"a minus, which cannot be typed", "-1", 1, 1},
+    {"a leading zero", "03", 3, 1},
+    {"with a separator, which cannot be typed", "0,3", 3, 1},
+};
+
+const QString kAllButtons = "home previous next last";
+
+// per_page, records, page, total, enabled
+const Rows<int, int, int, QString, QString> kDeliveryRows = {
+    {"no record", 100, 0, 0, "/1", ""},
+    {"a full page", 100, 100, 1, "/1", ""},
+    {"one more", 100, 101, 1, "/2", "next last"},
+    {"in the middle", 100, 250, 2, "/3", kAllButtons},
+    {"at the end", 100, 250, 3, "/3", "home previous"},
+    {"numbers below zero", 100, -7, -3, "/1", ""},
+    {"a hundred thousand pages", 1, 100000, 2, "/100000", kAllButtons},
+    {"no record, a row a page", 1, 0, 1, "/1", ""},
+};
 
 } // namespace
 
@@ -37,7 +58,6 @@ class TestMutiPageWidget : public CGuardedTest
 {
     Q_OBJECT
 
-protected:
     void SetUp() override
     {
         Vantor::RemoveTranslations(); // the keys
@@ -51,23 +71,62 @@ protected:
         QApplication::setLayoutDirection(Qt::LeftToRight);
     }
 
-private Q_SLOTS:
-    void serverPagesAreCountedAndEnableTheBar_data()
+    void NewPage(Qt::LayoutDirection direction)
     {
-        const QString all = "home previous next last";
-        AddRows<Delivery>({{"no record", 100, 0, 0, "/1", ""},
-                           {"a full page", 100, 100, 1, "/1", ""},
-                           {"one more", 100, 101, 1, "/2", "next last"},
-                           {"in the middle", 100, 250, 2, "/3", all},
-                           {"at the end", 100, 250, 3, "/3", "home previous"},
-                           {"numbers below zero", 100, -7, -3, "/1", ""},
-                           {"a hundred thousand pages", 1, 100000, 2, "/100000", all},
-                           {"no record, a row a page", 1, 0, 1, "/1", ""}});
+        page_ = std::make_unique<CMutiPageWidget>();
+        page_->setLayoutDirection(direction);
+        model_ = std::make_unique<Ravel::CTreeViewModel>();
+        model_->SetHorizontalHeaderLabels({"Number", "Type"});
     }
+
+    // A hundred rows a page, total known.
+    void ShowLocal(int rows)
+    {
+        page_->SetPageSeen(true);
+        page_->SetFilterEnabled(true);
+        page_->SetModel(model_.get());
+        page_->GetItemPerPageComboBox()->setCurrentIndex(1);
+        QList<Ravel::CTreeViewItem *> items = Items(rows);
+        page_->AddTopLevelItems(items);
+    }
+
+    [[nodiscard]] QPushButton *Button(const char *name) const
+    {
+        return page_->findChild<QPushButton *>(QStringLiteral("ptr_%1_btn_").arg(name));
+    }
+    [[nodiscard]] QLineEdit *Edit() const
+    {
+        return page_->findChild<QLineEdit *>("ptr_cur_page_edit_");
+    }
+    [[nodiscard]] QString Label(const char *name) const
+    {
+        return page_->findChild<QLabel *>(name)->text();
+    }
+    [[nodiscard]] QString FirstCell() const
+    {
+        return page_->GetTreeView()->model()->index(0, 0).data().toString();
+    }
+
+    // The buttons that are, out of home, previous, next and last.
+    [[nodiscard]] QString Enabled() const
+    {
+        QStringList names;
+        for (const char *const name : {"home", "previous", "next", "last"}) {
+            if (Button(name)->isEnabled())
+                names.append(name);
+        }
+        return names.join(' ');
+    }
+
+    std::unique_ptr<Ravel::CTreeViewModel> model_;
+    std::unique_ptr<CMutiPageWidget> page_;
+
+private Q_SLOTS:
+    void serverPagesAreCountedAndEnableTheBar_data() { AddRows(kDeliveryRows); }
 
     void serverPagesAreCountedAndEnableTheBar()
     {
-        const auto [name, per_page, records, page, total, enabled] = FetchRow<Delivery>();
+        const auto [name, per_page, records, page, total, enabled] = FetchRow(kDeliveryRows);
         page_->SetFilterEnabled(false);
         page_->SetPageSeen(true);
         page_->GetTreeView()->SetTreeViewItemPerPage(per_page);
@@ -115,21 +174,11 @@ private Q_SLOTS:
         QCOMPARE(Label("ptr_total_records_"), QString("TheTotalNumberOf%ruHYFtyFtVv"));
     }
 
-    void jumpGoesWhereThereIsAPage_data()
-    {
-        AddRows<Jump>({{"another page", "3", 3, 1},
-                       {"this page", "2", 2, 0},
-                       {"nothing", "", 2, 0},
-                       {"a page too many, which can be typed", "9", 2, 0},
-                       {"zero", "0", 2, 0},
-                       {"a minus, which cannot be typed", "-1", 1, 1},
-                       {"a leading zero", "03", 3, 1},
-                       {"with a separator, which cannot be typed", "0,3", 3, 1}});
-    }
+    void jumpGoesWhereThereIsAPage_data() { AddRows(kJumpRows); }
 
     void jumpGoesWhereThereIsAPage()
     {
-        const auto [name, typed, page, signalled] = FetchRow<Jump>();
+        const auto [name, typed, page, signalled] = FetchRow(kJumpRows);
         ShowLocal(250);
         QTest::mouseClick(Button("next"), Qt::LeftButton);
         QSignalSpy changed(page_.get(), &CMutiPageWidget::SignalPageChanged);
@@ -212,10 +261,8 @@ private Q_SLOTS:
         ShowLocal(250);
 
         QCOMPARE(Label("ptr_total_page_"), QString("3\\"));
-        for (const char *const name : {"home", "previous", "next", "last"}) {
-            QVERIFY(Child(QStringLiteral("ptr_arbaric_%1_btn_").arg(name)));
-            QVERIFY(!Child(QStringLiteral("ptr_%1_btn_").arg(name)));
-        }
+        for (const char *const name : {"home", "previous", "next", "last"})
+            QVERIFY(Button(("arbaric_" + QByteArray(name)).constData()) && !Button(name));
         page_->SetPageSeen(false);
         page_->GetTreeView()->SetTreeViewItemPerPage(50);
         QCOMPARE(Label("ptr_total_page_"), QString("3\\")); // the count that is stored
@@ -277,61 +324,6 @@ private Q_SLOTS:
         whole.SetFilterWidgetShow(false);
         QVERIFY(!whole.IsFilterWidgetShow() && whole.GetFilterWidget()->isHidden());
     }
-
-private:
-    void NewPage(Qt::LayoutDirection direction)
-    {
-        page_ = std::make_unique<CMutiPageWidget>();
-        page_->setLayoutDirection(direction);
-        model_ = std::make_unique<Ravel::CTreeViewModel>();
-        model_->SetHorizontalHeaderLabels({"Number", "Type"});
-    }
-
-    // A hundred rows a page, total known.
-    void ShowLocal(int rows)
-    {
-        page_->SetPageSeen(true);
-        page_->SetFilterEnabled(true);
-        page_->SetModel(model_.get());
-        page_->GetItemPerPageComboBox()->setCurrentIndex(1);
-        QList<Ravel::CTreeViewItem *> items = Items(rows);
-        page_->AddTopLevelItems(items);
-    }
-
-    [[nodiscard]] QWidget *Child(const QString &name) const
-    {
-        return page_->findChild<QWidget *>(name);
-    }
-    [[nodiscard]] QPushButton *Button(const char *name) const
-    {
-        return page_->findChild<QPushButton *>(QStringLiteral("ptr_%1_btn_").arg(name));
-    }
-    [[nodiscard]] QLineEdit *Edit() const
-    {
-        return page_->findChild<QLineEdit *>("ptr_cur_page_edit_");
-    }
-    [[nodiscard]] QString Label(const char *name) const
-    {
-        return page_->findChild<QLabel *>(name)->text();
-    }
-    [[nodiscard]] QString FirstCell() const
-    {
-        return page_->GetTreeView()->model()->index(0, 0).data().toString();
-    }
-
-    // The buttons that are, out of home, previous, next and last.
-    [[nodiscard]] QString Enabled() const
-    {
-        QStringList names;
-        for (const char *const name : {"home", "previous", "next", "last"}) {
-            if (Button(name)->isEnabled())
-                names.append(name);
-        }
-        return names.join(' ');
-    }
-
-    std::unique_ptr<Ravel::CTreeViewModel> model_;
-    std::unique_ptr<CMutiPageWidget> page_;
 };
 
 QTEST_MAIN(TestMutiPageWidget)

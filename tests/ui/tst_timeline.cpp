@@ -1,20 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "support/Widgets.h"
 
+#include <BusinessCommon/TimeZoneManager.h>
+#include <ResourceManager/WorkStationManager.h>
+#include <Vantor/CAnimationProgressBar>
 #include <Vantor/CBaseFileProgressBar>
+#include <Vantor/COneDayTimeBox>
 #include <Vantor/CTimeBarDelegate>
 #include <Vantor/CTimeZoneParam>
 
 #include <QtGui/QAccessible>
 #include <QtGui/QPainter>
 #include <QtGui/QWheelEvent>
-#include <QtWidgets/QToolTip>
 
-using Vantor::CAnimationProgressBar;
-using Vantor::CBaseFileProgressBar;
-using Vantor::CTimeZoneParam;
-using Vantor::TimeSliderFile;
-using Vantor::TimeZoneParam;
+using namespace Vantor;
 
 namespace {
 
@@ -42,8 +41,8 @@ std::unique_ptr<CBar> NewBar(int animation_ms = 0)
 
 std::shared_ptr<TimeSliderFile> NewFile(qint64 begin, qint64 end, int record_type = 0, int type = 0)
 {
-    auto file = std::make_shared<TimeSliderFile>(
-        7, "gate <1>.mp4", begin, end, static_cast<Vantor::TimeSliderFileType>(type), "cam");
+    auto file = std::make_shared<TimeSliderFile>(7, "gate <1>.mp4", begin, end,
+                                                 TimeSliderFileType(type), "cam");
     file->SetRecordFileType(record_type);
     return file;
 }
@@ -89,7 +88,7 @@ void Hide(QWidget *widget)
         widget->hide();
 }
 
-class CLayer : public Vantor::CAbstractDelegate
+class CLayer : public CAbstractDelegate
 {
 public:
     explicit CLayer(std::function<void()> paint = {}) : CAbstractDelegate(9, nullptr), paint_(paint)
@@ -135,15 +134,64 @@ struct Host
     bool is_setting = false;
 };
 
+using BusinessCommon::CTimeZoneInfor;
+
+const CTimeZoneParam kBerlin(TimeZoneParam{1711846800, 1729990800, -60, -60, true}); // 2024
+
+QDateTime Fields(int month, int day, int hour, int minute = 0)
+{
+    return QDateTime({2024, month, day}, {hour, minute}, Qt::UTC);
+}
+
+// Answers every text alike, or throws.
+class CConstantTime : public BusinessCommon::ITimeZoneService
+{
+public:
+    explicit CConstantTime(std::optional<qint64> seconds) : seconds_(seconds) {}
+
+    qint64 ISOTimeToTimeT(const std::string &) override
+    {
+        return seconds_ ? *seconds_ : throw std::runtime_error("no zones");
+    }
+    bool GetDstDate(std::tm &, qint64 &, std::tm &, qint64 &, int,
+                    const std::shared_ptr<CTimeZoneInfor> &) override
+    {
+        return false;
+    }
+    void GetClientTimeZoneInfor(std::shared_ptr<CTimeZoneInfor> &) override {}
+
+private:
+    const std::optional<qint64> seconds_;
+};
+
+const qint64 kPassedMs = 90700; // 0.7 s behind the start of a file
+
 // from_ms: after noon
-using KeyRow =
-    Row<Qt::Key, Qt::KeyboardModifiers, qint64, qint64>; // key, modifiers, from_ms, to_ms
+// key, modifiers, from_ms, to_ms
+const Rows<Qt::Key, Qt::KeyboardModifiers, qint64, qint64> kKeyRows = {
+    // The ruler has a label each 2 hours and a mark each 30 minutes.
+    {"a mark on", Qt::Key_Right, {}, 0, kHour * 500},
+    {"a label back", Qt::Key_Left, Qt::ShiftModifier, 0, -kHour * 2000},
+    {"a width on", Qt::Key_PageDown, {}, 0, kHour * 10000},
+    {"next file", Qt::Key_Right, Qt::ControlModifier, 0, 90000},
+    {"file before", Qt::Key_Left, Qt::ControlModifier, 0, -500000},
+    {"the start just passed", Qt::Key_Left, Qt::ControlModifier, kPassedMs, 90000},
+    {"no file behind the last", Qt::Key_Right, Qt::ControlModifier, kPassedMs, kPassedMs},
+    {"first file", Qt::Key_Home, {}, 0, -9000000},
+    {"last file", Qt::Key_End, {}, 0, 90000},
+};
 
 } // namespace
 
 class TestTimeLine : public CGuardedTest
 {
     Q_OBJECT
+
+    void TearDown() override
+    {
+        QToolTip::hideText();
+        BusinessCommon::CTimeZoneManager::SetService(nullptr);
+    }
 
 private Q_SLOTS:
     // Position, label, tip, picture and the reported stop agree whatever the user and the host do.
@@ -237,20 +285,8 @@ private Q_SLOTS:
     void aSlotMayDeleteTheBarInEverySignal()
     {
         using Bar = QPointer<CBar>;
-        struct Action
-        {
-            const char *signals_; // P position, C scale, S stop
-            std::function<void(const Bar &)> act;
-        };
-        const auto undone = [](const Bar &bar) {
-            Drag(bar, 300, 200, false);
-            Key(bar, Qt::Key_Escape);
-        };
-        const auto zoom_hidden = [](const Bar &bar) {
-            bar->ZoomBy(2, 500);
-            Hide(bar);
-        };
-        const Action actions[] = {
+        // The signals: P position, C scale, S stop.
+        const std::pair<const char *, std::function<void(const Bar &)>> actions[] = {
             {"PS", [](const Bar &bar) { Key(bar, Qt::Key_Right); }},
             {"C", [](const Bar &bar) { Key(bar, Qt::Key_Plus); }},
             {"PCS", [](const Bar &bar) { Turn(bar, 500, 0, 120); }},
@@ -260,13 +296,21 @@ private Q_SLOTS:
             {"P", [](const Bar &bar) { bar->SetPosition(5); }},
             {"C", [](const Bar &bar) { bar->SetUnitScale(7, 9); }},
             {"PS", [](const Bar &bar) { bar->SetCurrentDateTime(kNewYear, true); }},
-            {"PS", undone},
-            {"PCS", zoom_hidden},
+            {"PS",
+             [](const Bar &bar) {
+                 Drag(bar, 300, 200, false);
+                 Key(bar, Qt::Key_Escape);
+             }},
+            {"PCS",
+             [](const Bar &bar) {
+                 bar->ZoomBy(2, 500);
+                 Hide(bar);
+             }},
             {"PS", [](const Bar &bar) {
                  QAccessible::queryAccessibleInterface(bar)->valueInterface()->setCurrentValue(5);
              }}};
-        for (const Action &action : actions) {
-            for (const QChar signal : QString(action.signals_)) {
+        for (const auto &[emitted, act] : actions) {
+            for (const QChar signal : QString(emitted)) {
                 for (const int animation_ms : {0, 20}) {
                     const Bar bar = NewBar(animation_ms).release();
                     const auto end = [bar] { delete bar; };
@@ -277,7 +321,7 @@ private Q_SLOTS:
                     else
                         connect(bar, &CBar::SignalStopAtTime, bar, end);
 
-                    action.act(bar);
+                    act(bar);
 
                     QTRY_VERIFY(!bar);
                 }
@@ -303,26 +347,11 @@ private Q_SLOTS:
         QVERIFY(bar->PixelsPerSecond() > 0 && bar->UnitTimeLength() > 0);
     }
 
-    void keysMoveTheLine_data()
-    {
-        const qint64 start_ms = 90700; // 0.7 s behind the start of a file
-        AddRows<KeyRow>({
-            // The ruler has a label each 2 hours and a mark each 30 minutes.
-            {"a mark on", Qt::Key_Right, {}, 0, kHour * 500},
-            {"a label back", Qt::Key_Left, Qt::ShiftModifier, 0, -kHour * 2000},
-            {"a width on", Qt::Key_PageDown, {}, 0, kHour * 10000},
-            {"next file", Qt::Key_Right, Qt::ControlModifier, 0, 90000},
-            {"file before", Qt::Key_Left, Qt::ControlModifier, 0, -500000},
-            {"the start just passed", Qt::Key_Left, Qt::ControlModifier, start_ms, 90000},
-            {"no file behind the last", Qt::Key_Right, Qt::ControlModifier, start_ms, start_ms},
-            {"first file", Qt::Key_Home, {}, 0, -9000000},
-            {"last file", Qt::Key_End, {}, 0, 90000},
-        });
-    }
+    void keysMoveTheLine_data() { AddRows(kKeyRows); }
 
     void keysMoveTheLine()
     {
-        const auto &[name, key, modifiers, from_ms, to_ms] = FetchRow<KeyRow>();
+        const auto &[name, key, modifiers, from_ms, to_ms] = FetchRow(kKeyRows);
         const auto bar = NewBar();
         bar->SetFiles({NewFile(kNoon - 9000, kNoon - 8000), NewFile(kNoon - 500, kNoon), nullptr,
                        NewFile(kNoon, kNoon + 5), NewFile(kNoon + 90, kNoon + 95),
@@ -394,14 +423,14 @@ private Q_SLOTS:
 
     void filesBecomeBarsAsTheTableSays()
     {
-        QStringList looks;
+        QString looks;
         const auto look = [&](int file_type, int record_type, bool by_type) {
             const auto bar = CBaseFileProgressBar::NewATimeBarParam(
                 NewFile(10, 20, record_type, file_type), [](qint64 s) { return s + 100; }, by_type);
             QCOMPARE(bar.GetVal_dtStart() + bar.GetVal_dtEnd(), qint64(230));
             const QColor colour = bar.GetVal_barColor();
-            looks.append(QString::number(bar.GetVal_iTimeType())
-                         + (colour.isValid() ? colour.name() : QString("none")));
+            looks += QString(" %1").arg(bar.GetVal_iTimeType())
+                     + (colour.isValid() ? colour.name() : "");
         };
         look(4, 7, false);
         for (const int record_type : {0, 1, 2, 13, 22, 500, 501, 7})
@@ -409,9 +438,9 @@ private Q_SLOTS:
         for (const int file_type : {1, 2, 3, 4, 5, 6})
             look(file_type, 22, true);
 
-        QCOMPARE(looks.join(' '),
-                 QString("1#2196f3 0#2196f3 1#836abb 2#b25959 13#ff6842 22#666666 500#15b89b "
-                         "501#519f8f -1none 13#ff6842 -1none 13#ff6842 0#2196f3 13#ff6842 -1none"));
+        QCOMPARE(looks,
+                 QString(" 1#2196f3 0#2196f3 1#836abb 2#b25959 13#ff6842 22#666666 500#15b89b"
+                         " 501#519f8f -1 13#ff6842 -1 13#ff6842 0#2196f3 13#ff6842 -1"));
     }
 
     void delegatesComeGoAndTakeTheMouse()
@@ -437,7 +466,7 @@ private Q_SLOTS:
 
         keen.reset();
         added.clear();
-        QCOMPARE(bar->Delegates(), QList<Vantor::CAbstractDelegate *>{&growing});
+        QCOMPARE(bar->Delegates(), QList<CAbstractDelegate *>{&growing});
         other.InsertDelegate(-5, &growing);
         QVERIFY(bar->Delegates().isEmpty());
         QCOMPARE(growing.AnimationProgressBar(), &other);
@@ -448,8 +477,103 @@ private Q_SLOTS:
         QVERIFY(!bar->TimeBarDelegate()->IsTimeBarVisible(22));
     }
 
-protected:
-    void TearDown() override { QToolTip::hideText(); }
+    void aWallClockTimeIsSet()
+    {
+        const QDateTime twice = Fields(10, 27, 2, 30);
+        CAnimationProgressBar bar;
+        bar.SetTimeZoneInfor(kBerlin);
+        qint64 position_at_signal = -1;
+        connect(&bar, &CAnimationProgressBar::SignalStopAtTime, &bar,
+                [&] { position_at_signal = bar.Position(); });
+        const QSignalSpy stops(&bar, &CAnimationProgressBar::SignalStopAtTime);
+
+        // The zone of the date-time itself is ignored.
+        bar.SetCurrentDateTime(QDateTime(twice.date(), twice.time(), Qt::OffsetFromUTC, -7200),
+                               false, 0);
+
+        QCOMPARE(bar.GetCurrentUTCTime(), qint64(1729992600)); // the later of the two
+        QCOMPARE(bar.GetCurrentDateTime(), twice);
+        QCOMPARE(stops.size(), 1);
+        QCOMPARE(stops.at(0).at(0).toDateTime(), twice);
+        QCOMPARE(position_at_signal, qint64(0)); // emitted before the line moves
+    }
+
+    void aTimeThatCannotBeSetChangesNothing()
+    {
+        guard_.AnnounceLogLines();
+        CAnimationProgressBar bar;
+        bar.SetPosition(77000);
+        const QSignalSpy stops(&bar, &CAnimationProgressBar::SignalStopAtTime);
+        const std::optional<qint64> answers[] = {std::numeric_limits<qint64>::max(),
+                                                 std::numeric_limits<qint64>::min(), -1,
+                                                 std::nullopt};
+
+        bar.SetCurrentDateTime(QDateTime());
+        for (const auto &answer : answers) {
+            BusinessCommon::CTimeZoneManager::SetService(std::make_unique<CConstantTime>(answer));
+            bar.SetCurrentDateTime(Fields(7, 1, 12));
+        }
+
+        QCOMPARE(guard_.LogLines().filter("CAnimationProgressBar::SetCurrentDateTime]").size(), 5);
+        QCOMPARE(bar.Position(), qint64(77000));
+        QVERIFY(stops.isEmpty());
+        bar.SetCurrentDateTime(QDateTime({1969, 12, 31}, {23, 59, 59}, Qt::UTC)); // it throws
+        BusinessCommon::CTimeZoneManager::SetService(nullptr);
+        bar.SetCurrentDateTime(QDateTime({1969, 12, 31}, {23, 59, 59}, Qt::UTC));
+        QCOMPARE(bar.GetCurrentUTCTime(), qint64(-1));
+    }
+
+    void positionsHaveFixedZones()
+    {
+        CAnimationProgressBar bar;
+        bar.resize(200, 60);
+        bar.SetTimeZoneInfor(kBerlin);
+        bar.SetCurrentDateTime(Fields(3, 31, 1, 59));
+        const double minute_px = bar.PixelsPerSecond() * 60;
+
+        QCOMPARE(bar.TimeTConvertToDateTime(100).offsetFromUtc(), 3600);
+        QCOMPARE(bar.TimeTConvertToDateTime(float(100 + 1.5 * minute_px)).offsetFromUtc(), 7200);
+        QCOMPARE(bar.TimeTConvertToDateTime(100).toSecsSinceEpoch(), bar.GetCurrentUTCTime());
+        QCOMPARE(bar.GetCurrentDateTimeByTimeZone().offsetFromUtc(), -3600); // mirrored
+        QCOMPARE(bar.GetCurrentDateTimeByTimeZone().toSecsSinceEpoch(), bar.GetCurrentUTCTime());
+    }
+
+    // The year is that of the position on the client's clocks.
+    void aDeviceZoneIsShownWhenItsDaylightSavingIsKnown()
+    {
+        guard_.AnnounceLogLines();
+        CBaseFileProgressBar bar;
+        QCOMPARE(bar.GetDeviceTimeZoneInfor().GetVal_utc_bias(), 0);
+        bar.SetPosition(qint64(1719828000) * 1000);
+        const auto zone = [](const BusinessCommon::TimeZoneInfor &infor) {
+            return std::make_shared<CTimeZoneInfor>(infor);
+        };
+        const auto berlin = zone({-60, true, -60});
+
+        bar.SetDeviceTimeZoneInfor(berlin);
+        berlin->SetVal_utc_bias(-120);
+
+        QCOMPARE(bar.GetCurrentDateTime(), Fields(7, 1, 12));
+        QCOMPARE(bar.GetDeviceTimeZoneInfor().GetVal_utc_bias(), -60);
+        bar.SetDeviceTimeZoneInfor(nullptr);
+        bar.SetDeviceTimeZoneInfor(zone({-480, true, -17}));
+        QCOMPARE(bar.GetCurrentDateTime(), Fields(7, 1, 12));
+        QCOMPARE(bar.TimeSpecOffset(), 3600);
+        QCOMPARE(bar.GetDeviceTimeZoneInfor().GetVal_utc_bias(), -480);
+        bar.SetDeviceTimeZoneInfor(zone({-480, false, -60}));
+        QCOMPARE(bar.GetCurrentDateTime(), Fields(7, 1, 18));
+        QCOMPARE(bar.ISOTimeToTimeT("2024-07-01T18:00:00+8:00"), bar.GetCurrentUTCTime());
+    }
+
+    void aRemoteSiteIsThatOfAKnownWorkstation()
+    {
+        auto &sites = Nim::Base::CSingleton<ResourceManager::CWorkStationManager>::Instance();
+        sites.SetWorkStations({ResourceManager::CWorkStation(7, -5)});
+        Vantor::COneDayTimeBox box;
+        QVERIFY(box.SetRemoteSite(7) && !box.SetRemoteSite(8));
+        QCOMPARE(box.RemoteSiteOffset(), qint64(-18000));
+        sites.SetWorkStations({});
+    }
 };
 
 QTEST_MAIN(TestTimeLine)

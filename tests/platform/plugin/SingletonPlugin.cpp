@@ -14,7 +14,8 @@ extern "C" Q_DECL_EXPORT void *PluginWaitWatcher()
     return &Ravel::CUiSingleton<Ravel::CWaitWatcher>::Instance();
 }
 
-extern "C" Q_DECL_EXPORT void PluginLog()
+extern "C" Q_DECL_EXPORT void *PluginLog()
 {
     Nim::Base::Log::Write(3, "Clientframework", "from the plug-in");
+    return nullptr;
 }
