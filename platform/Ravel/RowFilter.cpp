@@ -2,6 +2,7 @@
 #include "Ravel/RowFilter.h"
 
 #include "Ravel/TextBlock.h"
+#include "Ravel/TextBytes.h"
 #include "Ravel/TextTable.h"
 
 #include <QtCore/QtAlgorithms>
@@ -117,7 +118,9 @@ struct CRange
     bool Has(std::string_view text) const
     {
         if (is_open || is_latin)
-            return is_open || (text.compare(latin_lower) >= 0 && text.compare(latin_upper) <= 0);
+            return is_open
+                   || (CompareBytes(text, latin_lower) >= 0
+                       && CompareBytes(text, latin_upper) <= 0);
         std::u16string wide(text.size(), u'\0');
         std::transform(text.cbegin(), text.cend(), wide.begin(),
                        [](char character) { return static_cast<uchar>(character); });

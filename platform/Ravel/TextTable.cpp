@@ -1,22 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "Ravel/TextTable.h"
 
-#include <cstring>
+#include "Ravel/TextBytes.h"
 
 namespace Ravel {
 namespace {
 
 constexpr size_t kLeastSlots = 64;
 
-template <class Word> quint64 Load(const char *bytes)
-{
-    Word word;
-    std::memcpy(&word, bytes, sizeof word);
-    return word;
-}
-
-// The last bytes are read together with some before them, because a copy of a size that the
-// compiler does not know takes longer than the rest.
 quint32 Hash(std::string_view text)
 {
     constexpr quint64 kFactor = 0x9E3779B97F4A7C15U;
@@ -29,14 +20,14 @@ quint32 Hash(std::string_view text)
         hash ^= hash >> 32U;
     };
     for (size_t at = 0; at + kWord < size; at += kWord)
-        mix(Load<quint64>(begin + at));
+        mix(LoadWord<quint64>(begin + at));
     if (size >= kWord)
-        mix(Load<quint64>(begin + size - kWord));
+        mix(LoadWord<quint64>(begin + size - kWord));
     else if (size >= kWord / 2)
-        mix(Load<quint32>(begin) << 32U | Load<quint32>(begin + size - kWord / 2));
+        mix(LoadWord<quint32>(begin) << 32U | LoadWord<quint32>(begin + size - kWord / 2));
     else if (size > 0)
-        mix(Load<uchar>(begin) << 16U | Load<uchar>(begin + size / 2) << 8U
-            | Load<uchar>(begin + size - 1));
+        mix(LoadWord<uchar>(begin) << 16U | LoadWord<uchar>(begin + size / 2) << 8U
+            | LoadWord<uchar>(begin + size - 1));
     return static_cast<quint32>(hash >> 16U);
 }
 
@@ -53,9 +44,10 @@ size_t CTextTable::SlotOf(std::string_view text, quint32 hash) const
 {
     const size_t mask = slots_.size() - 1;
     for (size_t slot = hash & mask;; slot = (slot + 1) & mask) {
-        const int number = slots_[slot];
-        if (number < 0
-            || (entries_[static_cast<size_t>(number)].hash == hash && Text(number) == text))
+        if (slots_[slot] < 0)
+            return slot;
+        const CEntry &entry = entries_[static_cast<size_t>(slots_[slot])];
+        if (entry.hash == hash && AreSameBytes({bytes_.data() + entry.begin, entry.size}, text))
             return slot;
     }
 }
