@@ -322,6 +322,10 @@
         <translation>استغرق البحث وقتًا طويلًا. ابحث عن ثلاثة أحرف أو أكثر.</translation>
     </message>
     <message>
+        <source>The server needs more time. Try again.</source>
+        <translation>يحتاج الخادم إلى مزيد من الوقت. حاول مرة أخرى.</translation>
+    </message>
+    <message>
         <source>The session has ended. Log in again.</source>
         <translation>انتهت الجلسة. سجّل الدخول مرة أخرى.</translation>
     </message>

@@ -318,6 +318,10 @@
         <translation>The search took too long. Search for three characters or more.</translation>
     </message>
     <message>
+        <source>The server needs more time. Try again.</source>
+        <translation>The server needs more time. Try again.</translation>
+    </message>
+    <message>
         <source>The session has ended. Log in again.</source>
         <translation>The session has ended. Log in again.</translation>
     </message>

@@ -317,6 +317,10 @@
         <translation>搜索时间过长。请搜索三个或更多字符。</translation>
     </message>
     <message>
+        <source>The server needs more time. Try again.</source>
+        <translation>服务器需要更多时间。请重试。</translation>
+    </message>
+    <message>
         <source>The session has ended. Log in again.</source>
         <translation>会话已结束，请重新登录。</translation>
     </message>

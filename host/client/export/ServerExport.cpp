@@ -124,7 +124,8 @@ private:
     static bool IsWorthAnotherTry(const ServerPage &page, const CNetStop &stop)
     {
         return !stop.IsStopped()
-               && (page.error == PageError::NoReply || page.error == PageError::Busy);
+               && (page.error == PageError::NoReply || page.error == PageError::Busy
+                   || page.error == PageError::Unfinished);
     }
 
     const QStringList titles_;

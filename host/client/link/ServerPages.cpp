@@ -60,6 +60,13 @@ std::string BodyOf(const PageRequest &request)
     return body.ToJson();
 }
 
+// The server compares shorter texts row by row.
+bool HasIndex(const QString &filter)
+{
+    constexpr int kIndexed = 3; // characters
+    return filter.isEmpty() || filter.toUcs4().size() >= kIndexed;
+}
+
 PageError ErrorOf(bool is_answered, const Nim::Base::Error::ErrorCode &code)
 {
     static constexpr struct
@@ -120,6 +127,8 @@ ServerPage FetchPage(const PageRequest &request, const BusinessCommon::CNetStop 
     ServerPage page;
     page.error_code = recv.GetVal_Error_code().error_code;
     page.error = ErrorOf(is_answered, recv.GetVal_Error_code());
+    if (page.error == PageError::TooSlow && HasIndex(request.query.filter))
+        page.error = PageError::Unfinished;
     CRapidJsonProto reply;
     if (page.error != PageError::None
         || (reply.Load(recv.Read().Receive_Data) && ReadPage(reply, page)))
@@ -141,6 +150,8 @@ QString PageErrorText(const ServerPage &page)
         return Texts::tr("The server is busy.");
     case PageError::TooSlow:
         return Texts::tr("The search took too long. Search for three characters or more.");
+    case PageError::Unfinished:
+        return Texts::tr("The server needs more time. Try again.");
     case PageError::LoggedOut:
         return Texts::tr("The session has ended. Log in again.");
     case PageError::Refused:

@@ -40,11 +40,12 @@ struct PageRequest
 /// Why a page is not there.
 enum class PageError {
     None,
-    NoReply,   ///< The server cannot be reached.
-    Busy,      ///< The server cannot reach its store, or has too much to do: try again.
-    TooSlow,   ///< The search took longer than the server allows.
-    Refused,   ///< The server does not know a part of the request, such as the moment.
-    LoggedOut, ///< The session has ended.
+    NoReply,    ///< The server cannot be reached.
+    Busy,       ///< The server cannot reach its store, or has too much to do: try again.
+    TooSlow,    ///< The search took longer than the server allows; its text is too short.
+    Unfinished, ///< The same, but the server keeps what it has found: try again.
+    Refused,    ///< The server does not know a part of the request, such as the moment.
+    LoggedOut,  ///< The session has ended.
     Other
 };
 

@@ -38,9 +38,15 @@ constexpr auto kSettleTime = 150ms;
 constexpr auto kLookTime = 15s;
 constexpr auto kRetryTime = 3s;
 
+// Without being asked to: the cause may be gone soon.
 bool IsWorthAnotherTry(PageError error)
 {
     return error == PageError::NoReply || error == PageError::Busy || error == PageError::Other;
+}
+
+bool MayUserTryAgain(PageError error)
+{
+    return IsWorthAnotherTry(error) || error == PageError::Unfinished;
 }
 
 // For a button or a menu, where a single ampersand underlines the next letter.
@@ -263,7 +269,7 @@ void CServerListPage::ShowState()
     const ServerPage &page = fetch_.Page();
     state_->setText(StateText());
     state_->setToolTip(state_->text()); // in a narrow window its end cannot be seen
-    retry_->setVisible(is_failed && IsWorthAnotherTry(fetch_.Error().error));
+    retry_->setVisible(is_failed && MayUserTryAgain(fetch_.Error().error));
     new_rows_->setVisible(page.new_rows > 0 && IsSameSearch());
     new_rows_->setText(page.are_new_rows_exact ? tr("%Ln new", nullptr, page.new_rows)
                                                : tr("More than %Ln new", nullptr, page.new_rows));
