@@ -229,7 +229,9 @@ template <class Body> void RunJob(ExportJob &job, Body write)
         fault = {Reason::NoMemory, ENOMEM};
     } catch (const std::exception &failure) {
         words = QString::fromUtf8(failure.what());
-        VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING, "Stopped by an exception: %s", failure.what());
+        if (!job.IsCancelled()) // a source may throw because it is stopped
+            VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING, "Stopped by an exception: %s",
+                       failure.what());
     } catch (...) {
         VANTOR_LOG(kFunction, 5, VANTOR_LOG_WARNING, "Stopped by an unknown exception.");
     }
