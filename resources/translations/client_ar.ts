@@ -430,8 +430,8 @@
         <translation>الخيارات خاطئة.</translation>
     </message>
     <message>
-        <source>SIGINT or SIGTERM ended an export.</source>
-        <translation>أنهت الإشارة SIGINT أو SIGTERM عملية تصدير.</translation>
+        <source>SIGHUP, SIGINT or SIGTERM ended an export.</source>
+        <translation>أنهت الإشارة SIGHUP أو SIGINT أو SIGTERM عملية تصدير.</translation>
     </message>
     <message>
         <source>Exit status:</source>

@@ -418,8 +418,8 @@
         <translation>The options are wrong.</translation>
     </message>
     <message>
-        <source>SIGINT or SIGTERM ended an export.</source>
-        <translation>SIGINT or SIGTERM ended an export.</translation>
+        <source>SIGHUP, SIGINT or SIGTERM ended an export.</source>
+        <translation>SIGHUP, SIGINT or SIGTERM ended an export.</translation>
     </message>
     <message>
         <source>Exit status:</source>

@@ -415,8 +415,8 @@
         <translation>选项有误。</translation>
     </message>
     <message>
-        <source>SIGINT or SIGTERM ended an export.</source>
-        <translation>SIGINT 或 SIGTERM 中止了导出。</translation>
+        <source>SIGHUP, SIGINT or SIGTERM ended an export.</source>
+        <translation>SIGHUP、SIGINT 或 SIGTERM 中止了导出。</translation>
     </message>
     <message>
         <source>Exit status:</source>

@@ -16,7 +16,7 @@
 namespace Client {
 namespace {
 
-constexpr int kStatusColumn = 10; // characters
+constexpr int kStatusColumn = 15; // characters
 
 struct Texts
 {
@@ -102,7 +102,7 @@ QString HelpText(const QCommandLineParser &parser)
         {"0", Texts::tr("All is done.")},
         {"1", Texts::tr("A file could not be read or written.")},
         {"2", Texts::tr("The options are wrong.")},
-        {"130, 143", Texts::tr("SIGINT or SIGTERM ended an export.")},
+        {"129, 130, 143", Texts::tr("SIGHUP, SIGINT or SIGTERM ended an export.")},
     };
     help += QLatin1Char('\n') + Texts::tr("Exit status:") + QLatin1Char('\n');
     for (const auto &[status, text] : statuses)
