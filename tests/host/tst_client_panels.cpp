@@ -68,6 +68,11 @@ private Q_SLOTS:
             Click(Dock(), "DockSaveButton");
         }
         QCOMPARE(xlsx.size() * 10 + csv.size(), 11);
+
+        panels.ShowExport({1});
+        QDialog dialog(&window);
+        dialog.open(); // behind the panel it would be covered
+        QTRY_VERIFY(Dock()->isHidden());
     }
 
     void evidenceArrivesWithAReport()

@@ -102,7 +102,7 @@ private:
     void BeginWork(std::function<void()> cancel);
     void EndWork();
     [[nodiscard]] bool IsBusy() const;
-    void AskWhereToExport(const QString &title, const QString &filter, const QString &ending);
+    void AskWhereToExport(const QString &title, const QString &ending);
     [[nodiscard]] QFileDialog *NewSaveDialog(const QString &title, const QString &ending);
 
     CListPage *const page_;

@@ -103,7 +103,8 @@ void CMainWindow::AskToSaveAgain(Vantor::CListExport *job, const Vantor::ListExp
             job->deleteLater();
             return;
         }
-        QFileDialog *const dialog = NewSaveDialog(tr("Save As"), QFileInfo(path).suffix());
+        QFileDialog *const dialog =
+            NewSaveDialog(tr("Save As"), QFileInfo(path).suffix().toLower());
         connect(dialog, &QFileDialog::fileSelected, job,
                 [this, job](const QString &chosen) { SaveAgain(job, chosen); });
         connect(dialog, &QDialog::rejected, job, &QObject::deleteLater);
@@ -114,12 +115,12 @@ void CMainWindow::AskToSaveAgain(Vantor::CListExport *job, const Vantor::ListExp
 
 void CMainWindow::OnExportCsv()
 {
-    AskWhereToExport(tr("Export as CSV"), tr("CSV files (*.csv)"), QStringLiteral("csv"));
+    AskWhereToExport(tr("Export as CSV"), QStringLiteral("csv"));
 }
 
 void CMainWindow::OnExportXlsx()
 {
-    AskWhereToExport(tr("Export as XLSX"), tr("XLSX workbooks (*.xlsx)"), QStringLiteral("xlsx"));
+    AskWhereToExport(tr("Export as XLSX"), QStringLiteral("xlsx"));
 }
 
 void CMainWindow::OnExportPanel()
@@ -129,11 +130,9 @@ void CMainWindow::OnExportPanel()
     panels_->ShowExport(rows.value_or(RowTotal{page_->Rows().rows.size()}));
 }
 
-void CMainWindow::AskWhereToExport(const QString &title, const QString &filter,
-                                   const QString &ending)
+void CMainWindow::AskWhereToExport(const QString &title, const QString &ending)
 {
     QFileDialog *const dialog = NewSaveDialog(title, ending);
-    dialog->setNameFilter(filter);
     connect(dialog, &QFileDialog::fileSelected, this, &CMainWindow::ExportTo);
     dialog->open();
 }
@@ -144,6 +143,8 @@ QFileDialog *CMainWindow::NewSaveDialog(const QString &title, const QString &end
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(ending);
+    dialog->setNameFilter(ending == QLatin1String("csv") ? tr("CSV files (*.csv)")
+                                                         : tr("XLSX workbooks (*.xlsx)"));
     if (QFileInfo(export_folder_).isDir())
         dialog->setDirectory(export_folder_);
     const QString name = export_name_to_retry_.isEmpty() ? list_name_ : export_name_to_retry_;

@@ -78,6 +78,8 @@ bool CPanels::eventFilter(QObject *watched, QEvent *event)
                                                      : Panel::None;
     } else if (event->type() == QEvent::Show && hidden_with_window_ != Panel::None) {
         QMetaObject::invokeMethod(this, &CPanels::Reopen, Qt::QueuedConnection);
+    } else if (event->type() == QEvent::WindowBlocked) {
+        Docks().HideDockWidget(); // it is in front of all windows, also of a modal dialog
     }
     return QObject::eventFilter(watched, event);
 }
