@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "letter/CsvLetter.h"
 
-#include <CsvParse/CsvParse.h>
+#include <csv.h>
 
 #include <QtCore/QAbstractItemModel>
 #include <QtCore/QTextCodec>
@@ -18,7 +18,7 @@ struct Target
 void WriteField(void *field, size_t length, void *user_data)
 {
     const auto *const target = static_cast<Target *>(user_data);
-    csvparse_fwrite(target->stream, field, length);
+    csv_fwrite(target->stream, field, length);
     std::fputs(target->separator.constData(), target->stream);
 }
 
@@ -86,8 +86,8 @@ QStringList CollectModel(const QAbstractItemModel &model, bool with_header,
 void WriteLines(std::FILE *stream, const QStringList &lines, bool with_mark,
                 const QString &separator)
 {
-    csvparse_parser parser;
-    csvparse_init(&parser, 0);
+    csv_parser parser;
+    csv_init(&parser, 0);
     Target target{stream, separator.toLocal8Bit()};
     if (with_mark)
         std::fwrite("\xEF\xBB\xBF", 1, 3, stream);
@@ -95,12 +95,12 @@ void WriteLines(std::FILE *stream, const QStringList &lines, bool with_mark,
     for (const QString &line : lines) {
         const QByteArray bytes = utf8->fromUnicode(line);
         const auto length = static_cast<size_t>(bytes.size());
-        if (csvparse_parse(&parser, bytes.constData(), length, WriteField, WriteRowEnd, &target)
+        if (csv_parse(&parser, bytes.constData(), length, WriteField, WriteRowEnd, &target)
             != length)
             break;
     }
-    csvparse_fini(&parser, WriteField, WriteRowEnd, &target);
-    csvparse_free(&parser);
+    csv_fini(&parser, WriteField, WriteRowEnd, &target);
+    csv_free(&parser);
     std::fflush(stream);
 }
 

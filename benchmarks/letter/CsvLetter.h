@@ -27,7 +27,8 @@ QStringList ModelRow(const QAbstractItemModel &model, int row);
 QStringList CollectModel(const QAbstractItemModel &model, bool with_header,
                          const SeparatorSource &separator);
 
-/// Parses every line and writes field by field, stepping back over the last separator of each row.
+/// Parses every line with libcsv and writes field by field, stepping back over the last separator
+/// of each row.
 void WriteLines(std::FILE *stream, const QStringList &lines, bool with_mark,
                 const QString &separator);
 

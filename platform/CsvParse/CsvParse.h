@@ -18,7 +18,8 @@ struct csvparse_parser
 
 extern "C" {
 
-/// Receives one complete field, quotes removed and doubled quotes undone.
+/// Receives one complete field, quotes removed and doubled quotes undone. Its bytes may be those of
+/// the input: they are valid during the call, without a zero behind them, and not to be changed.
 using csvparse_field_callback = void (*)(void *field, std::size_t length, void *user_data);
 /// Receives the end of a record: the character that ended it, -1 at the end of input.
 using csvparse_row_callback = void (*)(int terminator, void *user_data);

@@ -2,9 +2,12 @@
 #include "letter/CsvLetter.h"
 #include "support/Test.h"
 
+#include <CsvParse/CsvParse.h>
 #include <Nim/Base/FileSystem.h>
 #include <Nim/Base/OS.h>
 #include <Vantor/CCSVParser>
+
+#include <csv.h>
 
 using Vantor::CCSVParser;
 
@@ -54,6 +57,17 @@ QStringList RandomFields(QRandomGenerator &random)
     for (int i = random.bounded(5); i >= 0; --i)
         fields.append(RandomCell(random));
     return fields;
+}
+
+// What a parser reports, in the QByteArray `seen`.
+void NoteField(void *bytes, size_t length, void *seen)
+{
+    const QByteArray field(static_cast<const char *>(bytes), static_cast<int>(length));
+    static_cast<QByteArray *>(seen)->append('<' + field + '>');
+}
+void NoteRow(int terminator, void *seen)
+{
+    static_cast<QByteArray *>(seen)->append(static_cast<char>(terminator));
 }
 
 enum class Stream { Fresh, Append, Pipe };
@@ -182,6 +196,45 @@ private Q_SLOTS:
             const QByteArray ours = Export(fill, kind);
 
             QCOMPARE(ours, PlainExport(lines, separator, kind));
+        }
+    }
+
+    void readingEqualsLibcsv()
+    {
+        const QByteArray delimiters = ",;\t|x";
+        QRandomGenerator random(20261122);
+        for (int round = 0; round < 20000; ++round) {
+            const char delimiter = delimiters.at(random.bounded(delimiters.size()));
+            const bool keeps_blanks = random.bounded(2) == 0;
+            csv_parser plain;
+            csv_init(&plain, 0);
+            csv_set_delim(&plain, static_cast<unsigned char>(delimiter));
+            if (keeps_blanks)
+                csv_set_space_func(&plain, [](unsigned char) { return 0; });
+            csvparse_parser parser;
+            csvparse_init(&parser, 0);
+            csvparse_set_delimiter(&parser, delimiter);
+            csvparse_keep_blanks(&parser, keeps_blanks ? 1 : 0);
+            QByteArray bytes;
+            QByteArray expected;
+            QByteArray seen;
+            const QByteArray alphabet = QByteArray("\"\"\n\r ab\0", 8) + delimiter;
+            for (int piece = random.bounded(5); piece >= 0; --piece) {
+                QByteArray part;
+                for (int i = random.bounded(20); i > 0; --i)
+                    part += alphabet.at(random.bounded(alphabet.size()));
+                bytes += part;
+                const auto size = static_cast<size_t>(part.size());
+                csv_parse(&plain, part.constData(), size, NoteField, NoteRow, &expected);
+                csvparse_parse(&parser, part.constData(), size, NoteField, NoteRow, &seen);
+                const bool is_quoted = plain.pstate == 2 && plain.quoted != 0;
+                QCOMPARE(csvparse_is_in_quotes(&parser) != 0, is_quoted);
+            }
+            csv_fini(&plain, NoteField, NoteRow, &expected);
+            csvparse_fini(&parser, NoteField, NoteRow, &seen);
+            csv_free(&plain);
+            csvparse_free(&parser);
+            QVERIFY2(seen == expected, bytes.toPercentEncoding());
         }
     }
 
