@@ -54,6 +54,7 @@ std::string Talk(const std::string &bytes, const timeval &patience)
 
 } // namespace
 
+// NOLINTNEXTLINE(readability-non-const-parameter): the fuzzer's library fixes the types
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");

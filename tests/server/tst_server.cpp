@@ -494,9 +494,10 @@ private Q_SLOTS:
         const auto &[name, host, is_known, is_checked, code] = FetchRow(kCertificateRows);
         QProcess program;
         const QString certificate = TLS_FOLDER "/certificate.pem";
-        program.start(SERVER_PROGRAM, {"--database", server_.Database(), "--address", "0.0.0.0",
-                                       "--sample-accounts", "--certificate", certificate, "--key",
-                                       TLS_FOLDER "/key.pem"});
+        const QString key = TLS_FOLDER "/key.pem";
+        program.start(SERVER_PROGRAM,
+                      {"--database", server_.Database(), "--address", "0.0.0.0",
+                       "--sample-accounts", "--certificate", certificate, "--key", key});
         const int port = TalkTo(program);
         QVERIFY(port > 0);
         CNetCommManager::SetServer(host, port, true,

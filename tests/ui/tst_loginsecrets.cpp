@@ -11,8 +11,9 @@
 #include <Vantor/CDaxLoginParam>
 #include <Vantor/CPasswordFrame>
 
-#include <signal.h>
 #include <sys/wait.h>
+
+#include <csignal>
 
 using BusinessCommon::CNetCommManager;
 
