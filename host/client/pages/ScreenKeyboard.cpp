@@ -3,6 +3,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
+#include <QtGui/QGuiApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QPushButton>
@@ -136,6 +137,7 @@ void CScreenKeyboard::Retranslate()
         keys_[i]->setAccessibleName(name);
     }
     plugged_in_->setText(tr("&Plugged in"));
+    plugged_in_->setLayoutDirection(QGuiApplication::layoutDirection()); // a text, unlike the keys
     speed_->setToolTip(tr("Speed"));
     speed_->setAccessibleName(tr("Speed"));
 }
