@@ -316,8 +316,8 @@ CIncidentPages::SharedIds CIncidentPages::SortedHits(CStore &store, const Incide
         CRows rows = store.Run(
             QStringLiteral("SELECT incident.id FROM {numbers} CROSS JOIN incident WHERE "
                            "incident.id = numbers.value ORDER BY %1 %3, %2 %3, incident.id")
-                .arg(IncidentNumber(store.Kind(), order.column), IncidentText(order.column),
-                     direction),
+                .arg(IncidentNumber(store.Kind(), order.column),
+                     IncidentText(store.Kind(), order.column), direction),
             {ListOf(*ids, store.Kind())});
         sorted.clear();
         while (rows.Next())

@@ -119,6 +119,19 @@ void MakeTextIndex(CStore &store, int columns, qint64 rows, const IncidentProgre
     }
 }
 
+void AddKeyColumns(CStore &store, int columns)
+{
+    QStringList added;
+    for (int column = 0; column < columns; ++column)
+        added.append(
+            QStringLiteral("ADD COLUMN IF NOT EXISTS number%1 DOUBLE PRECISION GENERATED ALWAYS "
+                           "AS (incident_number(substr(c%1, 1, 256))) STORED, "
+                           "ADD COLUMN IF NOT EXISTS text%1 {text} GENERATED ALWAYS "
+                           "AS (lower(substr(c%1, 1, 256))) STORED")
+                .arg(column));
+    store.Execute(QStringLiteral("ALTER TABLE incident ") + added.join(QLatin1String(", ")));
+}
+
 void RequireTrigrams(CStore &store)
 {
     if (store.Kind() != Engine::Postgres)
@@ -174,13 +187,15 @@ QString StoredCell(QString text)
 QString IncidentNumber(Engine engine, int column)
 {
     return (engine == Engine::Sqlite ? QStringLiteral("CAST(substr(c%1, 1, 256) AS REAL)")
-                                     : QStringLiteral("incident_number(substr(c%1, 1, 256))"))
+                                     : QStringLiteral("number%1"))
         .arg(column);
 }
 
-QString IncidentText(int column)
+QString IncidentText(Engine engine, int column)
 {
-    return QStringLiteral("lower(substr(c%1, 1, 256))").arg(column);
+    return (engine == Engine::Sqlite ? QStringLiteral("lower(substr(c%1, 1, 256))")
+                                     : QStringLiteral("text%1"))
+        .arg(column);
 }
 
 QString IncidentCells(int columns)
@@ -231,6 +246,16 @@ void MigrateIncidents(CStore &store)
               {rows, rows});
 }
 
+void MigrateIncidentKeys(CStore &store)
+{
+    const int columns = ReadIncidentTitles(store).size();
+    if (store.Kind() == Engine::Sqlite || columns == 0)
+        return;
+    for (int column = 0; column < columns; ++column)
+        store.Execute(QStringLiteral("DROP INDEX IF EXISTS incident_c%1").arg(column));
+    store.Run(QStringLiteral("UPDATE incident_state SET is_ready = 0"));
+}
+
 void CreateIncidents(CStore &store, const QStringList &titles, qint64 goal)
 {
     RequireTrigrams(store);
@@ -264,6 +289,8 @@ void FinishIncidents(CStore &store, const IncidentProgress &progress)
                                        "fts5(cells, content='', detail=none, columnsize=0, "
                                        "tokenize='trigram')")
                       : QStringLiteral("SET maintenance_work_mem = '256MB'"));
+    if (engine == Engine::Postgres)
+        AddKeyColumns(store, columns); // first: it writes all rows again
     MakeTextIndex(store, columns, state.row_count, progress);
     for (int column = 0; column < columns; ++column) {
         if (progress)
@@ -271,10 +298,7 @@ void FinishIncidents(CStore &store, const IncidentProgress &progress)
         store.Execute(
             QStringLiteral("CREATE INDEX IF NOT EXISTS incident_c%1 ON incident (%2, %3%4)")
                 .arg(column)
-                .arg(engine == Engine::Sqlite
-                         ? IncidentNumber(engine, column)
-                         : QLatin1Char('(') + IncidentNumber(engine, column) + QLatin1Char(')'),
-                     IncidentText(column),
+                .arg(IncidentNumber(engine, column), IncidentText(engine, column),
                      engine == Engine::Sqlite ? QString() : QStringLiteral(", id")));
     }
     if (engine == Engine::Postgres)

@@ -39,6 +39,10 @@ void MigrateIncidents(CStore &store);
 /// Called with a number of rows that are done, and of all of them.
 using IncidentProgress = std::function<void(const char *what, qint64 done, qint64 total)>;
 
+/// \brief A list of PostgreSQL that was made before it had columns for the keys of its orders gets
+/// them.
+void MigrateIncidentKeys(CStore &store);
+
 /// \brief Begin a list: tables without indexes, which AddIncidents() fills quickly.
 /// \a titles has 1 to kMaximumIncidentColumns texts; \a goal is the number of rows to come; an
 /// interrupted load has fewer. It is called in a transaction. Throws DatabaseError.
@@ -64,9 +68,11 @@ constexpr int kMaximumIncidentColumns = 100;
 ///
 /// Cells are ordered by the number they begin with (0 if they begin with no number), then by their
 /// text, without regard to case, by code points. The first 256 characters decide, because
-/// PostgreSQL limits the size of an index entry.
+/// PostgreSQL limits the size of an index entry. SQLite reads them from the index of an expression;
+/// PostgreSQL would work such an expression out for each row that it steps over, so it has columns
+/// for them.
 [[nodiscard]] QString IncidentNumber(Engine engine, int column);
-[[nodiscard]] QString IncidentText(int column);
+[[nodiscard]] QString IncidentText(Engine engine, int column);
 /// \brief The cells of a row as one text, in lower case, with U+001F between them.
 [[nodiscard]] QString IncidentCells(int columns);
 

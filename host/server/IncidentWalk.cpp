@@ -40,7 +40,7 @@ CIncidentWalk::CIncidentWalk(CStore &store, IncidentOrder order, qint64 moment,
                              IncidentFilter filter)
     : store_(store), order_(order), moment_(moment), filter_(std::move(filter)),
       number_(order.column < 0 ? QStringLiteral("0") : IncidentNumber(store.Kind(), order.column)),
-      text_(order.column < 0 ? QStringLiteral("''") : IncidentText(order.column))
+      text_(order.column < 0 ? QStringLiteral("''") : IncidentText(store.Kind(), order.column))
 {}
 
 // The plus keeps SQLite from choosing the numbers of rows as its index.

@@ -45,7 +45,8 @@ void MakeVerifyCodes(CStore &store)
 }
 
 // In order; the first is number 1. Steps that were released are never changed.
-constexpr void (*kSteps[])(CStore &) = {MakeTables, MakeVerifyCodes, MigrateIncidents};
+constexpr void (*kSteps[])(CStore &) = {MakeTables, MakeVerifyCodes, MigrateIncidents,
+                                        MigrateIncidentKeys};
 constexpr int kNewest = int(sizeof kSteps / sizeof *kSteps);
 
 int VersionOf(CStore &store)
