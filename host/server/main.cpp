@@ -194,7 +194,7 @@ int Copy(const QStringList &databases)
     const QString error = Server::CopyDatabase(
         PathOf(databases.constFirst()), PathOf(databases.constLast()),
         [](const QString &table, qint64 rows) {
-            std::printf("%s: %lld rows\n", qPrintable(table), static_cast<long long>(rows));
+            std::printf("%s: %lld\n", qPrintable(table), static_cast<long long>(rows));
             std::fflush(stdout);
         });
     if (error.isEmpty())
