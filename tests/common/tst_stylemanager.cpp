@@ -6,7 +6,6 @@
 #include <QtWidgets/QStyle>
 
 using Vantor::CStyleManager;
-// Themes and widgets of clients name these paths.
 
 namespace {
 
@@ -91,6 +90,7 @@ private Q_SLOTS:
         QCOMPARE(Wrong(manager, 40), QStringList());
     }
 
+    // Themes and widgets of clients name these paths.
     void eachPathHoldsAPictureInTwoSizes()
     {
         const std::pair<QString, QSize> pictures[] = {

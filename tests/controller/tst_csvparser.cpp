@@ -72,13 +72,13 @@ void NoteRow(int terminator, void *seen)
 
 enum class Stream { Fresh, Append, Pipe };
 
-const Rows<Stream> kBytesEqualRows = {
+const Rows<Stream> kStreamRows = {
     {"a new file", Stream::Fresh},
     {"the end of a file", Stream::Append},
     {"a pipe, which cannot step back", Stream::Pipe},
 };
 
-const Rows<QString, Stream> kRfc4180FieldsRows = {
+const Rows<QString, Stream> kSeparatorRows = {
     {"commas in a new file", ",", Stream::Fresh},
     {"semicolons at the end of a file", ";", Stream::Append},
     {"tabs in a pipe", "\t", Stream::Pipe},
@@ -87,8 +87,7 @@ const Rows<QString, Stream> kRfc4180FieldsRows = {
 
 const QByteArray kLongLine = QByteArray(255, 'x') + "KEY" + QByteArray(300, 'y') + "\r\n";
 
-// found: "-" when the line stays as it was
-// content, keys, found
+// content, keys, found ("-": the line stays as it was)
 const Rows<QByteArray, QStringList, QStringList> kSearchRows = {
     {"with its line break", "one\r\ntwo\r\n", {"tw"}, {"two\r\n"}},
     {"case counts", "key\nKEY\n", {"KEY"}, {"KEY\n"}},
@@ -160,13 +159,13 @@ private Q_SLOTS:
                               "\"'=\"\"c\"\"\",\"\"\"a,b\"\"\n'=\"\"d\",\"'=\"\"e\"\"\"\r\n");
     }
 
-    void bytesEqualThePlainForm_data() { AddRows(kBytesEqualRows); }
+    void bytesEqualThePlainForm_data() { AddRows(kStreamRows); }
 
     // 200 exports of 1000 random lines each, half of them through a model, with all kinds of
     // separators.
     void bytesEqualThePlainForm()
     {
-        const Stream kind = std::get<1>(FetchRow(kBytesEqualRows));
+        const Stream kind = std::get<1>(FetchRow(kStreamRows));
         const QStringList separators{",", ";", "\t", QStringLiteral("¦"), "::", "=", "'", "\""};
         QRandomGenerator random(20261121);
         for (int round = 0; round < 200; ++round) {
@@ -358,11 +357,11 @@ private Q_SLOTS:
         QCOMPARE(line, "a\n"); // writing went to the end, and so did the search
     }
 
-    void rfc4180FieldsComeBackAsTheyWere_data() { AddRows(kRfc4180FieldsRows); }
+    void rfc4180FieldsComeBackAsTheyWere_data() { AddRows(kSeparatorRows); }
 
     void rfc4180FieldsComeBackAsTheyWere()
     {
-        const auto &[name, separator, kind] = FetchRow(kRfc4180FieldsRows);
+        const auto &[name, separator, kind] = FetchRow(kSeparatorRows);
         UseSeparator(separator);
         QList<QStringList> rows{{"a,b", "c;d"},
                                 {"one\nbreak", "x\r\n"},

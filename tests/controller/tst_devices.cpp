@@ -99,9 +99,8 @@ template <class KeyType> Operation Translated(KeyType key)
     return key == special_key ? special_operation : Operation(500 + int(key));
 }
 
-// The operations of a device's codes from `first` on: 0 for a code that emits nothing, negative for
-// a stop.
-// device, first, operations
+// device, first, operations of its codes from the first on: 0 for a code that emits nothing,
+// negative for a stop
 const Rows<char, int, QVector<int>> kCodesRows = {
     {"serial selections", 's', 2000, {0, 124, 125, 0}},
     {"serial keys", 's', 3001, {0, 116, 117, 0}},
@@ -117,7 +116,10 @@ const Rows<char, int, QVector<int>> kCodesRows = {
     {"a device that the managers do not know", 'x', 3021, {0}},
 };
 
-const Rows<const char *, const char *> kCodesBecomeRows = {
+// What devices send, as "s3021:3 k5101:5:2 j1305:3": device, code, second and third parameter;
+// "end" ends the devices. Commands are "operation stop speed index window-control", with commas.
+// sent, commands
+const Rows<const char *, const char *> kCommandRows = {
     {"serial index", "s2001:5", "124 0 0 5 0"},
     {"serial index 1 counts as 4", "s3050:1", "200 0 0 4 0"},
     {"serial speed 1 counts as 4", "s3025:1", "100 0 4 0 0"},
@@ -145,7 +147,8 @@ const Rows<const char *, const char *> kCodesBecomeRows = {
     {"ending during a move sends no stop", "s3021:3 end", "100 0 3 0 0"},
 };
 
-const Rows<const char *, const char *> kEveryMoveRows = {
+// sent, last command
+const Rows<const char *, const char *> kStopRows = {
     {"serial zoom", "s3011 s3030", "104 1 0 0 0"},
     {"serial, windows", "s3052 s3021:3 s3030", "100 1 0 0 1"},
     {"speed 0", "s3021:0 s3030", "100 1 0 0 0"},
@@ -157,11 +160,8 @@ const Rows<const char *, const char *> kEveryMoveRows = {
     {"the devices end while a focus key is held", "j1304:3 end", "112 1 0 -1 1"},
 };
 
-// What devices send, as "s3021:3 k5101:5:2 j1305:3": device, code, second and third parameter;
-// "end" ends the devices. Expected are commands as "operation stop speed index window-control",
-// with commas.
-// sent, commands
-const Rows<const char *, const char *> kSequenceRows = {
+// sent, who deletes ("": a slot)
+const Rows<const char *, const char *> kDeletionRows = {
     {"slot of a joystick found", "j1301", ""},
     {"slot of a keyboard gone", "k5002", ""},
     {"slot of the mode", "s3052", ""},
@@ -254,19 +254,19 @@ private Q_SLOTS:
         QCOMPARE(Coordinator()->GetEventStatus(), operations.size() > 1);
     }
 
-    void codesBecomeCommandsUnlessTheyRepeat_data() { AddRows(kCodesBecomeRows); }
+    void codesBecomeCommandsUnlessTheyRepeat_data() { AddRows(kCommandRows); }
     void codesBecomeCommandsUnlessTheyRepeat()
     {
-        const auto &[name, sent, commands] = FetchRow(kCodesBecomeRows);
+        const auto &[name, sent, commands] = FetchRow(kCommandRows);
         LetKeyTenMean(Operation(119));
         QVERIFY(Start());
         QCOMPARE(Run(sent), QString(commands));
     }
 
-    void everyMoveGetsOneStopWhenTheHostWantsThat_data() { AddRows(kEveryMoveRows); }
+    void everyMoveGetsOneStopWhenTheHostWantsThat_data() { AddRows(kStopRows); }
     void everyMoveGetsOneStopWhenTheHostWantsThat()
     {
-        const auto &[name, sent, commands] = FetchRow(kEveryMoveRows);
+        const auto &[name, sent, commands] = FetchRow(kStopRows);
         LetKeyTenMean(Operation(112));
         QVERIFY(Start());
         Coordinator()->SetStopsAlwaysSent(true);
@@ -321,15 +321,15 @@ private Q_SLOTS:
     }
 
     // A slot, and a presenter that runs an event loop, may delete the coordinator and all devices.
-    void deletionInEachCallIsClean_data() { AddRows(kSequenceRows); }
+    void deletionInEachCallIsClean_data() { AddRows(kDeletionRows); }
     void deletionInEachCallIsClean()
     {
         using Manager = CJoystickKeyboardControlManager;
-        const auto &[name, sent, commands] = FetchRow(kSequenceRows);
+        const auto &[name, sent, who] = FetchRow(kDeletionRows);
         QVERIFY(Start());
         Coordinator()->SetStopsAlwaysSent(true);
         Run("j1306:3 s3022:3");
-        if (*commands) {
+        if (*who) {
             Faceplate::CNewInfoDlg::SetPresenter([](const Faceplate::CStruInfoTipsData &) {
                 QEventLoop loop;
                 QTimer::singleShot(0, &loop, [&loop] {

@@ -46,8 +46,7 @@ bool refuse_workbooks = false;
 
 using FullDisk = Row<Full, double, bool, Fill, int>; // full, megabytes, is_constant, fill, result
 
-// leads_to: empty: there is no link
-// leads_to, path, result
+// leads_to (empty: there is no link), path, result
 const Rows<QByteArray, QString, int> kLinkRows = {
     {"to a file, whose permissions stay", "a.xlsx", "link", 0},
     {"to a file that is still to come", "new.xlsx", "link", 0},

@@ -63,7 +63,7 @@ const Rows<const char *, int, const char *> kTimeLeftRows = {
 };
 
 // language, count, text
-const Rows<const char *, int, const char *> kTextRows = {
+const Rows<const char *, int, const char *> kCountRows = {
     {"English, one", "en", 1, "1 incident exported to f"},
     {"English, many", "en", 10000, "10,000 incidents exported to f"},
     {"Arabic, none", "ar", 0, u8"لم يُصدَّر أي حادث إلى \u200Ef"},
@@ -315,11 +315,11 @@ private Q_SLOTS:
         QCOMPARE(TimeLeftText(seconds), QString(text));
     }
 
-    void countsFollowTheLanguage_data() { AddRows(kTextRows); }
+    void countsFollowTheLanguage_data() { AddRows(kCountRows); }
 
     void countsFollowTheLanguage()
     {
-        const auto &[name, language, count, text] = FetchRow(kTextRows);
+        const auto &[name, language, count, text] = FetchRow(kCountRows);
         language_.Apply(language);
         Vantor::ListExportResult result;
         result.end = Vantor::ListExportResult::End::Done;

@@ -35,8 +35,7 @@ Outcome WaitForEnd(QProcess &process)
     return outcome;
 }
 
-// arguments: divided by blanks
-// arguments, message, status
+// arguments (divided by blanks), message, status
 const Rows<const char *, const char *, int> kWrongUseRows = {
     {"help", "--help", "", 0},
     {"an unknown option", "--bogus", "bogus", 2},

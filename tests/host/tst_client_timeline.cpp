@@ -37,8 +37,7 @@ const Rows<QByteArray, int, int> kZoneRows = {
 const QDateTime kTyped({2001, 3, 4}, {5, 6, 7}, Qt::UTC);
 const QDateTime kTypedMinute({2001, 3, 4}, {5, 6, 0}, Qt::UTC);
 
-// time: null: refused
-// text, time
+// text, time (null: refused)
 const Rows<QString, QDateTime> kTextRows = {
     {"all", "2001-03-04 05:06:07", kTyped},
     {"ISO", "2001-03-04T05:06:07Z", kTyped},

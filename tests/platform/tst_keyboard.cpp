@@ -112,7 +112,7 @@ const Rows<int, int, int, const char *, const char *> kCommandRows = {
     {"stop", 0, 0, 0, "ff010000000001", "3030 0"},
 };
 
-const Rows<int, int, int, const char *> kStickMovesRows = {
+const Rows<int, int, int, const char *> kMotionRows = {
     {"just in the dead zone", 8192, 0, 8192, ""},
     {"just beyond it", 8193, 0, 0, "1308 1"},
     {"on the diagonal, the zone is round", 5800, 5800, 0, "1309 1"},
@@ -130,7 +130,7 @@ const Rows<int, int, int, const char *> kStickMovesRows = {
 };
 
 // right, down, zoom, code
-const Rows<int, int, int, const char *> kMotionRows = {
+const Rows<int, int, int, const char *> kNoiseRows = {
     {"edge of rest", 8192, 0, 0, "1308 1"},
     {"between two directions", 20000, 8284, 0, ""},
     {"between two speeds", 30000, 0, 0, ""},
@@ -148,7 +148,7 @@ const Rows<SDL_JoystickType, int, int, int, int, int, const char *> kStickRows =
     {"hat only", SDL_JOYSTICK_TYPE_UNKNOWN, 0, 1, 0, -1, SDL_HAT_LEFTUP, "1310 32"},
 };
 
-const Rows<> kProcessEndsRows = {
+const Rows<> kEndRows = {
     {"never uninit"}, {"application gone"},     {"no application"},         {"parent"},
     {"exit"},         {"exit from a callback"}, {"before the application"},
 };
@@ -223,19 +223,19 @@ private Q_SLOTS:
         QCOMPARE(seen, sent);
     }
 
-    void stickMovesInEightDirectionsBeyondTheDeadZone_data() { AddRows(kStickMovesRows); }
+    void stickMovesInEightDirectionsBeyondTheDeadZone_data() { AddRows(kMotionRows); }
     void stickMovesInEightDirectionsBeyondTheDeadZone()
     {
-        const auto &[name, right, down, zoom, code] = FetchRow(kStickMovesRows);
+        const auto &[name, right, down, zoom, code] = FetchRow(kMotionRows);
         const std::array<int, 3> held{right, down, zoom};
         QCOMPARE(Codes({held, held}).join(';'), QString(code));
     }
 
     // Half a percent of noise, as a worn stick has it.
-    void noiseAtABorderChangesNothing_data() { AddRows(kMotionRows); }
+    void noiseAtABorderChangesNothing_data() { AddRows(kNoiseRows); }
     void noiseAtABorderChangesNothing()
     {
-        const auto &[name, right, down, zoom, code] = FetchRow(kMotionRows);
+        const auto &[name, right, down, zoom, code] = FetchRow(kNoiseRows);
         std::mt19937 random(1);
         const auto noisy = [&](int value) { return value ? value + int(random() % 329) - 164 : 0; };
         QVector<std::array<int, 3>> polls;
@@ -417,7 +417,7 @@ private Q_SLOTS:
     }
 
     // Each order of making, deleting and leaving; see DeviceEnds.cpp.
-    void processEnds_data() { AddRows(kProcessEndsRows); }
+    void processEnds_data() { AddRows(kEndRows); }
     void processEnds()
     {
         QProcess program;

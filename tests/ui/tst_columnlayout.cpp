@@ -165,8 +165,7 @@ private:
     bool is_dragging_ = false;
 };
 
-// movable: one letter a column
-// movable, from, to, is_possible
+// movable (a letter a column), from, to, is_possible
 const Rows<QString, int, int, bool> kMoveRows = {
     {"down among movable ones", "yyyy", 0, 3, true},
     {"up among movable ones", "yyyy", 3, 0, true},

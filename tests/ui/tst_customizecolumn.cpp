@@ -91,15 +91,14 @@ const QString kAnnasKey = QStringLiteral("anna/") + kColumnKey;
 
 enum class Way { Destroyed, Uninitialised, Stopped, DestroyedInTheSignal, DestroyedInADrag };
 
-// clicks: rows, one change each; refusals: of the first changes
-// clicks, refusals, shown
+// clicks (rows, one change each), refusals (of the first changes), shown
 const Rows<QList<int>, int, QString> kRefusalRows = {
     {"one change", {0}, 1, "ABCD"},
     {"two quick changes, both refused", {0, 1}, 2, "ABCD"},
     {"the second includes the first", {0, 1}, 1, "CD"},
 };
 
-const Rows<Way> kTheButtonRows = {
+const Rows<Way> kWayRows = {
     {"destroyed", Way::Destroyed},
     {"uninitialised", Way::Uninitialised},
     {"stopped", Way::Stopped},
@@ -259,11 +258,11 @@ private Q_SLOTS:
                             "GetCurrentWidgetAdjustHeight : CListModuleFunctionCustomizeList["));
     }
 
-    void theButtonMayGoWithAnAnswerOutstanding_data() { AddRows(kTheButtonRows); }
+    void theButtonMayGoWithAnAnswerOutstanding_data() { AddRows(kWayRows); }
 
     void theButtonMayGoWithAnAnswerOutstanding()
     {
-        const Way way = std::get<1>(FetchRow(kTheButtonRows));
+        const Way way = std::get<1>(FetchRow(kWayRows));
         CTable table(MakeColumns(3));
         table.Open();
         QTRY_COMPARE(table.settled, 1);

@@ -65,8 +65,7 @@ public:
     }
 };
 
-// trace: that the log shows
-// trace, is_found
+// trace (that the log shows), is_found
 const Rows<QString, bool> kTraceRows = {
     {"a plain window", "frame--top", false},
     {"a plug-in's window", "frame--plugin", true},
@@ -89,8 +88,7 @@ const QPoint kBottomRight(1099, 749);
 constexpr auto kLeft = Qt::LeftToRight;
 constexpr auto kRight = Qt::RightToLeft;
 
-// expected: null: the dock is left alone
-// situation, expected
+// situation, expected (null: the dock is left alone)
 const Rows<Vantor::DockSituation, QPoint> kCornerRows = {
     {"window found", {kTopLeft, kBottomRight, 400, true, 1, kLeft}, {700, 50}},
     {"window found, first step of the slide",

@@ -35,7 +35,7 @@ const Rows<QStringList, QString, bool> kHitRows = {
     {"a row without texts", {}, "a", false},
 };
 
-const Rows<int> kSlotsOfRows = {
+const Rows<int> kSignalRows = {
     {"pages reset", 0}, {"buttons", 1},      {"size", 2},
     {"sort", 3},        {"data changed", 4}, {"rows inserted", 5},
 };
@@ -185,10 +185,10 @@ private Q_SLOTS:
         }
     }
 
-    void slotsOfEverySignalMayChangeRows_data() { AddRows(kSlotsOfRows); }
+    void slotsOfEverySignalMayChangeRows_data() { AddRows(kSignalRows); }
     void slotsOfEverySignalMayChangeRows()
     {
-        const int signal = std::get<1>(FetchRow(kSlotsOfRows));
+        const int signal = std::get<1>(FetchRow(kSignalRows));
         const QAbstractItemModelTester tester(
             view_->model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
         int calls = 0;

@@ -25,8 +25,7 @@ QList<Ravel::CTreeViewItem *> Items(int count)
     return items;
 }
 
-// page: afterwards, from page 2 of 3
-// typed, page, signalled
+// typed, page (afterwards, from page 2 of 3), signalled
 const Rows<QString, int, int> kJumpRows = {
     {"another page", "3", 3, 1},
     {"this page", "2", 2, 0},

@@ -166,8 +166,7 @@ private:
 
 const qint64 kPassedMs = 90700; // 0.7 s behind the start of a file
 
-// from_ms: after noon
-// key, modifiers, from_ms, to_ms
+// key, modifiers, from_ms (after noon), to_ms
 const Rows<Qt::Key, Qt::KeyboardModifiers, qint64, qint64> kKeyRows = {
     // The ruler has a label each 2 hours and a mark each 30 minutes.
     {"a mark on", Qt::Key_Right, {}, 0, kHour * 500},
