@@ -251,7 +251,8 @@ int ReadOptions(const QCommandLineParser &parser, const Options &names,
     options.address = parser.value(names.address).toStdString();
     options.database =
         PathOf(parser.value(parser.isSet(names.database) ? names.database : names.data));
-    for (const QString &proxy : parser.values(names.proxy))
+    const QStringList proxies = parser.values(names.proxy);
+    for (const QString &proxy : proxies)
         options.proxies.push_back(proxy.toStdString());
     options.is_plain_allowed = parser.isSet(names.plain);
     options.are_samples_allowed = parser.isSet(names.samples);
