@@ -14,6 +14,7 @@
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QSettings>
 #include <QtGui/QIcon>
+#include <QtGui/QScreen>
 #include <QtWidgets/QApplication>
 
 #include <csignal>
@@ -58,7 +59,7 @@ int RunWindow(const Options &options, const ReadResult &loaded, CThemeSwitch &th
     const QString user = QStringLiteral("user");
     link.Start(options.server, settings.value(user, CServerLink::Users().constFirst()).toString());
     if (!window.restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray()))
-        window.resize(kFirstSizePx);
+        window.resize(kFirstSizePx.boundedTo(window.screen()->availableSize()));
     window.SetList(loaded.list, options.ListName());
     window.SetFilter(options.filter);
     if (!options.page.isEmpty())
