@@ -105,6 +105,7 @@ const Rows<QByteArray, QString, QString> kReadingRows = {
     {"a short row is filled", "a,b\n1\n", "a/b", "1/"},
     {"a long row adds a column without a title", "a,b\n0,0\n1,2,3\n", "a/b/", "1/2/3"},
     {"UTF-8", "a,b\nشكر,2\n", "a/b", "شكر/2"},
+    {"half a character at the end of a cell", "a,b\nM\xC3,2\n", "a/b", "MÃ/2"},
     {"Windows-1252 where it is no UTF-8", "a,b\nM\xFCnchen \x80\x93,2\n", "a/b", "München €“/2"},
 };
 
