@@ -182,7 +182,9 @@ private Q_SLOTS:
         QVERIFY(Copy(thread, {a, b}, {folder_.Path("out/x")}).isEmpty()); // unequal: not stored
         QVERIFY(thread.Results().isEmpty());
         const QString taken = folder_.Put("out/taken.txt", "");
-        QCOMPARE(Copy(thread, {missing, a}, {taken, taken}), QStringList(missing));
+        const QString large = folder_.Put("large", QByteArray(300000, 'x'));
+        const CFileLimit full(100000);
+        QCOMPARE(Copy(thread, {large, a}, {taken, taken}), QStringList(large));
         QCOMPARE(thread.Results().at(1).target, folder_.Path("out/taken(1).txt"));
     }
 
