@@ -134,6 +134,10 @@ private Q_SLOTS:
 
         QTest::mousePress(Key(5204), Qt::LeftButton);
         QTRY_COMPARE(socket->bytesAvailable(), 7);
+        QTest::mouseRelease(Key(5204), Qt::LeftButton);
+        QTRY_COMPARE(socket->bytesAvailable(), 14); // the stop, too
+        QTest::mousePress(Key(5204), Qt::LeftButton);
+        QTRY_COMPARE(socket->bytesAvailable(), 21);
         page_.reset(); // the page goes while the key is held
         QByteArray seen;
         QTRY_COMPARE((seen += socket->readAll()).toHex().right(14), QByteArray("ff010000000001"));

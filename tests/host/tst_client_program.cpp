@@ -122,11 +122,10 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(FileNames(temporary).filter("vantor-export-").size(), 3,
                                   kPatienceMs);
         kill(pid_t(exports[SIGTERM].processId()), SIGHUP);
-        for (auto &[number, process] : exports)
+        for (auto &[number, process] : exports) { // in the order of their numbers
             QCOMPARE(kill(pid_t(process.processId()), number), 0);
-
-        for (auto &[number, process] : exports)
             QCOMPARE(WaitForEnd(process).status, 128 + number);
+        }
         QCOMPARE(folder_.Files(), QStringList({"out.csv", "temporary"}));
         QCOMPARE(FileNames(temporary).filter("vantor-export-"), QStringList());
         QCOMPARE(folder_.Bytes("out.csv"), QByteArray("earlier"));
