@@ -152,7 +152,7 @@ private Q_SLOTS:
         QGuiApplication::clipboard()->setText("An incident");
         QTRY_VERIFY(IsSecretOnDisplay());
         QTRY_VERIFY(exporting->windowHandle()->isExposed());
-        QVERIFY(session.window.findChild<CDetailPanel *>()->isVisible());
+        QTRY_VERIFY(session.window.findChild<CDetailPanel *>()->isHidden());
         const QPoint places[] = {session.window.pos(), exporting->pos()};
 
         session.window.findChild<QPushButton *>("LockButton")->click();
@@ -178,6 +178,8 @@ private Q_SLOTS:
         QTRY_VERIFY(qobject_cast<QDialog *>(QApplication::activeWindow()));
         QVERIFY(finished.isEmpty());
         QCOMPARE(session.window.findChildren<QMessageBox *>().size(), 2);
+        for (QDialog *const dialog : session.window.findChildren<QDialog *>())
+            dialog->close();
         QTRY_VERIFY(session.window.findChild<CDetailPanel *>()->isVisible());
         QCOMPARE(QGuiApplication::clipboard()->text(), QString("An incident"));
         session.window.close();

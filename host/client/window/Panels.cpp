@@ -8,6 +8,7 @@
 
 #include <QtCore/QEvent>
 #include <QtCore/QModelIndex>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
 
 #include <utility>
@@ -67,26 +68,30 @@ void CPanels::OpenExport()
     Docks().SetDockWidget(export_, kUsualWidth);
 }
 
-// The lock of the client hides the window, and the dock lets its panel go.
+// The dock lets its panel go when the lock of the client hides the window, and here when a modal
+// dialog opens: the dock is in front of all windows, so it would cover the dialog.
 bool CPanels::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != parent() || event->spontaneous())
+    if (watched != parent() || event->spontaneous() || !details_ || !export_)
         return QObject::eventFilter(watched, event);
-    if (event->type() == QEvent::Hide && details_ && export_) {
-        hidden_with_window_ = details_->isVisible()  ? Panel::Details
-                              : export_->isVisible() ? Panel::Export
-                                                     : Panel::None;
-    } else if (event->type() == QEvent::Show && hidden_with_window_ != Panel::None) {
+    if (event->type() == QEvent::Hide && export_->isVisible()) {
+        hidden_ = Panel::Export; // a dialog is what the user asked it for, so only for the lock
+    } else if (event->type() == QEvent::Hide || event->type() == QEvent::WindowBlocked) {
+        if (details_->isVisible())
+            hidden_ = Panel::Details;
+        if (event->type() == QEvent::WindowBlocked)
+            Docks().HideDockWidget();
+    } else if (event->type() == QEvent::Show || event->type() == QEvent::WindowUnblocked) {
         QMetaObject::invokeMethod(this, &CPanels::Reopen, Qt::QueuedConnection);
-    } else if (event->type() == QEvent::WindowBlocked) {
-        Docks().HideDockWidget(); // it is in front of all windows, also of a modal dialog
     }
     return QObject::eventFilter(watched, event);
 }
 
 void CPanels::Reopen()
 {
-    const Panel panel = std::exchange(hidden_with_window_, Panel::None);
+    if (!static_cast<QWidget *>(parent())->isVisible() || QApplication::activeModalWidget())
+        return; // the end of that calls this again
+    const Panel panel = std::exchange(hidden_, Panel::None);
     if (panel == Panel::Details && details_)
         ShowDetails(QModelIndex(shown_)); // a copy, because it sets shown_
     else if (panel == Panel::Export && export_)
