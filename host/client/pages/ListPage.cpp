@@ -55,6 +55,7 @@ CListPage::CListPage(QWidget *parent)
 {
     InstallPaintedAccess(); // this page is made before the other ones
     total_->setObjectName(QStringLiteral("TotalLabel"));
+    totals_->hide();
     auto *const totals = new QHBoxLayout(totals_);
     totals->setContentsMargins(kMarginPx, 0, kMarginPx, 0);
     totals->setSpacing(kSpacingPx);
@@ -217,6 +218,14 @@ void CListPage::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
     OnThemeChanged(); // the style sheet has been applied to the children just before
+    totals_->show();
+}
+
+// In the window's status bar, the totals would be taken for those of another page.
+void CListPage::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    totals_->hide();
 }
 
 void CListPage::changeEvent(QEvent *event)
