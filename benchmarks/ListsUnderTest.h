@@ -159,6 +159,7 @@ using Operation = std::function<void(int run)>;
 inline double MedianOf(int runs, int batch, const Operation &operation)
 {
     std::vector<double> seconds;
+    seconds.reserve(static_cast<size_t>(runs));
     int run = 0;
     for (int i = 0; i < runs; ++i) {
         seconds.push_back(CpuSecondsOf([&] {

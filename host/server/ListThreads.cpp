@@ -51,7 +51,7 @@ void CListThreads::Run(const Work &work, const Done &done, const std::function<b
     quick_.Post(
         [this, work, done, is_over](CStore &store) {
             store.SetTimeLimit(kQuickLimit, is_over);
-            const Reply reply = work(store);
+            Reply reply = work(store);
             --quick_count_;
             done([&reply] { return reply; });
         },
@@ -78,7 +78,7 @@ void CListThreads::RunSlowly(const Work &work, const Done &done,
     slow_.Post(
         [this, work, done, is_over](CStore &store) {
             store.SetTimeLimit(kSlowLimit, is_over);
-            const Reply reply = work(store);
+            Reply reply = work(store);
             --slow_count_;
             done([&reply] { return reply; });
         },

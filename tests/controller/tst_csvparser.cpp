@@ -400,21 +400,13 @@ private Q_SLOTS:
 
     void rfc4180GuardsFormulas()
     {
-        const QStringList formulas{"=1",
-                                   "+1+1",
-                                   "-a",
-                                   "-1,2.3",
-                                   "@a",
-                                   "\t=1",
-                                   "\r=1",
-                                   "  =1",
-                                   " \n-2+3",
-                                   "\u00A0=1",
-                                   "\uFEFF=1",
-                                   "\u200B=1",
-                                   "\uFF1D"
-                                   "1",
-                                   QChar(1) + QString("=1")};
+        const QStringList formulas{"=1",       "+1+1",
+                                   "-a",       "-1,2.3",
+                                   "@a",       "\t=1",
+                                   "\r=1",     "  =1",
+                                   " \n-2+3",  "\u00A0=1",
+                                   "\uFEFF=1", "\u200B=1",
+                                   "\uFF1Da",  QChar(1) + QString("=1")};
         const QStringList texts{"", " ", "1", "a=1", "'=1", "1-2", "(=1)", "-5", "+1.5", " -2,5"};
         for (const QString &field : formulas + texts) {
             const QByteArray bytes = Export(

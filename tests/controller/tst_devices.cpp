@@ -362,6 +362,7 @@ private Q_SLOTS:
             "(.*)\\[\\1ControlManager\\.cpp\\(\\d+\\)\\]$");
         const QStringList expected = {
             "ZellSerialKeyboard: InputEvent first param:[3021], second param:[4]",
+            // NOLINTNEXTLINE(bugprone-suspicious-missing-comma): long lines are in pieces
             "ZellSerialKeyboard: SignalZellUSBKeyboardControl, operation_type:[100], "
             "stop_action:[0], speed:[4], select index:[0], ptz mode:[0]",
             "ZellUSBKeyboard: InputEvent first param:[5101], second param:[7], third param:[2]",

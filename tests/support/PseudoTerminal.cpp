@@ -3,9 +3,10 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <stdlib.h>
 #include <termios.h>
 #include <unistd.h>
+
+#include <cstdlib>
 
 CPseudoTerminal::CPseudoTerminal() : handle_(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC))
 {

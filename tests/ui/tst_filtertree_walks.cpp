@@ -432,7 +432,7 @@ private:
     {
         std::vector<QStringList> lists = {{"1", QString::number(Below(99))}};
         if (Below(2))
-            lists.push_back(Names().mid(Below(5), 6));
+            lists.emplace_back(Names().mid(Below(5), 6));
         if (Below(3) == 0)
             lists.push_back({"a", "b"});
         RankSome();

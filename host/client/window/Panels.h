@@ -53,7 +53,7 @@ private:
     const QPointer<CDetailPanel> details_;
     const QPointer<CExportPanel> export_;
     QPersistentModelIndex shown_; // the row in the panel
-    Panel hidden_ = Panel::None; // opens again with the window, or after the dialog
+    Panel hidden_ = Panel::None;  // opens again with the window, or after the dialog
 };
 
 } // namespace Client

@@ -90,9 +90,11 @@ int ColumnPx(const lxw_worksheet *sheet, int column, int object_position)
             continue;
         if (columns->hidden != 0 && object_position != LXW_OBJECT_MOVE_AND_SIZE_AFTER)
             return 0;
+        // NOLINTBEGIN(bugprone-incorrect-roundings): as the library rounds
         if (columns->width < 1)
             return static_cast<int>(columns->width * (kDigitPx + kPaddingPx) + 0.5);
         return static_cast<int>(columns->width * kDigitPx + 0.5) + kPaddingPx;
+        // NOLINTEND(bugprone-incorrect-roundings)
     }
     return static_cast<int>(sheet->default_col_pixels);
 }
