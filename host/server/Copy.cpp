@@ -113,8 +113,8 @@ void Insert(CStore &store, const Table &table, const QVariantList &values)
 void MakeTable(CStore &store, const Table &table)
 {
     QString columns = QStringLiteral("id {id}");
-    for (const QString &column : table.columns.mid(1))
-        columns += QStringLiteral(", %1 {text} NOT NULL").arg(column);
+    for (int i = 1; i < table.columns.size(); ++i)
+        columns += QStringLiteral(", %1 {text} NOT NULL").arg(table.columns.at(i));
     store.Execute(QStringLiteral("CREATE TABLE %1 (%2)").arg(table.name, columns));
 }
 

@@ -58,16 +58,16 @@ void InsertRows(CStore &store, qint64 first_id, const IncidentRows &rows, int co
     size_t next = 0;
     // Few different statements: each is prepared once.
     for (size_t count = kInsertedAtOnce; count > 0; count /= 2) {
-        const QString statement =
-            QStringLiteral("INSERT INTO incident (id, %1) VALUES ")
-                .arg(ColumnNames(columns).join(QLatin1Char(',')))
-            + QVector<QString>(int(count), row_marks).toList().join(QLatin1Char(','));
+        const QString statement = QStringLiteral("INSERT INTO incident (id, %1) VALUES ")
+                                      .arg(ColumnNames(columns).join(QLatin1Char(',')))
+                                  + row_marks
+                                  + (QLatin1Char(',') + row_marks).repeated(int(count) - 1);
         for (; rows.size() - next >= count;) {
             QVariantList values;
             for (size_t i = 0; i < count; ++i, ++next) {
                 values.append(first_id + qint64(next));
                 for (int column = 0; column < columns; ++column)
-                    values.append(StoredCell(rows[next].value(column, QStringLiteral(""))));
+                    values.append(StoredCell(rows[next].value(column, QLatin1String(""))));
             }
             store.Run(statement, values);
         }
@@ -170,7 +170,7 @@ QString StoredCell(QString text)
     while (text.startsWith(QChar(kByteOrderMark)))
         text.remove(0, 1);
     if (text.isEmpty())
-        return QStringLiteral(""); // not null, which would be NULL
+        return QLatin1String(""); // not null, which would be NULL
     for (int i = 0; i < text.size(); ++i) {
         const QChar unit = text.at(i);
         const bool is_pair =

@@ -15,7 +15,7 @@ namespace {
 // Not null, which would be NULL.
 QVariant Text(const IncidentKey &key)
 {
-    return key.text.isEmpty() ? QStringLiteral("") : QString::fromUtf8(key.text);
+    return key.text.isEmpty() ? QLatin1String("") : QString::fromUtf8(key.text);
 }
 
 bool IsSameGroup(const IncidentKey &left, const IncidentKey &right)

@@ -260,8 +260,11 @@ private Q_SLOTS:
         for (int round = 0; round < 50; ++round)
             targets.append(folder_.Path("out/%1.x").arg(round));
         const QString missing = folder_.Path("missing");
-        const QStringList failed = Copy(thread, QVector<QString>(50, path).toList() << missing,
-                                        targets + QStringList(folder_.Path("out/m")));
+        QStringList sources{missing};
+        while (sources.size() <= 50)
+            sources.prepend(path);
+        const QStringList failed =
+            Copy(thread, sources, targets + QStringList(folder_.Path("out/m")));
         is_over = true;
 
         QVERIFY(writer.get());

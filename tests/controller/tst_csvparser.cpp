@@ -408,7 +408,8 @@ private Q_SLOTS:
                                    "\uFEFF=1", "\u200B=1",
                                    "\uFF1Da",  QChar(1) + QString("=1")};
         const QStringList texts{"", " ", "1", "a=1", "'=1", "1-2", "(=1)", "-5", "+1.5", " -2,5"};
-        for (const QString &field : formulas + texts) {
+        const QStringList fields = formulas + texts;
+        for (const QString &field : fields) {
             const QByteArray bytes = Export(
                 [&field](CCSVParser &parser) {
                     parser.AppendLine({field});

@@ -223,7 +223,8 @@ class tst_devices : public CGuardedTest
                     lines << QString::asprintf("%d %d %d %d %d%s", operation, stops, speed, index,
                                                window, pc ? " from PC" : "");
                 });
-        for (const QString &step : sent.split(' ')) {
+        const QStringList steps = sent.split(' ');
+        for (const QString &step : steps) {
             const QStringList numbers = (step.mid(1) + ":0:0").split(':');
             if (step == "end")
                 Coordinator()->UnInitKeyBoard();
@@ -279,18 +280,19 @@ private Q_SLOTS:
     {
         auto *const keyboard = CZellUSBKeyboardControlManager::Instance();
         auto *const joystick = CUSBJoystickControlManager::Instance();
-        QList<int> modes; // with the state that slots still see, which is the one before
+        // With the state that slots still see, which is the one before.
+        const auto modes = std::make_shared<QList<int>>();
         connect(keyboard, &CZellUSBKeyboardControlManager::SignalSwitchToUsbKeyboardMode, this,
-                [&](int mode) { modes << mode << keyboard->ConnetZellUSBJoystickType(); });
+                [=](int mode) { *modes << mode << keyboard->ConnetZellUSBJoystickType(); });
         connect(joystick, &CUSBJoystickControlManager::SignalSwitchToUsbJostickMode, this,
-                [&](int mode) { modes << mode << joystick->ConnetZellUSBJoystickType(); });
+                [=](int mode) { *modes << mode << joystick->ConnetZellUSBJoystickType(); });
         QVERIFY(Start());
         LetKeyTenMean(Operation(119));
 
         QCOMPARE(Run("k5001 j1301 k5002 j1302"), QString());
         QCOMPARE(Run("s3052 s3052 k5102 k5102 j1304:3 j1304:3"), QString());
 
-        QCOMPARE(modes, QList<int>({2, 0, 1, 0, 0, 2, 0, 1}));
+        QCOMPARE(*modes, QList<int>({2, 0, 1, 0, 0, 2, 0, 1}));
         // The texts are looked up by these keys; the test installs no translation.
         const QStringList expected = {
             "TheUSBKeyboardIsDetected 7",     "USBJoystickDeviceIsFound 7",

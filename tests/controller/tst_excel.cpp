@@ -417,8 +417,8 @@ private Q_SLOTS:
         look->SetVal_background_color(colour);
         look->SetVal_font_faimily(font);
         const QByteArray styles = Written([&look](CExcelControllorWithC &writer) {
-            writer.SetCellString(0, 0, "x", look);
-        })["xl/styles.xml"];
+                                      writer.SetCellString(0, 0, "x", look);
+                                  }).value("xl/styles.xml");
 
         QVERIFY2(styles.contains(wanted), styles);
     }

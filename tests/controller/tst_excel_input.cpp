@@ -475,7 +475,7 @@ private Q_SLOTS:
             writer.SetCellValidCheck(i * rows, i * columns, "a<&\"," + std::to_string(i % lists));
         writer.Close();
 
-        const QByteArray sheet = ReadParts(folder_.Path("a.xlsx"))[kSheet];
+        const QByteArray sheet = ReadParts(folder_.Path("a.xlsx")).value(kSheet);
         QCOMPARE(
             sheet.count("<dataValidation type=\"list\" allowBlank=\"1\" showInputMessage=\"1\" "
                         "showErrorMessage=\"1\" sqref=\""),

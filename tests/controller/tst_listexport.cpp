@@ -153,7 +153,7 @@ private Q_SLOTS:
                                          + "\"'=c\",\"a\"\r\n\"say \"\"hi\"\"\n;\",\"1.5\"\r\n"
                                            "\"say \"\"hi\"\"\n;\",\"-2\"\r\n");
         QCOMPARE(int(xlsx.end), int(End::Done));
-        const QByteArray sheet = ReadParts(xlsx.path)["xl/worksheets/sheet1.xml"];
+        const QByteArray sheet = ReadParts(xlsx.path).value("xl/worksheets/sheet1.xml");
         for (const char *const part :
              {"<v>1.5</v>", "<v>-2</v>", "state=\"frozen\"", "<autoFilter ref=\"A1:B3\"/>"})
             QVERIFY2(sheet.contains(part), sheet);
@@ -319,7 +319,7 @@ private Q_SLOTS:
         CListExport second;
         second.SetModel(&model);
         second.SetTemporaryFolder(temporary_);
-        connect(first, &CListExport::SignalFinished, first, [&] {
+        connect(first, &CListExport::SignalFinished, &second, [&, first] {
             delete first;
             QVERIFY(second.Start(folder_.Path("out/b.csv")));
         });

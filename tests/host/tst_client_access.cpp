@@ -211,7 +211,8 @@ private Q_SLOTS:
                                        "PanelColorT2", "WidgetColorT2"})
             backgrounds.append(Value(sheet, QString("qproperty-") + name));
         QStringList faults;
-        auto rule = QRegularExpression("([^{}]+)\\{([^{}]*)\\}").globalMatch(sheet);
+        static const QRegularExpression rules("([^{}]+)\\{([^{}]*)\\}");
+        auto rule = rules.globalMatch(sheet);
         while (rule.hasNext()) {
             const auto match = rule.next();
             const QString body = match.captured(2);

@@ -160,7 +160,8 @@ private Q_SLOTS:
         const QPointer<QWidget> lock = FindWindow("LockWindow");
         QVERIFY(QTest::qWaitForWindowActive(lock) && !IsSecretOnDisplay());
         QVERIFY(QGuiApplication::clipboard()->text().isEmpty());
-        for (const QWidget *const window : QApplication::topLevelWidgets())
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        for (const QWidget *const window : windows)
             QCOMPARE(window->isVisible(), window == lock);
         QCOMPARE(lock->windowTitle(), QString("Locked"));
         session.window.ExportTo("name.unknown"); // a message while it is locked
@@ -178,7 +179,8 @@ private Q_SLOTS:
         QTRY_VERIFY(qobject_cast<QDialog *>(QApplication::activeWindow()));
         QVERIFY(finished.isEmpty());
         QCOMPARE(session.window.findChildren<QMessageBox *>().size(), 2);
-        for (QDialog *const dialog : session.window.findChildren<QDialog *>())
+        const QList<QDialog *> dialogs = session.window.findChildren<QDialog *>();
+        for (QDialog *const dialog : dialogs)
             dialog->close();
         QTRY_VERIFY(session.window.findChild<CDetailPanel *>()->isVisible());
         QCOMPARE(QGuiApplication::clipboard()->text(), QString("An incident"));

@@ -10,6 +10,8 @@
 
 #include <QtCore/QDeadlineTimer>
 
+#include <numeric>
+
 using Columns = QVector<Vantor::CColumnInfo>;
 
 constexpr int kPatience_ms = 5000;
@@ -40,7 +42,7 @@ inline QString Stored(const QByteArray &text, const Columns &defaults)
         if (item.value("ColumnChecked").toInt() == 2)
             shown.insert(item.value("ColumnLocation").toInt(), defaults.at(i).GetVal_column_name());
     }
-    return shown.values().join(QString());
+    return std::accumulate(shown.begin(), shown.end(), QString());
 }
 
 /// A table with a column button, as a host has it.

@@ -11,6 +11,8 @@
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QShortcut>
 
+#include <initializer_list>
+
 using namespace Vantor;
 
 namespace {
@@ -244,7 +246,7 @@ private Q_SLOTS:
         }
         QWidget *target = nullptr;
         for (QWidget *const widget :
-             QWidgetList{window_.get(), &stranger, &menu, &frame, &elsewhere})
+             std::initializer_list<QWidget *>{window_.get(), &stranger, &menu, &frame, &elsewhere})
             target = widget->objectName() == clicked ? widget : target;
         // A point beyond the dock, wherever the widget is.
         QMouseEvent press(QEvent::MouseButtonDblClick, target->mapFromGlobal(QPoint(110, 110)),

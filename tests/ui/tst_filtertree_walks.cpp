@@ -335,16 +335,17 @@ private:
     void Listen()
     {
         using View = Vantor::CFilterTreeViewEx;
-        QObject::connect(&view_, &View::SignalPageReset, [this](int records, int pages) {
+        QObject::connect(&view_, &View::SignalPageReset, &view_, [this](int records, int pages) {
             signals_.append(QString("SignalPageReset(%1, %2)").arg(records).arg(pages));
         });
-        QObject::connect(&view_, &View::SignalUpdateMaxMinPage, [this](bool previous, bool next) {
-            signals_.append(QString("SignalUpdateMaxMinPage(%1, %2)")
-                                .arg(QVariant(previous).toString(), QVariant(next).toString()));
-        });
-        QObject::connect(&view_, &View::SignalSizeChanged,
+        QObject::connect(
+            &view_, &View::SignalUpdateMaxMinPage, &view_, [this](bool previous, bool next) {
+                signals_.append(QString("SignalUpdateMaxMinPage(%1, %2)")
+                                    .arg(QVariant(previous).toString(), QVariant(next).toString()));
+            });
+        QObject::connect(&view_, &View::SignalSizeChanged, &view_,
                          [this] { signals_.append("SignalSizeChanged()"); });
-        QObject::connect(&view_, &View::SignalDataSort,
+        QObject::connect(&view_, &View::SignalDataSort, &view_,
                          [this] { signals_.append("SignalDataSort()"); });
     }
 

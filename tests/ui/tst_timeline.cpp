@@ -309,7 +309,7 @@ private Q_SLOTS:
                  QAccessible::queryAccessibleInterface(bar)->valueInterface()->setCurrentValue(5);
              }}};
         for (const auto &[emitted, act] : actions) {
-            for (const QChar signal : QString(emitted)) {
+            for (const char signal : std::string_view(emitted)) {
                 for (const int animation_ms : {0, 20}) {
                     const Bar bar = NewBar(animation_ms).release();
                     const auto end = [bar] { delete bar; };
