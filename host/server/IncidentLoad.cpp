@@ -27,8 +27,8 @@ QString Moved(const QString &cell, qint64 days)
     return date.isValid() ? date.addDays(days).toString(Qt::ISODate) : cell;
 }
 
-// \return false when all rows are there. The state is read in the transaction, because another process
-// may be loading into the same SQLite file.
+// Returns false when all rows are there. The state is read in the transaction, because another
+// process may be loading into the same SQLite file.
 bool AddSomeRows(CStore &store, const IncidentRows &sample, const IncidentProgress &progress)
 {
     const IncidentState state = ReadIncidentState(store);

@@ -48,10 +48,8 @@ public:
         request_.rows_per_page = kMostRowsPerPage;
         request_.after.clear();
     }
-    ~CServerRows() override
-    {
-        stop_->Stop();
-    } // first: the future of the next page waits in its destructor
+    // Stop first, because the future of the next page waits in its destructor.
+    ~CServerRows() override { stop_->Stop(); }
     CServerRows(const CServerRows &) = delete;
     CServerRows &operator=(const CServerRows &) = delete;
 

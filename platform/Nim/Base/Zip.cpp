@@ -59,7 +59,7 @@ public:
     bool Open()
     {
         file_.reset(zip_fopen(earlier_, change_.part.c_str(), 0));
-        ready_.clear();
+        DropReady();
         pending_.clear();
         changed_ = 0;
         return file_ != nullptr;
@@ -73,8 +73,10 @@ public:
             if (!ReadOn())
                 return -1;
         }
-        const std::size_t taken = ready_.copy(bytes, length);
-        ready_.erase(0, taken);
+        const std::size_t taken = ready_.copy(bytes, length, taken_);
+        taken_ += taken;
+        if (taken_ == ready_.size())
+            DropReady();
         return static_cast<zip_int64_t>(taken);
     }
 
@@ -108,6 +110,12 @@ private:
         return true;
     }
 
+    void DropReady()
+    {
+        ready_.clear();
+        taken_ = 0;
+    }
+
     void Pass(std::size_t length)
     {
         ready_.append(pending_, 0, length);
@@ -121,6 +129,7 @@ private:
     PackedFile file_{nullptr, &zip_fclose};
     std::string pending_; // bytes that are not decided on yet
     std::string ready_;
+    std::size_t taken_ = 0;   // bytes of ready_ that libzip has
     std::size_t changed_ = 0; // texts
 };
 

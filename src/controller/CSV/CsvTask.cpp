@@ -183,8 +183,7 @@ CRowWriter MakeWriter(const CsvJob &job)
     std::string separator = bytes.constData();
     if (!job.stream)
         return CRowWriter(nullptr, std::move(separator), {});
-    // Flush before the stream is asked, or a full disk
-    // looks like a pipe.
+    // Flush before the stream is asked, or a full disk looks like a pipe.
     const bool is_settled = std::fflush(job.stream) == 0;
     const int error = errno;
     const bool can_step_back = std::fseek(job.stream, 0, SEEK_CUR) == 0;
