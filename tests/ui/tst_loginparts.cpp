@@ -64,6 +64,12 @@ const Rows<QByteArray, QSize> kImageRows = {
     {"too wide", Png({4097, 2}), {0, 0}},
     {"truncated before its size", Png({30, 10}).left(20), {0, 0}},
     {"a decompression bomb", Bomb(), {0, 0}},
+    {"a GIF on a large screen",
+     QByteArray::fromBase64("R0lGODdhWzEsMTEsMSxbAAAAAAAAAAALiQAAAAAAAAAPcguJ"),
+     {0, 0}},
+    {"a large PNG in a small icon",
+     QByteArray::fromHex("0000010001001010000001002000ffff000016000000") + Png({5000, 2}),
+     {0, 0}},
 };
 
 // setting, numbers

@@ -7,6 +7,7 @@
 #include <Nim/Base/Encrypt.h>
 
 #include <QtCore/QBuffer>
+#include <QtCore/QtEndian>
 #include <QtGui/QImageReader>
 
 #include <cstring>
@@ -18,6 +19,49 @@ constexpr char kFunction[] = "Vantor::CVerifycodeRequestObj::GetCaptchaImgData";
 constexpr char kDeclaration[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 constexpr int kEmptyReplySubSystem = 2;
 constexpr int kEmptyReplyCode = 20;
+
+bool IsWithin(QSize size, int maximum_side)
+{
+    return size.isValid() && size.width() <= maximum_side && size.height() <= maximum_side;
+}
+
+// Of a GIF, Qt reports the size of a frame, but it allocates the whole screen.
+QSize ScreenOfGif(const QByteArray &data)
+{
+    constexpr int kScreenAt = 6; // width and height, two bytes each
+    constexpr int kScreenEnd = 10;
+    if (data.size() < kScreenEnd)
+        return {};
+    const char *const screen = data.constData() + kScreenAt;
+    return {qFromLittleEndian<quint16>(screen), qFromLittleEndian<quint16>(screen + 2)};
+}
+
+// Of an icon, Qt reports the size in its directory, but a PNG in it may have any other.
+bool ArePngsWithin(const QByteArray &data, int maximum_side)
+{
+    constexpr char kSignature[] = "\x89PNG\r\n\x1A\n";
+    constexpr int kSizeAt = 16; // width and height, four bytes each
+    constexpr int kSizeEnd = 24;
+    for (int at = data.indexOf(kSignature); at >= 0; at = data.indexOf(kSignature, at + 1)) {
+        if (data.size() - at < kSizeEnd)
+            return false;
+        const char *const size = data.constData() + at + kSizeAt;
+        if (!IsWithin({qFromBigEndian<qint32>(size), qFromBigEndian<qint32>(size + 4)},
+                      maximum_side))
+            return false;
+    }
+    return true;
+}
+
+// Whether Qt allocates no more for the image in `data` than a size within the limit takes.
+bool IsBounded(const QImageReader &reader, const QByteArray &data, int maximum_side)
+{
+    if (reader.format() == "gif" && !IsWithin(ScreenOfGif(data), maximum_side))
+        return false;
+    if (reader.format() == "ico" && !ArePngsWithin(data, maximum_side))
+        return false;
+    return IsWithin(reader.size(), maximum_side);
+}
 
 } // namespace
 
@@ -73,10 +117,10 @@ QImage DecodeVerifyCode(const std::string &bytes, int maximum_side)
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
-    const QSize size = reader.size();
-    if (!size.isValid() || size.width() > maximum_side || size.height() > maximum_side)
+    if (!IsBounded(reader, data, maximum_side))
         return {};
-    return reader.read();
+    const QImage image = reader.read();
+    return IsWithin(image.size(), maximum_side) ? image : QImage();
 }
 
 } // namespace Vantor
